@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "CommandPattern/CommandBase.h"
+#include "HighLevelServices/GroupCommands/GroupLists.h"
+#include "HighLevelServices/Groups/TKGroup.h"
+#include "HighLevelServices/Groups/TKGroupProviderInterface.h"
+#include "HighLevelServices/HighLevelServicesExport.h"
+#include "Identifier/GUIdentifier.h"
+#include "Identifier/Identifier.h"
+#include "Translator/Translator.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace Tarvik {
+
+/// Puts elements into a group, at a given place or at its end, and takes each out of the first
+/// group that held it.
+///
+/// Elements that the target group still holds then stay where they are in it. With an unknown
+/// target group the command does nothing, and undo() and redo() do nothing either. Call execute()
+/// once, then undo() and redo() in turn.
+template <class T>
+class AddToTKGroupCmd : public CommandBase {
+public:
+  /// @param provider       owner of the groups, shared for the command's life; not null
+  /// @param elements       copied; the order in which they are to stand
+  /// @param targetGroupId  the group that gets them
+  AddToTKGroupCmd(std::shared_ptr<TKGroupProviderInterface<T>> provider,
+                  const std::vector<T>& elements,
+                  const Identifier& targetGroupId);
+
+  /// Leaves the source without provider, elements and lists; it may only be destroyed or assigned.
+  AddToTKGroupCmd(AddToTKGroupCmd&& other) noexcept;
+
+  /// As move construction; assigning a command to itself changes nothing.
+  AddToTKGroupCmd& operator=(AddToTKGroupCmd&& other) noexcept;
+
+  ~AddToTKGroupCmd() override;
+
+  /// Sets the place of the elements; call it before execute().
+  /// @param index  the member of the target group in front of which they go, counted from 0 in the
+  ///               group as it is before execute(), members that are to be moved included; when
+  ///               negative (the default is -1) or behind the last member, the end
+  void setInsertIndex(int index);
+
+  void execute() override;
+  void undo() override;
+  void redo() override;
+
+private:
+  void initialize();
+  bool isTargetGroupValid() const;
+  void removeFromGroups(const T& element);
+
+  std::shared_ptr<TKGroupProviderInterface<T>> m_provider;
+  Identifier m_targetGroupId;
+  std::vector<T> m_elements;
+  std::vector<TKGroup<T>> m_groupsAfter;
+  std::vector<TKGroup<T>> m_groupsBefore;
+  bool m_changed = false;
+  int m_insertIndex = -1;
+};
+
+template <class T>
+AddToTKGroupCmd<T>::AddToTKGroupCmd(std::shared_ptr<TKGroupProviderInterface<T>> provider,
+                                    const std::vector<T>& elements,
+                                    const Identifier& targetGroupId)
+    : CommandBase(Translator::translate("AddToTKGroupCmd", "Add to Group", nullptr, -1)),
+      m_provider(std::move(provider)),
+      m_targetGroupId(targetGroupId),
+      m_elements(elements)
+{}
+
+template <class T>
+AddToTKGroupCmd<T>::AddToTKGroupCmd(AddToTKGroupCmd&& other) noexcept = default;
+
+template <class T>
+AddToTKGroupCmd<T>& AddToTKGroupCmd<T>::operator=(AddToTKGroupCmd&& other) noexcept
+{
+  if (this != &other) { // a vector that is moved to itself loses its contents
+    CommandBase::operator=(std::move(other));
+    m_provider = std::move(other.m_provider);
+    m_targetGroupId = other.m_targetGroupId;
+    m_elements = std::move(other.m_elements);
+    m_groupsAfter = std::move(other.m_groupsAfter);
+    m_groupsBefore = std::move(other.m_groupsBefore);
+    m_changed = other.m_changed;
+    m_insertIndex = other.m_insertIndex;
+  }
+  return *this;
+}
+
+template <class T>
+AddToTKGroupCmd<T>::~AddToTKGroupCmd() = default;
+
+template <class T>
+void AddToTKGroupCmd<T>::setInsertIndex(int index)
+{
+  m_insertIndex = index;
+}
+
+template <class T>
+void AddToTKGroupCmd<T>::execute()
+{
+  initialize();
+  redo();
+}
+
+template <class T>
+void AddToTKGroupCmd<T>::undo()
+{
+  if (m_changed)
+    m_provider->setGroups(m_groupsBefore);
+}
+
+template <class T>
+void AddToTKGroupCmd<T>::redo()
+{
+  if (m_changed)
+    m_provider->setGroups(m_groupsAfter);
+}
+
+template <class T>
+void AddToTKGroupCmd<T>::initialize()
+{
+  GroupLists::takeSnapshots(*m_provider, m_groupsBefore, m_groupsAfter);
+  if (!isTargetGroupValid())
+    return;
+
+  auto& target = *GroupLists::findGroup(m_groupsAfter, m_targetGroupId);
+  for (const T& element : m_elements) {
+    // Keeps the place in front of the same member when one before it is taken out. It counts also
+    // an element that removeFromGroups() then takes out of an earlier group instead.
+    const auto& members = target.getGroupMembers();
+    const auto found = std::find(members.begin(), members.end(), element);
+    if (found != members.end() && static_cast<int>(found - members.begin()) < m_insertIndex)
+      --m_insertIndex;
+    removeFromGroups(element);
+  }
+  target.addGroupMembersAtIndex(m_elements, m_insertIndex);
+  m_changed = true;
+}
+
+template <class T>
+bool AddToTKGroupCmd<T>::isTargetGroupValid() const
+{
+  return GroupLists::findGroup(m_groupsAfter, m_targetGroupId) != m_groupsAfter.end();
+}
+
+template <class T>
+void AddToTKGroupCmd<T>::removeFromGroups(const T& element)
+{
+  GroupLists::removeFromFirstHolder(m_groupsAfter, element);
+}
+
+extern template class TKM_HIGHLEVELSERVICES_DECLARE AddToTKGroupCmd<Identifier>;
+extern template class TKM_HIGHLEVELSERVICES_DECLARE AddToTKGroupCmd<GUIdentifier>;
+
+}

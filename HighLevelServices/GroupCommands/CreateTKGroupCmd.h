@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "CommandPattern/CommandBase.h"
+#include "GeneralServices/SimpleNameSetProvider.h"
+#include "GeneralServices/UniqueNameProvider.h"
+#include "HighLevelServices/GroupCommands/GroupLists.h"
+#include "HighLevelServices/Groups/TKGroup.h"
+#include "HighLevelServices/Groups/TKGroupProviderInterface.h"
+#include "HighLevelServices/HighLevelServicesExport.h"
+#include "Identifier/GUIdentifier.h"
+#include "Identifier/Identifier.h"
+#include "Translator/Translator.h"
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace Tarvik {
+
+/// Appends a new group to the list and moves elements into it.
+///
+/// Each element leaves the first group that held it; groups that are emptied stay. Elements that
+/// no group holds are simply added, and one that is given twice comes in once. Call execute()
+/// once, then undo() and redo() in turn.
+template <class T>
+class CreateTKGroupCmd : public CommandBase {
+public:
+  /// @param provider  owner of the groups, shared for the command's life; not null
+  /// @param elements  copied; the order in which they are to stand
+  /// @param name      the name asked for; when a group has it already, execute() makes a unique
+  ///                  one of it. The empty text stands for the translated default "Group"
+  CreateTKGroupCmd(std::shared_ptr<TKGroupProviderInterface<T>> provider,
+                   const std::vector<T>& elements,
+                   const std::string& name);
+
+  /// Leaves the source without provider, elements and lists; it may only be destroyed or assigned.
+  CreateTKGroupCmd(CreateTKGroupCmd&& other) noexcept;
+
+  /// As move construction; assigning a command to itself changes nothing.
+  CreateTKGroupCmd& operator=(CreateTKGroupCmd&& other) noexcept;
+
+  ~CreateTKGroupCmd() override;
+
+  void execute() override;
+  void undo() override;
+  void redo() override;
+
+private:
+  void initialize();
+  void generateName();
+  void removeFromGroups(const T& element);
+
+  std::shared_ptr<TKGroupProviderInterface<T>> m_provider;
+  std::string m_name;
+  std::vector<T> m_elements;
+  std::vector<TKGroup<T>> m_groupsAfter;
+  std::vector<TKGroup<T>> m_groupsBefore;
+};
+
+template <class T>
+CreateTKGroupCmd<T>::CreateTKGroupCmd(std::shared_ptr<TKGroupProviderInterface<T>> provider,
+                                      const std::vector<T>& elements,
+                                      const std::string& name)
+    : CommandBase(Translator::translate("CreateTKGroupCmd", "Create Group", nullptr, -1)),
+      m_provider(std::move(provider)),
+      m_name(name),
+      m_elements(elements)
+{}
+
+template <class T>
+CreateTKGroupCmd<T>::CreateTKGroupCmd(CreateTKGroupCmd&& other) noexcept = default;
+
+template <class T>
+CreateTKGroupCmd<T>& CreateTKGroupCmd<T>::operator=(CreateTKGroupCmd&& other) noexcept
+{
+  if (this != &other) { // a vector that is moved to itself loses its contents
+    CommandBase::operator=(std::move(other));
+    m_provider = std::move(other.m_provider);
+    m_name = std::move(other.m_name);
+    m_elements = std::move(other.m_elements);
+    m_groupsAfter = std::move(other.m_groupsAfter);
+    m_groupsBefore = std::move(other.m_groupsBefore);
+  }
+  return *this;
+}
+
+template <class T>
+CreateTKGroupCmd<T>::~CreateTKGroupCmd() = default;
+
+template <class T>
+void CreateTKGroupCmd<T>::execute()
+{
+  initialize();
+  redo();
+}
+
+template <class T>
+void CreateTKGroupCmd<T>::undo()
+{
+  m_provider->setGroups(m_groupsBefore);
+}
+
+template <class T>
+void CreateTKGroupCmd<T>::redo()
+{
+  m_provider->setGroups(m_groupsAfter);
+}
+
+template <class T>
+void CreateTKGroupCmd<T>::initialize()
+{
+  GroupLists::takeSnapshots(*m_provider, m_groupsBefore, m_groupsAfter, 1);
+  generateName();
+
+  TKGroup<T> newGroup(m_name);
+  for (const T& element : m_elements) {
+    removeFromGroups(element);
+    newGroup.addGroupMember(element);
+  }
+  m_groupsAfter.push_back(newGroup);
+}
+
+template <class T>
+void CreateTKGroupCmd<T>::generateName()
+{
+  SimpleNameSetProvider taken;
+  for (const auto& group : m_groupsBefore)
+    taken.addName(group.getName());
+
+  if (m_name.empty())
+    m_name = Translator::translate("CreateTKGroupCmd", "Group", nullptr, -1);
+  m_name = UniqueNameProvider::createUniqueName(m_name, taken);
+}
+
+template <class T>
+void CreateTKGroupCmd<T>::removeFromGroups(const T& element)
+{
+  GroupLists::removeFromFirstHolder(m_groupsAfter, element);
+}
+
+extern template class TKM_HIGHLEVELSERVICES_DECLARE CreateTKGroupCmd<Identifier>;
+extern template class TKM_HIGHLEVELSERVICES_DECLARE CreateTKGroupCmd<GUIdentifier>;
+
+}

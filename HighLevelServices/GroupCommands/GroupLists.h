@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "HighLevelServices/Groups/TKGroup.h"
+#include "HighLevelServices/Groups/TKGroupProviderInterface.h"
+#include "Identifier/Identifier.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <vector>
+
+/// Steps that several commands take on a list of groups. Not for hosts.
+namespace Tarvik::GroupLists {
+
+/// Starts an edit: both lists become the provider's current list.
+/// @param room  how many groups the edit will append; they are allowed for, since a list that
+///              grows later copies all its groups once more
+template <class T>
+void takeSnapshots(TKGroupProviderInterface<T>& provider,
+                   std::vector<TKGroup<T>>& before,
+                   std::vector<TKGroup<T>>& after,
+                   std::size_t room = 0)
+{
+  before = provider.getGroups(); // may be `before` itself: self-assignment changes nothing
+  after.clear();                 // nothing of an earlier edit is worth copying to a larger store
+  after.reserve(before.size() + room);
+  after = before;
+}
+
+/// The first group with that id, or the end of the list.
+template <class Groups>
+auto findGroup(Groups& groups, const Identifier& id)
+{
+  return std::find_if(groups.begin(), groups.end(),
+                      [&id](const auto& group) { return group.getId() == id; });
+}
+
+/// Takes the element out of the first group that holds it, and only out of that one.
+template <class T>
+void removeFromFirstHolder(std::vector<TKGroup<T>>& groups, const T& element)
+{
+  for (auto& group : groups) {
+    if (group.removeGroupMember(element))
+      return;
+  }
+}
+
+}

@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "GeneralServices/NameInterface.h"
+#include "HighLevelServices/Groups/ElementIdentifier.h"
+#include "HighLevelServices/HighLevelServicesExport.h"
+#include "Identifier/GUIdentifier.h"
+#include "Identifier/Identifier.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
+#include <string>
+#include <vector>
+
+namespace Tarvik {
+
+/// A named list of element identifiers, in the order that the user gave it.
+///
+/// A plain value: hosts keep groups in vectors and hand whole lists over. Members are found by
+/// their `operator==`, from the front. The group's own id is an Identifier whatever its members
+/// are; a new group gets a new one, and only copy assignment ever changes it.
+template <class T>
+class TKGroup : public NameInterface {
+  static_assert(ElementIdentifier<T>, "see HighLevelServices/Groups/ElementIdentifier.h");
+
+public:
+  /// A group with an empty name, no members and a new id.
+  TKGroup();
+
+  /// A group with the given name, no members and a new id.
+  TKGroup(const std::string& name);
+
+  /// Copies name, members and id. There is no move: a group is always copied.
+  TKGroup(const TKGroup& other);
+
+  /// Takes over name, id and members, in this order.
+  TKGroup& operator=(const TKGroup& other);
+
+  ~TKGroup() override;
+
+  const Identifier& getId() const;
+
+  unsigned long long numberOfGroupMembers() const;
+
+  /// The members in their order; valid until the group changes.
+  const std::vector<T>& getGroupMembers() const;
+
+  /// The member at a position counted from 0, or `T::getInvalidId()` behind the last one.
+  const T& getGroupMemberAtIndex(unsigned long long index) const;
+
+  bool isInGroup(const T& id) const;
+
+  /// Appends an identifier; one that is a member already stays where it is.
+  void addGroupMember(const T& id);
+
+  /// Inserts those of the identifiers that are not members yet, as one block in their order.
+  ///
+  /// Only the members from before the call count: an identifier that stands in `ids` twice comes
+  /// in twice.
+  /// @param index  the member in front of which the block goes; when negative, or not less than
+  ///               the number of members, the block goes to the end
+  void addGroupMembersAtIndex(const std::vector<T>& ids, int index);
+
+  /// Removes the first member equal to the identifier; the others keep their order.
+  /// @return whether there was one
+  bool removeGroupMember(const T& id);
+
+  /// Removes all members; name and id stay.
+  void clear();
+
+private:
+  std::vector<T> m_members;
+  Identifier m_id;
+};
+
+template <class T>
+TKGroup<T>::TKGroup() = default;
+
+template <class T>
+TKGroup<T>::TKGroup(const std::string& name) : NameInterface(name)
+{}
+
+template <class T>
+TKGroup<T>::TKGroup(const TKGroup& other) = default;
+
+template <class T>
+TKGroup<T>& TKGroup<T>::operator=(const TKGroup& other)
+{
+  setName(other.getName(), true);
+  m_id = other.m_id;
+  if (this != &other)
+    m_members = other.m_members;
+  return *this;
+}
+
+template <class T>
+TKGroup<T>::~TKGroup() = default;
+
+template <class T>
+const Identifier& TKGroup<T>::getId() const
+{
+  return m_id;
+}
+
+template <class T>
+unsigned long long TKGroup<T>::numberOfGroupMembers() const
+{
+  return m_members.size();
+}
+
+template <class T>
+const std::vector<T>& TKGroup<T>::getGroupMembers() const
+{
+  return m_members;
+}
+
+template <class T>
+const T& TKGroup<T>::getGroupMemberAtIndex(unsigned long long index) const
+{
+  return index < m_members.size() ? m_members[index] : T::getInvalidId();
+}
+
+template <class T>
+bool TKGroup<T>::isInGroup(const T& id) const
+{
+  return std::find(m_members.begin(), m_members.end(), id) != m_members.end();
+}
+
+template <class T>
+void TKGroup<T>::addGroupMember(const T& id)
+{
+  if (!isInGroup(id))
+    m_members.push_back(id);
+}
+
+template <class T>
+void TKGroup<T>::addGroupMembersAtIndex(const std::vector<T>& ids, int index)
+{
+  std::vector<T> newMembers;
+  newMembers.reserve(ids.size());
+  std::copy_if(ids.begin(), ids.end(), std::back_inserter(newMembers),
+               [this](const T& id) { return !isInGroup(id); });
+
+  const bool isInside = index >= 0 && static_cast<std::size_t>(index) < m_members.size();
+  const auto place = isInside ? m_members.begin() + index : m_members.end();
+  m_members.insert(place, newMembers.begin(), newMembers.end());
+}
+
+template <class T>
+bool TKGroup<T>::removeGroupMember(const T& id)
+{
+  const auto found = std::find(m_members.begin(), m_members.end(), id);
+  if (found == m_members.end())
+    return false;
+  m_members.erase(found);
+  return true;
+}
+
+template <class T>
+void TKGroup<T>::clear()
+{
+  m_members.clear();
+}
+
+extern template class TKM_HIGHLEVELSERVICES_DECLARE TKGroup<Identifier>;
+extern template class TKM_HIGHLEVELSERVICES_DECLARE TKGroup<GUIdentifier>;
+
+}

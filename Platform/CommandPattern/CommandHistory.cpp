@@ -1,0 +1,278 @@
+// SPDX-License-Identifier: MIT
+#include "CommandPattern/CommandHistory.h"
+
+#include <algorithm>
+#include <exception>
+#include <stdexcept>
+#include <utility>
+
+namespace Tarvik {
+
+namespace {
+
+/// Sets a flag for the time of a scope.
+class FlagScope {
+public:
+  explicit FlagScope(bool& flag) noexcept : m_flag(flag) { m_flag = true; }
+  FlagScope(const FlagScope&) = delete;
+  FlagScope& operator=(const FlagScope&) = delete;
+  ~FlagScope() { m_flag = false; }
+
+private:
+  bool& m_flag;
+};
+
+}
+
+CommandHistory::Subscription::Subscription() noexcept = default;
+
+CommandHistory::Subscription::Subscription(std::shared_ptr<Listener> listener) noexcept
+    : m_listener(std::move(listener))
+{}
+
+CommandHistory::Subscription::Subscription(Subscription&& other) noexcept = default;
+
+CommandHistory::Subscription&
+CommandHistory::Subscription::operator=(Subscription&& other) noexcept = default;
+
+CommandHistory::Subscription::~Subscription() = default;
+
+void CommandHistory::Subscription::cancel() noexcept
+{
+  m_listener.reset();
+}
+
+CommandHistory::CommandHistory(std::size_t limit) : m_limit(limit) {}
+
+CommandHistory::~CommandHistory() = default;
+
+void CommandHistory::execute(std::shared_ptr<CommandBase> command)
+{
+  checkNotRunning("execute");
+  if (!command)
+    throw std::invalid_argument("CommandHistory::execute: the command is null");
+
+  m_entries.reserve(m_position + 1); // what can fail comes before the command makes its change
+  {
+    const FlagScope running(m_isRunning);
+    command->execute();
+  }
+  eraseBehind(m_position);
+  m_entries.push_back(std::move(command));
+  ++m_position;
+  trimToLimit();
+  tellListeners();
+}
+
+bool CommandHistory::undo()
+{
+  checkNotRunning("undo");
+  if (!canUndo())
+    return false;
+  stepBack();
+  tellListeners();
+  return true;
+}
+
+bool CommandHistory::redo()
+{
+  checkNotRunning("redo");
+  if (!canRedo())
+    return false;
+  stepForward();
+  tellListeners();
+  return true;
+}
+
+void CommandHistory::jumpTo(std::size_t position)
+{
+  checkNotRunning("jumpTo");
+  if (position > m_entries.size())
+    throw std::out_of_range("CommandHistory::jumpTo: there is no position " +
+                            std::to_string(position) + "; the last one is " +
+                            std::to_string(m_entries.size()));
+  const auto start = m_position;
+  const auto entriesAtStart = m_entries.size();
+  if (position == start)
+    return;
+  try {
+    while (m_position > position)
+      stepBack();
+    while (m_position < position)
+      stepForward();
+  } catch (...) {
+    retrace(start);
+    if (m_position != start || m_entries.size() != entriesAtStart)
+      tellListeners();
+    throw;
+  }
+  tellListeners();
+}
+
+bool CommandHistory::canUndo() const noexcept
+{
+  return m_position > 0;
+}
+
+bool CommandHistory::canRedo() const noexcept
+{
+  return m_position < m_entries.size();
+}
+
+std::string CommandHistory::undoDescription() const
+{
+  return canUndo() ? m_entries[m_position - 1]->getDescription() : std::string();
+}
+
+std::string CommandHistory::redoDescription() const
+{
+  return canRedo() ? m_entries[m_position]->getDescription() : std::string();
+}
+
+const std::vector<std::shared_ptr<CommandBase>>& CommandHistory::entries() const noexcept
+{
+  return m_entries;
+}
+
+std::size_t CommandHistory::position() const noexcept
+{
+  return m_position;
+}
+
+void CommandHistory::markClean()
+{
+  checkNotRunning("markClean");
+  if (isClean())
+    return;
+  m_cleanPosition = m_position;
+  tellListeners();
+}
+
+bool CommandHistory::isClean() const noexcept
+{
+  return m_cleanPosition == m_position;
+}
+
+std::optional<std::size_t> CommandHistory::cleanPosition() const noexcept
+{
+  return m_cleanPosition;
+}
+
+std::size_t CommandHistory::limit() const noexcept
+{
+  return m_limit;
+}
+
+void CommandHistory::setLimit(std::size_t limit)
+{
+  checkNotRunning("setLimit");
+  if (limit == m_limit)
+    return;
+  m_limit = limit;
+  trimToLimit();
+  tellListeners();
+}
+
+void CommandHistory::clear()
+{
+  checkNotRunning("clear");
+  if (m_entries.empty())
+    return;
+  const bool wasClean = isClean();
+  m_entries.clear();
+  m_position = 0;
+  m_cleanPosition = wasClean ? std::optional<std::size_t>(0) : std::nullopt;
+  tellListeners();
+}
+
+CommandHistory::Subscription CommandHistory::subscribe(Listener listener)
+{
+  if (!listener)
+    throw std::invalid_argument("CommandHistory::subscribe: the listener is empty");
+  auto shared = std::make_shared<Listener>(std::move(listener));
+  m_listeners.push_back(shared);
+  return Subscription(std::move(shared));
+}
+
+void CommandHistory::stepBack()
+{
+  const FlagScope running(m_isRunning);
+  CommandBase& command = *m_entries[m_position - 1];
+  const bool redoCapable = command.isRedoCapable();
+  command.undo();
+  --m_position;
+  if (!redoCapable)
+    eraseBehind(m_position);
+}
+
+void CommandHistory::stepForward()
+{
+  const FlagScope running(m_isRunning);
+  m_entries[m_position]->redo();
+  ++m_position;
+}
+
+/// Goes back towards a position while a command's exception is under way; stops where a command
+/// throws again or has left the history.
+void CommandHistory::retrace(std::size_t position) noexcept
+{
+  try {
+    while (m_position > position)
+      stepBack();
+    while (m_position < std::min(position, m_entries.size()))
+      stepForward();
+  } catch (...) { // NOLINT(bugprone-empty-catch): the first exception tells what went wrong
+  }
+}
+
+void CommandHistory::trimToLimit() noexcept
+{
+  if (m_entries.size() <= m_limit)
+    return;
+  const auto oldest = std::min(m_position, m_entries.size() - m_limit);
+  m_entries.erase(m_entries.begin(), m_entries.begin() + static_cast<std::ptrdiff_t>(oldest));
+  m_position -= oldest;
+  if (m_cleanPosition && *m_cleanPosition < oldest)
+    m_cleanPosition.reset();
+  else if (m_cleanPosition)
+    *m_cleanPosition -= oldest;
+  if (m_entries.size() > m_limit)
+    eraseBehind(m_limit);
+}
+
+void CommandHistory::eraseBehind(std::size_t position) noexcept
+{
+  m_entries.erase(m_entries.begin() + static_cast<std::ptrdiff_t>(position), m_entries.end());
+  if (m_cleanPosition && *m_cleanPosition > position)
+    m_cleanPosition.reset();
+}
+
+void CommandHistory::checkNotRunning(const char* operation) const
+{
+  if (m_isRunning)
+    throw std::logic_error(std::string("CommandHistory::") + operation +
+                           ": called by a command that this history is running");
+}
+
+void CommandHistory::tellListeners()
+{
+  std::exception_ptr firstFailure;
+  ++m_tellingDepth;
+  const auto subscribedBefore = m_listeners.size(); // a listener may subscribe others
+  for (std::size_t i = 0; i < subscribedBefore; ++i) {
+    const auto listener = m_listeners[i].lock(); // keeps one alive that unsubscribes itself
+    try {
+      if (listener)
+        (*listener)(*this);
+    } catch (...) {
+      if (!firstFailure)
+        firstFailure = std::current_exception();
+    }
+  }
+  if (--m_tellingDepth == 0)
+    std::erase_if(m_listeners, [](const auto& listener) { return listener.expired(); });
+  if (firstFailure)
+    std::rethrow_exception(firstFailure);
+}
+
+}

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#include "Identifier/GUIdentifier.h"
+
+#include "Identifier/IdentifierArchive.h"
+#include "Identifier/IdentifierText.h"
+
+namespace Tarvik {
+
+const GUIdentifier& GUIdentifier::getInvalidId()
+{
+  static constinit const GUIdentifier invalid{IdentifierBits{}};
+  return invalid;
+}
+
+std::string GUIdentifier::toString() const
+{
+  auto text = IdentifierText::toDigits(m_bits);
+  for (const std::size_t hyphen : {20U, 16U, 12U, 8U}) // from the back: the places stay right
+    text.insert(hyphen, 1, '-');
+  return text;
+}
+
+std::optional<GUIdentifier> GUIdentifier::fromString(std::string_view text)
+{
+  if (text.size() != 36)
+    return std::nullopt;
+  std::string digits(text);
+  for (const std::size_t hyphen : {23U, 18U, 13U, 8U}) {
+    if (digits[hyphen] != '-')
+      return std::nullopt;
+    digits.erase(hyphen, 1);
+  }
+  const auto bits = IdentifierText::fromDigits(digits);
+  return bits ? std::optional<GUIdentifier>(*bits) : std::nullopt;
+}
+
+void GUIdentifier::serialization_register(void* out)
+{
+  static const auto* const registered =
+      IdentifierArchive::registerClass<GUIdentifier>("GUIdentifier");
+  if (registered != nullptr)
+    *static_cast<BaseClassRegister*>(out) = *registered;
+}
+
+}

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "PlatformExport.h"
+
+#include <cstddef>
+#include <stdexcept>
+#include <string>
+
+namespace Tarvik {
+
+/// The bytes of an archive are not what its reader needs, or a value cannot be written.
+class TKM_PERSISTENCEARCHIVER_API ArchiveError : public std::runtime_error {
+public:
+  /// @param position  the byte of the archive that it is about, counted from 0
+  /// @param message   what was expected and what was found
+  ArchiveError(std::size_t position, const std::string& message);
+  ArchiveError(const ArchiveError& other) noexcept;
+  ArchiveError& operator=(const ArchiveError& other) noexcept;
+  ~ArchiveError() override;
+
+  std::size_t position() const noexcept { return m_position; }
+
+private:
+  std::size_t m_position;
+};
+
+}

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace Tarvik {
+
+class MapContainer;
+class PersistenceArchiver;
+
+/// What the archive knows of one class, and of the object of that class at hand.
+///
+/// A class fills one record and hands it to PersistenceArchiver::registerFactory(). Whoever saves
+/// or loads an object takes a copy, sets `object`, and calls the entry.
+struct BaseClassRegister {
+  using Entry = void (*)(PersistenceArchiver&, BaseClassRegister&);
+
+  /// The class hash that no class has.
+  static constexpr unsigned int unknownClassHash = 0xbbafa6c8;
+
+  Entry load = nullptr;        ///< reads into `object`
+  Entry save = nullptr;        ///< writes `object`
+  void* (*create)() = nullptr; ///< a new object, owned by the caller
+  unsigned int (*runtimeClass)(const BaseClassRegister&) = nullptr; ///< class hash of `object`
+  MapContainer* (*createContainer)() = nullptr; ///< a new container, owned by the caller
+  unsigned int word = 0;                        ///< reserved
+  unsigned int classHash = unknownClassHash;    ///< assigned by registerFactory()
+  unsigned int writeVersion = 0xFFFFFFFF;       ///< class version that `save` writes
+  unsigned int readVersion = 0xFFFFFFFF;        ///< class version that `load` will find
+  void* object = nullptr;                       ///< the object to save or to load
+  void* reserved = nullptr;                     ///< reserved
+};
+
+}

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#include "Translator/Translator.h"
+
+#include <memory>
+#include <mutex>
+#include <utility>
+
+namespace Tarvik {
+
+namespace {
+
+/// The installed catalogue. Only the pointer is guarded: a catalogue is called, and destroyed,
+/// outside of the lock, so that it may translate or install in its turn.
+class InstalledCatalogue {
+public:
+  std::shared_ptr<const Translator::Catalogue> get()
+  {
+    const std::lock_guard lock(m_mutex);
+    return m_catalogue;
+  }
+
+  void replaceBy(std::shared_ptr<const Translator::Catalogue> catalogue)
+  {
+    const std::lock_guard lock(m_mutex);
+    m_catalogue.swap(catalogue);
+  }
+
+private:
+  std::mutex m_mutex;
+  std::shared_ptr<const Translator::Catalogue> m_catalogue;
+};
+
+/// Built on first use, since other libraries translate while they are being loaded.
+InstalledCatalogue& installed()
+{
+  static InstalledCatalogue catalogue;
+  return catalogue;
+}
+
+}
+
+std::string
+Translator::translate(const char* context, const char* text, const char* disambiguation, int count)
+{
+  if (const auto catalogue = installed().get()) {
+    if (auto translation = (*catalogue)(context, text, disambiguation, count))
+      return *std::move(translation);
+  }
+  return text != nullptr ? text : "";
+}
+
+void Translator::installCatalogue(Catalogue catalogue)
+{
+  installed().replaceBy(catalogue ? std::make_shared<const Catalogue>(std::move(catalogue))
+                                  : nullptr);
+}
+
+}

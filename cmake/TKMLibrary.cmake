@@ -1,0 +1,42 @@
+# SPDX-License-Identifier: MIT
+# How every target of this project is built: one place for the language, the visibility and the warnings.
+
+# tkm_configure_target(<target>): the language and warning settings that libraries, programs and tests share.
+function(tkm_configure_target target)
+  target_compile_features(${target} PUBLIC cxx_std_20)
+  set_target_properties(${target} PROPERTIES
+    CXX_EXTENSIONS OFF
+    CXX_VISIBILITY_PRESET hidden
+    VISIBILITY_INLINES_HIDDEN ON)
+  target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:tkm_warnings>)
+endfunction()
+
+# tkm_add_library(<Name> BASE_DIR <dir> SOURCES <file>... HEADERS <file>... [DEPENDS <target>...]):
+# the shared library TKMService_<Name> with the alias TKMService::<Name>.
+# BASE_DIR is the folder that the includes of the headers start from.
+function(tkm_add_library name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "BASE_DIR" "SOURCES;HEADERS;DEPENDS")
+  set(target TKMService_${name})
+
+  add_library(${target} SHARED ${arg_SOURCES})
+  add_library(TKMService::${name} ALIAS ${target})
+  tkm_configure_target(${target})
+  target_sources(${target} PUBLIC FILE_SET HEADERS BASE_DIRS "${arg_BASE_DIR}" FILES ${arg_HEADERS})
+  target_link_libraries(${target} PUBLIC ${arg_DEPENDS})
+  set_target_properties(${target} PROPERTIES
+    EXPORT_NAME ${name}
+    VERSION ${PROJECT_VERSION}
+    SOVERSION ${PROJECT_VERSION_MAJOR})
+endfunction()
+
+add_library(tkm_warnings INTERFACE)
+if(MSVC)
+  target_compile_options(tkm_warnings INTERFACE /W4 /permissive- /utf-8
+    $<$<BOOL:${TKM_WARNINGS_AS_ERRORS}>:/WX>)
+else()
+  target_compile_options(tkm_warnings INTERFACE
+    -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast
+    -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align -Wcast-qual -Wdouble-promotion
+    -Wformat=2 -Wimplicit-fallthrough -Wextra-semi -Wundef
+    $<$<BOOL:${TKM_WARNINGS_AS_ERRORS}>:-Werror>)
+endif()

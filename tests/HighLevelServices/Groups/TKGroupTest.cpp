@@ -1,0 +1,285 @@
+// SPDX-License-Identifier: MIT
+#include "HighLevelServices/Groups/TKGroup.h"
+
+#include "Support/Groups.h"
+#include "Support/Identifiers.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+namespace Tarvik {
+namespace {
+
+template <class T>
+class Group : public ::testing::Test {};
+TYPED_TEST_SUITE(Group, ElementIdentifiers, KindName);
+
+template <class T>
+using Members = std::vector<T>;
+
+TYPED_TEST(Group, StartsWithoutNameAndMembers)
+{
+  const TKGroup<TypeParam> empty;
+
+  EXPECT_EQ(empty.getName(), NameInterface().getName());
+  EXPECT_EQ(empty.getGroupMembers(), Members<TypeParam>());
+  EXPECT_EQ(empty.numberOfGroupMembers(), 0U);
+  EXPECT_TRUE(empty.getId().isValid());
+}
+
+TYPED_TEST(Group, StartsWithTheGivenName)
+{
+  const TKGroup<TypeParam> named(std::string("Pumps"));
+
+  EXPECT_EQ(named.getName(), "Pumps");
+  EXPECT_EQ(named.numberOfGroupMembers(), 0U);
+}
+
+TYPED_TEST(Group, HasAnIdOfItsOwn)
+{
+  const TKGroup<TypeParam> one;
+  const TKGroup<TypeParam> other;
+
+  EXPECT_FALSE(one.getId() == other.getId());
+  static_assert(std::is_same_v<decltype(one.getId()), const Identifier&>);
+}
+
+TYPED_TEST(Group, CopiesNameMembersAndId)
+{
+  const auto [a, b] = distinct<TypeParam, 2>();
+  const auto original = group("A", {b, a});
+
+  const auto copy(original); // NOLINT(performance-unnecessary-copy-initialization): the subject
+
+  EXPECT_TRUE(identical(copy, original)) << ::testing::PrintToString(list(copy));
+  EXPECT_EQ(copy.getGroupMembers(), (Members<TypeParam>{b, a}));
+}
+
+TYPED_TEST(Group, TakesOverNameMembersAndIdWhenAssigned)
+{
+  const auto [a, b, c] = distinct<TypeParam, 3>();
+  const auto source = group("New", {c, a});
+  auto target = group("Old", {b});
+
+  auto& result = (target = source);
+
+  EXPECT_EQ(&result, &target);
+  EXPECT_TRUE(identical(target, source)) << ::testing::PrintToString(list(target));
+}
+
+TYPED_TEST(Group, StaysWhatItIsWhenAssignedToItself)
+{
+  const auto [a, b] = distinct<TypeParam, 2>();
+  auto self = group("A", {a, b});
+  const auto before = self;
+  const auto& alias = self;
+
+  self = alias;
+
+  EXPECT_TRUE(identical(self, before)) << ::testing::PrintToString(list(self));
+}
+
+TYPED_TEST(Group, IsCopiedEvenWhereItCouldBeMoved)
+{
+  const auto [a] = distinct<TypeParam, 1>();
+  auto source = group("A", {a});
+
+  const TKGroup<TypeParam> copy(std::move(source));
+
+  EXPECT_EQ(list(source), list(copy)); // NOLINT(bugprone-use-after-move): groups have no move
+  static_assert(!std::is_trivially_copyable_v<TKGroup<TypeParam>>);
+}
+
+TYPED_TEST(Group, AnswersTheMemberAtAPosition)
+{
+  const auto [a, b] = distinct<TypeParam, 2>();
+  const auto ab = group("A", {a, b});
+
+  EXPECT_EQ(ab.getGroupMemberAtIndex(0), a);
+  EXPECT_EQ(ab.getGroupMemberAtIndex(1), b);
+  EXPECT_EQ(&ab.getGroupMemberAtIndex(1), &ab.getGroupMembers()[1]);
+}
+
+TYPED_TEST(Group, AnswersTheSharedInvalidIdBehindTheLastMember)
+{
+  const auto [a, b] = distinct<TypeParam, 2>();
+  const auto ab = group("A", {a, b});
+
+  for (const unsigned long long index : {2ULL, 3ULL, 1ULL << 32U, ~0ULL})
+    EXPECT_EQ(&ab.getGroupMemberAtIndex(index), &TypeParam::getInvalidId()) << index;
+  EXPECT_EQ(&TKGroup<TypeParam>().getGroupMemberAtIndex(0), &TypeParam::getInvalidId());
+}
+
+TYPED_TEST(Group, KnowsItsMembers)
+{
+  const auto [a, b, c] = distinct<TypeParam, 3>();
+  const auto ab = group("A", {a, b});
+
+  EXPECT_TRUE(ab.isInGroup(a));
+  EXPECT_TRUE(ab.isInGroup(b));
+  EXPECT_FALSE(ab.isInGroup(c));
+  EXPECT_FALSE(TKGroup<TypeParam>().isInGroup(a));
+}
+
+TYPED_TEST(Group, AppendsANewMember)
+{
+  const auto [a, b] = distinct<TypeParam, 2>();
+  auto grown = group("A", {b});
+
+  grown.addGroupMember(a);
+
+  EXPECT_EQ(grown.getGroupMembers(), (Members<TypeParam>{b, a}));
+  EXPECT_EQ(grown.numberOfGroupMembers(), 2U);
+}
+
+TYPED_TEST(Group, LeavesAMemberThatIsAddedAgainWhereItIs)
+{
+  const auto [a, b] = distinct<TypeParam, 2>();
+  auto ab = group("A", {a, b});
+
+  ab.addGroupMember(a);
+
+  EXPECT_EQ(ab.getGroupMembers(), (Members<TypeParam>{a, b}));
+}
+
+TYPED_TEST(Group, InsertsABlockInFrontOfTheMemberAtTheIndex)
+{
+  const auto [a, b, c, x, y] = distinct<TypeParam, 5>();
+  const std::vector<std::pair<int, Members<TypeParam>>> expectations = {
+      {0, {y, x, a, b, c}}, {1, {a, y, x, b, c}}, {2, {a, b, y, x, c}}};
+
+  for (const auto& [index, expected] : expectations) {
+    auto abc = group("A", {a, b, c});
+    abc.addGroupMembersAtIndex({y, x}, index);
+    EXPECT_EQ(abc.getGroupMembers(), expected) << "index " << index;
+  }
+}
+
+TYPED_TEST(Group, InsertsAtTheEndForAnyOtherIndex)
+{
+  const auto [a, b, x] = distinct<TypeParam, 3>();
+
+  for (const int index :
+       {-1, -2, std::numeric_limits<int>::min(), 2, 3, std::numeric_limits<int>::max()}) {
+    auto ab = group("A", {a, b});
+    ab.addGroupMembersAtIndex({x}, index);
+    EXPECT_EQ(ab.getGroupMembers(), (Members<TypeParam>{a, b, x})) << "index " << index;
+  }
+}
+
+TYPED_TEST(Group, InsertsIntoAnEmptyGroupWhateverTheIndex)
+{
+  const auto [a, b] = distinct<TypeParam, 2>();
+
+  for (const int index : {-1, 0, 1}) {
+    TKGroup<TypeParam> empty;
+    empty.addGroupMembersAtIndex({a, b}, index);
+    EXPECT_EQ(empty.getGroupMembers(), (Members<TypeParam>{a, b})) << "index " << index;
+  }
+}
+
+TYPED_TEST(Group, InsertsOnlyThoseThatAreNotMembersYet)
+{
+  const auto [a, b, x, y] = distinct<TypeParam, 4>();
+  auto ab = group("A", {a, b});
+
+  ab.addGroupMembersAtIndex({x, b, y, a}, 1);
+
+  EXPECT_EQ(ab.getGroupMembers(), (Members<TypeParam>{a, x, y, b}));
+}
+
+TYPED_TEST(Group, InsertsTwiceWhatIsGivenTwice)
+{
+  const auto [a, b] = distinct<TypeParam, 2>();
+  auto onlyB = group("A", {b});
+
+  onlyB.addGroupMembersAtIndex({a, a}, 0);
+
+  EXPECT_EQ(onlyB.getGroupMembers(), (Members<TypeParam>{a, a, b}));
+}
+
+TYPED_TEST(Group, StaysAsItIsWhenThereIsNothingNewToInsert)
+{
+  const auto [a, b] = distinct<TypeParam, 2>();
+  auto ab = group("A", {a, b});
+
+  ab.addGroupMembersAtIndex({b, a}, 0);
+  ab.addGroupMembersAtIndex({}, 1);
+  ab.addGroupMembersAtIndex(ab.getGroupMembers(), 1);
+
+  EXPECT_EQ(ab.getGroupMembers(), (Members<TypeParam>{a, b}));
+}
+
+TYPED_TEST(Group, RemovesAMemberAndKeepsTheOrderOfTheRest)
+{
+  const auto [a, b, c] = distinct<TypeParam, 3>();
+  auto abc = group("A", {a, b, c});
+
+  EXPECT_TRUE(abc.removeGroupMember(b));
+
+  EXPECT_EQ(abc.getGroupMembers(), (Members<TypeParam>{a, c}));
+}
+
+TYPED_TEST(Group, RemovesTheFirstOfTwoEqualMembers)
+{
+  const auto [a, b] = distinct<TypeParam, 2>();
+  auto aba = group<TypeParam>("A", {});
+  aba.addGroupMembersAtIndex({a, b, a}, 0);
+
+  EXPECT_TRUE(aba.removeGroupMember(a));
+
+  EXPECT_EQ(aba.getGroupMembers(), (Members<TypeParam>{b, a}));
+}
+
+TYPED_TEST(Group, RemovesAMemberThatIsGivenByReferenceIntoTheGroup)
+{
+  const auto [a, b] = distinct<TypeParam, 2>();
+  auto ab = group("A", {a, b});
+
+  EXPECT_TRUE(ab.removeGroupMember(ab.getGroupMemberAtIndex(0)));
+
+  EXPECT_EQ(ab.getGroupMembers(), (Members<TypeParam>{b}));
+}
+
+TYPED_TEST(Group, AnswersFalseWhenThereIsNothingToRemove)
+{
+  const auto [a, b] = distinct<TypeParam, 2>();
+  auto onlyA = group("A", {a});
+
+  EXPECT_FALSE(onlyA.removeGroupMember(b));
+  EXPECT_FALSE(TKGroup<TypeParam>().removeGroupMember(a));
+
+  EXPECT_EQ(onlyA.getGroupMembers(), (Members<TypeParam>{a}));
+}
+
+TYPED_TEST(Group, KeepsNameAndIdWhenCleared)
+{
+  const auto [a, b] = distinct<TypeParam, 2>();
+  auto cleared = group("A", {a, b});
+  const Identifier id = cleared.getId();
+  const auto capacity = cleared.getGroupMembers().capacity();
+
+  cleared.clear();
+
+  EXPECT_EQ(list(cleared), list(group<TypeParam>("A", {})));
+  EXPECT_EQ(cleared.getId(), id);
+  EXPECT_EQ(cleared.getGroupMembers().capacity(), capacity);
+}
+
+TYPED_TEST(Group, IsDestroyedThroughItsName)
+{
+  const auto [a] = distinct<TypeParam, 1>();
+
+  const std::unique_ptr<NameInterface> named =
+      std::make_unique<TKGroup<TypeParam>>(group("A", {a}));
+
+  EXPECT_EQ(named->getName(), "A"); // the leak check sees the members go
+  static_assert(std::has_virtual_destructor_v<TKGroup<TypeParam>>);
+}
+
+}
+}
