@@ -83,7 +83,7 @@ template <class T>
 AddToTKGroupCmd<T>& AddToTKGroupCmd<T>::operator=(AddToTKGroupCmd&& other) noexcept
 {
   if (this != &other) { // a vector that is moved to itself loses its contents
-    CommandBase::operator=(std::move(other));
+    CommandBase::operator=(static_cast<CommandBase&&>(other));
     m_provider = std::move(other.m_provider);
     m_targetGroupId = other.m_targetGroupId;
     m_elements = std::move(other.m_elements);

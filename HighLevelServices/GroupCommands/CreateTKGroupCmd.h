@@ -76,7 +76,7 @@ template <class T>
 CreateTKGroupCmd<T>& CreateTKGroupCmd<T>::operator=(CreateTKGroupCmd&& other) noexcept
 {
   if (this != &other) { // a vector that is moved to itself loses its contents
-    CommandBase::operator=(std::move(other));
+    CommandBase::operator=(static_cast<CommandBase&&>(other));
     m_provider = std::move(other.m_provider);
     m_name = std::move(other.m_name);
     m_elements = std::move(other.m_elements);

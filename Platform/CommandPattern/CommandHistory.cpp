@@ -13,7 +13,7 @@ namespace {
 /// Sets a flag for the time of a scope.
 class FlagScope {
 public:
-  explicit FlagScope(bool& flag) noexcept : m_flag(flag) { m_flag = true; }
+  explicit FlagScope(bool& flag) noexcept : m_flag(flag) { flag = true; }
   FlagScope(const FlagScope&) = delete;
   FlagScope& operator=(const FlagScope&) = delete;
   ~FlagScope() { m_flag = false; }
@@ -26,20 +26,31 @@ private:
 
 CommandHistory::Subscription::Subscription() noexcept = default;
 
-CommandHistory::Subscription::Subscription(std::shared_ptr<Listener> listener) noexcept
-    : m_listener(std::move(listener))
+CommandHistory::Subscription::Subscription(std::shared_ptr<Subscriber> subscriber) noexcept
+    : m_subscriber(std::move(subscriber))
 {}
 
 CommandHistory::Subscription::Subscription(Subscription&& other) noexcept = default;
 
-CommandHistory::Subscription&
-CommandHistory::Subscription::operator=(Subscription&& other) noexcept = default;
+CommandHistory::Subscription& CommandHistory::Subscription::operator=(Subscription&& other) noexcept
+{
+  if (this != &other) {
+    cancel();
+    m_subscriber = std::move(other.m_subscriber);
+  }
+  return *this;
+}
 
-CommandHistory::Subscription::~Subscription() = default;
+CommandHistory::Subscription::~Subscription()
+{
+  cancel();
+}
 
 void CommandHistory::Subscription::cancel() noexcept
 {
-  m_listener.reset();
+  if (m_subscriber)
+    m_subscriber->isSubscribed = false; // the history may hold it, to tell it
+  m_subscriber.reset();
 }
 
 CommandHistory::CommandHistory(std::size_t limit) : m_limit(limit) {}
@@ -52,7 +63,8 @@ void CommandHistory::execute(std::shared_ptr<CommandBase> command)
   if (!command)
     throw std::invalid_argument("CommandHistory::execute: the command is null");
 
-  m_entries.reserve(m_position + 1); // what can fail comes before the command makes its change
+  if (m_entries.capacity() == m_position) // what can fail comes before the command's change
+    m_entries.reserve(2 * m_position + 1);
   {
     const FlagScope running(m_isRunning);
     command->execute();
@@ -103,7 +115,7 @@ void CommandHistory::jumpTo(std::size_t position)
   } catch (...) {
     retrace(start);
     if (m_position != start || m_entries.size() != entriesAtStart)
-      tellListeners();
+      tellListenersQuietly();
     throw;
   }
   tellListeners();
@@ -189,9 +201,10 @@ CommandHistory::Subscription CommandHistory::subscribe(Listener listener)
 {
   if (!listener)
     throw std::invalid_argument("CommandHistory::subscribe: the listener is empty");
-  auto shared = std::make_shared<Listener>(std::move(listener));
-  m_listeners.push_back(shared);
-  return Subscription(std::move(shared));
+  auto subscriber = std::make_shared<Subscriber>();
+  subscriber->listener = std::move(listener);
+  m_subscribers.push_back(subscriber);
+  return Subscription(std::move(subscriber));
 }
 
 void CommandHistory::stepBack()
@@ -254,23 +267,32 @@ void CommandHistory::checkNotRunning(const char* operation) const
                            ": called by a command that this history is running");
 }
 
+/// Tells them while a command's exception is under way, which is the one that the caller sees.
+void CommandHistory::tellListenersQuietly() noexcept
+{
+  try {
+    tellListeners();
+  } catch (...) { // NOLINT(bugprone-empty-catch): see above
+  }
+}
+
 void CommandHistory::tellListeners()
 {
   std::exception_ptr firstFailure;
   ++m_tellingDepth;
-  const auto subscribedBefore = m_listeners.size(); // a listener may subscribe others
+  const auto subscribedBefore = m_subscribers.size(); // a listener may subscribe others
   for (std::size_t i = 0; i < subscribedBefore; ++i) {
-    const auto listener = m_listeners[i].lock(); // keeps one alive that unsubscribes itself
+    const auto subscriber = m_subscribers[i].lock(); // keeps one alive that unsubscribes itself
     try {
-      if (listener)
-        (*listener)(*this);
+      if (subscriber && subscriber->isSubscribed)
+        subscriber->listener(*this);
     } catch (...) {
       if (!firstFailure)
         firstFailure = std::current_exception();
     }
   }
   if (--m_tellingDepth == 0)
-    std::erase_if(m_listeners, [](const auto& listener) { return listener.expired(); });
+    std::erase_if(m_subscribers, [](const auto& subscriber) { return subscriber.expired(); });
   if (firstFailure)
     std::rethrow_exception(firstFailure);
 }

@@ -28,6 +28,14 @@ public:
   /// Learns of every change of entries, position, clean mark or limit, after it has happened.
   using Listener = std::function<void(const CommandHistory&)>;
 
+private:
+  /// Shared by a subscription and, while its listener is being told, by the history.
+  struct Subscriber {
+    Listener listener;
+    bool isSubscribed = true;
+  };
+
+public:
   /// Keeps a listener subscribed for as long as it lives; may outlive the history. It may be
   /// destroyed at any time, also while its listener is being told.
   class TKM_COMMANDPATTERN_API Subscription {
@@ -45,9 +53,9 @@ public:
 
   private:
     friend class CommandHistory;
-    explicit Subscription(std::shared_ptr<Listener> listener) noexcept;
+    explicit Subscription(std::shared_ptr<Subscriber> subscriber) noexcept;
 
-    std::shared_ptr<Listener> m_listener;
+    std::shared_ptr<Subscriber> m_subscriber;
   };
 
   /// No limit on the number of commands.
@@ -130,13 +138,14 @@ private:
   void eraseBehind(std::size_t position) noexcept;
   void checkNotRunning(const char* operation) const;
   void tellListeners();
+  void tellListenersQuietly() noexcept;
 
   std::vector<std::shared_ptr<CommandBase>> m_entries;
   std::size_t m_position = 0;
   std::optional<std::size_t> m_cleanPosition = 0;
   std::size_t m_limit;
   bool m_isRunning = false;
-  std::vector<std::weak_ptr<Listener>> m_listeners;
+  std::vector<std::weak_ptr<Subscriber>> m_subscribers;
   std::size_t m_tellingDepth = 0;
 };
 

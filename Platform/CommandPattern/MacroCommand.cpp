@@ -62,7 +62,8 @@ MacroCommand::MacroCommand(std::list<std::shared_ptr<CommandBase>> commands,
                                 " of " + std::to_string(m_commands.size()) + " is null");
 }
 
-MacroCommand::MacroCommand(MacroCommand&& other) noexcept : CommandBase(std::move(other))
+MacroCommand::MacroCommand(MacroCommand&& other) noexcept
+    : CommandBase(static_cast<CommandBase&&>(other))
 {
   m_commands.swap(other.m_commands);
 }
@@ -70,9 +71,10 @@ MacroCommand::MacroCommand(MacroCommand&& other) noexcept : CommandBase(std::mov
 MacroCommand& MacroCommand::operator=(MacroCommand&& other) noexcept
 {
   if (this != &other) {
-    CommandBase::operator=(std::move(other));
-    m_commands.clear();
-    m_commands.swap(other.m_commands);
+    CommandBase::operator=(static_cast<CommandBase&&>(other));
+    std::list<std::shared_ptr<CommandBase>> taken;
+    taken.swap(other.m_commands);
+    m_commands.swap(taken); // what goes with `taken` may hold the last pointer to `other`
   }
   return *this;
 }
@@ -126,8 +128,10 @@ bool MacroCommand::isRedoCapable()
                      [](const auto& command) { return command->isRedoCapable(); });
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): an override may keep its share
 void MacroCommand::prepareExecute(std::shared_ptr<CommandBase>) {}
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): as above
 void MacroCommand::finalizeExecute(std::shared_ptr<CommandBase>) {}
 
 }

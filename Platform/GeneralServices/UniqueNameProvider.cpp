@@ -34,9 +34,9 @@ std::string UniqueNameProvider::createUniqueName(const std::string& base,
   const auto stemLength = name.size();
   std::array<char, std::numeric_limits<std::uint64_t>::digits10 + 1> digits{};
   for (std::uint64_t number = 2;; ++number) {
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
-    name.replace(stemLength, std::string::npos, digits.data(),
-                 static_cast<std::size_t>(end - digits.data()));
+    auto* const end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+    name.resize(stemLength);
+    name.append(digits.data(), end);
     if (!names.contains(name))
       return name;
   }

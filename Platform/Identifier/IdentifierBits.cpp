@@ -16,7 +16,7 @@ constexpr std::uint64_t blockSize = 65536;
 /// What a thread has left of its block. Built without code, so that reaching it costs no check.
 struct Block {
   IdentifierBits next;
-  std::uint64_t left;
+  std::uint64_t left = 0;
 };
 
 constinit thread_local Block block{};

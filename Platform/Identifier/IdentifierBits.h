@@ -38,7 +38,8 @@ struct IdentifierBits {
   /// Spreads all 128 bits over a hash, as hash tables that use its lowest bits need it.
   constexpr std::size_t hash() const
   {
-    auto mixed = (low ^ (high * 0x9e3779b97f4a7c15U)) * 0xbf58476d1ce4e5b9U;
+    auto mixed = low ^ (high * 0x9e3779b97f4a7c15U);
+    mixed = (mixed ^ mixed >> 32U) * 0xbf58476d1ce4e5b9U;
     mixed ^= mixed >> 32U;
     return static_cast<std::size_t>(mixed);
   }

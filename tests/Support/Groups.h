@@ -47,6 +47,7 @@ template <class T>
 std::vector<GroupView<T>> view(const std::vector<TKGroup<T>>& groups)
 {
   std::vector<GroupView<T>> result;
+  result.reserve(groups.size());
   for (const auto& each : groups)
     result.push_back({each.getName(), each.getGroupMembers()});
   return result;

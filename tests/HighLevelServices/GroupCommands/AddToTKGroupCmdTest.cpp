@@ -1,0 +1,318 @@
+// SPDX-License-Identifier: MIT
+#include "HighLevelServices/GroupCommands/AddToTKGroupCmd.h"
+
+#include "Support/RecordingHost.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace Tarvik {
+namespace {
+
+/// Adds elements to the group of that name, as a host does it.
+template <class T>
+void addTo(const std::shared_ptr<RecordingHost<T>>& host,
+           const std::string& targetName,
+           const std::vector<T>& elements,
+           std::optional<int> insertIndex = std::nullopt)
+{
+  AddToTKGroupCmd<T> command(host, elements, host->idOf(targetName));
+  if (insertIndex)
+    command.setInsertIndex(*insertIndex);
+  command.execute();
+}
+
+template <class T>
+class AddToGroup : public ::testing::Test {};
+TYPED_TEST_SUITE(AddToGroup, ElementIdentifiers, KindName);
+
+TYPED_TEST(AddToGroup, AppendsElementsThatNoGroupHolds)
+{
+  const auto [a, x, y] = distinct<TypeParam, 3>();
+  const auto host = hostWith(group("A", {a}), group<TypeParam>("B", {}));
+
+  addTo(host, "A", {y, x});
+
+  EXPECT_EQ(host->groups(), list(group("A", {a, y, x}), group<TypeParam>("B", {})));
+}
+
+TYPED_TEST(AddToGroup, TakesElementsOutOfTheirGroupsAndAppendsThem)
+{
+  const auto [a, b, c, d] = distinct<TypeParam, 4>();
+  const auto host = hostWith(group("A", {a, b}), group("Target", {c}), group("B", {d}));
+
+  addTo(host, "Target", {d, a});
+
+  EXPECT_EQ(host->groups(),
+            list(group("A", {b}), group("Target", {c, d, a}), group<TypeParam>("B", {})));
+}
+
+TYPED_TEST(AddToGroup, MovesElementsOfTheTargetToItsEndByDefault)
+{
+  const auto [a, b, c] = distinct<TypeParam, 3>();
+  const auto host = hostWith(group("A", {a, b, c}));
+
+  addTo(host, "A", {b, a});
+
+  EXPECT_EQ(host->groups(), list(group("A", {c, b, a})));
+}
+
+TYPED_TEST(AddToGroup, KeepsNamesAndIdsOfAllGroups)
+{
+  const auto [a, b] = distinct<TypeParam, 2>();
+  const auto host = hostWith(group("A", {a}), group("B", {b}));
+  const auto idOfA = host->idOf("A");
+  const auto idOfB = host->idOf("B");
+
+  addTo(host, "B", {a});
+
+  EXPECT_EQ(host->idOf("A"), idOfA);
+  EXPECT_EQ(host->idOf("B"), idOfB);
+}
+
+TYPED_TEST(AddToGroup, InsertsInFrontOfTheMemberAtTheIndex)
+{
+  const auto [a, b, x, y] = distinct<TypeParam, 4>();
+  const auto host = hostWith(group("A", {a, b}));
+
+  addTo(host, "A", {x, y}, 1);
+
+  EXPECT_EQ(host->groups(), list(group("A", {a, x, y, b})));
+}
+
+TYPED_TEST(AddToGroup, KeepsTheInsertionPointInFrontOfTheSameMember)
+{
+  const auto [a, b, c, d] = distinct<TypeParam, 4>();
+  const auto host = hostWith(group("A", {a, b, c, d}));
+
+  addTo(host, "A", {b}, 3);
+
+  EXPECT_EQ(host->groups(), list(group("A", {a, c, b, d})));
+}
+
+TYPED_TEST(AddToGroup, LeavesTheIndexAloneForAMemberBehindIt)
+{
+  const auto [a, b, c, d] = distinct<TypeParam, 4>();
+  const auto host = hostWith(group("A", {a, b, c, d}));
+
+  addTo(host, "A", {d}, 1);
+
+  EXPECT_EQ(host->groups(), list(group("A", {a, d, b, c})));
+}
+
+TYPED_TEST(AddToGroup, LeavesTheIndexAloneForTheMemberAtIt)
+{
+  const auto [a, b, c] = distinct<TypeParam, 3>();
+  const auto host = hostWith(group("A", {a, b, c}));
+
+  addTo(host, "A", {b}, 1);
+
+  EXPECT_EQ(host->groups(), list(group("A", {a, b, c})));
+}
+
+TYPED_TEST(AddToGroup, LowersTheIndexOnceForEachMemberBeforeIt)
+{
+  const auto [a, b, c] = distinct<TypeParam, 3>();
+  const auto host = hostWith(group("A", {a, b, c}));
+
+  addTo(host, "A", {a, b}, 2);
+
+  EXPECT_EQ(host->groups(), list(group("A", {a, b, c})));
+}
+
+TYPED_TEST(AddToGroup, LowersTheIndexForMembersBeforeItAndNotForThoseBehind)
+{
+  const auto [a, b, c, d, e] = distinct<TypeParam, 5>();
+  const auto host = hostWith(group("A", {a, b, c, d, e}));
+
+  addTo(host, "A", {a, d, b}, 3); // the index falls to 2, where d stands by then, and then to 1
+
+  EXPECT_EQ(host->groups(), list(group("A", {c, a, d, b, e})));
+}
+
+TYPED_TEST(AddToGroup, InsertsAtTheFrontForIndexZero)
+{
+  const auto [a, b, c] = distinct<TypeParam, 3>();
+  const auto host = hostWith(group("A", {a, b, c}));
+
+  addTo(host, "A", {a, c}, 0);
+
+  EXPECT_EQ(host->groups(), list(group("A", {a, c, b})));
+}
+
+TYPED_TEST(AddToGroup, AppendsForAnIndexOutsideOfTheGroup)
+{
+  const auto [a, b, c] = distinct<TypeParam, 3>();
+
+  for (const int index :
+       {-1, -7, std::numeric_limits<int>::min(), 3, 4, std::numeric_limits<int>::max()}) {
+    const auto host = hostWith(group("A", {a, b, c}));
+    addTo(host, "A", {b}, index);
+    EXPECT_EQ(host->groups(), list(group("A", {a, c, b}))) << "index " << index;
+  }
+}
+
+TYPED_TEST(AddToGroup, TakesAnElementOutOfItsFirstHolderOnly)
+{
+  const auto [a, x, y] = distinct<TypeParam, 3>();
+  const auto host = hostWith(group("A", {x}), group("B", {y, x}), group("Target", {a}));
+
+  addTo(host, "Target", {x});
+
+  EXPECT_EQ(host->groups(),
+            list(group<TypeParam>("A", {}), group("B", {y, x}), group("Target", {a, x})));
+}
+
+TYPED_TEST(AddToGroup, LeavesTheTargetAsItIsWhenAnEarlierGroupGivesTheElement)
+{
+  const auto [a, b, x] = distinct<TypeParam, 3>();
+  const auto host = hostWith(group("Earlier", {x}), group("Target", {a, x, b}));
+
+  addTo(host, "Target", {x}, 0);
+
+  EXPECT_EQ(host->groups(), list(group<TypeParam>("Earlier", {}), group("Target", {a, x, b})));
+}
+
+TYPED_TEST(AddToGroup, LowersTheIndexEvenWhenAnEarlierGroupGivesTheElement)
+{
+  const auto [a, b, c, z] = distinct<TypeParam, 4>();
+  const auto host = hostWith(group("Earlier", {b}), group("Target", {a, b, c}));
+
+  addTo(host, "Target", {b, z}, 2);
+
+  EXPECT_EQ(host->groups(), list(group<TypeParam>("Earlier", {}), group("Target", {a, z, b, c})));
+}
+
+TYPED_TEST(AddToGroup, TakesTheElementOutOfTheTargetBeforeALaterGroup)
+{
+  const auto [a, b, x] = distinct<TypeParam, 3>();
+  const auto host = hostWith(group("Target", {x, a, b}), group("Later", {x}));
+
+  addTo(host, "Target", {x}, 2);
+
+  EXPECT_EQ(host->groups(), list(group("Target", {a, x, b}), group("Later", {x})));
+}
+
+TYPED_TEST(AddToGroup, InsertsTwiceWhatIsGivenTwice)
+{
+  const auto [a, x] = distinct<TypeParam, 2>();
+  const auto host = hostWith(group("A", {a}));
+
+  addTo(host, "A", {x, x}, 0);
+
+  EXPECT_EQ(host->groups().front().members, (std::vector<TypeParam>{x, x, a}));
+}
+
+TYPED_TEST(AddToGroup, EditsTheFirstOfTwoGroupsWithTheSameId)
+{
+  const auto [a, b, x] = distinct<TypeParam, 3>();
+  const auto first = group("First", {a});
+  auto second = first;
+  second.setName("Second", true);
+  const auto host = hostWith(first, second);
+
+  addTo(host, "Second", {x});
+
+  EXPECT_EQ(host->groups(), list(group("First", {a, x}), group("Second", {a})));
+}
+
+TYPED_TEST(AddToGroup, NeverTouchesTheHostWhenTheTargetIsUnknown)
+{
+  const auto [a, x] = distinct<TypeParam, 2>();
+  for (const auto& host : {hostWith(group("A", {a})), emptyHost<TypeParam>()}) {
+    const auto before = host->groups();
+    AddToTKGroupCmd<TypeParam> command(host, {x, a}, Identifier());
+
+    command.execute();
+    command.undo();
+    command.redo();
+
+    EXPECT_EQ(host->takeCalls(), Calls{"getGroups"});
+    EXPECT_EQ(host->groups(), before);
+  }
+}
+
+TYPED_TEST(AddToGroup, HandsOverAnUnchangedListForNoElements)
+{
+  const auto [a, b] = distinct<TypeParam, 2>();
+  const auto host = hostWith(group("A", {a}), group("B", {b}));
+  const auto before = host->copyOfGroups();
+  AddToTKGroupCmd<TypeParam> command(host, {}, host->idOf("B"));
+
+  command.execute();
+  EXPECT_EQ(host->takeCalls(), (Calls{"getGroups", "setGroups"}));
+  EXPECT_TRUE(identical(host->copyOfGroups(), before));
+
+  command.undo();
+  EXPECT_EQ(host->takeCalls(), Calls{"setGroups"});
+  EXPECT_TRUE(identical(host->copyOfGroups(), before));
+
+  command.redo();
+  EXPECT_EQ(host->takeCalls(), Calls{"setGroups"});
+  EXPECT_TRUE(identical(host->copyOfGroups(), before));
+}
+
+TYPED_TEST(AddToGroup, DoesNothingOnUndoAndRedoBeforeItIsExecuted)
+{
+  const auto [a, x] = distinct<TypeParam, 2>();
+  const auto host = hostWith(group("A", {a}));
+  AddToTKGroupCmd<TypeParam> command(host, {x}, host->idOf("A"));
+
+  command.undo();
+  command.redo();
+
+  EXPECT_EQ(host->takeCalls(), Calls{});
+  EXPECT_EQ(host->groups(), list(group("A", {a})));
+}
+
+TYPED_TEST(AddToGroup, KeepsTheLoweredIndexForASecondExecute)
+{
+  const auto [a, b, c] = distinct<TypeParam, 3>();
+  const auto host = hostWith(group("A", {a, b, c}));
+  AddToTKGroupCmd<TypeParam> command(host, {a}, host->idOf("A"));
+  command.setInsertIndex(2);
+  command.execute();
+  ASSERT_EQ(host->groups(), list(group("A", {b, a, c})));
+  command.undo();
+
+  command.execute(); // starts from index 1
+
+  EXPECT_EQ(host->groups(), list(group("A", {a, b, c})));
+}
+
+TYPED_TEST(AddToGroup, GoesOnHandingListsOverOnceItHasChangedOne)
+{
+  const auto [a, x] = distinct<TypeParam, 2>();
+  const auto host = hostWith(group("A", {a}));
+  AddToTKGroupCmd<TypeParam> command(host, {x}, host->idOf("A"));
+  command.execute();
+  host->replaceGroups({group("Other", {a})});
+  host->takeCalls();
+
+  command.execute(); // the target is unknown by now
+
+  EXPECT_EQ(host->takeCalls(), (Calls{"getGroups", "setGroups"}));
+  EXPECT_EQ(host->groups(), list(group("Other", {a})));
+}
+
+TYPED_TEST(AddToGroup, CopiesItsArguments)
+{
+  const auto [a, x] = distinct<TypeParam, 2>();
+  const auto host = hostWith(group("A", {a}));
+  std::vector<TypeParam> elements = {x};
+  Identifier target = host->idOf("A");
+  AddToTKGroupCmd<TypeParam> command(host, elements, target);
+
+  elements.clear();
+  target = Identifier::getInvalidId();
+  command.execute();
+
+  EXPECT_EQ(host->groups(), list(group("A", {a, x})));
+}
+
+}
+}

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+#include "HighLevelServices/Groups/ElementIdentifier.h"
+
+#include "Identifier/GUIdentifier.h"
+#include "Identifier/Identifier.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace Tarvik {
+namespace {
+
+/// The least that a host's own identifier offers; each class below lacks one thing of it.
+struct Complete {
+  Complete();
+  Complete(const Complete&);
+  Complete& operator=(const Complete&);
+  bool isValid() const;
+  static const Complete& getInvalidId();
+  friend bool operator==(const Complete&, const Complete&);
+};
+
+struct WithoutDefault : Complete {
+  explicit WithoutDefault(int);
+  static const WithoutDefault& getInvalidId();
+};
+
+struct WithoutCopy : Complete {
+  WithoutCopy();
+  WithoutCopy(const WithoutCopy&) = delete;
+  WithoutCopy& operator=(const WithoutCopy&);
+  static const WithoutCopy& getInvalidId();
+};
+
+struct WithoutAssignment : Complete {
+  WithoutAssignment();
+  WithoutAssignment(const WithoutAssignment&);
+  WithoutAssignment& operator=(const WithoutAssignment&) = delete;
+  static const WithoutAssignment& getInvalidId();
+};
+
+struct WithoutEquality {
+  bool isValid() const;
+  static const WithoutEquality& getInvalidId();
+};
+
+struct WithoutValidity {
+  static const WithoutValidity& getInvalidId();
+  friend bool operator==(const WithoutValidity&, const WithoutValidity&);
+};
+
+struct WithoutInvalidId {
+  bool isValid() const;
+  friend bool operator==(const WithoutInvalidId&, const WithoutInvalidId&);
+};
+
+struct WithInvalidIdByValue {
+  bool isValid() const;
+  static WithInvalidIdByValue getInvalidId();
+  friend bool operator==(const WithInvalidIdByValue&, const WithInvalidIdByValue&);
+};
+
+TEST(ElementIdentifier, AsksForWhatGroupsAndCommandsNeedAndNoMore)
+{
+  EXPECT_TRUE(ElementIdentifier<Identifier>);
+  EXPECT_TRUE(ElementIdentifier<GUIdentifier>);
+  EXPECT_TRUE(ElementIdentifier<Complete>);
+
+  EXPECT_FALSE(ElementIdentifier<WithoutDefault>);
+  EXPECT_FALSE(ElementIdentifier<WithoutCopy>);
+  EXPECT_FALSE(ElementIdentifier<WithoutAssignment>);
+  EXPECT_FALSE(ElementIdentifier<WithoutEquality>);
+  EXPECT_FALSE(ElementIdentifier<WithoutValidity>);
+  EXPECT_FALSE(ElementIdentifier<WithoutInvalidId>);
+  EXPECT_FALSE(ElementIdentifier<WithInvalidIdByValue>);
+  EXPECT_FALSE(ElementIdentifier<std::string>);
+  EXPECT_FALSE(ElementIdentifier<int>);
+}
+
+}
+}

@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "HighLevelServices/Groups/TKGroupProviderInterface.h"
+#include "Support/Groups.h"
+
+#include <algorithm>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace Tarvik {
+
+/// A host that owns groups, writes down what the commands ask of it, and fails on demand.
+template <class T>
+class RecordingHost : public TKGroupProviderInterface<T> {
+public:
+  explicit RecordingHost(std::vector<TKGroup<T>> groups = {}) : m_groups(std::move(groups)) {}
+
+  std::vector<TKGroup<T>>& getGroups() override
+  {
+    note("getGroups");
+    return m_handedOut != nullptr ? *m_handedOut : m_groups;
+  }
+
+  std::vector<T> getUngroupedElements() override
+  {
+    note("getUngroupedElements");
+    return {};
+  }
+
+  void setGroups(const std::vector<TKGroup<T>>& groups) override
+  {
+    note("setGroups");
+    m_received = &groups;
+    auto copy = groups; // a copy that fails leaves the host's own list whole
+    m_groups.swap(copy);
+  }
+
+  std::shared_ptr<CommandBase>
+  createMoveCommand(const T&, const std::vector<T>&, bool insertBefore) override
+  {
+    note(insertBefore ? "createMoveCommand before" : "createMoveCommand behind");
+    return nullptr;
+  }
+
+  std::vector<std::pair<T, std::string>> getGroupMemberNames(const Identifier&) override
+  {
+    note("getGroupMemberNames");
+    return {};
+  }
+
+  void renameGroup(const Identifier& groupId, const std::string& name) override
+  {
+    note("renameGroup " + name);
+    for (auto& each : m_groups) {
+      if (each.getId() == groupId)
+        each.setName(name, true);
+    }
+  }
+
+  std::string getElementName(const T&) override
+  {
+    note("getElementName");
+    return {};
+  }
+
+  /// What a user sees of the groups.
+  std::vector<GroupView<T>> groups() const { return view(m_groups); }
+
+  /// A copy of the groups themselves.
+  std::vector<TKGroup<T>> copyOfGroups() const { return m_groups; }
+
+  Identifier idOf(const std::string& name) const
+  {
+    const auto found = std::find_if(m_groups.begin(), m_groups.end(),
+                                    [&name](const auto& each) { return each.getName() == name; });
+    return found != m_groups.end() ? found->getId() : Identifier::getInvalidId();
+  }
+
+  /// Changes the groups behind the commands' back.
+  void replaceGroups(std::vector<TKGroup<T>> groups) { m_groups = std::move(groups); }
+
+  /// The list that the last setGroups() was given, where it stands in the command.
+  const std::vector<TKGroup<T>>* receivedList() const { return m_received; }
+
+  /// From now on getGroups() answers with a list that belongs to somebody else.
+  void handOut(const std::vector<TKGroup<T>>* list)
+  {
+    m_handedOut = const_cast<std::vector<TKGroup<T>>*>(list); // NOLINT: nobody writes to it
+  }
+
+  /// From now on the operation throws std::runtime_error with its own name.
+  void failIn(const std::string& operation) { m_failing = operation; }
+
+  /// The calls since the last time.
+  std::vector<std::string> takeCalls() { return std::exchange(m_calls, {}); }
+
+private:
+  void note(const std::string& call)
+  {
+    m_calls.push_back(call);
+    if (call == m_failing)
+      throw std::runtime_error(call);
+  }
+
+  std::vector<TKGroup<T>> m_groups;
+  std::vector<TKGroup<T>>* m_handedOut = nullptr;
+  const std::vector<TKGroup<T>>* m_received = nullptr;
+  std::vector<std::string> m_calls;
+  std::string m_failing;
+};
+
+/// A host with these groups: `hostWith(group("A", {a}), group("B", {b}))`.
+template <class T, class... More>
+std::shared_ptr<RecordingHost<T>> hostWith(const TKGroup<T>& first, const More&... more)
+{
+  return std::make_shared<RecordingHost<T>>(std::vector<TKGroup<T>>{first, more...});
+}
+
+/// A host without groups.
+template <class T>
+std::shared_ptr<RecordingHost<T>> emptyHost()
+{
+  return std::make_shared<RecordingHost<T>>();
+}
+
+using Calls = std::vector<std::string>;
+
+}
