@@ -13,13 +13,9 @@ namespace {
 
 constexpr std::uint64_t blockSize = 65536;
 
-/// What a thread has left of its block. Built without code, so that reaching it costs no check.
-struct Block {
-  IdentifierBits next;
-  std::uint64_t left = 0;
-};
-
-constinit thread_local Block block{};
+/// The bits that the thread gives out next; it needs a new block when `low` is a multiple of the
+/// block size. Built without code, so that reaching it costs no check.
+constinit thread_local IdentifierBits next{};
 
 std::uint64_t randomWord(std::random_device& source)
 {
@@ -28,31 +24,33 @@ std::uint64_t randomWord(std::random_device& source)
   return upper << 32U | source();
 }
 
-void drawBlock()
+IdentifierBits takeNext()
+{
+  const auto bits = next;
+  ++next.low;
+  return bits;
+}
+
+IdentifierBits takeFirstOfNewBlock()
 {
   std::random_device source;
   const auto high = randomWord(source);
   const auto low = randomWord(source);
-  block.next.high = (high & ~0xF000ULL) | 0x8000ULL;                          // version 8
-  block.next.low = ((low & ~(blockSize - 1)) & ~(3ULL << 62U)) | 1ULL << 63U; // variant 10
-  block.left = blockSize;
+  next.high = (high & ~0xF000ULL) | 0x8000ULL;                                 // version 8
+  next.low = ((low & ~(blockSize - 1)) & ~(3ULL << 62U)) | 1ULL << 63U | 1ULL; // variant 10
+  return takeNext();
 }
 
 #if defined(__unix__)
 /// A forked child goes on with a copy of the forking thread's block, which the parent still uses.
-const int forkHandlerInstalled = pthread_atfork(nullptr, nullptr, [] { block.left = 0; });
+const int forkHandlerInstalled = pthread_atfork(nullptr, nullptr, [] { next.low = 0; });
 #endif
 
 }
 
 IdentifierBits IdentifierBits::unique()
 {
-  if (block.left == 0) [[unlikely]]
-    drawBlock();
-  --block.left;
-  const auto bits = block.next;
-  ++block.next.low;
-  return bits;
+  return next.low % blockSize != 0 ? takeNext() : takeFirstOfNewBlock();
 }
 
 }

@@ -19,7 +19,7 @@ struct IdentifierBits {
   /// RFC 9562, so that they are a valid UUID as well.
   ///
   /// A thread draws `high` and the start of `low` from the system's source of randomness and then
-  /// counts `low` up; after 65,536 identifiers it draws again. Two such blocks share an identifier
+  /// counts `low` up; after 65,535 identifiers it draws again. Two such blocks share an identifier
   /// with a probability of 2^-106.
   /// @throws what std::random_device throws when the system has no randomness to give
   TKM_IDENTIFIER_API static IdentifierBits unique();

@@ -18,7 +18,7 @@ struct Complete {
   Complete& operator=(const Complete&);
   bool isValid() const;
   static const Complete& getInvalidId();
-  friend bool operator==(const Complete&, const Complete&);
+  bool operator==(const Complete&) const;
 };
 
 struct WithoutDefault : Complete {
@@ -47,18 +47,18 @@ struct WithoutEquality {
 
 struct WithoutValidity {
   static const WithoutValidity& getInvalidId();
-  friend bool operator==(const WithoutValidity&, const WithoutValidity&);
+  bool operator==(const WithoutValidity&) const;
 };
 
 struct WithoutInvalidId {
   bool isValid() const;
-  friend bool operator==(const WithoutInvalidId&, const WithoutInvalidId&);
+  bool operator==(const WithoutInvalidId&) const;
 };
 
 struct WithInvalidIdByValue {
   bool isValid() const;
   static WithInvalidIdByValue getInvalidId();
-  friend bool operator==(const WithInvalidIdByValue&, const WithInvalidIdByValue&);
+  bool operator==(const WithInvalidIdByValue&) const;
 };
 
 TEST(ElementIdentifier, AsksForWhatGroupsAndCommandsNeedAndNoMore)
