@@ -22,7 +22,6 @@ void takeSnapshots(TKGroupProviderInterface<T>& provider,
                    std::size_t room = 0)
 {
   before = provider.getGroups(); // may be `before` itself: self-assignment changes nothing
-  after.clear();                 // nothing of an earlier edit is worth copying to a larger store
   after.reserve(before.size() + room);
   after = before;
 }

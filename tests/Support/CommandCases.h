@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <vector>
@@ -34,6 +35,7 @@ struct AddToGroupCase {
   using Command = AddToTKGroupCmd<T>;
   static constexpr const char* context = "AddToTKGroupCmd";
   static constexpr const char* description = "Add to Group";
+  static constexpr std::size_t textsLeftBehind = 0;
 
   static Command make(const std::shared_ptr<RecordingHost<T>>& host)
   {
@@ -47,6 +49,7 @@ struct CreateGroupCase {
   using Command = CreateTKGroupCmd<T>;
   static constexpr const char* context = "CreateTKGroupCmd";
   static constexpr const char* description = "Create Group";
+  static constexpr std::size_t textsLeftBehind = 1; // a text that is assigned to swaps its memory
 
   static Command make(const std::shared_ptr<RecordingHost<T>>& host)
   {

@@ -40,6 +40,16 @@ TYPED_TEST(AddToGroup, AppendsElementsThatNoGroupHolds)
   EXPECT_EQ(host->groups(), list(group("A", {a, y, x}), group<TypeParam>("B", {})));
 }
 
+TYPED_TEST(AddToGroup, FillsAnEmptyGroup)
+{
+  const auto [x, y] = distinct<TypeParam, 2>();
+  const auto host = hostWith(group<TypeParam>("Empty", {}));
+
+  addTo(host, "Empty", {x, y}, 0);
+
+  EXPECT_EQ(host->groups(), list(group("Empty", {x, y})));
+}
+
 TYPED_TEST(AddToGroup, TakesElementsOutOfTheirGroupsAndAppendsThem)
 {
   const auto [a, b, c, d] = distinct<TypeParam, 4>();
@@ -297,6 +307,24 @@ TYPED_TEST(AddToGroup, GoesOnHandingListsOverOnceItHasChangedOne)
 
   EXPECT_EQ(host->takeCalls(), (Calls{"getGroups", "setGroups"}));
   EXPECT_EQ(host->groups(), list(group("Other", {a})));
+}
+
+TYPED_TEST(AddToGroup, TakesItsPlaceAndItsStateAlongWhenItIsAssigned)
+{
+  const auto [a, b, x] = distinct<TypeParam, 3>();
+  const auto host = hostWith(group("A", {a, b}));
+  AddToTKGroupCmd<TypeParam> source(host, {x}, host->idOf("A"));
+  source.setInsertIndex(1);
+  AddToTKGroupCmd<TypeParam> target(host, {}, Identifier());
+
+  target = std::move(source);
+  target.execute();
+  EXPECT_EQ(host->groups(), list(group("A", {a, x, b})));
+
+  AddToTKGroupCmd<TypeParam> late(host, {}, Identifier());
+  late = std::move(target);
+  late.undo();
+  EXPECT_EQ(host->groups(), list(group("A", {a, b})));
 }
 
 TYPED_TEST(AddToGroup, CopiesItsArguments)

@@ -71,6 +71,17 @@ TYPED_TEST(CopyCost, OfCreatingIsTwoListsAndTheNamesOfTheGroups)
   EXPECT_LE(this->cost(command), 2 * this->bareCopy() + nameSet);
 }
 
+TYPED_TEST(CopyCost, OfExecutingAgainOnALongerListIsNoHigher)
+{
+  AddToTKGroupCmd<TypeParam> command(this->host, {TypeParam()}, this->host->groups[50].getId());
+  command.execute();
+  this->host->groups.reserve(2 * groupCount);
+  for (std::size_t i = 0; i < groupCount; ++i)
+    this->host->groups.push_back(this->host->groups[i]);
+
+  EXPECT_LE(this->cost(command), 2 * this->bareCopy() + 5);
+}
+
 TYPED_TEST(CopyCost, OfUndoAndRedoIsTheHostsAlone)
 {
   CreateTKGroupCmd<TypeParam> command(this->host, {TypeParam()}, "New");

@@ -232,6 +232,18 @@ TYPED_TEST(CreateGroup, StartsASecondExecuteFromTheNameOfTheFirst)
   EXPECT_EQ(host->groups()[2].members, std::vector<TypeParam>{x});
 }
 
+TYPED_TEST(CreateGroup, TakesItsNameAlongWhenItIsAssigned)
+{
+  const auto host = emptyHost<TypeParam>();
+  CreateTKGroupCmd<TypeParam> source(host, {}, "A");
+  CreateTKGroupCmd<TypeParam> target(host, {}, "B");
+
+  target = std::move(source);
+  target.execute();
+
+  EXPECT_EQ(host->groups(), list(group<TypeParam>("A", {})));
+}
+
 TYPED_TEST(CreateGroup, CopiesItsArguments)
 {
   const auto [a, b] = distinct<TypeParam, 2>();
