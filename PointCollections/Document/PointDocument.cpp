@@ -1,0 +1,155 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Document/PointDocument.h"
+
+#include "PointCollections/Document/MoveCollectionsCmd.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
+#include <stdexcept>
+#include <unordered_set>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+template <class Groups>
+auto findGroup(Groups& groups, const Identifier& id)
+{
+  return std::find_if(groups.begin(), groups.end(),
+                      [&id](const auto& group) { return group.getId() == id; });
+}
+
+}
+
+std::shared_ptr<PointDocument> PointDocument::create(std::vector<PointCollection> collections)
+{
+  return std::make_shared<PointDocument>(Private(), std::move(collections));
+}
+
+PointDocument::PointDocument(Private, std::vector<PointCollection> collections)
+{
+  m_order.reserve(collections.size());
+  m_collections.reserve(collections.size());
+  m_idsByName.reserve(collections.size());
+  for (auto& collection : collections) {
+    const GUIdentifier id = collection.id;
+    if (m_collections.contains(id) || !m_idsByName.try_emplace(collection.name, id).second)
+      continue;
+    m_collections.emplace(id, std::move(collection));
+    m_order.push_back(id);
+  }
+}
+
+PointDocument::~PointDocument() = default;
+
+const std::vector<GUIdentifier>& PointDocument::order() const
+{
+  return m_order;
+}
+
+void PointDocument::setOrder(const std::vector<GUIdentifier>& order)
+{
+  const std::unordered_set<GUIdentifier> given(order.begin(), order.end());
+  const bool isRearrangement = order.size() == m_order.size() && given.size() == order.size() &&
+                               std::all_of(m_order.begin(), m_order.end(),
+                                           [&](const auto& id) { return given.contains(id); });
+  if (!isRearrangement)
+    throw std::invalid_argument("the new order must hold the document's elements, each once");
+  auto copy = order;
+  m_order.swap(copy);
+}
+
+const PointCollection* PointDocument::find(const GUIdentifier& id) const
+{
+  const auto found = m_collections.find(id);
+  return found != m_collections.end() ? &found->second : nullptr;
+}
+
+const PointCollection* PointDocument::findByName(const std::string& name) const
+{
+  const auto found = m_idsByName.find(name);
+  return found != m_idsByName.end() ? find(found->second) : nullptr;
+}
+
+std::vector<GUIdentifier> PointDocument::orderAfterMove(const GUIdentifier& target,
+                                                        const std::vector<GUIdentifier>& elements,
+                                                        bool insertBefore) const
+{
+  const auto place = std::find(m_order.begin(), m_order.end(), target);
+  if (place == m_order.end())
+    return m_order;
+
+  std::unordered_set<GUIdentifier> moved;
+  std::vector<GUIdentifier> block;
+  for (const GUIdentifier& element : elements) {
+    if (m_collections.contains(element) && moved.insert(element).second)
+      block.push_back(element);
+  }
+
+  const auto stays = [&moved](const GUIdentifier& id) { return !moved.contains(id); };
+  const auto boundary = insertBefore ? place : std::next(place);
+  std::vector<GUIdentifier> result;
+  result.reserve(m_order.size());
+  std::copy_if(m_order.begin(), boundary, std::back_inserter(result), stays);
+  result.insert(result.end(), block.begin(), block.end());
+  std::copy_if(boundary, m_order.end(), std::back_inserter(result), stays);
+  return result;
+}
+
+std::vector<TKGroup<GUIdentifier>>& PointDocument::getGroups()
+{
+  return m_groups;
+}
+
+std::vector<GUIdentifier> PointDocument::getUngroupedElements()
+{
+  std::unordered_set<GUIdentifier> grouped;
+  for (const auto& group : m_groups)
+    grouped.insert(group.getGroupMembers().begin(), group.getGroupMembers().end());
+
+  std::vector<GUIdentifier> result;
+  std::copy_if(m_order.begin(), m_order.end(), std::back_inserter(result),
+               [&grouped](const GUIdentifier& id) { return !grouped.contains(id); });
+  return result;
+}
+
+void PointDocument::setGroups(const std::vector<TKGroup<GUIdentifier>>& groups)
+{
+  auto copy = groups; // all or nothing: assigning in place could fail half way
+  m_groups.swap(copy);
+}
+
+std::shared_ptr<CommandBase> PointDocument::createMoveCommand(
+    const GUIdentifier& target, const std::vector<GUIdentifier>& elements, bool insertBefore)
+{
+  if (orderAfterMove(target, elements, insertBefore) == m_order)
+    return nullptr;
+  return std::make_shared<MoveCollectionsCmd>(shared_from_this(), target, elements, insertBefore);
+}
+
+std::vector<std::pair<GUIdentifier, std::string>>
+PointDocument::getGroupMemberNames(const Identifier& groupId)
+{
+  std::vector<std::pair<GUIdentifier, std::string>> result;
+  const auto group = findGroup(m_groups, groupId);
+  if (group == m_groups.end())
+    return result;
+  for (const GUIdentifier& member : group->getGroupMembers())
+    result.emplace_back(member, getElementName(member));
+  return result;
+}
+
+void PointDocument::renameGroup(const Identifier& groupId, const std::string& name)
+{
+  const auto group = findGroup(m_groups, groupId);
+  if (group != m_groups.end())
+    group->setName(name, true);
+}
+
+std::string PointDocument::getElementName(const GUIdentifier& element)
+{
+  const PointCollection* collection = find(element);
+  return collection != nullptr ? collection->name : std::string();
+}
+
+}

@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Input/TextInput.h"
+
+#include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/UserError.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <string_view>
+#include <system_error>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+std::string shown(const std::filesystem::path& path)
+{
+  return printable(path.string());
+}
+
+[[noreturn]] void refuseNul(const std::filesystem::path& path, std::string_view text)
+{
+  const auto line = std::count(text.begin(), text.end(), '\n') + 1;
+  throw UserError(
+      fmt::format("{}:{}: a NUL byte; expected a text file in UTF-8", shown(path), line));
+}
+
+}
+
+std::ifstream openText(const std::filesystem::path& path)
+{
+  std::error_code ignored;
+  if (std::filesystem::is_directory(path, ignored))
+    throw UserError(fmt::format("{}: this is a directory; expected a file", shown(path)));
+  errno = 0;
+  std::ifstream file(path, std::ios::binary);
+  if (!file) {
+    const int reason = errno;
+    throw UserError(fmt::format("{}: the file cannot be opened{}", shown(path),
+                                reason != 0 ? " (" + std::generic_category().message(reason) + ")"
+                                            : std::string()));
+  }
+  return file;
+}
+
+std::string readText(const std::filesystem::path& path)
+{
+  constexpr std::size_t chunk = std::size_t(1) << 20U;
+  auto file = openText(path);
+  std::string text;
+  while (file) {
+    const std::size_t start = text.size();
+    text.resize(start + chunk);
+    file.read(text.data() + start, static_cast<std::streamsize>(chunk));
+    text.resize(start + static_cast<std::size_t>(file.gcount()));
+    const std::size_t nul = text.find('\0', start);
+    if (nul != std::string::npos)
+      refuseNul(path, std::string_view(text).substr(0, nul));
+  }
+  if (file.bad())
+    throw UserError(fmt::format("{}: reading the file failed", shown(path)));
+  return text;
+}
+
+std::optional<std::string> readLine(std::istream& input)
+{
+  std::string line;
+  char c = 0;
+  while (input.get(c) && c != '\n') {
+    if (line.size() == longestLine)
+      throw UserError(
+          fmt::format("a line of more than {} bytes; expected a shorter one", longestLine));
+    line += c;
+  }
+  if (input.bad())
+    throw UserError("reading failed");
+  if (!input && line.empty())
+    return std::nullopt;
+  if (line.ends_with('\r'))
+    line.pop_back();
+  return line;
+}
+
+}

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "PointCollections/Session/Session.h"
+#include "PointCollections/Session/Transcript.h"
+#include "PointCollections/Terminal/LineReader.h"
+
+#include <istream>
+#include <string>
+#include <vector>
+
+/// The ways in which commands reach the program. All of them return when the session is over or
+/// the transcript cannot be written any more.
+namespace Tarvik::PointCollections {
+
+/// Carries out the commands given as arguments of the program, until one is wrong.
+/// @return whether none was
+bool runCommands(Session& session,
+                 Transcript& transcript,
+                 const std::vector<std::string>& commands);
+
+/// Carries out the lines of a script, until one is wrong. A byte order mark is skipped.
+/// @param name  what error messages call the script
+/// @return whether none was
+bool runScript(Session& session,
+               Transcript& transcript,
+               std::istream& script,
+               const std::string& name);
+
+/// Carries out what the user types until the input ends; mistakes are told and forgotten.
+void runInteractively(Session& session, Transcript& transcript, LineReader& reader);
+
+}

@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <stdexcept>
+
+namespace Tarvik::PointCollections {
+
+/// A mistake in what the user gave: what() tells what is wrong and what would be right, in one
+/// line that starts with a small letter and has no full stop.
+class UserError : public std::runtime_error {
+public:
+  using std::runtime_error::runtime_error;
+};
+
+}

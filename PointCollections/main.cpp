@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Input/PointFile.h"
+#include "PointCollections/Input/TextInput.h"
+#include "PointCollections/Session/Runner.h"
+#include "PointCollections/Terminal/Terminal.h"
+#include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/UserError.h"
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+
+#include <cstdlib>
+#include <exception>
+#include <iostream>
+#include <numeric>
+#include <string>
+#include <vector>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+enum ExitStatus : int { Succeeded = 0, CommandFailed = 1, BadInput = 2 };
+
+struct Settings {
+  std::string pointFile;
+  std::string script;
+  std::vector<std::string> commands;
+  bool isQuiet = false;
+  bool isPlain = false;
+};
+
+constexpr auto purpose =
+    "Groups point collections: opens a file of points and carries out commands on them.";
+
+constexpr auto remarks =
+    "FILE is comma-separated UTF-8 text with the header collection,x,y,z.\n\n"
+    "Commands come from --command, then from --script. Without either they are read from\n"
+    "standard input: with line editing, history and completion when it is a terminal. The\n"
+    "command help explains them. Except on a terminal, the first mistake ends the program.\n\n"
+    "Exit status: 0 all went well; 1 a command failed or the output could not be written;\n"
+    "2 the arguments, FILE or the script were no good.";
+
+void declare(CLI::App& app, Settings& settings)
+{
+  app.footer(remarks);
+  app.set_version_flag("--version", "point-collections " POINT_COLLECTIONS_VERSION);
+  app.add_option("FILE", settings.pointFile, "The points to open (.csv)")->required();
+  app.add_option("--script", settings.script, "Read commands from a file")->type_name("FILE");
+  app.add_option("--command", settings.commands, "Carry out a command; may be repeated")
+      ->type_name("TEXT")
+      ->allow_extra_args(false);
+  app.add_flag("--quiet", settings.isQuiet, "Print results only: no commands, no comments");
+  app.add_flag("--no-color", settings.isPlain,
+               "Do not use colours, which are used on a terminal only, and not when the\n"
+               "environment variable NO_COLOR is set");
+}
+
+std::string welcome(const Session& session)
+{
+  const auto& order = session.document->order();
+  const auto points =
+      std::accumulate(order.begin(), order.end(), std::size_t(0), [&](auto sum, const auto& id) {
+        return sum + session.document->find(id)->points.size();
+      });
+  return fmt::format("Opened {}: {} with {}.", mentioned(session.title),
+                     counted(order.size(), "element"), counted(points, "point"));
+}
+
+bool runOnTerminal(Session& session, Transcript& transcript)
+{
+  auto reader = isOutputTerminal()
+                    ? makeEditingReader([&](auto line) { return complete(session, line); })
+                    : nullptr;
+  if (!reader)
+    reader = makePlainReader(std::cin, std::cout);
+  transcript.result(welcome(session) + " Type help for the verbs, quit to leave.");
+  runInteractively(session, transcript, *reader);
+  return true;
+}
+
+bool runBatch(Session& session, const Settings& settings, Transcript& transcript)
+{
+  std::ifstream script;
+  if (!settings.script.empty())
+    script = openText(settings.script);
+  if (!settings.isQuiet)
+    transcript.result(welcome(session));
+  if (settings.script.empty() && settings.commands.empty())
+    return runScript(session, transcript, std::cin, "<stdin>");
+  return runCommands(session, transcript, settings.commands) &&
+         (settings.script.empty() || runScript(session, transcript, script, settings.script));
+}
+
+ExitStatus run(const Settings& settings)
+{
+  const bool isInteractive =
+      settings.script.empty() && settings.commands.empty() && isInputTerminal();
+  const bool hasColor = !settings.isPlain && std::getenv("NO_COLOR") == nullptr &&
+                        isOutputTerminal() && isErrorTerminal();
+  const auto detail = isInteractive || settings.isQuiet ? Transcript::Detail::ResultsOnly
+                                                        : Transcript::Detail::Full;
+  const std::filesystem::path file = settings.pointFile;
+  Session session = {PointDocument::create(readPointFile(file)), file.filename().string(),
+                     Style{hasColor}};
+  Transcript transcript(std::cout, std::cerr, detail, session.style);
+
+  const bool isFine =
+      isInteractive ? runOnTerminal(session, transcript) : runBatch(session, settings, transcript);
+  std::cout.flush();
+  if (!transcript.isComplete())
+    throw std::runtime_error("standard output cannot be written");
+  return isFine ? Succeeded : CommandFailed;
+}
+
+int runProgram(int argc, char** argv)
+{
+  Settings settings;
+  CLI::App app(purpose, "point-collections");
+  declare(app, settings);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? Succeeded : BadInput;
+  }
+  return run(settings);
+}
+
+}
+}
+
+int main(int argc, char** argv)
+{
+  using namespace Tarvik::PointCollections;
+  std::ios::sync_with_stdio(false);
+  prepareTerminal();
+  try {
+    return runProgram(argc, argv);
+  } catch (const UserError& error) {
+    std::cerr << "point-collections: " << error.what() << std::endl;
+    return BadInput;
+  } catch (const std::exception& error) {
+    std::cerr << "point-collections: " << error.what() << std::endl;
+    return CommandFailed;
+  }
+}

@@ -1,0 +1,33 @@
+# SPDX-License-Identifier: MIT
+# To be sourced by bash scripts that need Debian packages.
+# shellcheck shell=bash
+
+# require_packages PACKAGE...: installs those of the packages that are missing, with apt-get, as
+# root or through sudo. Says what it does, on standard error. Fails when that is not possible.
+require_packages() {
+  local package missing=() as_root=()
+  for package in "$@"; do
+    [[ $(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null || true) == installed ]] ||
+      missing+=("$package")
+  done
+  ((${#missing[@]} > 0)) || return 0
+
+  echo "Missing packages: ${missing[*]}" >&2
+  if ! command -v apt-get >/dev/null; then
+    echo "error: there is no apt-get here; install what corresponds to these packages" >&2
+    return 1
+  fi
+  if ((EUID != 0)); then
+    if ! command -v sudo >/dev/null; then
+      echo "error: neither root nor sudo; as root, run: apt-get install ${missing[*]}" >&2
+      return 1
+    fi
+    as_root=(sudo)
+  fi
+
+  echo "Installing them with apt-get ..." >&2
+  # env: sudo does not pass the variable on
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get update -qq >&2 &&
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+      apt-get install -qq -y --no-install-recommends "${missing[@]}" >&2
+}

@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Input/PointFile.h"
+
+#include "PointCollections/Support/Files.h"
+#include "PointCollections/Support/Sessions.h"
+
+#include <gmock/gmock.h>
+
+#include <ostream>
+
+namespace Tarvik::PointCollections {
+
+void PrintTo(const Point& point, std::ostream* out)
+{
+  *out << '(' << point.x << ' ' << point.y << ' ' << point.z << ')';
+}
+
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+std::vector<PointCollection> parse(std::string_view rows)
+{
+  return parsePoints("collection,x,y,z\n" + std::string(rows), "cities.csv");
+}
+
+std::string mistakeInRows(std::string_view rows)
+{
+  return mistakeIn([&] { parse(rows); });
+}
+
+std::string mistakeInText(std::string_view text)
+{
+  return mistakeIn([&] { parsePoints(text, "cities.csv"); });
+}
+
+TEST(PointFile, GathersTheRowsOfACollection)
+{
+  const auto collections = parse("b,1,2,3\na,0,0,0\nb,4,5,6\n");
+
+  ASSERT_EQ(collections.size(), 2U);
+  EXPECT_EQ(collections[0].name, "b");
+  EXPECT_THAT(collections[0].points, ElementsAre(Point{1, 2, 3}, Point{4, 5, 6}));
+  EXPECT_EQ(collections[1].name, "a");
+  EXPECT_NE(collections[0].id, collections[1].id);
+}
+
+TEST(PointFile, MayHaveNoRows)
+{
+  EXPECT_THAT(parse(""), IsEmpty());
+}
+
+TEST(PointFile, MayStartWithAByteOrderMarkAndUseAnyLineEnd)
+{
+  const auto collections =
+      parsePoints("\xEF\xBB\xBF\"collection\", x,y ,z\r\n\r\nGröße,1,2,3\r\n", "cities.csv");
+
+  ASSERT_EQ(collections.size(), 1U);
+  EXPECT_EQ(collections[0].name, "Größe");
+}
+
+TEST(PointFile, TakesAnyDecimalNumber)
+{
+  const auto collections = parse("a,-12.5,1e3,+.5\na, 7 ,-0,1E-2\na,\"3\",1.,-1.5e+2\n");
+
+  EXPECT_THAT(collections[0].points,
+              ElementsAre(Point{-12.5, 1000, 0.5}, Point{7, 0, 0.01}, Point{3, 1, -150}));
+}
+
+TEST(PointFile, RefusesWhatIsNoNumber)
+{
+  EXPECT_EQ(mistakeInRows("a,1,2,3\nb,abc,2,3\n"),
+            "cities.csv:3: x is \"abc\", which is not a number; expected e.g. 12.5");
+  for (const std::string wrong : {"", " ", "1 2", "0x10", "1.5.2", "--1", "+-1", "+", "1,5\""})
+    EXPECT_NE(mistakeInRows("a,1," + wrong + ",3\n"), "no mistake") << wrong;
+  EXPECT_EQ(mistakeInRows("a,1,\"1,5\",3\n"),
+            "cities.csv:2: y is \"1,5\", which is not a number; expected e.g. 12.5");
+}
+
+TEST(PointFile, RefusesNumbersThatAreNotFinite)
+{
+  for (const std::string wrong : {"inf", "-inf", "nan", "Infinity"})
+    EXPECT_EQ(mistakeInRows("a,1,2," + wrong + "\n"),
+              "cities.csv:2: z is \"" + wrong + "\", which is not finite; expected e.g. 12.5");
+}
+
+TEST(PointFile, RefusesNumbersOutOfRange)
+{
+  for (const std::string wrong : {"1e999", "-1e999", "1e-999"})
+    EXPECT_EQ(mistakeInRows("a," + wrong + ",2,3\n"),
+              "cities.csv:2: x is \"" + wrong +
+                  "\", which is out of range; expected at most 1.7e308 and, unless it is 0, at "
+                  "least 1e-307");
+}
+
+TEST(PointFile, QuotesOnlyTheStartOfALongField)
+{
+  EXPECT_EQ(mistakeInRows("a," + std::string(100000, 'x') + ",2,3\n"),
+            "cities.csv:2: x is \"" + std::string(60, 'x') +
+                "…\", which is not a number; expected e.g. 12.5");
+}
+
+TEST(PointFile, RefusesARowWithTooFewOrTooManyFields)
+{
+  EXPECT_EQ(mistakeInRows("a,1,2\n"), "cities.csv:2: 3 fields; expected 4 (collection,x,y,z)");
+  EXPECT_EQ(mistakeInRows("a,1,2,3,\n"), "cities.csv:2: 5 fields; expected 4 (collection,x,y,z)");
+  EXPECT_EQ(mistakeInRows("a\n"), "cities.csv:2: 1 field; expected 4 (collection,x,y,z)");
+}
+
+TEST(PointFile, RefusesACollectionWithoutName)
+{
+  EXPECT_EQ(mistakeInRows(",1,2,3\n"),
+            "cities.csv:2: the collection has no name; expected one, such as Berlin");
+}
+
+TEST(PointFile, RefusesTextWithoutTheHeader)
+{
+  EXPECT_EQ(mistakeInText(""), "cities.csv:1: the file is empty; expected the header "
+                               "collection,x,y,z");
+  EXPECT_EQ(mistakeInText("a,1,2,3\n"),
+            "cities.csv:1: the header is missing; expected collection,x,y,z");
+  EXPECT_EQ(mistakeInText("collection,x,y\n"),
+            "cities.csv:1: the header is missing; expected collection,x,y,z");
+}
+
+TEST(PointFile, RefusesBytesThatAreNotUtf8)
+{
+  EXPECT_EQ(mistakeInRows("a,1,2,3\nGr\xF6\xDF"
+                          "e,1,2,3\n"),
+            "cities.csv:3: the byte \\xF6 is not UTF-8; save the file as UTF-8");
+}
+
+TEST(PointFile, GivesTheLineOfAMistakeBehindNamesWithLineBreaks)
+{
+  EXPECT_EQ(mistakeInRows("\"a\nb\",1,2,3\n\nc,1,2,q\n"),
+            "cities.csv:5: z is \"q\", which is not a number; expected e.g. 12.5");
+}
+
+TEST(PointFile, IsReadFromDisk)
+{
+  const TemporaryFolder folder;
+  const auto file = folder.write("some.csv", "collection,x,y,z\na,1,2,3\n");
+
+  EXPECT_EQ(readPointFile(file).size(), 1U);
+}
+
+TEST(PointFile, IsReadWholeWhenItIsLarge)
+{
+  std::string rows;
+  for (int i = 0; i < 100000; ++i)
+    rows += "collection " + std::to_string(i % 1000) + ',' + std::to_string(i) + ",2.25,-3\n";
+  const TemporaryFolder folder;
+
+  const auto collections = readPointFile(folder.write("large.csv", "collection,x,y,z\n" + rows));
+
+  ASSERT_EQ(collections.size(), 1000U);
+  EXPECT_EQ(collections[999].points.size(), 100U);
+  EXPECT_EQ(collections[999].points.back(), (Point{99999, 2.25, -3}));
+}
+
+}
+}

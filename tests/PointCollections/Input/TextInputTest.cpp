@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Input/TextInput.h"
+
+#include "PointCollections/Support/Files.h"
+#include "PointCollections/Support/Sessions.h"
+
+#include <gmock/gmock.h>
+
+#include <sstream>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+std::vector<std::string> linesOf(const std::string& text)
+{
+  std::istringstream stream(text);
+  std::vector<std::string> lines;
+  while (const auto line = readLine(stream))
+    lines.push_back(*line);
+  return lines;
+}
+
+TEST(TextInput, ReadsLinesWithEitherLineEnd)
+{
+  EXPECT_THAT(linesOf("a\nb\r\n\nc\rd"), ElementsAre("a", "b", "", "c\rd"));
+  EXPECT_THAT(linesOf(""), ElementsAre());
+  EXPECT_THAT(linesOf("\n"), ElementsAre(""));
+}
+
+TEST(TextInput, KeepsNulBytesInLines)
+{
+  EXPECT_THAT(linesOf(std::string("a\0b\n", 4)), ElementsAre(std::string("a\0b", 3)));
+}
+
+TEST(TextInput, RefusesEndlessLines)
+{
+  EXPECT_EQ(linesOf(std::string(longestLine, 'a')).front().size(), longestLine);
+  EXPECT_EQ(mistakeIn([] { linesOf(std::string(longestLine + 1, 'a')); }),
+            "a line of more than 1048576 bytes; expected a shorter one");
+}
+
+TEST(TextInput, ReadsAFileByteForByte)
+{
+  const TemporaryFolder folder;
+  const std::string content = "a\r\nb\n\xFF" + std::string(3000000, 'x');
+
+  EXPECT_EQ(readText(folder.write("file", content)), content);
+}
+
+TEST(TextInput, RefusesAFileThatDoesNotExist)
+{
+  const TemporaryFolder folder;
+  const auto file = folder.path() / "none.csv";
+
+  EXPECT_THAT(mistakeIn([&] { readText(file); }),
+              StartsWith(file.string() + ": the file cannot be opened"));
+}
+
+TEST(TextInput, RefusesAFolder)
+{
+  const TemporaryFolder folder;
+
+  EXPECT_THAT(mistakeIn([&] { readText(folder.path()); }),
+              HasSubstr("this is a directory; expected a file"));
+}
+
+TEST(TextInput, RefusesAFileWithANulByte)
+{
+  const TemporaryFolder folder;
+  const auto file = folder.write("file.csv", std::string("a\nb\0c\n", 6));
+
+  EXPECT_EQ(mistakeIn([&] { readText(file); }),
+            file.string() + ":2: a NUL byte; expected a text file in UTF-8");
+}
+
+}
+}

@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Support/Files.h"
+
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <poll.h>
+#include <pty.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <string>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+constexpr auto tab = "\t";
+constexpr auto up = "\x1B[A";
+constexpr auto controlC = "\x03";
+constexpr auto controlD = "\x04";
+
+/// The program on a terminal, with a person who types.
+class Terminal {
+public:
+  explicit Terminal(const std::string& points)
+  {
+    winsize size = {24, 200, 0, 0};
+    m_child = forkpty(&m_terminal, nullptr, nullptr, &size);
+    if (m_child != 0)
+      return;
+    setenv("TERM", "vt100", 1);
+    setenv("LC_ALL", "C.UTF-8", 1);
+    execl(POINT_COLLECTIONS_PROGRAM, "point-collections", "--no-color", points.c_str(), nullptr);
+    _exit(127);
+  }
+  Terminal(const Terminal&) = delete;
+  Terminal& operator=(const Terminal&) = delete;
+  ~Terminal()
+  {
+    if (m_child > 0) {
+      kill(m_child, SIGKILL);
+      waitpid(m_child, nullptr, 0);
+    }
+    close(m_terminal);
+  }
+
+  /// Types the keys and waits until the screen has shown the text since; behind Enter, also for the
+  /// next prompt, since keys that come between two prompts do not reach the editor.
+  void typeAndExpect(const std::string& keys, const std::string& text)
+  {
+    type(keys);
+    const std::string prompt = keys.ends_with('\r') ? "> " : "";
+    std::string shown;
+    while (!hasInOrder(shown, text, prompt) && readMore(shown)) {
+    }
+    EXPECT_TRUE(hasInOrder(shown, text, prompt))
+        << "typed " << ::testing::PrintToString(keys) << " and waited for " << text << ", saw "
+        << ::testing::PrintToString(shown);
+  }
+
+  /// Types the keys and waits for the program to end; its exit status.
+  int typeAndLeave(const std::string& keys)
+  {
+    type(keys);
+    std::string shown;
+    while (readMore(shown)) {
+    }
+    if (!m_hasEnded)
+      kill(m_child, SIGKILL);
+    int status = 0;
+    waitpid(m_child, &status, 0);
+    m_child = -1;
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  }
+
+private:
+  static bool hasInOrder(const std::string& shown, const std::string& one, const std::string& other)
+  {
+    const auto found = shown.find(one);
+    return found != std::string::npos && shown.find(other, found + one.size()) != std::string::npos;
+  }
+
+  void type(const std::string& keys)
+  {
+    ASSERT_EQ(write(m_terminal, keys.data(), keys.size()), static_cast<ssize_t>(keys.size()));
+  }
+
+  /// False when the program has ended, or shows nothing for long.
+  bool readMore(std::string& shown)
+  {
+    constexpr int patience = 20000; // milliseconds
+    pollfd watched = {m_terminal, POLLIN, 0};
+    if (poll(&watched, 1, patience) != 1)
+      return false;
+    char buffer[4096];
+    const auto count = read(m_terminal, buffer, sizeof buffer);
+    if (count > 0)
+      shown.append(buffer, static_cast<std::size_t>(count));
+    m_hasEnded = count <= 0;
+    return !m_hasEnded;
+  }
+
+  int m_terminal = -1;
+  pid_t m_child = -1;
+  bool m_hasEnded = false;
+};
+
+class Person : public ::testing::Test {
+protected:
+  Person() { m_terminal.typeAndExpect("", "> "); }
+
+  TemporaryFolder m_folder;
+  Terminal m_terminal{m_folder
+                          .write("points.csv",
+                                 "collection,x,y,z\nParis,1,2,3\nPrague,1,2,3\n"
+                                 "New York,4,5,6\nZürich,7,8,9\n")
+                          .string()};
+};
+
+TEST_F(Person, IsToldHowToGetHelp)
+{
+  m_terminal.typeAndExpect("help\r", "leave the program");
+}
+
+TEST_F(Person, CompletesVerbsAndNames)
+{
+  m_terminal.typeAndExpect(std::string("cr") + tab + "G Pari" + tab + "New" + tab + "Z" + tab +
+                               "\r",
+                           "Created G with 3 elements.");
+  m_terminal.typeAndExpect("show\r", "Prague");
+}
+
+TEST_F(Person, SeesTheWaysToCompleteAWord)
+{
+  m_terminal.typeAndExpect(std::string("create G P") + tab, "Paris   Prague");
+  m_terminal.typeAndExpect("\r", "there is no element named P");
+}
+
+TEST_F(Person, GoesOnAfterAMistake)
+{
+  m_terminal.typeAndExpect("create G Pari\r", "did you mean Paris?");
+  m_terminal.typeAndExpect("create G Paris\r", "Created G with 1 element.");
+  m_terminal.typeAndExpect("undo\r", "Undone: Create Group");
+  EXPECT_EQ(m_terminal.typeAndLeave("quit\r"), 0);
+}
+
+TEST_F(Person, RecallsEarlierLines)
+{
+  m_terminal.typeAndExpect("create G\r", "Created G with 0 elements.");
+  m_terminal.typeAndExpect("create H\r", "Created H with 0 elements.");
+  m_terminal.typeAndExpect(std::string(up) + up + "\r", "Created \"G 2\" with 0 elements");
+}
+
+TEST_F(Person, TypesNamesOfAnyLanguage)
+{
+  m_terminal.typeAndExpect("create Größe Zürich\r", "Created Größe with 1 element.");
+  m_terminal.typeAndExpect("show Größe\r", "└─ Zürich");
+}
+
+TEST_F(Person, DropsALineWithControlC)
+{
+  m_terminal.typeAndExpect("create H", "create H");
+  m_terminal.typeAndExpect(std::string(controlC) + "create G\r", "Created G with 0 elements.");
+}
+
+TEST_F(Person, LeavesWithControlD)
+{
+  m_terminal.typeAndExpect("create G\r", "Created G with 0 elements.");
+  EXPECT_EQ(m_terminal.typeAndLeave(controlD), 0);
+}
+
+}
+}

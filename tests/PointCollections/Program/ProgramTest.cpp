@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Support/Programs.h"
+
+#include <gmock/gmock.h>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+class Program : public ::testing::Test {
+protected:
+  Outcome run(const std::vector<std::string>& arguments, const std::string& input = {})
+  {
+    return runProgram(m_folder, arguments, input);
+  }
+
+  TemporaryFolder m_folder;
+  std::string m_points =
+      m_folder.write("points.csv", "collection,x,y,z\na,1,2,3\n\"b c\",4,5,6\n").string();
+};
+
+TEST_F(Program, RunsCommandsFromStandardInput)
+{
+  const auto outcome = run({m_points}, "create G a\nshow\n");
+
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.errors, "");
+  EXPECT_EQ(outcome.output, "Opened points.csv: 2 elements with 2 points.\n"
+                            "\n"
+                            "> create G a\n"
+                            "Created G with 1 element.\n"
+                            "\n"
+                            "> show\n"
+                            "points.csv: 2 elements in 1 group\n"
+                            "├─ G (1)\n"
+                            "│  └─ a\n"
+                            "└─ in no group (1)\n"
+                            "   └─ b c\n");
+}
+
+TEST_F(Program, RunsCommandsFromArgumentsAndIgnoresStandardInput)
+{
+  const auto outcome = run({m_points, "--quiet", "--command", "create \"G $HOME\" \"b c\"",
+                            "--command", "show \"G $HOME\""},
+                           "nonsense\n");
+
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.output, "Created \"G $HOME\" with 1 element.\nG $HOME (1)\n└─ b c\n");
+}
+
+TEST_F(Program, RunsTheScriptBehindTheCommands)
+{
+  const auto script = m_folder.write("test.pcs", "add G a\n").string();
+  const auto outcome = run({"--script", script, "--command", "create G", "--quiet", m_points});
+
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.output, "Created G with 0 elements.\nAdded 1 element to G.\n");
+}
+
+TEST_F(Program, DoesNotRunTheScriptBehindAMistake)
+{
+  const auto script = m_folder.write("test.pcs", "create G\n").string();
+  const auto outcome = run({m_points, "--quiet", "--script", script, "--command", "crate"});
+
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.output, "");
+  EXPECT_EQ(outcome.errors, "--command:1: crate is not a verb; did you mean create?\n");
+}
+
+TEST_F(Program, StopsAScriptAtAMistake)
+{
+  const auto script = m_folder.write("test.pcs", "create G a\nadd G d\ncreate H\n").string();
+  const auto outcome = run({m_points, "--quiet", "--script", script});
+
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.output, "Created G with 1 element.\n");
+  EXPECT_EQ(outcome.errors, script + ":2: there is no element named d; show --all lists them\n");
+}
+
+TEST_F(Program, TellsTheLineOfAMistakeInStandardInput)
+{
+  const auto outcome = run({m_points, "--quiet"}, "\n# a comment\nadd \"G\n");
+
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.errors,
+            "<stdin>:3: column 5: this quote is never closed; add a \" behind the name\n");
+}
+
+TEST_F(Program, DoesNothingWithoutCommands)
+{
+  EXPECT_EQ(run({m_points, "--quiet"}).status, 0);
+  EXPECT_EQ(run({m_points, "--quiet"}).output, "");
+}
+
+TEST_F(Program, SurvivesAnyBytes)
+{
+  EXPECT_EQ(run({m_points}, std::string("show\0\n", 6)).status, 1);
+  EXPECT_EQ(run({m_points}, "\xFF\xFE\n").status, 1);
+  EXPECT_EQ(run({m_points}, std::string(3000000, 'x')).status, 1);
+  EXPECT_EQ(run({m_points}, std::string(500000, '"') + "\n").status, 1);
+  EXPECT_EQ(run({m_points}, "undo 99999999999999999999\n").status, 1);
+}
+
+TEST_F(Program, RefusesAFileOfPointsThatIsNoGood)
+{
+  const auto bad = m_folder.write("bad.csv", "collection,x,y,z\na,1,2,3\nb,1,two,3\n").string();
+  const auto outcome = run({bad}, "show\n");
+
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.output, "");
+  EXPECT_EQ(outcome.errors, "point-collections: " + bad +
+                                ":3: y is \"two\", which is not a number; expected e.g. 12.5\n");
+}
+
+TEST_F(Program, RefusesFilesThatCannotBeRead)
+{
+  const auto folder = m_folder.path().string();
+  EXPECT_EQ(run({folder + "/none.csv"}).status, 2);
+  EXPECT_EQ(run({folder}).status, 2);
+  EXPECT_EQ(run({m_points, "--script", folder + "/none.pcs"}).status, 2);
+
+  const auto outcome = run({m_points, "--script", folder});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.output, "");
+  EXPECT_EQ(outcome.errors,
+            "point-collections: " + folder + ": this is a directory; expected a file\n");
+}
+
+TEST_F(Program, RefusesArgumentsItDoesNotHave)
+{
+  EXPECT_EQ(run({}).status, 2);
+  EXPECT_EQ(run({m_points, "--nonsense"}).status, 2);
+  EXPECT_EQ(run({m_points, "more"}).status, 2);
+  EXPECT_EQ(run({m_points, "--script"}).status, 2);
+  EXPECT_THAT(run({m_points, "--nonsense"}).errors, HasSubstr("--nonsense"));
+}
+
+TEST_F(Program, ExplainsItself)
+{
+  const auto help = run({"--help"});
+  EXPECT_EQ(help.status, 0);
+  EXPECT_THAT(help.output, HasSubstr("Usage: point-collections [OPTIONS] FILE"));
+  EXPECT_THAT(help.output, HasSubstr("Exit status"));
+
+  const auto version = run({"--version"});
+  EXPECT_EQ(version.status, 0);
+  EXPECT_THAT(version.output, StartsWith("point-collections "));
+}
+
+TEST_F(Program, UsesNoColorsInAFile)
+{
+  const auto outcome = run({m_points}, "create G a\nshow\nhistory\nnonsense\n");
+
+  EXPECT_EQ((outcome.output + outcome.errors).find('\x1B'), std::string::npos);
+}
+
+}
+}

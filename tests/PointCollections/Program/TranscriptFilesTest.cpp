@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Support/Programs.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+/// Runs every NAME.pcs in the folder of transcripts on points.csv there. NAME.out is what the
+/// program prints; NAME.err, where there is one, what it complains about when it stops.
+namespace Tarvik::PointCollections {
+namespace {
+
+std::vector<std::string> scriptNames()
+{
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::directory_iterator(transcripts())) {
+    if (entry.path().extension() == ".pcs")
+      names.push_back(entry.path().stem().string());
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+/// The errors without the folder in front of the script's name.
+std::string withoutFolder(std::string errors)
+{
+  const auto folder = transcripts().string() + '/';
+  const auto found = errors.find(folder);
+  return found == std::string::npos ? errors : errors.erase(found, folder.size());
+}
+
+/// Test names are letters and digits only.
+std::string asTestName(std::string name)
+{
+  std::replace(name.begin(), name.end(), '-', '_');
+  return name;
+}
+
+class ScriptInFolder : public ::testing::TestWithParam<std::string> {};
+
+TEST_P(ScriptInFolder, PrintsWhatStandsBesideIt)
+{
+  const auto expectedErrors = transcripts() / (GetParam() + ".err");
+  const TemporaryFolder folder;
+
+  const auto outcome = runProgram(folder, {transcripts().string() + "/points.csv", "--script",
+                                           transcripts().string() + '/' + GetParam() + ".pcs"});
+
+  EXPECT_EQ(outcome.output, contentOf(transcripts() / (GetParam() + ".out")));
+  EXPECT_EQ(withoutFolder(outcome.errors), contentOf(expectedErrors));
+  EXPECT_EQ(outcome.status, std::filesystem::exists(expectedErrors) ? 1 : 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Transcripts,
+                         ScriptInFolder,
+                         ::testing::ValuesIn(scriptNames()),
+                         [](const auto& test) { return asTestName(test.param); });
+
+}
+}

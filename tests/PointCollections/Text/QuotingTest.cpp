@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Text/Quoting.h"
+
+#include "PointCollections/Text/Words.h"
+
+#include <gmock/gmock.h>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+using ::testing::ElementsAre;
+
+TEST(Quoting, LeavesSimpleNamesPlain)
+{
+  for (const std::string name : {"Paris", "Port-au-Prince", "Größe", "a#b", "a@b", "-1", "a,b"})
+    EXPECT_EQ(asTyped(name), name);
+}
+
+TEST(Quoting, PutsOtherNamesInQuotes)
+{
+  EXPECT_EQ(asTyped("New York"), "\"New York\"");
+  EXPECT_EQ(asTyped(""), "\"\"");
+  EXPECT_EQ(asTyped("a\"b"), R"("a\"b")");
+  EXPECT_EQ(asTyped("a\\b"), R"("a\\b")");
+  EXPECT_EQ(asTyped("#1"), "\"#1\"");
+  EXPECT_EQ(asTyped("@1"), "\"@1\"");
+  EXPECT_EQ(asTyped("--at"), "\"--at\"");
+}
+
+TEST(Quoting, EscapesWhatATerminalWouldObey)
+{
+  EXPECT_EQ(asTyped("a\nb\r\tc\x1B[2J"), R"("a\nb\r\tc\x1B[2J")");
+  EXPECT_EQ(printable("a\nb\x7F"), "a\\nb\\x7F");
+  EXPECT_EQ(printable("\xC2\x9B"), "\\xC2\\x9B");
+  EXPECT_EQ(printable("\xC2\xA0"), "\xC2\xA0");
+}
+
+TEST(Quoting, EscapesBytesThatAreNotUtf8)
+{
+  EXPECT_EQ(printable("a\xFF\xC3(é"), "a\\xFF\\xC3(é");
+}
+
+TEST(Quoting, LeavesBackslashesAndQuotesInPrintableText)
+{
+  EXPECT_EQ(printable(R"(a\b "c")"), R"(a\b "c")");
+}
+
+TEST(Quoting, CanBeTypedBack)
+{
+  for (const std::string name : {"", "a", "New York", "a\"b", "\\", "\\\"", "a\nb\rc\td", "\x1B",
+                                 "\x7F", "\xC2\x9B", "é ü", "#x", "@2", "--at", " a "})
+    EXPECT_THAT(splitWords(asTyped(name) + ' ' + inQuotes(name)),
+                ElementsAre(Word{name, asTyped(name) != name}, Word{name, true}))
+        << name;
+}
+
+TEST(Quoting, ShortensLongNamesInMessages)
+{
+  const std::string name(60, 'x');
+
+  EXPECT_EQ(mentioned(name), name);
+  EXPECT_EQ(mentioned(name + 'x'), name + "…");
+  EXPECT_EQ(abbreviated("äöü", 2), "äö…");
+  EXPECT_EQ(abbreviated("äöü", 3), "äöü");
+}
+
+TEST(Quoting, CountsInWords)
+{
+  EXPECT_EQ(counted(0, "element"), "0 elements");
+  EXPECT_EQ(counted(1, "element"), "1 element");
+  EXPECT_EQ(counted(2, "element"), "2 elements");
+}
+
+}
+}
