@@ -44,4 +44,43 @@ void removeFromFirstHolder(std::vector<TKGroup<T>>& groups, const T& element)
   }
 }
 
+/// The elements without repetitions, in the order of their first occurrence.
+template <class T>
+std::vector<T> distinct(const std::vector<T>& elements)
+{
+  std::vector<T> result;
+  for (const T& element : elements) {
+    if (std::find(result.begin(), result.end(), element) == result.end())
+      result.push_back(element);
+  }
+  return result;
+}
+
+/// An insert index that means the end of a group.
+constexpr int endOfGroup = -1;
+
+/// A place to insert elements at.
+struct Place {
+  Identifier groupId; ///< invalid when there is no such place
+  int index;          ///< counted from 0, or endOfGroup
+};
+
+/// The place in front of or behind an element, in the first group that holds it.
+template <class T>
+Place placeBeside(const std::vector<TKGroup<T>>& groups, const T& element, bool before)
+{
+  if (element.isValid()) {
+    for (const auto& group : groups) {
+      const auto& members = group.getGroupMembers();
+      const auto found = std::find(members.begin(), members.end(), element);
+      if (found == members.end())
+        continue;
+      const auto next = before ? found : found + 1;
+      const bool isEnd = next == members.end();
+      return {group.getId(), isEnd ? endOfGroup : static_cast<int>(next - members.begin())};
+    }
+  }
+  return {Identifier::getInvalidId(), endOfGroup};
+}
+
 }

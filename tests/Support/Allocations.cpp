@@ -1,80 +1,129 @@
 // SPDX-License-Identifier: MIT
 #include "Support/Allocations.h"
 
-#include <cstdint>
+#include <algorithm>
 #include <cstdlib>
-#include <limits>
 #include <new>
 
-namespace Tarvik::Allocations {
-
+namespace Tarvik {
 namespace {
 
-constexpr std::size_t never = std::numeric_limits<std::size_t>::max();
+struct Watched {
+  bool active = false;
+  std::size_t failing = AllocationWatch::none;
+  std::size_t count = 0;
+  std::size_t largest = 0;
+  std::size_t released = 0;
+};
 
-thread_local Counts current{};
-thread_local std::size_t successesLeft = never;
-thread_local bool failed = false;
+constinit thread_local Watched watched{};
 
-void* allocate(std::size_t size)
+/// Null when the allocation fails.
+void* allocate(std::size_t size) noexcept
 {
-  if (successesLeft == 0) {
-    successesLeft = never;
-    failed = true;
-    throw std::bad_alloc();
+  if (watched.active) {
+    watched.largest = std::max(watched.largest, size);
+    if (watched.count++ == watched.failing)
+      return nullptr;
   }
-  if (successesLeft != never)
-    --successesLeft;
-  if (void* const memory = std::malloc(size)) { // NOLINT: this is operator new
-    ++current.taken;
-    return memory;
-  }
-  throw std::bad_alloc();
+  return std::malloc(std::max<std::size_t>(size, 1));
 }
 
 void release(void* memory) noexcept
 {
   if (memory != nullptr)
-    ++current.released;
-  std::free(memory); // NOLINT: this is operator delete
+    ++watched.released;
+  std::free(memory);
 }
 
-}
-
-Counts counts()
+void* allocateOrThrow(std::size_t size)
 {
-  return current;
+  void* const memory = allocate(size);
+  if (memory == nullptr)
+    throw std::bad_alloc();
+  return memory;
 }
 
-FailAfter::FailAfter(std::size_t successes)
-{
-  failed = false;
-  successesLeft = successes;
 }
 
-FailAfter::~FailAfter()
+AllocationWatch::AllocationWatch(std::size_t failing)
 {
-  successesLeft = never;
+  watched = {.active = true, .failing = failing};
 }
 
-bool FailAfter::hasFailed()
+AllocationWatch::~AllocationWatch()
 {
-  return failed;
+  watched.active = false;
+}
+
+std::size_t AllocationWatch::count()
+{
+  return watched.count;
+}
+
+std::size_t AllocationWatch::largest()
+{
+  return watched.largest;
+}
+
+std::size_t AllocationWatch::released()
+{
+  return watched.released;
+}
+
+bool AllocationWatch::hasFailed()
+{
+  return watched.count > watched.failing;
 }
 
 }
 
 void* operator new(std::size_t size)
 {
-  return Tarvik::Allocations::allocate(size != 0 ? size : 1);
+  return Tarvik::allocateOrThrow(size);
+}
+
+void* operator new[](std::size_t size)
+{
+  return Tarvik::allocateOrThrow(size);
+}
+
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept
+{
+  return Tarvik::allocate(size);
+}
+
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept
+{
+  return Tarvik::allocate(size);
 }
 
 void operator delete(void* memory) noexcept
 {
-  Tarvik::Allocations::release(memory);
+  Tarvik::release(memory);
+}
+
+void operator delete[](void* memory) noexcept
+{
+  Tarvik::release(memory);
 }
 
 void operator delete(void* memory, std::size_t) noexcept
 {
-  Tarvik::Allocations::release(memory);
+  Tarvik::release(memory);
+}
+
+void operator delete[](void* memory, std::size_t) noexcept
+{
+  Tarvik::release(memory);
+}
+
+void operator delete(void* memory, const std::nothrow_t&) noexcept
+{
+  Tarvik::release(memory);
+}
+
+void operator delete[](void* memory, const std::nothrow_t&) noexcept
+{
+  Tarvik::release(memory);
 }

@@ -2,29 +2,35 @@
 #pragma once
 
 #include <cstddef>
+#include <limits>
 
-/// Watches and fails the allocations of the test program and of the libraries it runs. One thread.
-namespace Tarvik::Allocations {
+namespace Tarvik {
 
-/// How often memory was asked for and given back since the program started.
-struct Counts {
-  std::size_t taken;
-  std::size_t released;
-};
-
-Counts counts();
-
-/// Lets `successes` more allocations succeed and fails the one after them with std::bad_alloc;
-/// later ones succeed again. Ends with the scope.
-class FailAfter {
+/// Counts what the calling thread takes with `operator new` and gives back while it lives, and can
+/// let one of these allocations fail. One at a time in each thread.
+///
+/// A test program's `operator new` reaches into the libraries on ELF only.
+class AllocationWatch {
 public:
-  explicit FailAfter(std::size_t successes);
-  FailAfter(const FailAfter&) = delete;
-  FailAfter& operator=(const FailAfter&) = delete;
-  ~FailAfter();
+  static constexpr std::size_t none = std::numeric_limits<std::size_t>::max();
+
+  /// @param failing  which allocation throws std::bad_alloc, counted from 0
+  explicit AllocationWatch(std::size_t failing = none);
+  AllocationWatch(const AllocationWatch&) = delete;
+  AllocationWatch& operator=(const AllocationWatch&) = delete;
+  ~AllocationWatch();
+
+  /// How many allocations were asked for, the failed one included.
+  static std::size_t count();
+
+  /// How many allocations were given back, those from before included.
+  static std::size_t released();
 
   /// Whether the failing allocation has come.
   static bool hasFailed();
+
+  /// The most bytes that were asked for at once.
+  static std::size_t largest();
 };
 
 }

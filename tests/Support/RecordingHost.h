@@ -5,6 +5,7 @@
 #include "Support/Groups.h"
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -40,16 +41,24 @@ public:
   }
 
   std::shared_ptr<CommandBase>
-  createMoveCommand(const T&, const std::vector<T>&, bool insertBefore) override
+  createMoveCommand(const T& target, const std::vector<T>& elements, bool insertBefore) override
   {
     note(insertBefore ? "createMoveCommand before" : "createMoveCommand behind");
-    return nullptr;
+    return m_makeMoveCommand ? m_makeMoveCommand(target, elements) : nullptr;
   }
 
-  std::vector<std::pair<T, std::string>> getGroupMemberNames(const Identifier&) override
+  std::vector<std::pair<T, std::string>> getGroupMemberNames(const Identifier& groupId) override
   {
     note("getGroupMemberNames");
-    return {};
+    if (m_listMembers)
+      return m_listMembers(groupId);
+    std::vector<std::pair<T, std::string>> names;
+    for (const auto& each : m_groups) {
+      if (each.getId() == groupId)
+        for (const T& member : each.getGroupMembers())
+          names.emplace_back(member, nameOf(member));
+    }
+    return names;
   }
 
   void renameGroup(const Identifier& groupId, const std::string& name) override
@@ -61,10 +70,10 @@ public:
     }
   }
 
-  std::string getElementName(const T&) override
+  std::string getElementName(const T& element) override
   {
     note("getElementName");
-    return {};
+    return nameOf(element);
   }
 
   /// What a user sees of the groups.
@@ -78,6 +87,23 @@ public:
     const auto found = std::find_if(m_groups.begin(), m_groups.end(),
                                     [&name](const auto& each) { return each.getName() == name; });
     return found != m_groups.end() ? found->getId() : Identifier::getInvalidId();
+  }
+
+  using NamedElements = std::vector<std::pair<T, std::string>>;
+
+  void nameElements(NamedElements names) { m_names = std::move(names); }
+
+  /// From now on getGroupMemberNames() answers with what the function answers.
+  void listMembersBy(std::function<NamedElements(const Identifier&)> function)
+  {
+    m_listMembers = std::move(function);
+  }
+
+  /// From now on createMoveCommand() answers with what the function answers.
+  void makeMoveCommandBy(
+      std::function<std::shared_ptr<CommandBase>(const T&, const std::vector<T>&)> function)
+  {
+    m_makeMoveCommand = std::move(function);
   }
 
   /// Changes the groups behind the commands' back.
@@ -99,6 +125,13 @@ public:
   std::vector<std::string> takeCalls() { return std::exchange(m_calls, {}); }
 
 private:
+  std::string nameOf(const T& element) const
+  {
+    const auto found = std::find_if(m_names.begin(), m_names.end(),
+                                    [&](const auto& named) { return named.first == element; });
+    return found != m_names.end() ? found->second : std::string();
+  }
+
   void note(const std::string& call)
   {
     m_calls.push_back(call);
@@ -109,6 +142,9 @@ private:
   std::vector<TKGroup<T>> m_groups;
   std::vector<TKGroup<T>>* m_handedOut = nullptr;
   const std::vector<TKGroup<T>>* m_received = nullptr;
+  NamedElements m_names;
+  std::function<NamedElements(const Identifier&)> m_listMembers;
+  std::function<std::shared_ptr<CommandBase>(const T&, const std::vector<T>&)> m_makeMoveCommand;
   std::vector<std::string> m_calls;
   std::string m_failing;
 };

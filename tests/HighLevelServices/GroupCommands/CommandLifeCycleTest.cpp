@@ -26,6 +26,16 @@ protected:
 };
 TYPED_TEST_SUITE(EveryCommand, CommandCases, CaseName);
 
+/// What those promise that keep the list before and the list after.
+template <class Case>
+class SnapshotCommand : public EveryCommand<Case> {};
+TYPED_TEST_SUITE(SnapshotCommand, SnapshotCommandCases, CaseName);
+
+/// What those promise that can be moved, which are all but one.
+template <class Case>
+class MovableCommand : public EveryCommand<Case> {};
+TYPED_TEST_SUITE(MovableCommand, MovableCommandCases, CaseName);
+
 TYPED_TEST(EveryCommand, IsDescribedInEnglishWithoutATranslation)
 {
   const auto command = TypeParam::make(this->host);
@@ -40,7 +50,7 @@ TYPED_TEST(EveryCommand, ChangesTheHostsGroupsWhenExecuted)
 
   command.execute();
 
-  EXPECT_EQ(this->host->takeCalls(), (Calls{"getGroups", "setGroups"}));
+  EXPECT_EQ(this->host->takeCalls(), TypeParam::onExecute());
   EXPECT_FALSE(identical(this->host->copyOfGroups(), this->before));
 }
 
@@ -58,7 +68,7 @@ TYPED_TEST(EveryCommand, RestoresExactlyWhatWasThereWheneverItIsUndone)
   EXPECT_TRUE(identical(this->host->copyOfGroups(), this->before));
 }
 
-TYPED_TEST(EveryCommand, OverwritesWhatTheHostChangedInBetween)
+TYPED_TEST(SnapshotCommand, OverwritesWhatTheHostChangedInBetween)
 {
   auto command = TypeParam::make(this->host);
   command.execute();
@@ -80,30 +90,30 @@ TYPED_TEST(EveryCommand, NeverReadsTheHostOnUndoAndRedo)
   this->host->takeCalls();
 
   command.undo();
+  EXPECT_EQ(this->host->takeCalls(), TypeParam::onUndo());
   command.redo();
-
-  EXPECT_EQ(this->host->takeCalls(), (Calls{"setGroups", "setGroups"}));
+  EXPECT_EQ(this->host->takeCalls(), TypeParam::onRedo());
 }
 
-TYPED_TEST(EveryCommand, ReachesAnOverriddenRedoWhenExecuted)
+TYPED_TEST(SnapshotCommand, ReachesAnOverriddenRedoWhenExecuted)
 {
   class WithOwnRedo : public TypeParam::Command {
   public:
-    explicit WithOwnRedo(typename TypeParam::Command&& command)
-        : TypeParam::Command(std::move(command))
-    {}
+    using TypeParam::Command::Command;
     void redo() override { ++redone; }
     int redone = 0;
   };
-  WithOwnRedo command(TypeParam::make(this->host));
+  auto command = TypeParam::template make<WithOwnRedo>(this->host);
+  auto callsWithoutRedo = TypeParam::onExecute();
+  callsWithoutRedo.pop_back();
 
   command.execute();
 
   EXPECT_EQ(command.redone, 1);
-  EXPECT_EQ(this->host->takeCalls(), Calls{"getGroups"});
+  EXPECT_EQ(this->host->takeCalls(), callsWithoutRedo);
 }
 
-TYPED_TEST(EveryCommand, TakesNewSnapshotsWhenItIsExecutedAgain)
+TYPED_TEST(SnapshotCommand, TakesNewSnapshotsWhenItIsExecutedAgain)
 {
   auto command = TypeParam::make(this->host);
   command.execute();
@@ -117,7 +127,7 @@ TYPED_TEST(EveryCommand, TakesNewSnapshotsWhenItIsExecutedAgain)
   EXPECT_TRUE(identical(this->host->copyOfGroups(), changed));
 }
 
-TYPED_TEST(EveryCommand, StartsFromItsOwnBeforeListWhenTheHostHandsThatOut)
+TYPED_TEST(SnapshotCommand, StartsFromItsOwnBeforeListWhenTheHostHandsThatOut)
 {
   auto command = TypeParam::make(this->host);
   command.execute();
@@ -139,7 +149,7 @@ TYPED_TEST(EveryCommand, SharesTheHostForAsLongAsItLives)
     EXPECT_EQ(this->host.use_count(), 2);
     command.execute();
     command.undo();
-    EXPECT_EQ(this->host.use_count(), 2);
+    EXPECT_GE(this->host.use_count(), 2);
   }
   EXPECT_EQ(this->host.use_count(), 1);
 }
@@ -147,7 +157,8 @@ TYPED_TEST(EveryCommand, SharesTheHostForAsLongAsItLives)
 TYPED_TEST(EveryCommand, KeepsTheHostAliveAlone)
 {
   const std::weak_ptr<RecordingHost<typename TypeParam::Element>> watched = this->host;
-  std::optional<typename TypeParam::Command> command(TypeParam::make(this->host));
+  std::unique_ptr<CommandBase> command(
+      new auto(TypeParam::make(this->host))); // not std::make_unique: one command has no move
   this->host.reset();
 
   command->execute();
@@ -158,7 +169,7 @@ TYPED_TEST(EveryCommand, KeepsTheHostAliveAlone)
   EXPECT_TRUE(watched.expired());
 }
 
-TYPED_TEST(EveryCommand, GoesOnWhereItWasMovedTo)
+TYPED_TEST(MovableCommand, GoesOnWhereItWasMovedTo)
 {
   auto source = TypeParam::make(this->host);
   source.execute();
@@ -173,7 +184,7 @@ TYPED_TEST(EveryCommand, GoesOnWhereItWasMovedTo)
   EXPECT_TRUE(identical(this->host->copyOfGroups(), after));
 }
 
-TYPED_TEST(EveryCommand, KeepsItsArgumentsWhenItIsMovedBeforeItIsExecuted)
+TYPED_TEST(MovableCommand, KeepsItsArgumentsWhenItIsMovedBeforeItIsExecuted)
 {
   TypeParam::make(this->host).execute();
   const auto expected = this->host->groups();
@@ -187,7 +198,7 @@ TYPED_TEST(EveryCommand, KeepsItsArgumentsWhenItIsMovedBeforeItIsExecuted)
   EXPECT_EQ(this->host->groups(), expected);
 }
 
-TYPED_TEST(EveryCommand, GoesOnWhereItWasAssignedTo)
+TYPED_TEST(MovableCommand, GoesOnWhereItWasAssignedTo)
 {
   const auto otherHost = hostForCommands<typename TypeParam::Element>();
   auto source = TypeParam::make(this->host);
@@ -206,35 +217,36 @@ TYPED_TEST(EveryCommand, GoesOnWhereItWasAssignedTo)
   EXPECT_TRUE(identical(this->host->copyOfGroups(), after));
 }
 
-TYPED_TEST(EveryCommand, LeavesNothingInWhatItWasMovedFrom)
+TYPED_TEST(MovableCommand, LeavesNothingInWhatItWasMovedFrom)
 {
   auto source = std::make_optional(TypeParam::make(this->host));
   source->execute();
+  const auto shares = this->host.use_count();
   const auto moved = std::move(*source);
-  EXPECT_EQ(this->host.use_count(), 2) << "only the new command shares the host";
+  EXPECT_EQ(this->host.use_count(), shares) << "the share of the host has moved";
 
-  const auto counted = Allocations::counts();
+  const AllocationWatch watch;
   source.reset();
 
-  EXPECT_EQ(Allocations::counts().released, counted.released) << "no list was left to release";
+  EXPECT_EQ(watch.released(), 0U) << "no list was left to release";
 }
 
-TYPED_TEST(EveryCommand, LeavesNothingInWhatItWasAssignedFrom)
+TYPED_TEST(MovableCommand, LeavesNothingInWhatItWasAssignedFrom)
 {
   auto source = std::make_optional(TypeParam::make(this->host));
   source->execute();
+  const auto shares = this->host.use_count();
   auto target = TypeParam::make(hostForCommands<typename TypeParam::Element>());
   target = std::move(*source);
-  EXPECT_EQ(this->host.use_count(), 2) << "only the new command shares the host";
+  EXPECT_EQ(this->host.use_count(), shares) << "the share of the host has moved";
 
-  const auto counted = Allocations::counts();
+  const AllocationWatch watch;
   source.reset();
 
-  EXPECT_EQ(Allocations::counts().released, counted.released + TypeParam::textsLeftBehind)
-      << "no list was left to release";
+  EXPECT_EQ(watch.released(), TypeParam::textsLeftBehind) << "no list was left to release";
 }
 
-TYPED_TEST(EveryCommand, StaysWhatItIsWhenAssignedToItself)
+TYPED_TEST(MovableCommand, StaysWhatItIsWhenAssignedToItself)
 {
   auto command = TypeParam::make(this->host);
   command.execute();
@@ -256,13 +268,13 @@ TYPED_TEST(EveryCommand, StaysWhatItIsWhenAssignedToItself)
 
 TYPED_TEST(EveryCommand, LeavesTheHostsGroupsAloneWhenTheHostFails)
 {
-  for (const char* const operation : {"getGroups", "setGroups"}) {
+  for (const auto& call : TypeParam::onExecute()) {
     auto command = TypeParam::make(this->host);
-    this->host->failIn(operation);
+    this->host->failIn(call);
 
-    EXPECT_THROW(command.execute(), std::runtime_error) << operation;
+    EXPECT_THROW(command.execute(), std::runtime_error) << call;
 
-    EXPECT_TRUE(identical(this->host->copyOfGroups(), this->before)) << operation;
+    EXPECT_TRUE(identical(this->host->copyOfGroups(), this->before)) << call;
   }
 }
 
@@ -273,9 +285,9 @@ TYPED_TEST(EveryCommand, LeavesTheHostsGroupsAloneWhicheverAllocationFails)
     ASSERT_LT(successes, 10'000U);
     auto command = TypeParam::make(this->host);
     try {
-      const Allocations::FailAfter failing(successes);
+      const AllocationWatch watch(successes);
       command.execute();
-      succeeded = !failing.hasFailed();
+      succeeded = !watch.hasFailed();
     } catch (const std::bad_alloc&) {
       EXPECT_TRUE(identical(this->host->copyOfGroups(), this->before)) << successes;
     }
@@ -289,25 +301,31 @@ TYPED_TEST(EveryCommand, ReleasesTheHostWhicheverAllocationFailsInItsConstructor
   for (std::size_t successes = 0; !succeeded; ++successes) {
     ASSERT_LT(successes, 1'000U);
     try {
-      const Allocations::FailAfter failing(successes);
+      const AllocationWatch watch(successes);
       const auto command = TypeParam::make(this->host);
-      succeeded = !failing.hasFailed();
+      succeeded = !watch.hasFailed();
     } catch (const std::bad_alloc&) {
       EXPECT_EQ(this->host.use_count(), 1) << successes;
     }
   }
 }
 
-TYPED_TEST(EveryCommand, CanBeMovedWithoutFailingAndNeverCopied)
+TYPED_TEST(EveryCommand, IsNeverCopied)
+{
+  using Command = typename TypeParam::Command;
+
+  static_assert(!std::is_copy_constructible_v<Command>);
+  static_assert(!std::is_copy_assignable_v<Command>);
+  static_assert(std::has_virtual_destructor_v<Command>);
+  static_assert(std::is_base_of_v<CommandBase, Command>);
+}
+
+TYPED_TEST(MovableCommand, IsMovedWithoutFailing)
 {
   using Command = typename TypeParam::Command;
 
   static_assert(std::is_nothrow_move_constructible_v<Command>);
   static_assert(std::is_nothrow_move_assignable_v<Command>);
-  static_assert(!std::is_copy_constructible_v<Command>);
-  static_assert(!std::is_copy_assignable_v<Command>);
-  static_assert(std::has_virtual_destructor_v<Command>);
-  static_assert(std::is_base_of_v<CommandBase, Command>);
 }
 
 TYPED_TEST(EveryCommand, OverridesOnlyExecuteUndoAndRedo)

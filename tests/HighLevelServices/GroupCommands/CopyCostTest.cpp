@@ -40,16 +40,16 @@ protected:
   /// How many allocations one bare copy of the host's list takes.
   std::size_t bareCopy() const
   {
-    const auto start = Allocations::counts().taken;
+    const AllocationWatch watch;
     const auto copy = host->groups; // NOLINT(performance-unnecessary-copy-initialization)
-    return Allocations::counts().taken - start;
+    return watch.count();
   }
 
   static std::size_t cost(CommandBase& command)
   {
-    const auto start = Allocations::counts().taken;
+    const AllocationWatch watch;
     command.execute();
-    return Allocations::counts().taken - start;
+    return watch.count();
   }
 
   std::shared_ptr<IndifferentHost<T>> host = std::make_shared<IndifferentHost<T>>();
@@ -87,11 +87,11 @@ TYPED_TEST(CopyCost, OfUndoAndRedoIsTheHostsAlone)
   CreateTKGroupCmd<TypeParam> command(this->host, {TypeParam()}, "New");
   command.execute();
 
-  const auto start = Allocations::counts().taken;
+  const AllocationWatch watch;
   command.undo();
   command.redo();
 
-  EXPECT_EQ(Allocations::counts().taken, start);
+  EXPECT_EQ(watch.count(), 0U);
 }
 
 }

@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "CommandPattern/CommandBase.h"
+#include "CommandPattern/MacroCommand.h"
+#include "HighLevelServices/GroupCommands/AddToTKGroupCmd.h"
+#include "HighLevelServices/GroupCommands/GroupLists.h"
+#include "HighLevelServices/GroupCommands/RemoveFromTKGroupCmd.h"
+#include "HighLevelServices/Groups/TKGroup.h"
+#include "HighLevelServices/Groups/TKGroupProviderInterface.h"
+#include "HighLevelServices/HighLevelServicesExport.h"
+#include "Identifier/GUIdentifier.h"
+#include "Identifier/Identifier.h"
+#include "Translator/Translator.h"
+
+#include <list>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace Tarvik {
+
+/// Places elements in front of or behind another one.
+///
+/// When a group holds the target, the elements go into that group. Otherwise they leave their
+/// groups, and the host's own command (`createMoveCommand()`) places them. Elements that are given
+/// twice count once; without elements nothing happens. Call execute() once, then undo() and redo()
+/// in turn.
+template <class T>
+class MoveTKGroupElementsCmd : public CommandBase {
+public:
+  /// @param provider      owner of the groups, shared for the command's life; not null
+  /// @param elements      copied; the order in which they are to stand
+  /// @param target        the element beside which they go; its first place in the first group
+  ///                      that holds it counts. An invalid one counts as held by no group
+  /// @param insertBefore  true: in front of the target; false: behind it
+  MoveTKGroupElementsCmd(std::shared_ptr<TKGroupProviderInterface<T>> provider,
+                         const std::vector<T>& elements,
+                         const T& target,
+                         bool insertBefore);
+
+  /// Leaves the source without provider, elements and sub-commands; it may only be destroyed or
+  /// assigned.
+  MoveTKGroupElementsCmd(MoveTKGroupElementsCmd&& other) noexcept;
+
+  /// As move construction; assigning a command to itself changes nothing.
+  MoveTKGroupElementsCmd& operator=(MoveTKGroupElementsCmd&& other) noexcept;
+
+  ~MoveTKGroupElementsCmd() override;
+
+  void execute() override;
+  void undo() override;
+  void redo() override;
+
+private:
+  void initialize();
+
+  std::shared_ptr<TKGroupProviderInterface<T>> m_provider;
+  T m_target;
+  std::vector<T> m_elements;
+  bool m_insertBefore;
+  std::shared_ptr<MacroCommand> m_macroCommand;
+};
+
+template <class T>
+MoveTKGroupElementsCmd<T>::MoveTKGroupElementsCmd(
+    std::shared_ptr<TKGroupProviderInterface<T>> provider,
+    const std::vector<T>& elements,
+    const T& target,
+    bool insertBefore)
+    : CommandBase(Translator::translate("MoveTKGroupElementsCmd", "Move Elements", nullptr, -1)),
+      m_provider(std::move(provider)),
+      m_target(target),
+      m_elements(elements),
+      m_insertBefore(insertBefore)
+{}
+
+template <class T>
+MoveTKGroupElementsCmd<T>::MoveTKGroupElementsCmd(MoveTKGroupElementsCmd&& other) noexcept =
+    default;
+
+template <class T>
+MoveTKGroupElementsCmd<T>&
+MoveTKGroupElementsCmd<T>::operator=(MoveTKGroupElementsCmd&& other) noexcept
+{
+  if (this != &other) { // a vector that is moved to itself loses its contents
+    CommandBase::operator=(static_cast<CommandBase&&>(other));
+    m_provider = std::move(other.m_provider);
+    m_target = other.m_target;
+    m_elements = std::move(other.m_elements);
+    m_insertBefore = other.m_insertBefore;
+    m_macroCommand = std::move(other.m_macroCommand);
+  }
+  return *this;
+}
+
+template <class T>
+MoveTKGroupElementsCmd<T>::~MoveTKGroupElementsCmd() = default;
+
+template <class T>
+void MoveTKGroupElementsCmd<T>::execute()
+{
+  initialize();
+  if (m_macroCommand)
+    m_macroCommand->execute(); // not redo(): the sub-commands have to take their snapshots
+}
+
+template <class T>
+void MoveTKGroupElementsCmd<T>::undo()
+{
+  if (m_macroCommand)
+    m_macroCommand->undo();
+}
+
+template <class T>
+void MoveTKGroupElementsCmd<T>::redo()
+{
+  if (m_macroCommand)
+    m_macroCommand->redo();
+}
+
+template <class T>
+void MoveTKGroupElementsCmd<T>::initialize()
+{
+  const auto place = GroupLists::placeBeside(m_provider->getGroups(), m_target, m_insertBefore);
+  const auto elements = GroupLists::distinct(m_elements);
+  if (elements.empty())
+    return; // an earlier macro stays
+
+  std::list<std::shared_ptr<CommandBase>> commands;
+  if (place.groupId.isValid()) {
+    const auto add = std::make_shared<AddToTKGroupCmd<T>>(m_provider, elements, place.groupId);
+    if (place.index != GroupLists::endOfGroup)
+      add->setInsertIndex(place.index);
+    commands.push_back(add);
+  } else {
+    commands.push_back(std::make_shared<RemoveFromTKGroupCmd<T>>(m_provider, elements));
+    if (const auto move = m_provider->createMoveCommand(m_target, elements, m_insertBefore))
+      commands.push_back(move);
+  }
+  m_macroCommand = std::make_shared<MacroCommand>(commands);
+}
+
+extern template class TKM_HIGHLEVELSERVICES_DECLARE MoveTKGroupElementsCmd<Identifier>;
+extern template class TKM_HIGHLEVELSERVICES_DECLARE MoveTKGroupElementsCmd<GUIdentifier>;
+
+}

@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "CommandPattern/CommandBase.h"
+#include "HighLevelServices/GroupCommands/GroupLists.h"
+#include "HighLevelServices/Groups/TKGroup.h"
+#include "HighLevelServices/Groups/TKGroupProviderInterface.h"
+#include "HighLevelServices/HighLevelServicesExport.h"
+#include "Identifier/GUIdentifier.h"
+#include "Identifier/Identifier.h"
+#include "Translator/Translator.h"
+
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace Tarvik {
+
+/// Takes elements out of the groups that hold them; emptied groups stay.
+///
+/// An element that two groups hold leaves the first only, unless it is given twice. Elements that
+/// no group holds are skipped. Call execute() once, then undo() and redo() in turn.
+template <class T>
+class RemoveFromTKGroupCmd : public CommandBase {
+public:
+  /// @param provider  owner of the groups, shared for the command's life; not null
+  /// @param elements  copied
+  RemoveFromTKGroupCmd(std::shared_ptr<TKGroupProviderInterface<T>> provider,
+                       const std::vector<T>& elements);
+
+  /// Leaves the source without provider, elements and lists; it may only be destroyed or assigned.
+  RemoveFromTKGroupCmd(RemoveFromTKGroupCmd&& other) noexcept;
+
+  /// As move construction; assigning a command to itself changes nothing.
+  RemoveFromTKGroupCmd& operator=(RemoveFromTKGroupCmd&& other) noexcept;
+
+  ~RemoveFromTKGroupCmd() override;
+
+  void execute() override;
+  void undo() override;
+  void redo() override;
+
+private:
+  void initialize();
+  void removeFromGroups(const T& element);
+
+  std::shared_ptr<TKGroupProviderInterface<T>> m_provider;
+  std::vector<T> m_elements;
+  std::vector<TKGroup<T>> m_groupsAfter;
+  std::vector<TKGroup<T>> m_groupsBefore;
+};
+
+template <class T>
+RemoveFromTKGroupCmd<T>::RemoveFromTKGroupCmd(std::shared_ptr<TKGroupProviderInterface<T>> provider,
+                                              const std::vector<T>& elements)
+    : CommandBase(Translator::translate(
+          "RemoveFromTKGroupCmd", "Remove Point Collection(s) From Group", nullptr, -1)),
+      m_provider(std::move(provider)),
+      m_elements(elements)
+{}
+
+template <class T>
+RemoveFromTKGroupCmd<T>::RemoveFromTKGroupCmd(RemoveFromTKGroupCmd&& other) noexcept = default;
+
+template <class T>
+RemoveFromTKGroupCmd<T>& RemoveFromTKGroupCmd<T>::operator=(RemoveFromTKGroupCmd&& other) noexcept
+{
+  if (this != &other) { // a vector that is moved to itself loses its contents
+    CommandBase::operator=(static_cast<CommandBase&&>(other));
+    m_provider = std::move(other.m_provider);
+    m_elements = std::move(other.m_elements);
+    m_groupsAfter = std::move(other.m_groupsAfter);
+    m_groupsBefore = std::move(other.m_groupsBefore);
+  }
+  return *this;
+}
+
+template <class T>
+RemoveFromTKGroupCmd<T>::~RemoveFromTKGroupCmd() = default;
+
+template <class T>
+void RemoveFromTKGroupCmd<T>::execute()
+{
+  initialize();
+  redo();
+}
+
+template <class T>
+void RemoveFromTKGroupCmd<T>::undo()
+{
+  m_provider->setGroups(m_groupsBefore);
+}
+
+template <class T>
+void RemoveFromTKGroupCmd<T>::redo()
+{
+  m_provider->setGroups(m_groupsAfter);
+}
+
+template <class T>
+void RemoveFromTKGroupCmd<T>::initialize()
+{
+  GroupLists::takeSnapshots(*m_provider, m_groupsBefore, m_groupsAfter);
+  for (const T& element : m_elements)
+    removeFromGroups(element);
+}
+
+template <class T>
+void RemoveFromTKGroupCmd<T>::removeFromGroups(const T& element)
+{
+  GroupLists::removeFromFirstHolder(m_groupsAfter, element);
+}
+
+extern template class TKM_HIGHLEVELSERVICES_DECLARE RemoveFromTKGroupCmd<Identifier>;
+extern template class TKM_HIGHLEVELSERVICES_DECLARE RemoveFromTKGroupCmd<GUIdentifier>;
+
+}

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "CommandPattern/CommandBase.h"
+#include "HighLevelServices/GroupCommands/GroupLists.h"
+#include "HighLevelServices/Groups/TKGroup.h"
+#include "HighLevelServices/Groups/TKGroupProviderInterface.h"
+#include "HighLevelServices/HighLevelServicesExport.h"
+#include "Identifier/GUIdentifier.h"
+#include "Identifier/Identifier.h"
+#include "Translator/Translator.h"
+
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace Tarvik {
+
+/// Deletes groups from the list; their members leave the grouping with them.
+///
+/// Each id deletes the first group that carries it; ids that no group carries are skipped. Call
+/// execute() once, then undo() and redo() in turn. Unlike the other commands it cannot be moved.
+template <class T>
+class RemoveTKGroupsCmd : public CommandBase {
+public:
+  /// @param provider  owner of the groups, shared for the command's life; not null
+  /// @param groupIds  copied; their order does not matter
+  RemoveTKGroupsCmd(std::shared_ptr<TKGroupProviderInterface<T>> provider,
+                    const std::vector<Identifier>& groupIds);
+
+  RemoveTKGroupsCmd(const RemoveTKGroupsCmd&) = delete;
+  RemoveTKGroupsCmd& operator=(const RemoveTKGroupsCmd&) = delete;
+  ~RemoveTKGroupsCmd() override;
+
+  void execute() override;
+  void undo() override;
+  void redo() override;
+
+private:
+  void initialize();
+  void removeGroup(const Identifier& id);
+
+  std::shared_ptr<TKGroupProviderInterface<T>> m_provider;
+  std::vector<Identifier> m_groupIds;
+  std::vector<TKGroup<T>> m_groupsAfter;
+  std::vector<TKGroup<T>> m_groupsBefore;
+};
+
+template <class T>
+RemoveTKGroupsCmd<T>::RemoveTKGroupsCmd(std::shared_ptr<TKGroupProviderInterface<T>> provider,
+                                        const std::vector<Identifier>& groupIds)
+    : CommandBase(Translator::translate("RemoveTKGroupsCmd", "Remove Group", nullptr, -1)),
+      m_provider(std::move(provider)),
+      m_groupIds(groupIds)
+{}
+
+template <class T>
+RemoveTKGroupsCmd<T>::~RemoveTKGroupsCmd() = default;
+
+template <class T>
+void RemoveTKGroupsCmd<T>::execute()
+{
+  initialize();
+  redo();
+}
+
+template <class T>
+void RemoveTKGroupsCmd<T>::undo()
+{
+  m_provider->setGroups(m_groupsBefore);
+}
+
+template <class T>
+void RemoveTKGroupsCmd<T>::redo()
+{
+  m_provider->setGroups(m_groupsAfter);
+}
+
+template <class T>
+void RemoveTKGroupsCmd<T>::initialize()
+{
+  GroupLists::takeSnapshots(*m_provider, m_groupsBefore, m_groupsAfter);
+  for (const Identifier& id : m_groupIds)
+    removeGroup(id);
+}
+
+template <class T>
+void RemoveTKGroupsCmd<T>::removeGroup(const Identifier& id)
+{
+  const auto found = GroupLists::findGroup(m_groupsAfter, id);
+  if (found != m_groupsAfter.end())
+    m_groupsAfter.erase(found);
+}
+
+extern template class TKM_HIGHLEVELSERVICES_DECLARE RemoveTKGroupsCmd<Identifier>;
+extern template class TKM_HIGHLEVELSERVICES_DECLARE RemoveTKGroupsCmd<GUIdentifier>;
+
+}

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "CommandPattern/CommandBase.h"
+#include "HighLevelServices/GroupCommands/GroupLists.h"
+#include "HighLevelServices/Groups/TKGroup.h"
+#include "HighLevelServices/Groups/TKGroupProviderInterface.h"
+#include "HighLevelServices/HighLevelServicesExport.h"
+#include "Identifier/GUIdentifier.h"
+#include "Identifier/Identifier.h"
+#include "Translator/Translator.h"
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace Tarvik {
+
+/// Gives a group another name.
+///
+/// It keeps the two names rather than lists, and asks the provider to rename the group on execute,
+/// redo and undo; also for an id that no group carries, whose old name is empty. The name is passed
+/// on as it is, taken or empty. Call execute() once, then undo() and redo() in turn.
+template <class T>
+class RenameTKGroupCmd : public CommandBase {
+public:
+  /// @param provider  owner of the groups, shared for the command's life; not null
+  /// @param groupId   the group; of two groups with this id the first gives the old name
+  /// @param newName   copied
+  RenameTKGroupCmd(std::shared_ptr<TKGroupProviderInterface<T>> provider,
+                   const Identifier& groupId,
+                   const std::string& newName);
+
+  /// Leaves the source without provider; it may only be destroyed or assigned.
+  RenameTKGroupCmd(RenameTKGroupCmd&& other) noexcept;
+
+  /// As move construction; assigning a command to itself changes nothing.
+  RenameTKGroupCmd& operator=(RenameTKGroupCmd&& other) noexcept;
+
+  ~RenameTKGroupCmd() override;
+
+  void execute() override;
+  void undo() override;
+  void redo() override;
+
+private:
+  void initialize();
+  TKGroup<T>& getGroup();
+  void setName(const std::string& name);
+
+  std::shared_ptr<TKGroupProviderInterface<T>> m_provider;
+  Identifier m_groupId;
+  std::string m_newName;
+  std::string m_oldName;
+};
+
+template <class T>
+RenameTKGroupCmd<T>::RenameTKGroupCmd(std::shared_ptr<TKGroupProviderInterface<T>> provider,
+                                      const Identifier& groupId,
+                                      const std::string& newName)
+    : CommandBase(Translator::translate("RenameTKGroupCmd", "Rename Group", nullptr, -1)),
+      m_provider(std::move(provider)),
+      m_groupId(groupId),
+      m_newName(newName)
+{}
+
+template <class T>
+RenameTKGroupCmd<T>::RenameTKGroupCmd(RenameTKGroupCmd&& other) noexcept = default;
+
+template <class T>
+RenameTKGroupCmd<T>& RenameTKGroupCmd<T>::operator=(RenameTKGroupCmd&& other) noexcept
+{
+  if (this != &other) { // a text that is moved to itself loses its contents
+    CommandBase::operator=(static_cast<CommandBase&&>(other));
+    m_provider = std::move(other.m_provider);
+    m_groupId = other.m_groupId;
+    m_newName = std::move(other.m_newName);
+    m_oldName = std::move(other.m_oldName);
+  }
+  return *this;
+}
+
+template <class T>
+RenameTKGroupCmd<T>::~RenameTKGroupCmd() = default;
+
+template <class T>
+void RenameTKGroupCmd<T>::execute()
+{
+  initialize();
+  redo();
+}
+
+template <class T>
+void RenameTKGroupCmd<T>::undo()
+{
+  m_provider->renameGroup(m_groupId, m_oldName);
+}
+
+template <class T>
+void RenameTKGroupCmd<T>::redo()
+{
+  m_provider->renameGroup(m_groupId, m_newName);
+}
+
+template <class T>
+void RenameTKGroupCmd<T>::initialize()
+{
+  m_oldName = getGroup().getName();
+}
+
+/// The provider's own group, or one that stands in for all that no provider has.
+template <class T>
+TKGroup<T>& RenameTKGroupCmd<T>::getGroup()
+{
+  auto& groups = m_provider->getGroups();
+  const auto found = GroupLists::findGroup(groups, m_groupId);
+  if (found != groups.end())
+    return *found;
+  static TKGroup<T> fallback;
+  return fallback;
+}
+
+/// Renames in the provider's list directly, without undo. Kept for the class's binary interface.
+template <class T>
+void RenameTKGroupCmd<T>::setName(const std::string& name)
+{
+  getGroup().setName(name, true);
+}
+
+extern template class TKM_HIGHLEVELSERVICES_DECLARE RenameTKGroupCmd<Identifier>;
+extern template class TKM_HIGHLEVELSERVICES_DECLARE RenameTKGroupCmd<GUIdentifier>;
+
+}

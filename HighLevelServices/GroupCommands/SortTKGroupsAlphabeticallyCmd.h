@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "CommandPattern/CommandBase.h"
+#include "GeneralServices/StringUtility.h"
+#include "HighLevelServices/GroupCommands/GroupLists.h"
+#include "HighLevelServices/Groups/TKGroup.h"
+#include "HighLevelServices/Groups/TKGroupProviderInterface.h"
+#include "HighLevelServices/HighLevelServicesExport.h"
+#include "Identifier/GUIdentifier.h"
+#include "Identifier/Identifier.h"
+#include "Translator/Translator.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <locale>
+#include <memory>
+#include <numeric>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace Tarvik {
+
+/// Sorts the groups by name, and the members of each by the names that the host gives them.
+///
+/// Names are compared byte by byte in lower case, without regard to language or to the numbers in
+/// them; where they are equal, either may come first. The host's list of member names decides the
+/// membership as well: a member that it does not list leaves the group. Call execute() once, then
+/// undo() and redo() in turn.
+template <class T>
+class SortTKGroupsAlphabeticallyCmd : public CommandBase {
+public:
+  /// @param provider  owner of the groups, shared for the command's life; not null
+  explicit SortTKGroupsAlphabeticallyCmd(std::shared_ptr<TKGroupProviderInterface<T>> provider);
+
+  /// Leaves the source without provider and lists; it may only be destroyed or assigned.
+  SortTKGroupsAlphabeticallyCmd(SortTKGroupsAlphabeticallyCmd&& other) noexcept;
+
+  /// As move construction; assigning a command to itself changes nothing.
+  SortTKGroupsAlphabeticallyCmd& operator=(SortTKGroupsAlphabeticallyCmd&& other) noexcept;
+
+  ~SortTKGroupsAlphabeticallyCmd() override;
+
+  void execute() override;
+  void undo() override;
+  void redo() override;
+
+private:
+  void initialize();
+  void sortGroup(TKGroup<T>& group) const;
+
+  std::shared_ptr<TKGroupProviderInterface<T>> m_provider;
+  std::vector<TKGroup<T>> m_groupsAfter;
+  std::vector<TKGroup<T>> m_groupsBefore;
+};
+
+namespace GroupLists {
+
+/// Where the groups of a list stand when they are sorted by name. Groups have no move, so that
+/// swapping positions is a small part of what swapping groups would cost.
+template <class T>
+std::vector<std::size_t> positionsByName(const std::vector<TKGroup<T>>& groups)
+{
+  std::vector<std::size_t> positions(groups.size());
+  std::iota(positions.begin(), positions.end(), std::size_t{0});
+  std::sort(positions.begin(), positions.end(), [&groups](std::size_t a, std::size_t b) {
+    return StringUtility::toLower(groups[a].getName()) <
+           StringUtility::toLower(groups[b].getName());
+  });
+  return positions;
+}
+
+/// Lowers a member's name byte by byte as the global locale of the moment does it. Groups' names
+/// are lowered in another way, which is meant.
+inline void lowerMemberName(std::string& name)
+{
+  const std::locale global;
+  const auto& letters = std::use_facet<std::ctype<char>>(global);
+  // one call per byte: the range form need not do the same for a facet of the program's own
+  std::transform(name.begin(), name.end(), name.begin(),
+                 [&letters](char letter) { return letters.tolower(letter); });
+}
+
+}
+
+template <class T>
+SortTKGroupsAlphabeticallyCmd<T>::SortTKGroupsAlphabeticallyCmd(
+    std::shared_ptr<TKGroupProviderInterface<T>> provider)
+    : CommandBase(
+          Translator::translate("SortTKGroupsAlphabeticallyCmd", "Sort Groups", nullptr, -1)),
+      m_provider(std::move(provider))
+{}
+
+template <class T>
+SortTKGroupsAlphabeticallyCmd<T>::SortTKGroupsAlphabeticallyCmd(
+    SortTKGroupsAlphabeticallyCmd&& other) noexcept = default;
+
+template <class T>
+SortTKGroupsAlphabeticallyCmd<T>&
+SortTKGroupsAlphabeticallyCmd<T>::operator=(SortTKGroupsAlphabeticallyCmd&& other) noexcept
+{
+  if (this != &other) { // a vector that is moved to itself loses its contents
+    CommandBase::operator=(static_cast<CommandBase&&>(other));
+    m_provider = std::move(other.m_provider);
+    m_groupsAfter = std::move(other.m_groupsAfter);
+    m_groupsBefore = std::move(other.m_groupsBefore);
+  }
+  return *this;
+}
+
+template <class T>
+SortTKGroupsAlphabeticallyCmd<T>::~SortTKGroupsAlphabeticallyCmd() = default;
+
+template <class T>
+void SortTKGroupsAlphabeticallyCmd<T>::execute()
+{
+  initialize();
+  redo();
+}
+
+template <class T>
+void SortTKGroupsAlphabeticallyCmd<T>::undo()
+{
+  m_provider->setGroups(m_groupsBefore);
+}
+
+template <class T>
+void SortTKGroupsAlphabeticallyCmd<T>::redo()
+{
+  m_provider->setGroups(m_groupsAfter);
+}
+
+template <class T>
+void SortTKGroupsAlphabeticallyCmd<T>::initialize()
+{
+  m_groupsBefore = m_provider->getGroups(); // may be m_groupsBefore itself
+  m_groupsAfter.clear();
+  m_groupsAfter.reserve(m_groupsBefore.size());
+  for (const std::size_t position : GroupLists::positionsByName(m_groupsBefore))
+    m_groupsAfter.push_back(m_groupsBefore[position]);
+  for (auto& group : m_groupsAfter)
+    sortGroup(group);
+}
+
+template <class T>
+void SortTKGroupsAlphabeticallyCmd<T>::sortGroup(TKGroup<T>& group) const
+{
+  auto names = m_provider->getGroupMemberNames(group.getId());
+  for (auto& [member, name] : names)
+    GroupLists::lowerMemberName(name);
+  std::sort(names.begin(), names.end(),
+            [](const auto& a, const auto& b) { return a.second < b.second; });
+
+  group.clear();
+  for (const auto& [member, name] : names)
+    group.addGroupMember(member);
+}
+
+extern template class TKM_HIGHLEVELSERVICES_DECLARE SortTKGroupsAlphabeticallyCmd<Identifier>;
+extern template class TKM_HIGHLEVELSERVICES_DECLARE SortTKGroupsAlphabeticallyCmd<GUIdentifier>;
+
+}
