@@ -126,7 +126,8 @@ public:
   void clear();
 
   /// Subscribes a listener, which is told from the next change on. An exception of a listener
-  /// reaches whoever made the change, once all listeners have been told; the change stands.
+  /// reaches whoever made the change, once all listeners have been told; the change stands. It
+  /// gives way to the exception of a command in jumpTo().
   /// @throws std::invalid_argument when the listener is empty
   [[nodiscard]] Subscription subscribe(Listener listener);
 

@@ -50,6 +50,7 @@ public:
   {
     return a.m_bits == b.m_bits;
   }
+  // NOLINTNEXTLINE(modernize-use-nullptr): of the code that the compiler writes
   friend auto operator<=>(const GUIdentifier& a, const GUIdentifier& b) = default;
 
 private:

@@ -47,6 +47,7 @@ public:
   static void serialization_register(void* out);
 
   friend bool operator==(const Identifier& a, const Identifier& b) { return a.m_bits == b.m_bits; }
+  // NOLINTNEXTLINE(modernize-use-nullptr): of the code that the compiler writes
   friend auto operator<=>(const Identifier& a, const Identifier& b) = default;
 
 private:

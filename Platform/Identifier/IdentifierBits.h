@@ -31,6 +31,7 @@ struct IdentifierBits {
   }
 
   /// The order of the numbers, which is also the order of their text forms.
+  // NOLINTNEXTLINE(modernize-use-nullptr): of the code that the compiler writes
   friend constexpr auto operator<=>(const IdentifierBits& a, const IdentifierBits& b) = default;
 
   constexpr bool isZero() const { return (high | low) == 0; }

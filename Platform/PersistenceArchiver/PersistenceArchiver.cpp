@@ -8,6 +8,7 @@
 #include <map>
 #include <mutex>
 #include <stdexcept>
+#include <utility>
 
 namespace Tarvik {
 
@@ -42,12 +43,14 @@ BaseClassRegister* PersistenceArchiver::registerFactory(const std::string& name,
   if (hash == BaseClassRegister::unknownClassHash)
     return nullptr;
 
+  RegisteredClass added{name, version, record};
+  added.record.classHash = hash; // now, since a registered record may be read without the lock
+
   auto& [mutex, classes] = registry();
   const std::lock_guard lock(mutex);
-  auto& entry = classes.try_emplace(hash, RegisteredClass{name, version, record}).first->second;
+  auto& entry = classes.try_emplace(hash, std::move(added)).first->second;
   if (entry.name != name || entry.version != version)
     return nullptr;
-  entry.record.classHash = hash;
   return &entry.record;
 }
 
