@@ -1,16 +1,24 @@
 // SPDX-License-Identifier: MIT
-// What the commands cost, beside the bare copies of the list of groups that no command can avoid:
-// two for executing (the list before and the list after) and one for whatever hands a list to the
-// host, which takes a copy of it.
+// What the commands cost, beside the least that their contract asks for: the copies of the list of
+// groups (before, after, and the host's own), the members that a deletion shifts, the comparisons
+// of a sort. Every benchmark "X/..." has its "bare X/..." that does only that, in the same run.
 
 #include "HighLevelServices/GroupCommands/AddToTKGroupCmd.h"
 #include "HighLevelServices/GroupCommands/CreateTKGroupCmd.h"
+#include "HighLevelServices/GroupCommands/MoveTKGroupElementsCmd.h"
+#include "HighLevelServices/GroupCommands/RemoveFromTKGroupCmd.h"
+#include "HighLevelServices/GroupCommands/RemoveTKGroupsCmd.h"
+#include "HighLevelServices/GroupCommands/RenameTKGroupCmd.h"
+#include "HighLevelServices/GroupCommands/SortTKGroupsAlphabeticallyCmd.h"
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <limits>
 #include <memory>
+#include <random>
 #include <string>
 #include <utility>
 #include <vector>
@@ -26,12 +34,26 @@ template <class T>
 using Groups = std::vector<TKGroup<T>>;
 
 template <class T>
+using MemberNames = std::vector<std::pair<T, std::string>>;
+
+/// Names in no order: "Group 0937", ...
+std::vector<std::string> shuffledNames(const std::string& stem, std::size_t count)
+{
+  std::vector<std::string> names;
+  names.reserve(count);
+  for (std::size_t i = 0; i < count; ++i)
+    names.push_back(stem + std::to_string(i));
+  std::shuffle(names.begin(), names.end(), std::minstd_rand(1)); // NOLINT: the same in every run
+  return names;
+}
+
+template <class T>
 Groups<T> makeGroups(std::size_t groupCount, std::size_t memberCount)
 {
   Groups<T> groups;
   groups.reserve(groupCount);
-  for (std::size_t i = 0; i < groupCount; ++i) {
-    groups.emplace_back("Group " + std::to_string(i));
+  for (const auto& name : shuffledNames("Group ", groupCount)) {
+    groups.emplace_back(name);
     groups.back().addGroupMembersAtIndex(std::vector<T>(memberCount), 0);
   }
   return groups;
@@ -42,7 +64,11 @@ Groups<T> makeGroups(std::size_t groupCount, std::size_t memberCount)
 template <class T>
 class BenchmarkHost : public TKGroupProviderInterface<T> {
 public:
-  explicit BenchmarkHost(Groups<T> groups) : m_groups(std::move(groups)), m_received(m_groups) {}
+  BenchmarkHost(std::size_t groupCount, std::size_t memberCount)
+      : m_groups(makeGroups<T>(groupCount, memberCount)),
+        m_received(m_groups),
+        m_memberNames(shuffledNames("Member ", memberCount))
+  {}
 
   Groups<T>& getGroups() override { return m_groups; }
   std::vector<T> getUngroupedElements() override { return {}; }
@@ -51,52 +77,205 @@ public:
   {
     return nullptr;
   }
-  std::vector<std::pair<T, std::string>> getGroupMemberNames(const Identifier&) override
+  MemberNames<T> getGroupMemberNames(const Identifier& groupId) override
   {
-    return {};
+    MemberNames<T> names;
+    if (!m_listsMembers)
+      return names;
+    const auto& members = find(groupId).getGroupMembers();
+    names.reserve(members.size());
+    for (std::size_t i = 0; i < members.size(); ++i)
+      names.emplace_back(members[i], m_memberNames[i]);
+    return names;
   }
-  void renameGroup(const Identifier&, const std::string&) override {}
+  void renameGroup(const Identifier& groupId, const std::string& name) override
+  {
+    find(groupId).setName(name, true);
+  }
   std::string getElementName(const T&) override { return {}; }
 
+  TKGroup<T>& middleGroup() { return m_groups[m_groups.size() / 2]; }
+  T middleMember() { return memberAt(m_groups.size() / 2); }
+  T lastMember() { return memberAt(m_groups.size() - 1); }
+
+  /// From now on no group has members to sort: what is left of a sort is that of the groups.
+  void listNoMembers() { m_listsMembers = false; }
+
 private:
+  TKGroup<T>& find(const Identifier& id)
+  {
+    return *std::find_if(m_groups.begin(), m_groups.end(),
+                         [&id](const auto& group) { return group.getId() == id; });
+  }
+  T memberAt(std::size_t group) const
+  {
+    return m_groups[group].getGroupMemberAtIndex(m_groups[group].numberOfGroupMembers() / 2);
+  }
+
   Groups<T> m_groups;
   Groups<T> m_received;
+  std::vector<std::string> m_memberNames;
+  bool m_listsMembers = true;
 };
 
 template <class T>
 std::shared_ptr<BenchmarkHost<T>> hostOf(const benchmark::State& state)
 {
-  return std::make_shared<BenchmarkHost<T>>(makeGroups<T>(
-      static_cast<std::size_t>(state.range(0)), static_cast<std::size_t>(state.range(1))));
+  return std::make_shared<BenchmarkHost<T>>(static_cast<std::size_t>(state.range(0)),
+                                            static_cast<std::size_t>(state.range(1)));
 }
 
-/// A member from the middle of the host's groups.
+/// The least for a command that keeps the list before and the list after.
 template <class T>
-T middleMember(BenchmarkHost<T>& host)
-{
-  const auto& group = host.getGroups()[host.getGroups().size() / 2];
-  return group.getGroupMemberAtIndex(group.numberOfGroupMembers() / 2);
-}
+struct Snapshot {
+  static void bareExecute(BenchmarkHost<T>& host)
+  {
+    const Groups<T> before = host.getGroups();
+    const Groups<T> after = before; // NOLINT(performance-unnecessary-copy-initialization)
+    host.setGroups(after);
+  }
+
+  static void bareHandOver(BenchmarkHost<T>& host) { host.setGroups(host.getGroups()); }
+};
 
 /// One member of the middle group goes to the last.
 template <class T>
-struct Add {
-  using Command = AddToTKGroupCmd<T>;
-
-  static Command make(const std::shared_ptr<BenchmarkHost<T>>& host)
+struct Add : Snapshot<T> {
+  static auto make(const std::shared_ptr<BenchmarkHost<T>>& host)
   {
-    return Command(host, {middleMember(*host)}, host->getGroups().back().getId());
+    return AddToTKGroupCmd<T>(host, {host->middleMember()}, host->getGroups().back().getId());
   }
 };
 
 /// One member of the middle group goes to a new one.
 template <class T>
-struct Create {
-  using Command = CreateTKGroupCmd<T>;
-
-  static Command make(const std::shared_ptr<BenchmarkHost<T>>& host)
+struct Create : Snapshot<T> {
+  static auto make(const std::shared_ptr<BenchmarkHost<T>>& host)
   {
-    return Command(host, {middleMember(*host)}, "Group");
+    return CreateTKGroupCmd<T>(host, {host->middleMember()}, "Group");
+  }
+};
+
+/// One member of the middle group goes in front of one of the last.
+template <class T>
+struct Move : Snapshot<T> {
+  static auto make(const std::shared_ptr<BenchmarkHost<T>>& host)
+  {
+    return MoveTKGroupElementsCmd<T>(host, {host->middleMember()}, host->lastMember(), true);
+  }
+};
+
+/// One member of the middle group leaves it.
+template <class T>
+struct Remove : Snapshot<T> {
+  static auto make(const std::shared_ptr<BenchmarkHost<T>>& host)
+  {
+    return RemoveFromTKGroupCmd<T>(host, {host->middleMember()});
+  }
+};
+
+/// The middle group goes, and those behind it move up.
+template <class T>
+struct RemoveGroups : Snapshot<T> {
+  static auto make(const std::shared_ptr<BenchmarkHost<T>>& host)
+  {
+    return RemoveTKGroupsCmd<T>(host, {host->middleGroup().getId()});
+  }
+
+  static void bareExecute(BenchmarkHost<T>& host)
+  {
+    const Groups<T> before = host.getGroups();
+    Groups<T> after = before;
+    after.erase(after.begin() + static_cast<std::ptrdiff_t>(after.size() / 2));
+    host.setGroups(after);
+  }
+};
+
+/// The middle group gets another name.
+template <class T>
+struct Rename {
+  static auto make(const std::shared_ptr<BenchmarkHost<T>>& host)
+  {
+    return RenameTKGroupCmd<T>(host, host->middleGroup().getId(), "Another name");
+  }
+
+  static void bareExecute(BenchmarkHost<T>& host) { bareHandOver(host); }
+  static void bareHandOver(BenchmarkHost<T>& host)
+  {
+    host.renameGroup(host.middleGroup().getId(), "Another name");
+  }
+};
+
+bool isNamedBefore(const NameInterface& a, const NameInterface& b)
+{
+  return StringUtility::toLower(a.getName()) < StringUtility::toLower(b.getName());
+}
+
+/// The members of one group in the order of their names, as plainly as the contract allows.
+template <class T>
+void sortMembers(BenchmarkHost<T>& host, TKGroup<T>& group)
+{
+  auto names = host.getGroupMemberNames(group.getId());
+  for (auto& [member, name] : names)
+    GroupLists::lowerMemberName(name);
+  std::sort(names.begin(), names.end(),
+            [](const auto& a, const auto& b) { return a.second < b.second; });
+  group.clear();
+  for (const auto& [member, name] : names)
+    group.addGroupMember(member);
+}
+
+/// Groups and members by name. The least is sorting pointers and one copy of each group.
+template <class T>
+struct Sort : Snapshot<T> {
+  static auto make(const std::shared_ptr<BenchmarkHost<T>>& host)
+  {
+    return SortTKGroupsAlphabeticallyCmd<T>(host);
+  }
+
+  static void bareExecute(BenchmarkHost<T>& host)
+  {
+    const Groups<T> before = host.getGroups();
+    std::vector<const TKGroup<T>*> pointers;
+    pointers.reserve(before.size());
+    for (const auto& group : before)
+      pointers.push_back(&group);
+    std::sort(pointers.begin(), pointers.end(),
+              [](const auto* a, const auto* b) { return isNamedBefore(*a, *b); });
+    Groups<T> after;
+    after.reserve(before.size());
+    for (const auto* group : pointers)
+      after.push_back(*group);
+    finish(host, after);
+  }
+
+  static void finish(BenchmarkHost<T>& host, Groups<T>& after)
+  {
+    for (auto& group : after)
+      sortMembers(host, group);
+    host.setGroups(after);
+  }
+};
+
+/// The same for groups of which the host lists no members.
+template <class T>
+struct SortGroupsOnly : Sort<T> {
+  static auto make(const std::shared_ptr<BenchmarkHost<T>>& host)
+  {
+    host->listNoMembers();
+    return SortTKGroupsAlphabeticallyCmd<T>(host);
+  }
+};
+
+/// What sorting the groups by value would cost in place of their positions.
+template <class T>
+struct SortByValue : Sort<T> {
+  static void bareExecute(BenchmarkHost<T>& host)
+  {
+    const Groups<T> before = host.getGroups();
+    Groups<T> after = before;
+    std::sort(after.begin(), after.end(), isNamedBefore);
+    Sort<T>::finish(host, after);
   }
 };
 
@@ -128,29 +307,27 @@ void redo(benchmark::State& state)
     command.redo();
 }
 
-/// What executing cannot avoid: a list before, a list after, and the host's copy.
-template <class T>
+template <class Case, class T, bool listsMembers = true>
 void bareExecute(benchmark::State& state)
 {
   const auto host = hostOf<T>(state);
-  for (auto _ : state) {
-    const Groups<T> before = host->getGroups();
-    const Groups<T> after = before; // NOLINT(performance-unnecessary-copy-initialization)
-    host->setGroups(after);
-  }
+  if (!listsMembers)
+    host->listNoMembers();
+  for (auto _ : state)
+    Case::bareExecute(*host);
 }
 
-/// What undo and redo cannot avoid: the host's copy.
-template <class T>
+template <class Case, class T>
 void bareHandOver(benchmark::State& state)
 {
   const auto host = hostOf<T>(state);
-  const Groups<T> list = host->getGroups();
   for (auto _ : state)
-    host->setGroups(list);
+    Case::bareHandOver(*host);
 }
 
-void addBenchmark(const std::string& name, void (*function)(benchmark::State&))
+using Function = void (*)(benchmark::State&);
+
+void addBenchmark(const std::string& name, Function function)
 {
   benchmark::RegisterBenchmark(name.c_str(), function)
       ->Args({10, 10})
@@ -159,18 +336,43 @@ void addBenchmark(const std::string& name, void (*function)(benchmark::State&))
       ->Unit(benchmark::kMicrosecond);
 }
 
+template <class Case, class T>
+void addCommand(const std::string& name, const std::string& kind)
+{
+  addBenchmark(name + "/execute/" + kind, execute<Case, T>);
+  addBenchmark(name + "/undo/" + kind, undo<Case, T>);
+  addBenchmark(name + "/redo/" + kind, redo<Case, T>);
+  addBenchmark("bare " + name + "/execute/" + kind, bareExecute<Case, T>);
+  addBenchmark("bare " + name + "/undo/" + kind, bareHandOver<Case, T>);
+  addBenchmark("bare " + name + "/redo/" + kind, bareHandOver<Case, T>);
+}
+
+/// How the groups are put into order, without the members: ours, pointers, values.
+template <class T>
+void addGroupSorts(const std::string& kind)
+{
+  const std::vector<std::pair<std::string, Function>> ways = {
+      {"the command", execute<SortGroupsOnly<T>, T>},
+      {"pointers and one copy", bareExecute<Sort<T>, T, false>},
+      {"groups by value", bareExecute<SortByValue<T>, T, false>}};
+  for (const auto& [way, function] : ways)
+    benchmark::RegisterBenchmark(("sort groups/" + way + '/' + kind).c_str(), function)
+        ->Args({1000, 1000})
+        ->Args({10000, 10})
+        ->Unit(benchmark::kMicrosecond);
+}
+
 template <class T>
 void addBenchmarks(const std::string& kind)
 {
-  addBenchmark("bare/execute/" + kind, bareExecute<T>);
-  addBenchmark("bare/undo/" + kind, bareHandOver<T>);
-  addBenchmark("bare/redo/" + kind, bareHandOver<T>);
-  addBenchmark("AddToTKGroupCmd/execute/" + kind, execute<Add<T>, T>);
-  addBenchmark("AddToTKGroupCmd/undo/" + kind, undo<Add<T>, T>);
-  addBenchmark("AddToTKGroupCmd/redo/" + kind, redo<Add<T>, T>);
-  addBenchmark("CreateTKGroupCmd/execute/" + kind, execute<Create<T>, T>);
-  addBenchmark("CreateTKGroupCmd/undo/" + kind, undo<Create<T>, T>);
-  addBenchmark("CreateTKGroupCmd/redo/" + kind, redo<Create<T>, T>);
+  addCommand<Add<T>, T>("AddToTKGroupCmd", kind);
+  addCommand<Create<T>, T>("CreateTKGroupCmd", kind);
+  addCommand<Move<T>, T>("MoveTKGroupElementsCmd", kind);
+  addCommand<Remove<T>, T>("RemoveFromTKGroupCmd", kind);
+  addCommand<RemoveGroups<T>, T>("RemoveTKGroupsCmd", kind);
+  addCommand<Rename<T>, T>("RenameTKGroupCmd", kind);
+  addCommand<Sort<T>, T>("SortTKGroupsAlphabeticallyCmd", kind);
+  addGroupSorts<T>(kind);
 }
 
 /// Without this, giving pages back to the system and getting them again hides everything else.
