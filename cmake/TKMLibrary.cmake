@@ -31,7 +31,9 @@ endfunction()
 
 add_library(tkm_warnings INTERFACE)
 if(MSVC)
-  target_compile_options(tkm_warnings INTERFACE /W4 /permissive- /utf-8
+  # 4251 and 4275: exported classes with members and bases of the standard library, whose code all
+  # parts of a program share
+  target_compile_options(tkm_warnings INTERFACE /W4 /permissive- /utf-8 /wd4251 /wd4275
     $<$<BOOL:${TKM_WARNINGS_AS_ERRORS}>:/WX>)
 else()
   target_compile_options(tkm_warnings INTERFACE

@@ -35,10 +35,10 @@ public:
                   const Identifier& targetGroupId);
 
   /// Leaves the source without provider, elements and lists; it may only be destroyed or assigned.
-  AddToTKGroupCmd(AddToTKGroupCmd&& other) noexcept;
+  AddToTKGroupCmd(AddToTKGroupCmd&& other);
 
   /// As move construction; assigning a command to itself changes nothing.
-  AddToTKGroupCmd& operator=(AddToTKGroupCmd&& other) noexcept;
+  AddToTKGroupCmd& operator=(AddToTKGroupCmd&& other);
 
   ~AddToTKGroupCmd() override;
 
@@ -77,10 +77,10 @@ AddToTKGroupCmd<T>::AddToTKGroupCmd(std::shared_ptr<TKGroupProviderInterface<T>>
 {}
 
 template <class T>
-AddToTKGroupCmd<T>::AddToTKGroupCmd(AddToTKGroupCmd&& other) noexcept = default;
+AddToTKGroupCmd<T>::AddToTKGroupCmd(AddToTKGroupCmd&& other) = default;
 
 template <class T>
-AddToTKGroupCmd<T>& AddToTKGroupCmd<T>::operator=(AddToTKGroupCmd&& other) noexcept
+AddToTKGroupCmd<T>& AddToTKGroupCmd<T>::operator=(AddToTKGroupCmd&& other)
 {
   if (this != &other) { // a vector that is moved to itself loses its contents
     CommandBase::operator=(static_cast<CommandBase&&>(other));

@@ -36,10 +36,10 @@ public:
                    const std::string& name);
 
   /// Leaves the source without provider, elements and lists; it may only be destroyed or assigned.
-  CreateTKGroupCmd(CreateTKGroupCmd&& other) noexcept;
+  CreateTKGroupCmd(CreateTKGroupCmd&& other);
 
   /// As move construction; assigning a command to itself changes nothing.
-  CreateTKGroupCmd& operator=(CreateTKGroupCmd&& other) noexcept;
+  CreateTKGroupCmd& operator=(CreateTKGroupCmd&& other);
 
   ~CreateTKGroupCmd() override;
 
@@ -70,10 +70,10 @@ CreateTKGroupCmd<T>::CreateTKGroupCmd(std::shared_ptr<TKGroupProviderInterface<T
 {}
 
 template <class T>
-CreateTKGroupCmd<T>::CreateTKGroupCmd(CreateTKGroupCmd&& other) noexcept = default;
+CreateTKGroupCmd<T>::CreateTKGroupCmd(CreateTKGroupCmd&& other) = default;
 
 template <class T>
-CreateTKGroupCmd<T>& CreateTKGroupCmd<T>::operator=(CreateTKGroupCmd&& other) noexcept
+CreateTKGroupCmd<T>& CreateTKGroupCmd<T>::operator=(CreateTKGroupCmd&& other)
 {
   if (this != &other) { // a vector that is moved to itself loses its contents
     CommandBase::operator=(static_cast<CommandBase&&>(other));

@@ -22,6 +22,7 @@ void takeSnapshots(TKGroupProviderInterface<T>& provider,
                    std::size_t room = 0)
 {
   before = provider.getGroups(); // may be `before` itself: self-assignment changes nothing
+  after.clear();                 // or a larger store would take a copy of what is given up here
   after.reserve(before.size() + room);
   after = before;
 }

@@ -41,10 +41,10 @@ public:
 
   /// Leaves the source without provider, elements and sub-commands; it may only be destroyed or
   /// assigned.
-  MoveTKGroupElementsCmd(MoveTKGroupElementsCmd&& other) noexcept;
+  MoveTKGroupElementsCmd(MoveTKGroupElementsCmd&& other);
 
   /// As move construction; assigning a command to itself changes nothing.
-  MoveTKGroupElementsCmd& operator=(MoveTKGroupElementsCmd&& other) noexcept;
+  MoveTKGroupElementsCmd& operator=(MoveTKGroupElementsCmd&& other);
 
   ~MoveTKGroupElementsCmd() override;
 
@@ -76,12 +76,10 @@ MoveTKGroupElementsCmd<T>::MoveTKGroupElementsCmd(
 {}
 
 template <class T>
-MoveTKGroupElementsCmd<T>::MoveTKGroupElementsCmd(MoveTKGroupElementsCmd&& other) noexcept =
-    default;
+MoveTKGroupElementsCmd<T>::MoveTKGroupElementsCmd(MoveTKGroupElementsCmd&& other) = default;
 
 template <class T>
-MoveTKGroupElementsCmd<T>&
-MoveTKGroupElementsCmd<T>::operator=(MoveTKGroupElementsCmd&& other) noexcept
+MoveTKGroupElementsCmd<T>& MoveTKGroupElementsCmd<T>::operator=(MoveTKGroupElementsCmd&& other)
 {
   if (this != &other) { // a vector that is moved to itself loses its contents
     CommandBase::operator=(static_cast<CommandBase&&>(other));

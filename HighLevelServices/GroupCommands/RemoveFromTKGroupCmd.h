@@ -29,10 +29,10 @@ public:
                        const std::vector<T>& elements);
 
   /// Leaves the source without provider, elements and lists; it may only be destroyed or assigned.
-  RemoveFromTKGroupCmd(RemoveFromTKGroupCmd&& other) noexcept;
+  RemoveFromTKGroupCmd(RemoveFromTKGroupCmd&& other);
 
   /// As move construction; assigning a command to itself changes nothing.
-  RemoveFromTKGroupCmd& operator=(RemoveFromTKGroupCmd&& other) noexcept;
+  RemoveFromTKGroupCmd& operator=(RemoveFromTKGroupCmd&& other);
 
   ~RemoveFromTKGroupCmd() override;
 
@@ -60,10 +60,10 @@ RemoveFromTKGroupCmd<T>::RemoveFromTKGroupCmd(std::shared_ptr<TKGroupProviderInt
 {}
 
 template <class T>
-RemoveFromTKGroupCmd<T>::RemoveFromTKGroupCmd(RemoveFromTKGroupCmd&& other) noexcept = default;
+RemoveFromTKGroupCmd<T>::RemoveFromTKGroupCmd(RemoveFromTKGroupCmd&& other) = default;
 
 template <class T>
-RemoveFromTKGroupCmd<T>& RemoveFromTKGroupCmd<T>::operator=(RemoveFromTKGroupCmd&& other) noexcept
+RemoveFromTKGroupCmd<T>& RemoveFromTKGroupCmd<T>::operator=(RemoveFromTKGroupCmd&& other)
 {
   if (this != &other) { // a vector that is moved to itself loses its contents
     CommandBase::operator=(static_cast<CommandBase&&>(other));

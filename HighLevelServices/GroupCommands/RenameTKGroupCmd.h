@@ -33,10 +33,10 @@ public:
                    const std::string& newName);
 
   /// Leaves the source without provider; it may only be destroyed or assigned.
-  RenameTKGroupCmd(RenameTKGroupCmd&& other) noexcept;
+  RenameTKGroupCmd(RenameTKGroupCmd&& other);
 
   /// As move construction; assigning a command to itself changes nothing.
-  RenameTKGroupCmd& operator=(RenameTKGroupCmd&& other) noexcept;
+  RenameTKGroupCmd& operator=(RenameTKGroupCmd&& other);
 
   ~RenameTKGroupCmd() override;
 
@@ -66,10 +66,10 @@ RenameTKGroupCmd<T>::RenameTKGroupCmd(std::shared_ptr<TKGroupProviderInterface<T
 {}
 
 template <class T>
-RenameTKGroupCmd<T>::RenameTKGroupCmd(RenameTKGroupCmd&& other) noexcept = default;
+RenameTKGroupCmd<T>::RenameTKGroupCmd(RenameTKGroupCmd&& other) = default;
 
 template <class T>
-RenameTKGroupCmd<T>& RenameTKGroupCmd<T>::operator=(RenameTKGroupCmd&& other) noexcept
+RenameTKGroupCmd<T>& RenameTKGroupCmd<T>::operator=(RenameTKGroupCmd&& other)
 {
   if (this != &other) { // a text that is moved to itself loses its contents
     CommandBase::operator=(static_cast<CommandBase&&>(other));

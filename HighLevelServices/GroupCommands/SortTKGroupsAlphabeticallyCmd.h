@@ -35,10 +35,10 @@ public:
   explicit SortTKGroupsAlphabeticallyCmd(std::shared_ptr<TKGroupProviderInterface<T>> provider);
 
   /// Leaves the source without provider and lists; it may only be destroyed or assigned.
-  SortTKGroupsAlphabeticallyCmd(SortTKGroupsAlphabeticallyCmd&& other) noexcept;
+  SortTKGroupsAlphabeticallyCmd(SortTKGroupsAlphabeticallyCmd&& other);
 
   /// As move construction; assigning a command to itself changes nothing.
-  SortTKGroupsAlphabeticallyCmd& operator=(SortTKGroupsAlphabeticallyCmd&& other) noexcept;
+  SortTKGroupsAlphabeticallyCmd& operator=(SortTKGroupsAlphabeticallyCmd&& other);
 
   ~SortTKGroupsAlphabeticallyCmd() override;
 
@@ -94,11 +94,11 @@ SortTKGroupsAlphabeticallyCmd<T>::SortTKGroupsAlphabeticallyCmd(
 
 template <class T>
 SortTKGroupsAlphabeticallyCmd<T>::SortTKGroupsAlphabeticallyCmd(
-    SortTKGroupsAlphabeticallyCmd&& other) noexcept = default;
+    SortTKGroupsAlphabeticallyCmd&& other) = default;
 
 template <class T>
 SortTKGroupsAlphabeticallyCmd<T>&
-SortTKGroupsAlphabeticallyCmd<T>::operator=(SortTKGroupsAlphabeticallyCmd&& other) noexcept
+SortTKGroupsAlphabeticallyCmd<T>::operator=(SortTKGroupsAlphabeticallyCmd&& other)
 {
   if (this != &other) { // a vector that is moved to itself loses its contents
     CommandBase::operator=(static_cast<CommandBase&&>(other));

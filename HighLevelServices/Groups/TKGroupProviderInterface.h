@@ -35,7 +35,8 @@ public:
   /// commands do not call it.
   virtual std::vector<T> getUngroupedElements() = 0;
 
-  /// Replaces the whole list of groups by a copy of the given one.
+  /// Replaces the whole list of groups by a copy of the given one. When it throws, the host's list
+  /// should be what it was: copy first, then swap.
   virtual void setGroups(const std::vector<TKGroup<T>>& groups) = 0;
 
   /// Makes the host's own command that places elements beside another one in the host's order of

@@ -2,7 +2,6 @@
 #include "CommandPattern/CommandHistory.h"
 
 #include <algorithm>
-#include <exception>
 #include <stdexcept>
 #include <utility>
 
@@ -22,35 +21,6 @@ private:
   bool& m_flag;
 };
 
-}
-
-CommandHistory::Subscription::Subscription() noexcept = default;
-
-CommandHistory::Subscription::Subscription(std::shared_ptr<Subscriber> subscriber) noexcept
-    : m_subscriber(std::move(subscriber))
-{}
-
-CommandHistory::Subscription::Subscription(Subscription&& other) noexcept = default;
-
-CommandHistory::Subscription& CommandHistory::Subscription::operator=(Subscription&& other) noexcept
-{
-  if (this != &other) {
-    cancel();
-    m_subscriber = std::move(other.m_subscriber);
-  }
-  return *this;
-}
-
-CommandHistory::Subscription::~Subscription()
-{
-  cancel();
-}
-
-void CommandHistory::Subscription::cancel() noexcept
-{
-  if (m_subscriber)
-    m_subscriber->isSubscribed = false; // the history may hold it, to tell it
-  m_subscriber.reset();
 }
 
 CommandHistory::CommandHistory(std::size_t limit) : m_limit(limit) {}
@@ -73,7 +43,7 @@ void CommandHistory::execute(std::shared_ptr<CommandBase> command)
   m_entries.push_back(std::move(command));
   ++m_position;
   trimToLimit();
-  tellListeners();
+  m_listeners.tell();
 }
 
 bool CommandHistory::undo()
@@ -82,7 +52,7 @@ bool CommandHistory::undo()
   if (!canUndo())
     return false;
   stepBack();
-  tellListeners();
+  m_listeners.tell();
   return true;
 }
 
@@ -92,7 +62,7 @@ bool CommandHistory::redo()
   if (!canRedo())
     return false;
   stepForward();
-  tellListeners();
+  m_listeners.tell();
   return true;
 }
 
@@ -115,10 +85,10 @@ void CommandHistory::jumpTo(std::size_t position)
   } catch (...) {
     retrace(start);
     if (m_position != start || m_entries.size() != entriesAtStart)
-      tellListenersQuietly();
+      m_listeners.tellQuietly();
     throw;
   }
-  tellListeners();
+  m_listeners.tell();
 }
 
 bool CommandHistory::canUndo() const noexcept
@@ -157,7 +127,7 @@ void CommandHistory::markClean()
   if (isClean())
     return;
   m_cleanPosition = m_position;
-  tellListeners();
+  m_listeners.tell();
 }
 
 bool CommandHistory::isClean() const noexcept
@@ -182,7 +152,7 @@ void CommandHistory::setLimit(std::size_t limit)
     return;
   m_limit = limit;
   trimToLimit();
-  tellListeners();
+  m_listeners.tell();
 }
 
 void CommandHistory::clear()
@@ -194,17 +164,14 @@ void CommandHistory::clear()
   m_entries.clear();
   m_position = 0;
   m_cleanPosition = wasClean ? std::optional<std::size_t>(0) : std::nullopt;
-  tellListeners();
+  m_listeners.tell();
 }
 
 CommandHistory::Subscription CommandHistory::subscribe(Listener listener)
 {
   if (!listener)
     throw std::invalid_argument("CommandHistory::subscribe: the listener is empty");
-  auto subscriber = std::make_shared<Subscriber>();
-  subscriber->listener = std::move(listener);
-  m_subscribers.push_back(subscriber);
-  return Subscription(std::move(subscriber));
+  return m_listeners.subscribe([this, told = std::move(listener)] { told(*this); });
 }
 
 void CommandHistory::stepBack()
@@ -265,36 +232,6 @@ void CommandHistory::checkNotRunning(const char* operation) const
   if (m_isRunning)
     throw std::logic_error(std::string("CommandHistory::") + operation +
                            ": called by a command that this history is running");
-}
-
-/// Tells them while a command's exception is under way, which is the one that the caller sees.
-void CommandHistory::tellListenersQuietly() noexcept
-{
-  try {
-    tellListeners();
-  } catch (...) { // NOLINT(bugprone-empty-catch): see above
-  }
-}
-
-void CommandHistory::tellListeners()
-{
-  std::exception_ptr firstFailure;
-  ++m_tellingDepth;
-  const auto subscribedBefore = m_subscribers.size(); // a listener may subscribe others
-  for (std::size_t i = 0; i < subscribedBefore; ++i) {
-    const auto subscriber = m_subscribers[i].lock(); // keeps one alive that unsubscribes itself
-    try {
-      if (subscriber && subscriber->isSubscribed)
-        subscriber->listener(*this);
-    } catch (...) {
-      if (!firstFailure)
-        firstFailure = std::current_exception();
-    }
-  }
-  if (--m_tellingDepth == 0)
-    std::erase_if(m_subscribers, [](const auto& subscriber) { return subscriber.expired(); });
-  if (firstFailure)
-    std::rethrow_exception(firstFailure);
 }
 
 }

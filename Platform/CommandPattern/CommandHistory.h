@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "CommandPattern/ChangeListeners.h"
 #include "CommandPattern/CommandBase.h"
 #include "PlatformExport.h"
 
@@ -28,35 +29,8 @@ public:
   /// Learns of every change of entries, position, clean mark or limit, after it has happened.
   using Listener = std::function<void(const CommandHistory&)>;
 
-private:
-  /// Shared by a subscription and, while its listener is being told, by the history.
-  struct Subscriber {
-    Listener listener;
-    bool isSubscribed = true;
-  };
-
-public:
-  /// Keeps a listener subscribed for as long as it lives; may outlive the history. It may be
-  /// destroyed at any time, also while its listener is being told.
-  class TKM_COMMANDPATTERN_API Subscription {
-  public:
-    /// A subscription to nothing.
-    Subscription() noexcept;
-    Subscription(const Subscription&) = delete;
-    Subscription& operator=(const Subscription&) = delete;
-    Subscription(Subscription&& other) noexcept;
-    Subscription& operator=(Subscription&& other) noexcept;
-    ~Subscription();
-
-    /// Ends the subscription now. Does nothing when it has ended.
-    void cancel() noexcept;
-
-  private:
-    friend class CommandHistory;
-    explicit Subscription(std::shared_ptr<Subscriber> subscriber) noexcept;
-
-    std::shared_ptr<Subscriber> m_subscriber;
-  };
+  /// Keeps a listener subscribed for as long as it lives; may outlive the history.
+  using Subscription = ChangeListeners::Subscription;
 
   /// No limit on the number of commands.
   static constexpr std::size_t unlimited = std::numeric_limits<std::size_t>::max();
@@ -138,16 +112,13 @@ private:
   void trimToLimit() noexcept;
   void eraseBehind(std::size_t position) noexcept;
   void checkNotRunning(const char* operation) const;
-  void tellListeners();
-  void tellListenersQuietly() noexcept;
 
   std::vector<std::shared_ptr<CommandBase>> m_entries;
   std::size_t m_position = 0;
   std::optional<std::size_t> m_cleanPosition = 0;
   std::size_t m_limit;
   bool m_isRunning = false;
-  std::vector<std::weak_ptr<Subscriber>> m_subscribers;
-  std::size_t m_tellingDepth = 0;
+  ChangeListeners m_listeners;
 };
 
 }

@@ -22,13 +22,18 @@ void redoOne(CommandBase& command)
   command.redo();
 }
 
+void redoIfCapable(CommandBase& command)
+{
+  if (command.isRedoCapable())
+    command.redo();
+}
+
 /// Puts a command back while another one's exception is under way, which is the one that tells
 /// the caller what went wrong.
 void reverseQuietly(Step reverse, CommandBase& command) noexcept
 {
   try {
-    if (reverse != redoOne || command.isRedoCapable())
-      reverse(command);
+    reverse(command);
   } catch (...) { // NOLINT(bugprone-empty-catch): see above
   }
 }
@@ -99,7 +104,7 @@ void MacroCommand::execute()
 void MacroCommand::undo()
 {
   const auto undoShared = [](const auto& command) { undoOne(*command); };
-  runAllOrNone(m_commands.rbegin(), m_commands.rend(), undoShared, redoOne);
+  runAllOrNone(m_commands.rbegin(), m_commands.rend(), undoShared, redoIfCapable);
 }
 
 void MacroCommand::redo()

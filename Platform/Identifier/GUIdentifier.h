@@ -25,7 +25,7 @@ public:
 
   GUIdentifier(const GUIdentifier& other) = default;
   GUIdentifier& operator=(const GUIdentifier& other) = default;
-  constexpr ~GUIdentifier() {} // NOLINT(modernize-use-equals-default): not trivial, as agreed
+  constexpr ~GUIdentifier() {} // NOLINT(modernize-use-equals-default): must not be trivial
 
   /// False only for the invalid identifier, whose bits are all zero (the RFC's Nil UUID).
   constexpr bool isValid() const { return !m_bits.isZero(); }

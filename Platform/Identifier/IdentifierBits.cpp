@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "Identifier/IdentifierBits.h"
 
+#if defined(_WIN32)
 #include <random>
-
-#if defined(__unix__)
+#else
 #include <pthread.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <system_error>
 #endif
 
 namespace Tarvik {
@@ -17,11 +21,20 @@ constexpr std::uint64_t blockSize = 65536;
 /// block size. Built without code, so that reaching it costs no check.
 constinit thread_local IdentifierBits next{};
 
-std::uint64_t randomWord(std::random_device& source)
+/// 128 bits from the system's source of randomness.
+IdentifierBits randomBits()
 {
-  static_assert(std::random_device::min() == 0 && std::random_device::max() == 0xFFFFFFFF);
-  const std::uint64_t upper = source();
-  return upper << 32U | source();
+  IdentifierBits bits;
+#if defined(_WIN32)
+  std::random_device source;
+  for (std::uint64_t* const word : {&bits.high, &bits.low})
+    *word = std::uint64_t{source()} << 32U | source();
+#else
+  // not std::random_device: it may ask the processor instead, and some answer the same every time
+  if (getentropy(&bits, sizeof bits) != 0)
+    throw std::system_error(errno, std::generic_category(), "no randomness for identifiers");
+#endif
+  return bits;
 }
 
 IdentifierBits takeNext()
@@ -33,17 +46,24 @@ IdentifierBits takeNext()
 
 IdentifierBits takeFirstOfNewBlock()
 {
-  std::random_device source;
-  const auto high = randomWord(source);
-  const auto low = randomWord(source);
+  const auto [high, low] = randomBits();
   next.high = (high & ~0xF000ULL) | 0x8000ULL;                                 // version 8
   next.low = ((low & ~(blockSize - 1)) & ~(3ULL << 62U)) | 1ULL << 63U | 1ULL; // variant 10
   return takeNext();
 }
 
-#if defined(__unix__)
+#if !defined(_WIN32)
 /// A forked child goes on with a copy of the forking thread's block, which the parent still uses.
-const int forkHandlerInstalled = pthread_atfork(nullptr, nullptr, [] { next.low = 0; });
+class ForkHandler {
+public:
+  ForkHandler()
+  {
+    if (const int error = pthread_atfork(nullptr, nullptr, [] { next.low = 0; }); error != 0)
+      throw std::system_error(error, std::generic_category(), "identifiers would not be unique");
+  }
+};
+
+const ForkHandler forkHandler;
 #endif
 
 }

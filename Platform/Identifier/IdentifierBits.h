@@ -14,14 +14,15 @@ struct IdentifierBits {
   std::uint64_t high = 0;
   std::uint64_t low = 0;
 
-  /// Bits that no other call in this or any other process gives, by threads and forked processes
-  /// included. They are never all zero, and they carry the version (8) and the variant of
+  /// Bits that no other call in this or any other process gives, other threads and forked
+  /// processes included. They are never all zero, and they carry the version (8) and the variant of
   /// RFC 9562, so that they are a valid UUID as well.
   ///
   /// A thread draws `high` and the start of `low` from the system's source of randomness and then
   /// counts `low` up; after 65,535 identifiers it draws again. Two such blocks share an identifier
-  /// with a probability of 2^-106.
-  /// @throws what std::random_device throws when the system has no randomness to give
+  /// with a probability of 2^-106. (A process that is forked past the C library, with `_Fork` or
+  /// the bare system call, goes on with the parent's block; start another program there, or none.)
+  /// @throws std::system_error when the system has no randomness to give
   TKM_IDENTIFIER_API static IdentifierBits unique();
 
   /// Compares the low words first: those are the ones that differ within a block.

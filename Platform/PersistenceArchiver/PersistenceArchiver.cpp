@@ -26,12 +26,8 @@ struct ClassRegistry {
   std::map<unsigned int, RegisteredClass> classes;
 };
 
-/// Built on first use, since other libraries register while they are being loaded.
-ClassRegistry& registry()
-{
-  static ClassRegistry classes;
-  return classes;
-}
+/// Built when the library is loaded, and gone after everything that was loaded later.
+ClassRegistry registry;
 
 }
 
@@ -46,7 +42,7 @@ BaseClassRegister* PersistenceArchiver::registerFactory(const std::string& name,
   RegisteredClass added{name, version, record};
   added.record.classHash = hash; // now, since a registered record may be read without the lock
 
-  auto& [mutex, classes] = registry();
+  auto& [mutex, classes] = registry;
   const std::lock_guard lock(mutex);
   auto& entry = classes.try_emplace(hash, std::move(added)).first->second;
   if (entry.name != name || entry.version != version)

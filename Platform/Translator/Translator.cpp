@@ -30,19 +30,15 @@ private:
   std::shared_ptr<const Translator::Catalogue> m_catalogue;
 };
 
-/// Built on first use, since other libraries translate while they are being loaded.
-InstalledCatalogue& installed()
-{
-  static InstalledCatalogue catalogue;
-  return catalogue;
-}
+/// Built when the library is loaded, and gone after everything that was loaded later.
+InstalledCatalogue installed;
 
 }
 
 std::string
 Translator::translate(const char* context, const char* text, const char* disambiguation, int count)
 {
-  if (const auto catalogue = installed().get()) {
+  if (const auto catalogue = installed.get()) {
     if (auto translation = (*catalogue)(context, text, disambiguation, count))
       return *std::move(translation);
   }
@@ -51,8 +47,8 @@ Translator::translate(const char* context, const char* text, const char* disambi
 
 void Translator::installCatalogue(Catalogue catalogue)
 {
-  installed().replaceBy(catalogue ? std::make_shared<const Catalogue>(std::move(catalogue))
-                                  : nullptr);
+  installed.replaceBy(catalogue ? std::make_shared<const Catalogue>(std::move(catalogue))
+                                : nullptr);
 }
 
 }

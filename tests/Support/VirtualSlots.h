@@ -17,9 +17,9 @@ template <class... Operations>
 std::vector<std::size_t> virtualSlots(Operations... operations)
 {
   const auto slotOf = [](auto operation) {
-    std::uintptr_t offsetPlusOne = 0;
-    std::memcpy(&offsetPlusOne, &operation, sizeof offsetPlusOne);
-    return static_cast<std::size_t>((offsetPlusOne - 1) / sizeof(void*));
+    std::uintptr_t offset = 0; // with its lowest bit set where that tells a virtual operation
+    std::memcpy(&offset, &operation, sizeof offset);
+    return static_cast<std::size_t>(offset / sizeof(void*));
   };
   return {slotOf(operations)...};
 }

@@ -14,7 +14,7 @@ struct Host : TKGroupProviderInterface<Identifier> {
   Groups groups;
 
   Groups& getGroups() override { return groups; }
-  void setGroups(const Groups& list) override { groups = list; }
+  void setGroups(const Groups& list) override { Groups(list).swap(groups); }
   std::string getElementName(const Identifier& id) override { return elements.at(id); }
   std::vector<Identifier> getUngroupedElements() override { return {}; } // shown nowhere here
   std::shared_ptr<CommandBase>

@@ -88,6 +88,11 @@ TYPED_TEST(PointerMap, ReleasesEveryPointerWhenItIsDestroyed)
   EXPECT_EQ(b.use_count(), 1);
 }
 
+TYPED_TEST(PointerMap, HoldsNothingButItsMap)
+{
+  EXPECT_EQ(sizeof(this->container), 2 * sizeof(void*)) << "the virtual table and the map";
+}
+
 TYPED_TEST(PointerMap, KeepsTheOrderOfItsVirtualOperations)
 {
   using Base = PointerMapContainerBase<TKGroup<TypeParam>>;

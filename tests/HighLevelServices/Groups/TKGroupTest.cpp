@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "HighLevelServices/Groups/TKGroup.h"
 
+#include "Support/Allocations.h"
 #include "Support/Groups.h"
 #include "Support/Identifiers.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <new>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -69,6 +71,20 @@ TYPED_TEST(Group, TakesOverNameMembersAndIdWhenAssigned)
 
   EXPECT_EQ(&result, &target);
   EXPECT_TRUE(identical(target, source)) << ::testing::PrintToString(list(target));
+}
+
+TYPED_TEST(Group, TakesOverNameAndIdBeforeTheMembers)
+{
+  const auto [a, b] = distinct<TypeParam, 2>();
+  const auto source = group("New", {a, b});
+  auto target = group<TypeParam>("Old", {});
+  {
+    const AllocationWatch firstFails(0); // short names need none, so that it is the members'
+    EXPECT_THROW(target = source, std::bad_alloc);
+  }
+
+  EXPECT_EQ(list(target), list(group<TypeParam>("New", {})));
+  EXPECT_EQ(target.getId(), source.getId());
 }
 
 TYPED_TEST(Group, StaysWhatItIsWhenAssignedToItself)

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+// What the history's listeners promise is tested with the history; here is what it does not show.
+#include "CommandPattern/ChangeListeners.h"
+
+#include "Support/Allocations.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <string>
+
+namespace Tarvik {
+namespace {
+
+TEST(ChangeListeners, LeaveNothingBehindWhenTheyUnsubscribe)
+{
+  ChangeListeners listeners;
+  const AllocationWatch watch;
+
+  for (int i = 0; i < 1000; ++i)
+    const auto subscription = listeners.subscribe([] {});
+
+#if defined(__unix__)
+  EXPECT_GE(watch.count(), 1000U);
+  EXPECT_LE(watch.count() - watch.released(), 8U) << "the last one, and the list's own store";
+#endif
+}
+
+TEST(ChangeListeners, AreToldInTheOrderInWhichTheySubscribed)
+{
+  ChangeListeners listeners;
+  std::string told;
+  const auto first = listeners.subscribe([&] { told += 'a'; });
+  const auto second = listeners.subscribe([&] { told += 'b'; });
+
+  listeners.tell();
+
+  EXPECT_EQ(told, "ab");
+}
+
+TEST(ChangeListeners, AreToldQuietlyWhileAnotherExceptionIsUnderWay)
+{
+  ChangeListeners listeners;
+  int told = 0;
+  const auto failing = listeners.subscribe([] { throw std::runtime_error("no"); });
+  const auto other = listeners.subscribe([&] { ++told; });
+
+  EXPECT_NO_THROW(listeners.tellQuietly());
+  EXPECT_EQ(told, 1);
+}
+
+}
+}
