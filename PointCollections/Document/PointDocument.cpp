@@ -2,9 +2,9 @@
 #include "PointCollections/Document/PointDocument.h"
 
 #include "PointCollections/Document/MoveCollectionsCmd.h"
+#include "PointCollections/Document/Placement.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <iterator>
 #include <stdexcept>
 #include <unordered_set>
@@ -75,25 +75,15 @@ std::vector<GUIdentifier> PointDocument::orderAfterMove(const GUIdentifier& targ
                                                         const std::vector<GUIdentifier>& elements,
                                                         bool insertBefore) const
 {
-  const auto place = std::find(m_order.begin(), m_order.end(), target);
-  if (place == m_order.end())
-    return m_order;
+  return placedBeside(m_order, target, elements, insertBefore);
+}
 
-  std::unordered_set<GUIdentifier> moved;
-  std::vector<GUIdentifier> block;
-  for (const GUIdentifier& element : elements) {
-    if (m_collections.contains(element) && moved.insert(element).second)
-      block.push_back(element);
-  }
-
-  const auto stays = [&moved](const GUIdentifier& id) { return !moved.contains(id); };
-  const auto boundary = insertBefore ? place : std::next(place);
-  std::vector<GUIdentifier> result;
-  result.reserve(m_order.size());
-  std::copy_if(m_order.begin(), boundary, std::back_inserter(result), stays);
-  result.insert(result.end(), block.begin(), block.end());
-  std::copy_if(boundary, m_order.end(), std::back_inserter(result), stays);
-  return result;
+const TKGroup<GUIdentifier>* PointDocument::holderOf(const GUIdentifier& element) const
+{
+  const auto found = std::find_if(m_groups.begin(), m_groups.end(), [&element](const auto& group) {
+    return group.isInGroup(element);
+  });
+  return found != m_groups.end() ? &*found : nullptr;
 }
 
 std::vector<TKGroup<GUIdentifier>>& PointDocument::getGroups()

@@ -54,6 +54,9 @@ public:
                                            const std::vector<GUIdentifier>& elements,
                                            bool insertBefore) const;
 
+  /// The first group that holds the element, or null; valid until the list of groups changes.
+  const TKGroup<GUIdentifier>* holderOf(const GUIdentifier& element) const;
+
   std::vector<TKGroup<GUIdentifier>>& getGroups() override;
 
   /// The collections that lie in no group, in the document's order.

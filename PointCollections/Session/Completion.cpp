@@ -60,7 +60,7 @@ std::optional<ArgumentKind> kindExpected(const Context& context)
   if (place < parameters.size())
     return parameters[place].kind;
   const auto& last = parameters.back();
-  return last.occurrence == Occurrence::AnyNumber ? std::optional(last.kind) : std::nullopt;
+  return isOpen(last.occurrence) ? std::optional(last.kind) : std::nullopt;
 }
 
 Names without(const Names& names, Names excluded)
@@ -73,15 +73,15 @@ Names without(const Names& names, Names excluded)
   return result;
 }
 
-Names namesExpected(Session& session, const Context& context)
+Names namesOf(Session& session, ArgumentKind kind)
 {
-  switch (kindExpected(context).value_or(ArgumentKind::Text)) {
+  switch (kind) {
   case ArgumentKind::Group:
     return groupNames(*session.document);
-  case ArgumentKind::Element: {
-    const auto names = elementNames(*session.document);
-    return context.awaited ? names : without(names, context.arguments);
-  }
+  case ArgumentKind::Element:
+    return elementNames(*session.document);
+  case ArgumentKind::Member:
+    return memberNames(*session.document);
   case ArgumentKind::Verb:
     return verbNames();
   case ArgumentKind::Text:
@@ -89,6 +89,13 @@ Names namesExpected(Session& session, const Context& context)
     break;
   }
   return {};
+}
+
+/// The value of an option may repeat an argument; arguments name everything once.
+Names namesExpected(Session& session, const Context& context)
+{
+  const auto names = namesOf(session, kindExpected(context).value_or(ArgumentKind::Text));
+  return context.awaited ? names : without(names, context.arguments);
 }
 
 Names startingWith(const std::string& start, const Names& names)

@@ -79,6 +79,18 @@ std::vector<std::string> elementNames(const PointDocument& document)
   return names;
 }
 
+std::vector<std::string> memberNames(PointDocument& document)
+{
+  std::vector<std::string> names;
+  for (const auto& group : document.getGroups()) {
+    for (const GUIdentifier& id : group.getGroupMembers()) {
+      if (const PointCollection* collection = document.find(id))
+        names.push_back(collection->name);
+    }
+  }
+  return names;
+}
+
 std::size_t groupPlace(PointDocument& document, const Word& word)
 {
   const auto names = groupNames(document);
@@ -99,6 +111,19 @@ std::size_t groupPlace(PointDocument& document, const Word& word)
 const TKGroup<GUIdentifier>& groupNamed(PointDocument& document, const Word& word)
 {
   return document.getGroups()[groupPlace(document, word)];
+}
+
+std::vector<Identifier> groupsNamed(PointDocument& document, const std::vector<Word>& words)
+{
+  std::vector<Identifier> ids;
+  for (const Word& word : words) {
+    const auto& group = groupNamed(document, word);
+    if (std::find(ids.begin(), ids.end(), group.getId()) != ids.end())
+      throw UserError(
+          fmt::format("{} is given twice; name each group once", mentioned(group.getName())));
+    ids.push_back(group.getId());
+  }
+  return ids;
 }
 
 GUIdentifier elementNamed(const PointDocument& document, const Word& word)

@@ -20,6 +20,9 @@ namespace Tarvik::PointCollections {
 std::vector<std::string> groupNames(PointDocument& document);
 std::vector<std::string> elementNames(const PointDocument& document);
 
+/// The names of the elements that lie in a group, group after group.
+std::vector<std::string> memberNames(PointDocument& document);
+
 /// Where the group stands in the list of groups, counted from 0.
 /// @throws UserError when no group or more than one has the name
 std::size_t groupPlace(PointDocument& document, const Word& word);
@@ -27,6 +30,10 @@ std::size_t groupPlace(PointDocument& document, const Word& word);
 /// The group that the word names; valid until the list of groups changes.
 /// @throws UserError as groupPlace()
 const TKGroup<GUIdentifier>& groupNamed(PointDocument& document, const Word& word);
+
+/// The ids of the groups that the words name, in that order.
+/// @throws UserError as groupPlace(), or when a group is given twice
+std::vector<Identifier> groupsNamed(PointDocument& document, const std::vector<Word>& words);
 
 /// The element with that name.
 /// @throws UserError when there is none

@@ -17,6 +17,11 @@ const std::vector<Verb>& allVerbs()
       showVerb(),    //
       createVerb(),  //
       addVerb(),     //
+      moveVerb(),    //
+      removeVerb(),  //
+      renameVerb(),  //
+      deleteVerb(),  //
+      sortVerb(),    //
       undoVerb(),    //
       redoVerb(),    //
       historyVerb(), //

@@ -12,6 +12,11 @@ namespace Tarvik::PointCollections {
 Verb showVerb();
 Verb createVerb();
 Verb addVerb();
+Verb moveVerb();
+Verb removeVerb();
+Verb renameVerb();
+Verb deleteVerb();
+Verb sortVerb();
 Verb undoVerb();
 Verb redoVerb();
 Verb historyVerb();

@@ -69,14 +69,14 @@ void Arguments::checkCount(const Verb& verb) const
       std::find_if(verb.parameters.begin() +
                        static_cast<std::ptrdiff_t>(std::min(count(), verb.parameters.size())),
                    verb.parameters.end(), [](const Parameter& parameter) {
-                     return parameter.occurrence == Occurrence::Once;
+                     return parameter.occurrence == Occurrence::Once ||
+                            parameter.occurrence == Occurrence::OnceOrMore;
                    });
   if (missing != verb.parameters.end())
     throw UserError(fmt::format("{} is missing; usage: {}", missing->label, verb.usage));
 
-  const bool isOpen =
-      !verb.parameters.empty() && verb.parameters.back().occurrence == Occurrence::AnyNumber;
-  if (count() > verb.parameters.size() && !isOpen)
+  const bool isEndless = !verb.parameters.empty() && isOpen(verb.parameters.back().occurrence);
+  if (count() > verb.parameters.size() && !isEndless)
     throw UserError(fmt::format("{} is one argument too many; usage: {}",
                                 mentioned(at(verb.parameters.size()).text), verb.usage));
 }

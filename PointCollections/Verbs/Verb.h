@@ -17,6 +17,7 @@ enum class ArgumentKind {
   Number,  ///< not completed
   Group,   ///< the name of a group
   Element, ///< the name of an element
+  Member,  ///< the name of an element that lies in a group
   Verb     ///< the name of a verb
 };
 
@@ -24,7 +25,8 @@ enum class ArgumentKind {
 enum class Occurrence {
   Once,
   Optionally,
-  AnyNumber ///< for the last parameter only
+  OnceOrMore, ///< for the last parameter only
+  AnyNumber   ///< for the last parameter only
 };
 
 /// An argument that is known by its place.
@@ -33,6 +35,12 @@ struct Parameter {
   ArgumentKind kind = ArgumentKind::Text;
   Occurrence occurrence = Occurrence::Once;
 };
+
+/// Whether such a parameter takes all arguments that are left.
+constexpr bool isOpen(Occurrence occurrence)
+{
+  return occurrence == Occurrence::OnceOrMore || occurrence == Occurrence::AnyNumber;
+}
 
 /// An argument that is known by its name and may stand anywhere behind the verb.
 struct Option {

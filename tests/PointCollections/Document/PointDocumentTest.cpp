@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Document/PointDocument.h"
 
+#include "HighLevelServices/GroupCommands/MoveTKGroupElementsCmd.h"
 #include "PointCollections/Support/Sessions.h"
 #include "Support/Groups.h"
 
@@ -69,6 +70,17 @@ TEST_F(Document, ListsWhatIsInNoGroupInItsOwnOrder)
   m_document->setGroups({group("X", {id("d"), id("a")}), group("Y", {id("a")})});
 
   EXPECT_THAT(namesOf(*m_document, m_document->getUngroupedElements()), ElementsAre("b", "c", "e"));
+}
+
+TEST_F(Document, FindsTheFirstGroupThatHoldsAnElement)
+{
+  m_document->setGroups(
+      {group<GUIdentifier>("W", {}), group("X", {id("a")}), group("Y", {id("b"), id("a")})});
+
+  EXPECT_EQ(m_document->holderOf(id("a")), &m_document->getGroups()[1]);
+  EXPECT_EQ(m_document->holderOf(id("b")), &m_document->getGroups()[2]);
+  EXPECT_EQ(m_document->holderOf(id("c")), nullptr);
+  EXPECT_EQ(m_document->holderOf(GUIdentifier()), nullptr);
 }
 
 TEST_F(Document, TakesTheListOfGroupsAsItIs)
@@ -169,6 +181,77 @@ TEST_F(Document, UndoesAndRedoesAMove)
   command->redo();
   EXPECT_THAT(order(), ElementsAre("e", "d", "a", "b", "c"));
   EXPECT_EQ(command->getDescription(), "Move");
+}
+
+TEST_F(Document, KeepsThePlacesOfGroupedCollectionsInItsOrder)
+{
+  m_document->setGroups({group("X", {id("b")})});
+
+  EXPECT_THAT(orderAfter("a", "d", false), ElementsAre("a", "d", "b", "c", "e"));
+  EXPECT_THAT(orderAfter("b", "d", true), ElementsAre("a", "d", "b", "c", "e"));
+}
+
+/// A move beside an element in no group, through the library's command.
+class DocumentMoves : public Document {
+protected:
+  DocumentMoves() { m_document->setGroups({group("X", {id("b"), id("d")})}); }
+
+  /// Executes the command, and undoes and redoes it; what is in no group then.
+  std::vector<std::string>
+  ungroupedAfter(const std::string& elements, const std::string& target, bool insertBefore)
+  {
+    std::vector<GUIdentifier> ids;
+    for (const char name : elements)
+      ids.push_back(id(std::string(1, name)));
+    const auto groupsBefore = m_document->getGroups();
+    const auto orderBefore = m_document->order();
+
+    MoveTKGroupElementsCmd<GUIdentifier> command(m_document, ids, id(target), insertBefore);
+    command.execute();
+    const auto groupsAfter = m_document->getGroups();
+    const auto orderAfter = m_document->order();
+
+    command.undo();
+    EXPECT_TRUE(identical(m_document->getGroups(), groupsBefore));
+    EXPECT_EQ(m_document->order(), orderBefore);
+
+    command.redo();
+    EXPECT_TRUE(identical(m_document->getGroups(), groupsAfter));
+    EXPECT_EQ(m_document->order(), orderAfter);
+    return namesOf(*m_document, m_document->getUngroupedElements());
+  }
+};
+
+TEST_F(DocumentMoves, TakeElementsOutOfTheirGroupsAndPlaceThem)
+{
+  EXPECT_THAT(ungroupedAfter("db", "a", true), ElementsAre("d", "b", "a", "c", "e"));
+  EXPECT_TRUE(m_document->getGroups()[0].getGroupMembers().empty());
+}
+
+TEST_F(DocumentMoves, TakeElementsOutOfTheirGroupsWhereTheOrderStaysTheSame)
+{
+  EXPECT_THAT(ungroupedAfter("b", "a", false), ElementsAre("a", "b", "c", "e"));
+  EXPECT_THAT(order(), ElementsAre("a", "b", "c", "d", "e"));
+  EXPECT_EQ(view(m_document->getGroups()), list(group("X", {id("d")})));
+}
+
+TEST_F(DocumentMoves, PlaceElementsThatAreInNoGroup)
+{
+  EXPECT_THAT(ungroupedAfter("ea", "c", false), ElementsAre("c", "e", "a"));
+  EXPECT_EQ(view(m_document->getGroups()), list(group("X", {id("b"), id("d")})));
+}
+
+TEST_F(DocumentMoves, GatherElementsAroundATargetThatIsOneOfThem)
+{
+  EXPECT_THAT(ungroupedAfter("dca", "c", true), ElementsAre("d", "c", "a", "e"));
+  EXPECT_EQ(view(m_document->getGroups()), list(group("X", {id("b")})));
+}
+
+TEST_F(DocumentMoves, LeaveTheOrderAloneBesideAMember)
+{
+  EXPECT_THAT(ungroupedAfter("ae", "d", true), ElementsAre("c"));
+  EXPECT_EQ(view(m_document->getGroups()), list(group("X", {id("b"), id("a"), id("e"), id("d")})));
+  EXPECT_THAT(order(), ElementsAre("a", "b", "c", "d", "e"));
 }
 
 TEST_F(Document, RefusesAnOrderThatIsNotARearrangement)

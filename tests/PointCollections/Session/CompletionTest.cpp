@@ -57,6 +57,31 @@ TEST_F(CompletionOf, AnElement)
   EXPECT_EQ(completed("add Europe P"), "add Europe P");
 }
 
+TEST_F(CompletionOf, AMemberOfAGroup)
+{
+  EXPECT_EQ(completed("remove Par"), "remove Par");
+  run(m_session, {"add Asia \"New York\" Paris", "add Europe Prague"});
+
+  EXPECT_THAT(candidates("remove "), ElementsAre("Prague", "\"New York\"", "Paris"));
+  EXPECT_EQ(completed("remove N"), "remove \"New York\" ");
+  EXPECT_EQ(completed("remove Paris P"), "remove Paris Prague ");
+}
+
+TEST_F(CompletionOf, MoreThanOneGroup)
+{
+  EXPECT_EQ(completed("delete A"), "delete Asia ");
+  EXPECT_THAT(candidates("delete Asia "), ElementsAre("Europe", "\"North America\""));
+}
+
+TEST_F(CompletionOf, WhatIsMovedAndWhere)
+{
+  EXPECT_EQ(completed("move Pra"), "move Prague ");
+  EXPECT_EQ(completed("move Prague Paris Par"), "move Prague Paris Paramaribo ");
+  EXPECT_THAT(candidates("move Prague -"), ElementsAre("--before", "--behind"));
+  EXPECT_THAT(candidates("move Prague --behind Par"), ElementsAre("Paris", "Paramaribo"));
+  EXPECT_EQ(completed("move --before Paris Prag"), "move --before Paris Prague ");
+}
+
 TEST_F(CompletionOf, ANameWithBlanks)
 {
   EXPECT_EQ(completed("add Europe Ne"), "add Europe \"New ");
@@ -103,6 +128,8 @@ TEST_F(CompletionOf, TheValueOfAnOption)
 TEST_F(CompletionOf, NothingWhereAnythingMayStand)
 {
   EXPECT_THAT(candidates("create "), IsEmpty());
+  EXPECT_THAT(candidates("rename Europe "), IsEmpty());
+  EXPECT_THAT(candidates("sort "), IsEmpty());
   EXPECT_THAT(candidates("undo "), IsEmpty());
   EXPECT_THAT(candidates("quit "), IsEmpty());
   EXPECT_THAT(candidates("show Europe "), IsEmpty());

@@ -65,6 +65,15 @@ inline std::vector<std::string> namesOf(const PointDocument& document,
   return names;
 }
 
+/// What is in no group, in the document's order: "a b".
+inline std::string ungroupedOf(const Session& session)
+{
+  std::string result;
+  for (const auto& name : namesOf(*session.document, session.document->getUngroupedElements()))
+    result += (result.empty() ? "" : " ") + name;
+  return result;
+}
+
 /// The groups in short: "A(a b) B()".
 inline std::string groupsOf(const Session& session)
 {

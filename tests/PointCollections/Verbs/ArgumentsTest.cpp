@@ -74,6 +74,8 @@ TEST(Arguments, AreCounted)
   EXPECT_EQ(mistakeWith("a b \"c d\"", Occurrence::Optionally),
             "\"c d\" is one argument too many; usage: do A B");
   EXPECT_EQ(mistakeWith("a b c d e"), "no mistake");
+  EXPECT_EQ(mistakeWith("a", Occurrence::OnceOrMore), "B is missing; usage: do A B");
+  EXPECT_EQ(mistakeWith("a b c d e", Occurrence::OnceOrMore), "no mistake");
 }
 
 TEST(Arguments, RefuseOptionsThatTheVerbDoesNotHave)
