@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# To be sourced by bash scripts that need Debian packages.
+# To be sourced by bash scripts that need Debian packages or quiet commands.
 # shellcheck shell=bash
 
 # require_packages PACKAGE...: installs those of the packages that are missing, with apt-get, as
@@ -27,7 +27,16 @@ require_packages() {
 
   echo "Installing them with apt-get ..." >&2
   # env: sudo does not pass the variable on
-  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get update -qq >&2 &&
-    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
-      apt-get install -qq -y --no-install-recommends "${missing[@]}" >&2
+  quietly "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get update -qq &&
+    quietly "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+      apt-get install -qq -y --no-install-recommends "${missing[@]}"
+}
+
+# quietly COMMAND...: shows what the command prints, on standard error, only when it fails.
+quietly() {
+  local output
+  output=$("$@" 2>&1) || {
+    printf '%s\n' "$output" >&2
+    return 1
+  }
 }

@@ -265,21 +265,5 @@ TYPED_TEST(MoveElements, TakesItsArgumentsAlongWhenItIsAssigned)
   EXPECT_EQ(host->groups(), list(group("A", {b, a, c})));
 }
 
-TYPED_TEST(MoveElements, PutsTheGroupsBackWhenTheHostsCommandFails)
-{
-  const auto [a, x, t] = distinct<TypeParam, 3>();
-  const auto host = hostWith(group("A", {a, x}));
-  const auto groupsBefore = host->copyOfGroups();
-  host->makeMoveCommandBy([](const TypeParam&, const std::vector<TypeParam>&) {
-    return std::make_shared<NotingCommand>(
-        [](const std::string& run) { throw std::runtime_error(run); });
-  });
-  MoveTKGroupElementsCmd<TypeParam> command(host, {x}, t, before);
-
-  EXPECT_THROW(command.execute(), std::runtime_error);
-
-  EXPECT_TRUE(identical(host->copyOfGroups(), groupsBefore));
-}
-
 }
 }

@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace Tarvik::LegacyProgress::Speed {
+
+enum class Rate { Only };
+
+}

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "CommandPattern/CommandBase.h"
+
+#include <list>
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace Tarvik {
+
+class MacroCommand : public CommandBase {
+public:
+  explicit MacroCommand(std::list<std::shared_ptr<CommandBase>> commands)
+      : CommandBase(std::string()), m_commands(std::move(commands))
+  {}
+
+  void execute() override
+  {
+    for (const auto& command : m_commands)
+      command->execute();
+  }
+  void undo() override
+  {
+    for (auto command = m_commands.rbegin(); command != m_commands.rend(); ++command)
+      (*command)->undo();
+  }
+  void redo() override
+  {
+    for (const auto& command : m_commands)
+      command->redo();
+  }
+
+protected:
+  virtual void prepareExecute(std::shared_ptr<CommandBase>) {}
+  virtual void finalizeExecute(std::shared_ptr<CommandBase>) {}
+
+private:
+  std::list<std::shared_ptr<CommandBase>> m_commands;
+};
+
+}

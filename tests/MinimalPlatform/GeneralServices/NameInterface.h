@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Recording.h"
+
+#include <string>
+
+namespace Tarvik {
+
+/// Writes down how it is named. Cannot be assigned: groups are to call setName().
+class NameInterface {
+public:
+  NameInterface() = default;
+  NameInterface(const std::string& name) : m_name(name) {}
+  NameInterface(const NameInterface& other) : m_name(other.m_name) {}
+  NameInterface& operator=(const NameInterface&) = delete;
+  virtual ~NameInterface() = default;
+
+  void setName(const std::string& name, bool verbatim)
+  {
+    Recording::note(verbatim ? "verbatim name " : "name ", name);
+    m_name = name;
+  }
+  const std::string& getName() const { return m_name; }
+
+private:
+  std::string m_name;
+};
+
+}

@@ -1,0 +1,11 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace Tarvik {
+
+class NameSetProvider {
+public:
+  virtual ~NameSetProvider() = default;
+};
+
+}

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "GeneralServices/NameSetProvider.h"
+
+#include <set>
+#include <string>
+
+namespace Tarvik {
+
+class SimpleNameSetProvider : public NameSetProvider {
+public:
+  SimpleNameSetProvider() = default;
+  SimpleNameSetProvider& addName(const std::string& name)
+  {
+    m_names.insert(name);
+    return *this;
+  }
+  bool has(const std::string& name) const { return m_names.count(name) > 0; }
+
+private:
+  std::set<std::string> m_names;
+};
+
+}

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Recording.h"
+
+namespace Tarvik {
+
+class PersistenceArchiver;
+
+/// A number. Writes down that it is assigned to.
+class GUIdentifier {
+public:
+  GUIdentifier() : m_number(++lastNumber()) {}
+  GUIdentifier(const GUIdentifier& other) : m_number(other.m_number) {}
+  GUIdentifier&
+  operator=(const GUIdentifier& other) // NOLINT(bugprone-unhandled-self-assignment): one number
+  {
+    Recording::note("GUIdentifier = ", &other == this ? "itself" : "another");
+    m_number = other.m_number;
+    return *this;
+  }
+  ~GUIdentifier() {} // NOLINT(modernize-use-equals-default): not trivial
+
+  bool isValid() const { return m_number != 0; }
+  static const GUIdentifier& getInvalidId()
+  {
+    static const GUIdentifier invalid(0);
+    return invalid;
+  }
+  static void serialization_register(void* out);
+
+  friend bool operator==(const GUIdentifier& a, const GUIdentifier& b)
+  {
+    return a.m_number == b.m_number;
+  }
+
+private:
+  explicit GUIdentifier(unsigned long long number) : m_number(number) {}
+  static unsigned long long& lastNumber()
+  {
+    static unsigned long long number = 0;
+    return number;
+  }
+
+  unsigned long long m_number;
+};
+
+}

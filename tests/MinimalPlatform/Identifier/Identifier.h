@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Recording.h"
+
+namespace Tarvik {
+
+class PersistenceArchiver;
+
+/// A number. Writes down that it is assigned to.
+class Identifier {
+public:
+  Identifier() : m_number(++lastNumber()) {}
+  Identifier(const Identifier& other) : m_number(other.m_number) {}
+  Identifier&
+  operator=(const Identifier& other) // NOLINT(bugprone-unhandled-self-assignment): one number
+  {
+    Recording::note("Identifier = ", &other == this ? "itself" : "another");
+    m_number = other.m_number;
+    return *this;
+  }
+  ~Identifier() {} // NOLINT(modernize-use-equals-default): not trivial
+
+  bool isValid() const { return m_number != 0; }
+  static const Identifier& getInvalidId()
+  {
+    static const Identifier invalid(0);
+    return invalid;
+  }
+  static void serialization_register(void* out);
+
+  friend bool operator==(const Identifier& a, const Identifier& b)
+  {
+    return a.m_number == b.m_number;
+  }
+
+private:
+  explicit Identifier(unsigned long long number) : m_number(number) {}
+  static unsigned long long& lastNumber()
+  {
+    static unsigned long long number = 0;
+    return number;
+  }
+
+  unsigned long long m_number;
+};
+
+PersistenceArchiver& operator<<(PersistenceArchiver& archive, const Identifier& identifier);
+PersistenceArchiver& operator>>(PersistenceArchiver& archive, Identifier& identifier);
+
+}
