@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string>
+
+/// The elements that random operations work on, by number. Their names differ in lower case as
+/// well, so that sorting by name has one outcome.
+namespace Tarvik::Modelling {
+
+/// The host knows the first ones; the last is the invalid identifier.
+inline constexpr std::array elementNames{"Zeta",  "alpha", "Alpha 10",     "alpha 9",
+                                         "Beta1", "B_eta", "\xC3\xA4ther", "eta",
+                                         "stray", "Alien", "invalid"};
+inline constexpr int knownElements = 8;
+inline constexpr int numberOfElements = static_cast<int>(elementNames.size());
+inline constexpr int invalidElement = numberOfElements - 1;
+
+inline std::string elementName(int number)
+{
+  return elementNames.at(static_cast<std::size_t>(number));
+}
+
+/// The name under which a host that lists members twice shows one for the second time: in front of
+/// all others for some elements, behind them for the rest.
+inline std::string secondName(const std::string& name)
+{
+  return (name.size() % 2 == 0 ? "#" : "\xFF") + name;
+}
+
+}

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "HighLevelServices/Model/Operation.h"
+
+#include <cstddef>
+#include <cstdint>
+
+namespace Tarvik::Modelling {
+
+/// Some groups to begin with and then as many other operations. Equal arguments give equal
+/// operations, on any platform.
+///
+/// Awkward arguments are frequent: elements given twice, held by two groups or unknown to the host,
+/// groups that do not exist or share an id, names that are taken, empty or differ in case only.
+Operations randomOperations(std::uint64_t seed, std::size_t length);
+
+}
