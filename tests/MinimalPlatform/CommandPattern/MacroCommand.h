@@ -3,6 +3,7 @@
 
 #include "CommandPattern/CommandBase.h"
 
+#include <algorithm>
 #include <list>
 #include <memory>
 #include <string>
@@ -23,8 +24,8 @@ public:
   }
   void undo() override
   {
-    for (auto command = m_commands.rbegin(); command != m_commands.rend(); ++command)
-      (*command)->undo();
+    std::for_each(m_commands.rbegin(), m_commands.rend(),
+                  [](const auto& command) { command->undo(); });
   }
   void redo() override
   {
@@ -33,8 +34,10 @@ public:
   }
 
 protected:
+  // NOLINTBEGIN(performance-unnecessary-value-param): as they are called
   virtual void prepareExecute(std::shared_ptr<CommandBase>) {}
   virtual void finalizeExecute(std::shared_ptr<CommandBase>) {}
+  // NOLINTEND(performance-unnecessary-value-param)
 
 private:
   std::list<std::shared_ptr<CommandBase>> m_commands;

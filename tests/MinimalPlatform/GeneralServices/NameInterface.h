@@ -12,7 +12,7 @@ class NameInterface {
 public:
   NameInterface() = default;
   NameInterface(const std::string& name) : m_name(name) {}
-  NameInterface(const NameInterface& other) : m_name(other.m_name) {}
+  NameInterface(const NameInterface& other) = default;
   NameInterface& operator=(const NameInterface&) = delete;
   virtual ~NameInterface() = default;
 

@@ -16,7 +16,7 @@ public:
     m_names.insert(name);
     return *this;
   }
-  bool has(const std::string& name) const { return m_names.count(name) > 0; }
+  bool has(const std::string& name) const { return m_names.contains(name); }
 
 private:
   std::set<std::string> m_names;

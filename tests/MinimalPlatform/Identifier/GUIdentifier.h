@@ -11,7 +11,7 @@ class PersistenceArchiver;
 class GUIdentifier {
 public:
   GUIdentifier() : m_number(++lastNumber()) {}
-  GUIdentifier(const GUIdentifier& other) : m_number(other.m_number) {}
+  GUIdentifier(const GUIdentifier& other) = default;
   GUIdentifier&
   operator=(const GUIdentifier& other) // NOLINT(bugprone-unhandled-self-assignment): one number
   {

@@ -11,7 +11,7 @@ class PersistenceArchiver;
 class Identifier {
 public:
   Identifier() : m_number(++lastNumber()) {}
-  Identifier(const Identifier& other) : m_number(other.m_number) {}
+  Identifier(const Identifier& other) = default;
   Identifier&
   operator=(const Identifier& other) // NOLINT(bugprone-unhandled-self-assignment): one number
   {
