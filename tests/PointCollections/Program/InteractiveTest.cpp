@@ -6,11 +6,12 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <pty.h>
-#include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
 #include <chrono>
+#include <csignal>
 #include <cstdlib>
 #include <string>
 
@@ -83,7 +84,7 @@ private:
     return found != std::string::npos && shown.find(other, found + one.size()) != std::string::npos;
   }
 
-  void type(const std::string& keys)
+  void type(const std::string& keys) const
   {
     ASSERT_EQ(write(m_terminal, keys.data(), keys.size()), static_cast<ssize_t>(keys.size()));
   }
@@ -95,10 +96,10 @@ private:
     pollfd watched = {m_terminal, POLLIN, 0};
     if (poll(&watched, 1, patience) != 1)
       return false;
-    char buffer[4096];
-    const auto count = read(m_terminal, buffer, sizeof buffer);
+    std::array<char, 4096> buffer{};
+    const auto count = read(m_terminal, buffer.data(), buffer.size());
     if (count > 0)
-      shown.append(buffer, static_cast<std::size_t>(count));
+      shown.append(buffer.data(), static_cast<std::size_t>(count));
     m_hasEnded = count <= 0;
     return !m_hasEnded;
   }

@@ -42,8 +42,8 @@ TEST_F(Program, RunsCommandsFromStandardInput)
 
 TEST_F(Program, RunsCommandsFromArgumentsAndIgnoresStandardInput)
 {
-  const auto outcome = run({m_points, "--quiet", "--command", "create \"G $HOME\" \"b c\"",
-                            "--command", "show \"G $HOME\""},
+  const auto outcome = run({m_points, "--quiet", "--command", R"(create "G $HOME" "b c")",
+                            "--command", R"(show "G $HOME")"},
                            "nonsense\n");
 
   EXPECT_EQ(outcome.status, 0);

@@ -38,7 +38,7 @@ public:
   /// Writes a file, byte for byte.
   std::filesystem::path write(const std::string& name, std::string_view content) const
   {
-    const auto file = m_path / name;
+    auto file = m_path / name;
     std::ofstream(file, std::ios::binary) << content;
     return file;
   }

@@ -14,7 +14,7 @@ protected:
   std::string groupsAfter(std::string_view line)
   {
     run(m_session, {line});
-    const auto result = groupsOf(m_session);
+    auto result = groupsOf(m_session);
     run(m_session, {"undo"});
     return result;
   }
