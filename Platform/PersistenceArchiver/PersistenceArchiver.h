@@ -24,9 +24,9 @@ public:
   /// @param name     unique among the classes of the program
   /// @param record   the class's record; its class hash is ignored
   /// @param version  the class's version
-  /// @return the registered record, with its class hash, valid until the program ends. A class that
-  ///         is registered already keeps the record that it has. Null when the name's hash stands
-  ///         for another class or another version.
+  /// @return the registered record, with its class hash, valid while the library is loaded. A class
+  ///         that is registered already keeps the record that it has. Null when the name's hash
+  ///         stands for another class or another version.
   static BaseClassRegister*
   registerFactory(const std::string& name, const BaseClassRegister& record, unsigned int version);
 
