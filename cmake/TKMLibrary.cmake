@@ -27,6 +27,18 @@ function(tkm_add_library name)
     EXPORT_NAME ${name}
     VERSION ${PROJECT_VERSION}
     SOVERSION ${PROJECT_VERSION_MAJOR})
+  if(WIN32)
+    tkm_configure_dll(${target})
+  endif()
+endfunction()
+
+# tkm_configure_dll(<target>): the name that is the same whatever the compiler, and the version that
+# the file's properties show.
+function(tkm_configure_dll target)
+  set_target_properties(${target} PROPERTIES PREFIX "")
+  set(resource "${CMAKE_CURRENT_BINARY_DIR}/${target}.rc")
+  configure_file("${CMAKE_CURRENT_FUNCTION_LIST_DIR}/Version.rc.in" "${resource}" @ONLY)
+  target_sources(${target} PRIVATE "${resource}")
 endfunction()
 
 add_library(tkm_warnings INTERFACE)

@@ -23,6 +23,8 @@ private:
 
 }
 
+const std::size_t CommandHistory::unlimited;
+
 CommandHistory::CommandHistory(std::size_t limit) : m_limit(limit) {}
 
 CommandHistory::~CommandHistory() = default;

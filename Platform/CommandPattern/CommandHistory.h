@@ -32,8 +32,8 @@ public:
   /// Keeps a listener subscribed for as long as it lives; may outlive the history.
   using Subscription = ChangeListeners::Subscription;
 
-  /// No limit on the number of commands.
-  static constexpr std::size_t unlimited = std::numeric_limits<std::size_t>::max();
+  /// No limit on the number of commands. Defined in the source file: MinGW's GCC exports no other.
+  static const std::size_t unlimited = std::numeric_limits<std::size_t>::max();
 
   /// An empty history with the clean mark at its start.
   /// @param limit  the most commands that it keeps
