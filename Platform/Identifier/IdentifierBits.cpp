@@ -1,14 +1,19 @@
 // SPDX-License-Identifier: MIT
+#if defined(_WIN32)
+#define _CRT_RAND_S // for rand_s(); before any header
+#endif
+
 #include "Identifier/IdentifierBits.h"
 
+#include <system_error>
+
 #if defined(_WIN32)
-#include <random>
+#include <cstdlib>
 #else
 #include <pthread.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <system_error>
 #endif
 
 namespace Tarvik {
@@ -21,21 +26,34 @@ constexpr std::uint64_t blockSize = 65536;
 /// block size. Built without code, so that reaching it costs no check.
 constinit thread_local IdentifierBits next{};
 
-/// 128 bits from the system's source of randomness.
+// The system's source of randomness. Not std::random_device: it may ask the processor instead, and
+// some answer the same every time.
+#if defined(_WIN32)
+std::uint64_t randomWord()
+{
+  std::uint64_t word = 0;
+  for (int half = 0; half < 2; ++half) {
+    unsigned int drawn = 0;
+    if (const int error = rand_s(&drawn); error != 0)
+      throw std::system_error(error, std::generic_category(), "no randomness for identifiers");
+    word = word << 32U | drawn;
+  }
+  return word;
+}
+
+IdentifierBits randomBits()
+{
+  return {.high = randomWord(), .low = randomWord()};
+}
+#else
 IdentifierBits randomBits()
 {
   IdentifierBits bits;
-#if defined(_WIN32)
-  std::random_device source;
-  for (std::uint64_t* const word : {&bits.high, &bits.low})
-    *word = std::uint64_t{source()} << 32U | source();
-#else
-  // not std::random_device: it may ask the processor instead, and some answer the same every time
   if (getentropy(&bits, sizeof bits) != 0)
     throw std::system_error(errno, std::generic_category(), "no randomness for identifiers");
-#endif
   return bits;
 }
+#endif
 
 IdentifierBits takeNext()
 {
