@@ -5,15 +5,18 @@
 #include "PointCollections/Terminal/Terminal.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
+#include "PointCollections/Text/Utf8.h"
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <exception>
 #include <iostream>
 #include <numeric>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace Tarvik::PointCollections {
@@ -43,6 +46,7 @@ constexpr auto remarks =
 void declare(CLI::App& app, Settings& settings)
 {
   app.footer(remarks);
+  app.allow_windows_style_options(false); // they would hide files whose paths start with a slash
   app.set_version_flag("--version", "point-collections " POINT_COLLECTIONS_VERSION);
   app.add_option("FILE", settings.pointFile, "The points to open (.csv)")->required();
   app.add_option("--script", settings.script, "Read commands from a file")->type_name("FILE");
@@ -82,7 +86,7 @@ bool runBatch(Session& session, const Settings& settings, Transcript& transcript
 {
   std::ifstream script;
   if (!settings.script.empty())
-    script = openText(settings.script);
+    script = openText(Utf8::toPath(settings.script));
   if (!settings.isQuiet)
     transcript.result(welcome(session));
   if (settings.script.empty() && settings.commands.empty())
@@ -99,8 +103,8 @@ ExitStatus run(const Settings& settings)
                         isOutputTerminal() && isErrorTerminal();
   const auto detail = isInteractive || settings.isQuiet ? Transcript::Detail::ResultsOnly
                                                         : Transcript::Detail::Full;
-  const std::filesystem::path file = settings.pointFile;
-  Session session = {PointDocument::create(readPointFile(file)), file.filename().string(),
+  const auto file = Utf8::toPath(settings.pointFile);
+  Session session = {PointDocument::create(readPointFile(file)), Utf8::fromPath(file.filename()),
                      Style{hasColor}};
   Transcript transcript(std::cout, std::cerr, detail, session.style);
 
@@ -112,13 +116,14 @@ ExitStatus run(const Settings& settings)
   return isFine ? Succeeded : CommandFailed;
 }
 
-int runProgram(int argc, char** argv)
+int runProgram(std::vector<std::string> arguments)
 {
   Settings settings;
   CLI::App app(purpose, "point-collections");
   declare(app, settings);
   try {
-    app.parse(argc, argv);
+    std::reverse(arguments.begin(), arguments.end()); // as CLI11 takes them
+    app.parse(std::move(arguments));
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? Succeeded : BadInput;
   }
@@ -134,7 +139,7 @@ int main(int argc, char** argv)
   std::ios::sync_with_stdio(false);
   prepareTerminal();
   try {
-    return runProgram(argc, argv);
+    return runProgram(programArguments(argc, argv));
   } catch (const UserError& error) {
     std::cerr << "point-collections: " << error.what() << std::endl;
     return BadInput;

@@ -3,6 +3,8 @@
 
 #include <unistd.h>
 
+#include <algorithm>
+
 namespace Tarvik::PointCollections {
 
 bool isInputTerminal()
@@ -21,5 +23,10 @@ bool isErrorTerminal()
 }
 
 void prepareTerminal() {}
+
+std::vector<std::string> programArguments(int argc, char** argv)
+{
+  return {argv + std::min(argc, 1), argv + argc};
+}
 
 }

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <string>
+#include <vector>
+
 /// What differs between operating systems: one source file for each.
 namespace Tarvik::PointCollections {
 
@@ -13,7 +16,12 @@ bool isOutputTerminal();
 /// Whether a person reads standard error.
 bool isErrorTerminal();
 
-/// Makes the terminal take and show UTF-8 where that is not so anyway.
+/// Makes the terminal take and show UTF-8 and colours where that is not so anyway, and the standard
+/// streams pass on bytes as they are. To be called before anything is read or written.
 void prepareTerminal();
+
+/// The arguments behind the program's name, in UTF-8 where the system knows their encoding.
+/// @param argc, argv  those of main()
+std::vector<std::string> programArguments(int argc, char** argv);
 
 }

@@ -57,7 +57,7 @@ TEST(TextInput, RefusesAFileThatDoesNotExist)
   const auto file = folder.path() / "none.csv";
 
   EXPECT_THAT(mistakeIn([&] { readText(file); }),
-              StartsWith(file.string() + ": the file cannot be opened"));
+              StartsWith(Utf8::fromPath(file) + ": the file cannot be opened"));
 }
 
 TEST(TextInput, RefusesAFolder)
@@ -74,7 +74,7 @@ TEST(TextInput, RefusesAFileWithANulByte)
   const auto file = folder.write("file.csv", std::string("a\nb\0c\n", 6));
 
   EXPECT_EQ(mistakeIn([&] { readText(file); }),
-            file.string() + ":2: a NUL byte; expected a text file in UTF-8");
+            Utf8::fromPath(file) + ":2: a NUL byte; expected a text file in UTF-8");
 }
 
 }

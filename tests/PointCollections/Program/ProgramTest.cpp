@@ -16,9 +16,14 @@ protected:
     return runProgram(m_folder, arguments, input);
   }
 
+  /// Writes a file; its path as text.
+  std::string write(const std::string& name, std::string_view content) const
+  {
+    return Utf8::fromPath(m_folder.write(name, content));
+  }
+
   TemporaryFolder m_folder;
-  std::string m_points =
-      m_folder.write("points.csv", "collection,x,y,z\na,1,2,3\n\"b c\",4,5,6\n").string();
+  std::string m_points = write("points.csv", "collection,x,y,z\na,1,2,3\n\"b c\",4,5,6\n");
 };
 
 TEST_F(Program, RunsCommandsFromStandardInput)
@@ -52,7 +57,7 @@ TEST_F(Program, RunsCommandsFromArgumentsAndIgnoresStandardInput)
 
 TEST_F(Program, RunsTheScriptBehindTheCommands)
 {
-  const auto script = m_folder.write("test.pcs", "add G a\n").string();
+  const auto script = write("test.pcs", "add G a\n");
   const auto outcome = run({"--script", script, "--command", "create G", "--quiet", m_points});
 
   EXPECT_EQ(outcome.status, 0);
@@ -61,7 +66,7 @@ TEST_F(Program, RunsTheScriptBehindTheCommands)
 
 TEST_F(Program, DoesNotRunTheScriptBehindAMistake)
 {
-  const auto script = m_folder.write("test.pcs", "create G\n").string();
+  const auto script = write("test.pcs", "create G\n");
   const auto outcome = run({m_points, "--quiet", "--script", script, "--command", "crate"});
 
   EXPECT_EQ(outcome.status, 1);
@@ -71,7 +76,7 @@ TEST_F(Program, DoesNotRunTheScriptBehindAMistake)
 
 TEST_F(Program, StopsAScriptAtAMistake)
 {
-  const auto script = m_folder.write("test.pcs", "create G a\nadd G d\ncreate H\n").string();
+  const auto script = write("test.pcs", "create G a\nadd G d\ncreate H\n");
   const auto outcome = run({m_points, "--quiet", "--script", script});
 
   EXPECT_EQ(outcome.status, 1);
@@ -86,6 +91,48 @@ TEST_F(Program, TellsTheLineOfAMistakeInStandardInput)
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.errors,
             "<stdin>:3: column 5: this quote is never closed; add a \" behind the name\n");
+}
+
+TEST_F(Program, TakesFilesWithTheLineEndsOfWindows)
+{
+  const auto points = write("crlf.csv", "collection,x,y,z\r\na,1,2,3\r\nb,4,5,6\r\n");
+  const auto script = write("crlf.pcs", "# a comment\r\n\r\ncreate G a\r\nadd G b\r\n");
+  const auto outcome = run({points, "--quiet", "--script", script});
+
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.errors, "");
+  EXPECT_EQ(outcome.output, "Created G with 1 element.\nAdded 1 element to G.\n");
+  EXPECT_EQ(run({points, "--quiet"}, "create G a\r\n").output, "Created G with 1 element.\n");
+}
+
+TEST_F(Program, TakesFileNamesAndCommandsOfAnyLanguage)
+{
+  const auto points = write("Städte 都市 🌍.csv", "collection,x,y,z\nЛондон,1,2,3\n東京,4,5,6\n");
+  const auto script = write("Größe Δ.pcs", "add Städte 東京\nadd Städte 大阪\n");
+  const auto outcome = run({points, "--command", "create Städte Лондон", "--script", script});
+
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.output, "Opened \"Städte 都市 🌍.csv\": 2 elements with 2 points.\n"
+                            "\n"
+                            "> create Städte Лондон\n"
+                            "Created Städte with 1 element.\n"
+                            "\n"
+                            "> add Städte 東京\n"
+                            "Added 1 element to Städte.\n"
+                            "\n"
+                            "> add Städte 大阪\n");
+  EXPECT_EQ(outcome.errors, script + ":2: there is no element named 大阪; show --all lists them\n");
+}
+
+TEST_F(Program, TakesArgumentsAsTheyStand)
+{
+  const auto outcome = run({m_points, "--quiet", "--command", R"(create "a \"b\" \\\\c\\")",
+                            "--command", "create *", "--command", "create %PATH%"});
+
+  EXPECT_EQ(outcome.errors, "");
+  EXPECT_EQ(outcome.output, "Created \"a \\\"b\\\" \\\\\\\\c\\\\\" with 0 elements.\n"
+                            "Created * with 0 elements.\n"
+                            "Created %PATH% with 0 elements.\n");
 }
 
 TEST_F(Program, DoesNothingWithoutCommands)
@@ -105,7 +152,7 @@ TEST_F(Program, SurvivesAnyBytes)
 
 TEST_F(Program, RefusesAFileOfPointsThatIsNoGood)
 {
-  const auto bad = m_folder.write("bad.csv", "collection,x,y,z\na,1,2,3\nb,1,two,3\n").string();
+  const auto bad = write("bad.csv", "collection,x,y,z\na,1,2,3\nb,1,two,3\n");
   const auto outcome = run({bad}, "show\n");
 
   EXPECT_EQ(outcome.status, 2);
@@ -116,7 +163,7 @@ TEST_F(Program, RefusesAFileOfPointsThatIsNoGood)
 
 TEST_F(Program, RefusesFilesThatCannotBeRead)
 {
-  const auto folder = m_folder.path().string();
+  const auto folder = Utf8::fromPath(m_folder.path());
   EXPECT_EQ(run({folder + "/none.csv"}).status, 2);
   EXPECT_EQ(run({folder}).status, 2);
   EXPECT_EQ(run({m_points, "--script", folder + "/none.pcs"}).status, 2);

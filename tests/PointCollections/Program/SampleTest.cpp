@@ -70,8 +70,9 @@ TEST_F(Sample, HasCitiesWhereTheyAre)
 TEST_F(Sample, ScriptRunsToItsEnd)
 {
   const TemporaryFolder folder;
-  const auto outcome = runProgram(folder, {(samples() / "time-zone-cities.csv").string(),
-                                           "--script", (samples() / "continents.pcs").string()});
+  const auto outcome =
+      runProgram(folder, {Utf8::fromPath(samples() / "time-zone-cities.csv"), "--script",
+                          Utf8::fromPath(samples() / "continents.pcs")});
 
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.errors, "");

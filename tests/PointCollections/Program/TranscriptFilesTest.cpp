@@ -18,7 +18,7 @@ std::vector<std::string> scriptNames()
   std::vector<std::string> names;
   for (const auto& entry : std::filesystem::directory_iterator(transcripts())) {
     if (entry.path().extension() == ".pcs")
-      names.push_back(entry.path().stem().string());
+      names.push_back(Utf8::fromPath(entry.path().stem()));
   }
   std::sort(names.begin(), names.end());
   return names;
@@ -27,7 +27,7 @@ std::vector<std::string> scriptNames()
 /// The errors without the folder in front of the script's name.
 std::string withoutFolder(std::string errors)
 {
-  const auto folder = transcripts().string() + '/';
+  const auto folder = Utf8::fromPath(transcripts()) + '/';
   const auto found = errors.find(folder);
   return found == std::string::npos ? errors : errors.erase(found, folder.size());
 }
@@ -46,8 +46,9 @@ TEST_P(ScriptInFolder, PrintsWhatStandsBesideIt)
   const auto expectedErrors = transcripts() / (GetParam() + ".err");
   const TemporaryFolder folder;
 
-  const auto outcome = runProgram(folder, {transcripts().string() + "/points.csv", "--script",
-                                           transcripts().string() + '/' + GetParam() + ".pcs"});
+  const auto scripts = Utf8::fromPath(transcripts()) + '/';
+  const auto outcome =
+      runProgram(folder, {scripts + "points.csv", "--script", scripts + GetParam() + ".pcs"});
 
   EXPECT_EQ(outcome.output, contentOf(transcripts() / (GetParam() + ".out")));
   EXPECT_EQ(withoutFolder(outcome.errors), contentOf(expectedErrors));

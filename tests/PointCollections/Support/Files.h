@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "PointCollections/Text/Utf8.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -38,7 +40,7 @@ public:
   /// Writes a file, byte for byte.
   std::filesystem::path write(const std::string& name, std::string_view content) const
   {
-    auto file = m_path / name;
+    auto file = m_path / Utf8::toPath(name);
     std::ofstream(file, std::ios::binary) << content;
     return file;
   }
