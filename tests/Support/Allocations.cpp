@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "Support/Allocations.h"
 
+#if defined(__MINGW32__)
+#include "Support/ImportTable.h"
+#endif
+
 #include <algorithm>
 #include <cstdlib>
 #include <new>
@@ -43,6 +47,18 @@ void* allocateOrThrow(std::size_t size)
     throw std::bad_alloc();
   return memory;
 }
+
+#if defined(__MINGW32__)
+/// The operators below are the program's alone on Windows: DLLs use those of the C++ runtime that
+/// they share, which take their memory from the C library. So the runtime is watched there.
+[[maybe_unused]] const bool watchesTheRuntime = [] {
+  const HMODULE runtime = ImportTable::module("libstdc++-6.dll");
+  const HMODULE library = ImportTable::module("msvcrt.dll");
+  ImportTable::redirect(runtime, library, "malloc", &allocate);
+  ImportTable::redirect(runtime, library, "free", &release);
+  return true;
+}();
+#endif
 
 }
 

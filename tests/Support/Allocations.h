@@ -9,7 +9,8 @@ namespace Tarvik {
 /// Counts what the calling thread takes with `operator new` and gives back while it lives, and can
 /// let one of these allocations fail. One at a time in each thread.
 ///
-/// A test program's `operator new` reaches into the libraries on ELF only.
+/// It reaches into the libraries on Linux and, with MinGW, on Windows. With MSVC it sees what the
+/// program itself takes, since each DLL has operators of its own there.
 class AllocationWatch {
 public:
   static constexpr std::size_t none = std::numeric_limits<std::size_t>::max();

@@ -73,6 +73,7 @@ TYPED_TEST(Group, TakesOverNameMembersAndIdWhenAssigned)
   EXPECT_TRUE(identical(target, source)) << ::testing::PrintToString(list(target));
 }
 
+#if !defined(_MSC_VER) // the watch does not reach into DLLs there
 TYPED_TEST(Group, TakesOverNameAndIdBeforeTheMembers)
 {
   const auto [a, b] = distinct<TypeParam, 2>();
@@ -86,6 +87,7 @@ TYPED_TEST(Group, TakesOverNameAndIdBeforeTheMembers)
   EXPECT_EQ(list(target), list(group<TypeParam>("New", {})));
   EXPECT_EQ(target.getId(), source.getId());
 }
+#endif
 
 TYPED_TEST(Group, StaysWhatItIsWhenAssignedToItself)
 {

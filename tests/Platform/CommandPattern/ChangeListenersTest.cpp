@@ -20,7 +20,7 @@ TEST(ChangeListeners, LeaveNothingBehindWhenTheyUnsubscribe)
   for (int i = 0; i < 1000; ++i)
     const auto subscription = listeners.subscribe([] {});
 
-#if defined(__unix__)
+#if !defined(_MSC_VER) // the watch does not reach into DLLs there
   EXPECT_GE(watch.count(), 1000U);
   EXPECT_LE(watch.count() - watch.released(), 8U) << "the last one, and the list's own store";
 #endif

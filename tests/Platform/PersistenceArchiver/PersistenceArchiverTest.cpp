@@ -193,7 +193,7 @@ TEST(Archive, RefusesALengthBeyondItsEnd)
     EXPECT_THROW(read<std::string>(bytes), ArchiveError) << bytes;
 }
 
-#if defined(__unix__)
+#if !defined(_MSC_VER) // the watch does not reach into DLLs there
 
 TEST(Archive, TakesNoMemoryForALengthBeyondItsEnd)
 {

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <windows.h>
+
+#include <cstddef>
+#include <stdexcept>
+#include <string>
+
+/// Looking into a DLL of Windows.
+namespace Tarvik::ImportTable {
+
+/// A loaded DLL.
+inline HMODULE module(const std::string& name)
+{
+  const HMODULE result = GetModuleHandleA(name.c_str());
+  if (result == nullptr)
+    throw std::logic_error(name + " is not loaded");
+  return result;
+}
+
+/// What lies so many bytes behind the start of the DLL.
+template <class T>
+T* at(HMODULE dll, std::size_t offset)
+{
+  return reinterpret_cast<T*>(reinterpret_cast<std::byte*>(dll) + offset);
+}
+
+/// Where the DLL keeps the address of a function that it imports.
+inline ULONGLONG& entry(HMODULE dll, ULONGLONG function)
+{
+  const auto* const headers =
+      at<IMAGE_NT_HEADERS64>(dll, static_cast<std::size_t>(at<IMAGE_DOS_HEADER>(dll, 0)->e_lfanew));
+  const auto& table = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
+  const auto* library = at<IMAGE_IMPORT_DESCRIPTOR>(dll, table.VirtualAddress);
+  for (; library->FirstThunk != 0; ++library)
+    for (auto* thunk = at<IMAGE_THUNK_DATA64>(dll, library->FirstThunk); thunk->u1.Function != 0;
+         ++thunk)
+      if (thunk->u1.Function == function)
+        return thunk->u1.Function;
+  throw std::logic_error("the DLL does not import the function");
+}
+
+/// Lets a DLL call another function instead of one that it imports.
+template <class Function>
+void redirect(HMODULE user, HMODULE owner, const char* name, Function* replacement)
+{
+  auto& place = entry(user, reinterpret_cast<ULONGLONG>(GetProcAddress(owner, name)));
+  DWORD protection = 0;
+  VirtualProtect(&place, sizeof place, PAGE_READWRITE, &protection);
+  place = reinterpret_cast<ULONGLONG>(replacement);
+  VirtualProtect(&place, sizeof place, protection, &protection);
+}
+
+}
