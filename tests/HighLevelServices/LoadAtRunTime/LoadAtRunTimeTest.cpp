@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+// A program that is not linked with the libraries may load and unload them as often as it likes.
+// Built with AddressSanitizer, it also tells of what an unloaded library has not given back.
+
+#include "HighLevelServices/LoadAtRunTime/Library.h"
+
+#include <gtest/gtest.h>
+
+#include <future>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace Tarvik {
+namespace {
+
+constexpr int often = 300;
+
+const std::string plugIn = PLUG_IN;
+const std::string highLevelServices = HIGH_LEVEL_SERVICES;
+const std::vector<std::string> allLibraries = {ALL_LIBRARIES};
+
+std::vector<std::string> loadedLibraries()
+{
+  std::vector<std::string> result;
+  for (const auto& library : allLibraries)
+    if (Library::isLoaded(library))
+      result.push_back(library);
+  return result;
+}
+
+bool useTheLibraries(const Library& loadedPlugIn)
+{
+  return loadedPlugIn.function<bool()>("useTheLibraries")();
+}
+
+TEST(LibraryAtRunTime, BringsItsPlatformAndIsGoneWithItWhenItIsUnloaded)
+{
+  for (int i = 0; i < often; ++i) {
+    {
+      const Library library(highLevelServices);
+      ASSERT_EQ(loadedLibraries(), allLibraries) << "time " << i;
+    }
+    ASSERT_EQ(loadedLibraries(), std::vector<std::string>()) << "time " << i;
+  }
+}
+
+TEST(LibraryAtRunTime, IsGoneAfterItHasBeenUsed)
+{
+  for (int i = 0; i < often; ++i) {
+    {
+      const Library library(plugIn);
+      ASSERT_TRUE(useTheLibraries(library)) << "time " << i;
+    }
+    ASSERT_EQ(loadedLibraries(), std::vector<std::string>()) << "time " << i;
+  }
+}
+
+TEST(LibraryAtRunTime, StaysWhileSomebodyElseNeedsIt)
+{
+  const Library user(highLevelServices);
+  {
+    const Library other(plugIn);
+    EXPECT_TRUE(useTheLibraries(other));
+  }
+
+  EXPECT_EQ(loadedLibraries(), allLibraries);
+}
+
+TEST(LibraryAtRunTime, MayBeUnloadedBeforeAThreadThatUsedIt)
+{
+  for (int i = 0; i < often; ++i) {
+    std::promise<bool> used;
+    std::promise<void> unloaded;
+    std::thread thread;
+    {
+      const Library library(plugIn);
+      thread = std::thread([&] {
+        used.set_value(useTheLibraries(library));
+        unloaded.get_future().wait();
+      });
+      EXPECT_TRUE(used.get_future().get()) << "time " << i;
+    }
+    EXPECT_EQ(loadedLibraries(), std::vector<std::string>()) << "time " << i;
+    unloaded.set_value();
+    thread.join();
+  }
+}
+
+}
+}
