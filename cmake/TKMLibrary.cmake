@@ -28,7 +28,7 @@ function(tkm_add_library name)
     VERSION ${PROJECT_VERSION}
     SOVERSION ${PROJECT_VERSION_MAJOR})
   if(WIN32)
-    tkm_configure_dll(${target})
+    tkm_configure_dll(${target} "${PROJECT_NAME} ${name}")
   elseif(CMAKE_SYSTEM_NAME STREQUAL "Linux")
     set(map "${CMAKE_CURRENT_FUNCTION_LIST_DIR}/exports.map")
     target_link_options(${target} PRIVATE "LINKER:--version-script=${map}")
@@ -36,9 +36,9 @@ function(tkm_add_library name)
   endif()
 endfunction()
 
-# tkm_configure_dll(<target>): the name that is the same whatever the compiler, and the version that
+# tkm_configure_dll(<target> <description>): the name that is the same whatever the compiler, and what
 # the file's properties show.
-function(tkm_configure_dll target)
+function(tkm_configure_dll target description)
   set_target_properties(${target} PROPERTIES PREFIX "")
   set(resource "${CMAKE_CURRENT_BINARY_DIR}/${target}.rc")
   configure_file("${CMAKE_CURRENT_FUNCTION_LIST_DIR}/Version.rc.in" "${resource}" @ONLY)
@@ -51,6 +51,8 @@ if(MSVC)
   # parts of a program share
   target_compile_options(tkm_warnings INTERFACE /W4 /permissive- /utf-8 /wd4251 /wd4275
     $<$<BOOL:${TKM_WARNINGS_AS_ERRORS}>:/WX>)
+  # it warns of functions of the standard that it has others for
+  target_compile_definitions(tkm_warnings INTERFACE _CRT_SECURE_NO_WARNINGS)
 else()
   target_compile_options(tkm_warnings INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast
