@@ -67,11 +67,13 @@ TYPED_TEST(GroupProvider, KeepsTheOrderOfItsVirtualOperations)
 {
   using Interface = TKGroupProviderInterface<TypeParam>;
 
+#if !defined(_MSC_VER) // its tables are laid out in another way
   EXPECT_EQ(virtualSlots(&Interface::getGroups, &Interface::getUngroupedElements,
                          &Interface::setGroups, &Interface::createMoveCommand,
                          &Interface::getGroupMemberNames, &Interface::renameGroup,
                          &Interface::getElementName),
             slotsBehindDestructor(7));
+#endif
 }
 
 }
