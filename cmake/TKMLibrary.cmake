@@ -27,6 +27,9 @@ function(tkm_add_library name)
     EXPORT_NAME ${name}
     VERSION ${PROJECT_VERSION}
     SOVERSION ${PROJECT_VERSION_MAJOR})
+  if(TKM_INSTALL)
+    tkm_install_library(${name} DEPENDS ${arg_DEPENDS})
+  endif()
 endfunction()
 
 add_library(tkm_warnings INTERFACE)
