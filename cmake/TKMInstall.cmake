@@ -46,7 +46,6 @@ function(tkm_install_library name)
   export(EXPORT ${target} NAMESPACE TKMService:: FILE "${PROJECT_BINARY_DIR}/${target}Targets.cmake")
 
   list(TRANSFORM arg_DEPENDS REPLACE "^TKMService::" "")
-  set_property(GLOBAL APPEND PROPERTY TKM_COMPONENTS ${name})
   set_property(GLOBAL PROPERTY TKM_NEEDS_OF_${name} ${arg_DEPENDS})
   tkm_install_pkg_config(${name} "${arg_DEPENDS}")
 endfunction()
@@ -77,7 +76,7 @@ endfunction()
 # tkm_install_package(): what find_package(TKMService) reads; for the build tree as well. To be
 # called when all libraries are known.
 function(tkm_install_package)
-  get_property(components GLOBAL PROPERTY TKM_COMPONENTS)
+  get_property(components GLOBAL PROPERTY TKM_LIBRARIES)
   set(needs "")
   foreach(component IN LISTS components)
     get_property(component_needs GLOBAL PROPERTY TKM_NEEDS_OF_${component})
@@ -93,4 +92,21 @@ function(tkm_install_package)
       "${PROJECT_BINARY_DIR}/TKMServiceConfig.cmake"
       "${PROJECT_BINARY_DIR}/TKMServiceConfigVersion.cmake"
     DESTINATION "${TKM_INSTALL_CMAKE}" COMPONENT TKMService_Development)
+endfunction()
+
+# tkm_install_compiler_runtime(): on Windows, the libraries of the compiler beside those of this
+# project, so that they run on a machine with nothing else.
+function(tkm_install_compiler_runtime)
+  if(MSVC)
+    set(CMAKE_INSTALL_SYSTEM_RUNTIME_COMPONENT TKMService_Runtime)
+    include(InstallRequiredSystemLibraries)
+  elseif(MINGW)
+    foreach(library IN ITEMS libgcc_s_seh-1.dll libstdc++-6.dll libwinpthread-1.dll)
+      execute_process(COMMAND "${CMAKE_CXX_COMPILER}" "-print-file-name=${library}"
+        OUTPUT_VARIABLE file OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+      if(IS_ABSOLUTE "${file}") # the compiler answers with the bare name where it has none
+        install(FILES "${file}" DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT TKMService_Runtime)
+      endif()
+    endforeach()
+  endif()
 endfunction()

@@ -27,6 +27,7 @@ function(tkm_add_library name)
     EXPORT_NAME ${name}
     VERSION ${PROJECT_VERSION}
     SOVERSION ${PROJECT_VERSION_MAJOR})
+  set_property(GLOBAL APPEND PROPERTY TKM_LIBRARIES ${name})
   if(TKM_INSTALL)
     tkm_install_library(${name} DEPENDS ${arg_DEPENDS})
   endif()
