@@ -34,6 +34,10 @@ function(tkm_add_library name)
     target_link_options(${target} PRIVATE "LINKER:--version-script=${map}")
     set_target_properties(${target} PROPERTIES LINK_DEPENDS "${map}")
   endif()
+  set_property(GLOBAL APPEND PROPERTY TKM_LIBRARIES ${name})
+  if(TKM_INSTALL)
+    tkm_install_library(${name} DEPENDS ${arg_DEPENDS})
+  endif()
 endfunction()
 
 # tkm_configure_dll(<target> <description>): the name that is the same whatever the compiler, and what

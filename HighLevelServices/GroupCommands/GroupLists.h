@@ -13,8 +13,11 @@
 namespace Tarvik::GroupLists {
 
 /// Starts an edit: both lists become the provider's current list.
-/// @param room  how many groups the edit will append; they are allowed for, since a list that
-///              grows later copies all its groups once more
+/// @param provider  owner of the list
+/// @param before    for undo(); may be the provider's own list
+/// @param after     the one to be edited
+/// @param room      how many groups the edit will append; they are allowed for, since a list that
+///                  grows later copies all its groups once more
 template <class T>
 void takeSnapshots(TKGroupProviderInterface<T>& provider,
                    std::vector<TKGroup<T>>& before,

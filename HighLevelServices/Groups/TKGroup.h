@@ -39,8 +39,10 @@ public:
 
   ~TKGroup() override;
 
+  /// The group's own id.
   const Identifier& getId() const;
 
+  /// How many members there are, each as often as it stands in the group.
   unsigned long long numberOfGroupMembers() const;
 
   /// The members in their order; valid until the group changes.
@@ -49,6 +51,7 @@ public:
   /// The member at a position counted from 0, or `T::getInvalidId()` behind the last one.
   const T& getGroupMemberAtIndex(unsigned long long index) const;
 
+  /// Whether one of the members equals the identifier.
   bool isInGroup(const T& id) const;
 
   /// Appends an identifier; one that is a member already stays where it is.
@@ -58,6 +61,7 @@ public:
   ///
   /// Only the members from before the call count: an identifier that stands in `ids` twice comes
   /// in twice.
+  /// @param ids    the identifiers, in the order in which they are to stand
   /// @param index  the member in front of which the block goes; when negative, or not less than
   ///               the number of members, the block goes to the end
   void addGroupMembersAtIndex(const std::vector<T>& ids, int index);

@@ -23,8 +23,13 @@ template <class T>
 class TKGroupProviderInterface {
 public:
   TKGroupProviderInterface();
+
+  /// Has nothing to copy itself, but lets hosts be copied.
   TKGroupProviderInterface(const TKGroupProviderInterface& other);
+
+  /// As copy construction.
   TKGroupProviderInterface& operator=(const TKGroupProviderInterface& other);
+
   virtual ~TKGroupProviderInterface();
 
   /// The host's groups in its order. The caller copies them at once; the reference need not stay
@@ -54,6 +59,7 @@ public:
 
   /// Gives the group with that id the name, whatever it is.
   /// @param groupId  may be unknown; the host decides what happens then
+  /// @param name     may be empty, or that of another group
   virtual void renameGroup(const Identifier& groupId, const std::string& name) = 0;
 
   /// The name under which the host shows the element. For hosts and their views; the commands do

@@ -13,6 +13,7 @@ namespace Tarvik {
 /// Those who want to be told of the changes of one thing. One thread at a time.
 class TKM_COMMANDPATTERN_API ChangeListeners {
 public:
+  /// What is called after a change.
   using Listener = std::function<void()>;
 
 private:
@@ -31,8 +32,14 @@ public:
     Subscription() noexcept;
     Subscription(const Subscription&) = delete;
     Subscription& operator=(const Subscription&) = delete;
+
+    /// Takes the subscription over; the other is one to nothing then.
     Subscription(Subscription&& other) noexcept;
+
+    /// Ends the subscription that it had, and takes over the other.
     Subscription& operator=(Subscription&& other) noexcept;
+
+    /// Ends the subscription.
     ~Subscription();
 
     /// Ends the subscription now. Does nothing when it has ended.

@@ -63,7 +63,10 @@ public:
   /// @throws std::out_of_range when `position` is greater than the number of entries
   void jumpTo(std::size_t position);
 
+  /// Whether an entry stands in front of the position.
   bool canUndo() const noexcept;
+
+  /// Whether an entry stands behind the position.
   bool canRedo() const noexcept;
 
   /// The description of what undo() would undo; empty when there is nothing.
@@ -88,6 +91,7 @@ public:
   /// its branch was cut off or the limit took a command on the way to it.
   std::optional<std::size_t> cleanPosition() const noexcept;
 
+  /// The most commands that the history keeps.
   std::size_t limit() const noexcept;
 
   /// Changes the most commands that the history keeps. The oldest commands go first; where all

@@ -23,7 +23,10 @@ public:
   explicit MacroCommand(std::list<std::shared_ptr<CommandBase>> commands,
                         std::string description = {});
 
+  /// Takes over description and sub-commands; the other is an empty macro then.
   MacroCommand(MacroCommand&& other) noexcept;
+
+  /// As move construction; assigning a macro to itself changes nothing.
   MacroCommand& operator=(MacroCommand&& other) noexcept;
   ~MacroCommand() override;
 

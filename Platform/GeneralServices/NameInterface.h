@@ -19,8 +19,12 @@ public:
   /// The name as given, byte for byte.
   NameInterface(const std::string& name);
 
+  /// Copies the name.
   NameInterface(const NameInterface& other);
+
+  /// Takes over the name.
   NameInterface& operator=(const NameInterface& other);
+
   virtual ~NameInterface();
 
   /// Changes the name.
@@ -29,6 +33,7 @@ public:
   ///                  something that a person typed, and blanks and tabs at its ends are dropped
   void setName(const std::string& name, bool verbatim);
 
+  /// The name; the reference is valid as long as the object.
   const std::string& getName() const { return m_name; }
 
   /// Makes the class known to the archive, once, and tells how it is saved and loaded.

@@ -16,8 +16,13 @@ class TKM_GENERALSERVICES_API SimpleNameSetProvider : public NameSetProvider {
 public:
   /// An empty set.
   SimpleNameSetProvider() = default;
+
+  /// Copies all names.
   SimpleNameSetProvider(const SimpleNameSetProvider& other);
+
+  /// Takes over all names, and forgets its own.
   SimpleNameSetProvider& operator=(const SimpleNameSetProvider& other);
+
   ~SimpleNameSetProvider() override;
 
   /// Adds a name; one that is in the set already stays there once.

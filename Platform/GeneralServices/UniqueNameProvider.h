@@ -18,7 +18,8 @@ public:
   /// by another: "Group 2" gives "Group 3", not "Group 2 2". Equal arguments give equal names.
   ///
   /// Asks `names` once for the base and once for each number tried.
-  /// @param base  any text, the empty one included
+  /// @param base   any text, the empty one included
+  /// @param names  answers which names are taken
   static std::string createUniqueName(const std::string& base, const NameSetProvider& names);
 };
 

@@ -21,9 +21,13 @@ public:
   /// @throws what IdentifierBits::unique() throws
   GUIdentifier() : m_bits(IdentifierBits::unique()) {}
 
+  /// The identifier with these bits; one whose bits are all zero is the invalid one.
   explicit constexpr GUIdentifier(const IdentifierBits& bits) : m_bits(bits) {}
 
+  /// The same identifier once more.
   GUIdentifier(const GUIdentifier& other) = default;
+
+  /// Becomes the other identifier.
   GUIdentifier& operator=(const GUIdentifier& other) = default;
   constexpr ~GUIdentifier() {} // NOLINT(modernize-use-equals-default): must not be trivial
 
@@ -33,6 +37,7 @@ public:
   /// The invalid identifier; the reference is valid as long as the library is loaded.
   static const GUIdentifier& getInvalidId();
 
+  /// The 128 bits.
   constexpr const IdentifierBits& bits() const { return m_bits; }
 
   /// 36 characters, the digits in lower case.

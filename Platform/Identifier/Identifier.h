@@ -22,9 +22,13 @@ public:
   /// @throws what IdentifierBits::unique() throws
   Identifier() : m_bits(IdentifierBits::unique()) {}
 
+  /// The identifier with these bits; one whose bits are all zero is the invalid one.
   explicit constexpr Identifier(const IdentifierBits& bits) : m_bits(bits) {}
 
+  /// The same identifier once more.
   Identifier(const Identifier& other) = default;
+
+  /// Becomes the other identifier.
   Identifier& operator=(const Identifier& other) = default;
 
   /// False only for the invalid identifier, whose bits are all zero.
@@ -33,6 +37,7 @@ public:
   /// The invalid identifier; the reference is valid as long as the library is loaded.
   static const Identifier& getInvalidId();
 
+  /// The 128 bits.
   constexpr const IdentifierBits& bits() const { return m_bits; }
 
   /// 32 hexadecimal digits, lower case.

@@ -11,8 +11,8 @@ namespace Tarvik {
 
 /// The 128 bits of an identifier, as one number in two words.
 struct IdentifierBits {
-  std::uint64_t high = 0;
-  std::uint64_t low = 0;
+  std::uint64_t high = 0; ///< what is written first
+  std::uint64_t low = 0;  ///< what differs within a block of new identifiers
 
   /// Bits that no other call in this or any other process gives, other threads and forked
   /// processes included. They are never all zero, and they carry the version (8) and the variant of
@@ -35,6 +35,7 @@ struct IdentifierBits {
   // NOLINTNEXTLINE(modernize-use-nullptr): of the code that the compiler writes
   friend constexpr auto operator<=>(const IdentifierBits& a, const IdentifierBits& b) = default;
 
+  /// Whether no bit is set, as in invalid identifiers.
   constexpr bool isZero() const { return (high | low) == 0; }
 
   /// Spreads all 128 bits over a hash, as hash tables that use its lowest bits need it.

@@ -15,10 +15,16 @@ public:
   /// @param position  the byte of the archive that it is about, counted from 0
   /// @param message   what was expected and what was found
   ArchiveError(std::size_t position, const std::string& message);
+
+  /// Shares the message, as the standard library's errors do.
   ArchiveError(const ArchiveError& other) noexcept;
+
+  /// As copy construction.
   ArchiveError& operator=(const ArchiveError& other) noexcept;
+
   ~ArchiveError() override;
 
+  /// The byte of the archive that it is about, counted from 0.
   std::size_t position() const noexcept { return m_position; }
 
 private:

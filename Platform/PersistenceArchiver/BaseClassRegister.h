@@ -11,6 +11,7 @@ class PersistenceArchiver;
 /// A class fills one record and hands it to PersistenceArchiver::registerFactory(). Whoever saves
 /// or loads an object takes a copy, sets `object`, and calls the entry.
 struct BaseClassRegister {
+  /// An operation on the record's object.
   using Entry = void (*)(PersistenceArchiver&, BaseClassRegister&);
 
   /// The class hash that no class has.

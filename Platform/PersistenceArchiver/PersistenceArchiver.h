@@ -50,16 +50,24 @@ public:
   /// How many bytes have been written.
   std::uint64_t tellp() const noexcept;
 
+  /// Writes 32 bits.
   PersistenceArchiver& operator<<(const unsigned int& value);
+
+  /// Writes 64 bits.
   PersistenceArchiver& operator<<(const std::uint64_t& value);
 
   /// Writes the length of the text in bytes, 32 bits, and the bytes.
   /// @throws ArchiveError when the text is longer than 32 bits can tell
   PersistenceArchiver& operator<<(const std::string& text);
 
+  /// Reads 32 bits.
   /// @throws ArchiveError when fewer bytes are left than the value needs; the value is unchanged
   PersistenceArchiver& operator>>(unsigned int& value);
+
+  /// Reads 64 bits, with the same exception.
   PersistenceArchiver& operator>>(std::uint64_t& value);
+
+  /// Reads a text, with the same exception.
   PersistenceArchiver& operator>>(std::string& text);
 
 private:

@@ -40,3 +40,12 @@ quietly() {
     return 1
   }
 }
+
+# as_root COMMAND...: runs the command as root, through sudo where that is needed.
+as_root() {
+  if ((EUID == 0)); then
+    "$@"
+  else
+    sudo "$@"
+  fi
+}

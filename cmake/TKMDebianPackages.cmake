@@ -1,0 +1,82 @@
+# SPDX-License-Identifier: MIT
+# The Debian packages: libtkmservice<major>, libtkmservice-dev and point-collections, with debug
+# symbols apart where the build has them.
+
+# tkm_install_compressed(<file> <name> <dir> <part>): the file as <dir>/<name>.gz
+function(tkm_install_compressed file name dir part)
+  set(compressed "${PROJECT_BINARY_DIR}/packaging/${name}.gz")
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${file}")
+  execute_process(COMMAND gzip -9 -n -c "${PROJECT_SOURCE_DIR}/${file}" OUTPUT_FILE "${compressed}"
+    COMMAND_ERROR_IS_FATAL ANY)
+  install(FILES "${compressed}" DESTINATION "${dir}" COMPONENT ${part})
+endfunction()
+
+# tkm_debian_package(<part> <package> <section> <summary> <text>): the package of one of the parts that
+# TKMInstall.cmake speaks of. A macro, since CPack reads the caller's variables.
+macro(tkm_debian_package part package section summary text)
+  string(TOUPPER CPACK_DEBIAN_${part} prefix)
+  set(${prefix}_PACKAGE_NAME "${package}")
+  set(${prefix}_PACKAGE_SECTION "${section}")
+  set(${prefix}_DESCRIPTION "${summary}
+TKMService gives an interactive application named groups of element
+identifiers: users create, fill, reorder, rename, sort and delete groups,
+and each change is one undoable command with a translated description.
+
+${text}")
+  install(FILES packaging/debian/copyright
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/${package}" COMPONENT ${part})
+  tkm_install_compressed(packaging/debian/changelog changelog
+    "${CMAKE_INSTALL_DATADIR}/doc/${package}" ${part})
+endmacro()
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_COMPONENTS_ALL TKMService_Runtime TKMService_Development)
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "") # it would stand in front of each package's own
+set(CPACK_PACKAGING_INSTALL_PREFIX "${CMAKE_INSTALL_PREFIX}")
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SOURCE tkmservice)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${CMAKE_LIBRARY_OUTPUT_DIRECTORY}")
+file(MAKE_DIRECTORY "${PROJECT_BINARY_DIR}/packaging")
+
+set(runtime_package libtkmservice${PROJECT_VERSION_MAJOR})
+tkm_debian_package(TKMService_Runtime ${runtime_package} libs
+  "named groups of element identifiers with undoable commands"
+  "This package has the libraries that applications are linked with.")
+set(CPACK_DEBIAN_TKMSERVICE_RUNTIME_DEBUGINFO_PACKAGE ON)
+# Packages of applications depend on a version that has all that they were built with.
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
+set(CPACK_DEBIAN_TKMSERVICE_RUNTIME_PACKAGE_CONTROL_EXTRA
+  "${PROJECT_SOURCE_DIR}/packaging/debian/triggers")
+set(CPACK_POST_BUILD_SCRIPTS "${PROJECT_SOURCE_DIR}/packaging/debian/drop-scripts.cmake")
+configure_file(packaging/debian/lintian-overrides.in packaging/lintian-overrides @ONLY)
+install(FILES "${PROJECT_BINARY_DIR}/packaging/lintian-overrides" RENAME ${runtime_package}
+  DESTINATION "${CMAKE_INSTALL_DATADIR}/lintian/overrides" COMPONENT TKMService_Runtime)
+
+tkm_debian_package(TKMService_Development libtkmservice-dev libdevel
+  "named groups with undoable commands (development files)"
+  "This package has what it takes to build applications: headers, the files
+that CMake and pkg-config look for, the documentation, and the views of
+groups and commands that gdb loads by itself.")
+set(CPACK_DEBIAN_TKMSERVICE_DEVELOPMENT_PACKAGE_DEPENDS "${runtime_package} (= ${PROJECT_VERSION})")
+tkm_install_docs("${CMAKE_INSTALL_DATADIR}/doc/libtkmservice-dev" ${docs})
+
+if(TKM_BUILD_HOST)
+  list(APPEND CPACK_COMPONENTS_ALL TKMService_Program)
+  tkm_debian_package(TKMService_Program point-collections utils
+    "sorts point collections into named groups"
+    "This package has a program that opens a file of points and lets its user
+group the collections in it, with undo and redo, on a terminal or from a
+script.")
+  set(CPACK_DEBIAN_TKMSERVICE_PROGRAM_DEBUGINFO_PACKAGE ON)
+  set(CPACK_DEBIAN_TKMSERVICE_PROGRAM_PACKAGE_DEPENDS "${runtime_package} (>= ${PROJECT_VERSION})")
+  install(FILES ${examples}
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/point-collections/examples"
+    COMPONENT TKMService_Program)
+  tkm_install_compressed(packaging/point-collections.1 point-collections.1
+    "${CMAKE_INSTALL_MANDIR}/man1" TKMService_Program)
+endif()

@@ -1,0 +1,112 @@
+# SPDX-License-Identifier: MIT
+# What `cmake --install` puts where, for find_package() and for pkg-config. Included with TKM_INSTALL.
+#
+# Three parts, for those who install or pack them apart: TKMService_Runtime, TKMService_Development
+# and TKMService_Program.
+include(CMakePackageConfigHelpers)
+include(GNUInstallDirs)
+
+option(TKM_DEBIAN_LAYOUT
+  "Install for Debian packages: no run paths, the debugger views in gdb's own folder" OFF)
+
+set(TKM_INSTALL_HEADERS "${CMAKE_INSTALL_INCLUDEDIR}/TKMService")
+set(TKM_INSTALL_CMAKE "${CMAKE_INSTALL_LIBDIR}/cmake/TKMService")
+
+# tkm_install_run_path(<target> <dir>): the target, which goes into <dir>, finds the libraries
+# wherever all of it is moved to.
+function(tkm_install_run_path target dir)
+  if(WIN32 OR TKM_DEBIAN_LAYOUT)
+    return()
+  endif()
+  file(RELATIVE_PATH to_libraries "${dir}" "${CMAKE_INSTALL_FULL_LIBDIR}")
+  set(origin "$ORIGIN")
+  if(APPLE)
+    set(origin "@loader_path")
+  endif()
+  if(to_libraries)
+    string(APPEND origin "/${to_libraries}")
+  endif()
+  set_target_properties(${target} PROPERTIES INSTALL_RPATH "${origin}")
+endfunction()
+
+# tkm_install_library(<Name> [DEPENDS <target>...]): installs TKMService_<Name> as the component
+# <Name> of the package, and a pkg-config file for it.
+function(tkm_install_library name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "DEPENDS")
+  set(target TKMService_${name})
+  tkm_install_run_path(${target} "${CMAKE_INSTALL_FULL_LIBDIR}")
+  install(TARGETS ${target} EXPORT ${target}
+    RUNTIME COMPONENT TKMService_Runtime
+    LIBRARY COMPONENT TKMService_Runtime NAMELINK_COMPONENT TKMService_Development
+    ARCHIVE COMPONENT TKMService_Development
+    FILE_SET HEADERS DESTINATION "${TKM_INSTALL_HEADERS}" COMPONENT TKMService_Development)
+  # One file per library, so that finding some of them does not bring in the others.
+  install(EXPORT ${target} NAMESPACE TKMService:: FILE ${target}Targets.cmake
+    DESTINATION "${TKM_INSTALL_CMAKE}" COMPONENT TKMService_Development)
+  export(EXPORT ${target} NAMESPACE TKMService:: FILE "${PROJECT_BINARY_DIR}/${target}Targets.cmake")
+
+  list(TRANSFORM arg_DEPENDS REPLACE "^TKMService::" "")
+  set_property(GLOBAL PROPERTY TKM_NEEDS_OF_${name} ${arg_DEPENDS})
+  tkm_install_pkg_config(${name} "${arg_DEPENDS}")
+endfunction()
+
+# tkm_install_pkg_config(<Name> <names of the libraries that it stands on>)
+function(tkm_install_pkg_config name needs)
+  set(dir "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+  set(base "${CMAKE_INSTALL_PREFIX}")
+  cmake_path(ABSOLUTE_PATH dir BASE_DIRECTORY "${base}" OUTPUT_VARIABLE full_dir)
+  file(RELATIVE_PATH prefix "${full_dir}" "${base}")
+  string(REGEX REPLACE "/$" "" prefix "${prefix}")
+  cmake_path(APPEND libdir "\${prefix}" "${CMAKE_INSTALL_LIBDIR}")
+  cmake_path(APPEND includedir "\${prefix}" "${TKM_INSTALL_HEADERS}")
+  list(TRANSFORM needs REPLACE "(.+)" "TKMService_\\1 = ${PROJECT_VERSION}" OUTPUT_VARIABLE requires)
+  list(JOIN requires ", " requires)
+  configure_file("${PROJECT_SOURCE_DIR}/cmake/TKMService.pc.in"
+    "${PROJECT_BINARY_DIR}/pkgconfig/TKMService_${name}.pc" @ONLY)
+  install(FILES "${PROJECT_BINARY_DIR}/pkgconfig/TKMService_${name}.pc"
+    DESTINATION "${dir}" COMPONENT TKMService_Development)
+endfunction()
+
+# tkm_install_program(<target>)
+function(tkm_install_program target)
+  tkm_install_run_path(${target} "${CMAKE_INSTALL_FULL_BINDIR}")
+  install(TARGETS ${target} RUNTIME COMPONENT TKMService_Program)
+endfunction()
+
+# tkm_install_package(): what find_package(TKMService) reads; for the build tree as well. To be
+# called when all libraries are known.
+function(tkm_install_package)
+  get_property(components GLOBAL PROPERTY TKM_LIBRARIES)
+  set(needs "")
+  foreach(component IN LISTS components)
+    get_property(component_needs GLOBAL PROPERTY TKM_NEEDS_OF_${component})
+    string(APPEND needs "set(_tkm_needs_of_${component} ${component_needs})\n")
+  endforeach()
+  configure_package_config_file("${PROJECT_SOURCE_DIR}/cmake/TKMServiceConfig.cmake.in"
+    "${PROJECT_BINARY_DIR}/TKMServiceConfig.cmake"
+    INSTALL_DESTINATION "${TKM_INSTALL_CMAKE}"
+    NO_SET_AND_CHECK_MACRO NO_CHECK_REQUIRED_COMPONENTS_MACRO)
+  write_basic_package_version_file("${PROJECT_BINARY_DIR}/TKMServiceConfigVersion.cmake"
+    COMPATIBILITY SameMajorVersion)
+  install(FILES
+      "${PROJECT_BINARY_DIR}/TKMServiceConfig.cmake"
+      "${PROJECT_BINARY_DIR}/TKMServiceConfigVersion.cmake"
+    DESTINATION "${TKM_INSTALL_CMAKE}" COMPONENT TKMService_Development)
+endfunction()
+
+# tkm_install_compiler_runtime(): on Windows, the libraries of the compiler beside those of this
+# project, so that they run on a machine with nothing else.
+function(tkm_install_compiler_runtime)
+  if(MSVC)
+    set(CMAKE_INSTALL_SYSTEM_RUNTIME_COMPONENT TKMService_Runtime)
+    include(InstallRequiredSystemLibraries)
+  elseif(MINGW)
+    foreach(library IN ITEMS libgcc_s_seh-1.dll libstdc++-6.dll libwinpthread-1.dll)
+      execute_process(COMMAND "${CMAKE_CXX_COMPILER}" "-print-file-name=${library}"
+        OUTPUT_VARIABLE file OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+      if(IS_ABSOLUTE "${file}") # the compiler answers with the bare name where it has none
+        install(FILES "${file}" DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT TKMService_Runtime)
+      endif()
+    endforeach()
+  endif()
+endfunction()

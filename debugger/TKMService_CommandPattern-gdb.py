@@ -1,0 +1,110 @@
+# SPDX-License-Identifier: MIT
+"""How gdb shows commands. gdb loads this file along with the library that it lies beside."""
+
+import gdb
+import gdb.printing
+
+COMMAND_BASE = "Tarvik::CommandBase"
+
+
+def plain_type(value):
+    return value.type.strip_typedefs().unqualified()
+
+
+def is_command(class_type):
+    """Whether it is CommandBase or derives from it."""
+    return class_type.code == gdb.TYPE_CODE_STRUCT and (
+        class_type.name == COMMAND_BASE
+        or any(is_command(base.type.strip_typedefs()) for base in class_type.fields() if base.is_base_class)
+    )
+
+
+def parts_of(value):
+    """What the standard library's own view lists of a container or a pointer."""
+    view = gdb.default_visualizer(value)
+    return [part for _, part in view.children()] if hasattr(view, "children") else []
+
+
+def commands_behind(value):
+    """The commands behind a shared pointer, or behind those in a container."""
+    name = plain_type(value).name or ""
+    if name.startswith("std::shared_ptr<"):
+        for pointer in parts_of(value):
+            if pointer and is_command(plain_type(pointer.dereference())):
+                yield pointer.dereference()
+    elif name.startswith("std::") and "std::shared_ptr<" + COMMAND_BASE in name:
+        for pointer in parts_of(value):
+            yield from commands_behind(pointer)
+
+
+def members_of(value):
+    """The members in the order of their declaration, those of a base class first. Commands stand in
+    the place of pointers to them."""
+    for field in value.type.strip_typedefs().fields():
+        if not hasattr(field, "bitpos") or field.artificial:  # static, or the virtual table
+            continue
+        if field.is_base_class:
+            if field.type.name != COMMAND_BASE:
+                yield from members_of(value[field])
+            continue
+        name = field.name.removeprefix("m_")
+        commands = list(commands_behind(value[field]))
+        if len(commands) == 0:
+            yield name, value[field]
+        elif plain_type(value[field]).name.startswith("std::shared_ptr<"):
+            yield name, commands[0]
+        else:
+            for index, command in enumerate(commands):
+                yield "%s[%d]" % (name, index), command
+
+
+class CommandPrinter:
+    """The class and the description, and then what the command holds."""
+
+    def __init__(self, value):
+        # A command is usually looked at through its base.
+        self._value = value.cast(value.dynamic_type)
+
+    def to_string(self):
+        return "%s %s" % (plain_type(self._value).name.replace("Tarvik::", ""), self.description())
+
+    def description(self):
+        own = self._value["m_description"].format_string()
+        if own == '""' and plain_type(self._value).name == "Tarvik::MacroCommand":
+            for command in commands_behind(self._value["m_commands"]):
+                return CommandPrinter(command).description()
+        return own
+
+    def children(self):
+        return members_of(self._value)
+
+
+class HistoryPrinter:
+    """The entries and all else that a history keeps."""
+
+    def __init__(self, value):
+        self._value = value
+
+    def to_string(self):
+        return "CommandHistory"
+
+    def children(self):
+        return members_of(self._value)
+
+
+class CommandPrinters(gdb.printing.PrettyPrinter):
+    """Takes every command of this namespace, also those of libraries that are loaded later."""
+
+    def __init__(self):
+        super().__init__("TKMService_CommandPattern")
+
+    def __call__(self, value):
+        class_type = plain_type(value)
+        if not (class_type.name or "").startswith("Tarvik::"):
+            return None
+        if class_type.name == "Tarvik::CommandHistory":
+            return HistoryPrinter(value)
+        return CommandPrinter(value) if is_command(class_type) else None
+
+
+gdb.printing.register_pretty_printer(gdb.current_objfile(), CommandPrinters(), replace=True)

@@ -1,0 +1,16 @@
+# SPDX-License-Identifier: MIT
+# Fails when a file under INSTALLED names one of the folders in the list PLACES.
+file(GLOB_RECURSE files "${INSTALLED}/*")
+if(NOT files)
+  message(FATAL_ERROR "there is nothing in ${INSTALLED}")
+endif()
+foreach(file IN LISTS files)
+  file(READ "${file}" contents HEX)
+  foreach(place IN LISTS PLACES)
+    string(HEX "${place}" place_in_hex)
+    string(FIND "${contents}" "${place_in_hex}" found)
+    if(NOT found EQUAL -1)
+      message(SEND_ERROR "${file} names ${place}")
+    endif()
+  endforeach()
+endforeach()

@@ -1,0 +1,17 @@
+# SPDX-License-Identifier: MIT
+# Compiles SOURCE with COMPILER, FLAGS and what PKG_CONFIG says of the package installed in INSTALLED,
+# to BUILD/application, which must print what the file EXPECTED holds.
+file(REMOVE_RECURSE "${BUILD}")
+file(MAKE_DIRECTORY "${BUILD}")
+file(GLOB_RECURSE pc_file "${INSTALLED}/*/TKMService_HighLevelServices.pc")
+cmake_path(GET pc_file PARENT_PATH folder)
+cmake_path(GET folder PARENT_PATH libraries)
+set(ENV{PKG_CONFIG_PATH} "${folder}")
+execute_process(COMMAND "${PKG_CONFIG}" --cflags --libs TKMService_HighLevelServices
+  OUTPUT_VARIABLE flags COMMAND_ERROR_IS_FATAL ANY)
+separate_arguments(flags UNIX_COMMAND "${FLAGS} -std=c++20 ${flags}")
+execute_process(
+  COMMAND "${COMPILER}" "${SOURCE}" ${flags} "-Wl,-rpath,${libraries}" -o "${BUILD}/application"
+  COMMAND_ERROR_IS_FATAL ANY)
+set(PROGRAM "${BUILD}/application")
+include("${CMAKE_CURRENT_LIST_DIR}/check-output.cmake")

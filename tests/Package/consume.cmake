@@ -1,0 +1,15 @@
+# SPDX-License-Identifier: MIT
+# Configures the project SOURCE in the folder BUILD with OPTIONS (a list), builds it, and runs its
+# program, which must print what the file EXPECTED holds; then installs it, where it has rules for
+# that. Without EXPECTED it only configures.
+file(REMOVE_RECURSE "${BUILD}")
+execute_process(COMMAND "${CMAKE_COMMAND}" -S "${SOURCE}" -B "${BUILD}" ${OPTIONS}
+  COMMAND_ERROR_IS_FATAL ANY)
+if(NOT EXPECTED)
+  return()
+endif()
+execute_process(COMMAND "${CMAKE_COMMAND}" --build "${BUILD}" COMMAND_ERROR_IS_FATAL ANY)
+set(PROGRAM "${BUILD}/application")
+include("${CMAKE_CURRENT_LIST_DIR}/check-output.cmake")
+execute_process(COMMAND "${CMAKE_COMMAND}" --install "${BUILD}" --prefix "${BUILD}/installed"
+  OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
