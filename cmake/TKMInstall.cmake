@@ -101,11 +101,22 @@ function(tkm_install_compiler_runtime)
     set(CMAKE_INSTALL_SYSTEM_RUNTIME_COMPONENT TKMService_Runtime)
     include(InstallRequiredSystemLibraries)
   elseif(MINGW)
+    set(stripped "${PROJECT_BINARY_DIR}/runtime") # a tenth of what the compiler comes with
+    file(MAKE_DIRECTORY "${stripped}")
     foreach(library IN ITEMS libgcc_s_seh-1.dll libstdc++-6.dll libwinpthread-1.dll)
       execute_process(COMMAND "${CMAKE_CXX_COMPILER}" "-print-file-name=${library}"
         OUTPUT_VARIABLE file OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
       if(IS_ABSOLUTE "${file}") # the compiler answers with the bare name where it has none
-        install(FILES "${file}" DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT TKMService_Runtime)
+        execute_process(COMMAND "${CMAKE_STRIP}" -o "${stripped}/${library}" "${file}"
+          COMMAND_ERROR_IS_FATAL ANY)
+        install(PROGRAMS "${stripped}/${library}"
+          DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT TKMService_Runtime)
+      endif()
+    endforeach()
+    foreach(package IN ITEMS gcc-mingw-w64-base mingw-w64-common)
+      if(EXISTS "/usr/share/doc/${package}/copyright")
+        install(FILES "/usr/share/doc/${package}/copyright" RENAME "${package}.txt"
+          DESTINATION "${CMAKE_INSTALL_DOCDIR}/licences" COMPONENT TKMService_Runtime)
       endif()
     endforeach()
   endif()
