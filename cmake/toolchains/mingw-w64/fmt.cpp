@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The code of fmt, which its headers leave to a library: compiled once, it takes a third of the time.
+// The code of fmt, which its headers leave to a library: compiled once, it takes a third of the
+// time.
 
 #include <fmt/format-inl.h>
 
@@ -14,6 +15,7 @@ template thousands_sep_result<char> thousands_sep_impl(locale_ref);
 template char decimal_point_impl(locale_ref);
 
 template void buffer<char>::append(const char*, const char*);
-template void vformat_to(buffer<char>&, string_view, basic_format_args<buffer_context<char>>, locale_ref);
+template void
+vformat_to(buffer<char>&, string_view, basic_format_args<buffer_context<char>>, locale_ref);
 
 }
