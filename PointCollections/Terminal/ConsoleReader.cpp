@@ -62,7 +62,7 @@ private:
 
 std::unique_ptr<LineReader> makeEditingReader(Completer)
 {
-  SetConsoleCtrlHandler(nullptr, TRUE); // Ctrl-C drops the line, not all work
+  SetConsoleCtrlHandler(nullptr, TRUE); // Ctrl-C must not lose all work
   return std::make_unique<ConsoleReader>(GetStdHandle(STD_INPUT_HANDLE));
 }
 

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# fmt as headers only: those of Debian's package libfmt-dev, whose library is one for Linux.
+# fmt, compiled from the headers of Debian's package libfmt-dev, whose library is one for Linux.
 include(FindPackageHandleStandardArgs)
 include("${CMAKE_CURRENT_LIST_DIR}/DebianHeaders.cmake")
 
@@ -15,7 +15,8 @@ find_package_handle_standard_args(fmt
   REASON_FAILURE_MESSAGE "install the package libfmt-dev")
 
 if(fmt_FOUND AND NOT TARGET fmt::fmt)
-  add_library(fmt::fmt INTERFACE IMPORTED)
-  target_include_directories(fmt::fmt INTERFACE "${fmt_INCLUDE_DIR}")
-  target_compile_definitions(fmt::fmt INTERFACE FMT_HEADER_ONLY)
+  add_library(fmt STATIC "${CMAKE_CURRENT_LIST_DIR}/fmt.cpp")
+  add_library(fmt::fmt ALIAS fmt)
+  target_compile_features(fmt PUBLIC cxx_std_11)
+  target_include_directories(fmt SYSTEM PUBLIC "${fmt_INCLUDE_DIR}")
 endif()
