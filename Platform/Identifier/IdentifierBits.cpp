@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #if defined(_WIN32)
-#define _CRT_RAND_S // for rand_s(); before any header
+#define _CRT_RAND_S // NOLINT(bugprone-reserved-identifier): asks for rand_s(), before any header
 #endif
 
 #include "Identifier/IdentifierBits.h"

@@ -60,6 +60,7 @@ private:
 
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): other readers keep it
 std::unique_ptr<LineReader> makeEditingReader(Completer)
 {
   SetConsoleCtrlHandler(nullptr, TRUE); // Ctrl-C must not lose all work

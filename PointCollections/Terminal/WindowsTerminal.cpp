@@ -27,7 +27,7 @@ bool isConsole(DWORD stream)
 void enableColors(DWORD stream)
 {
   DWORD mode = 0;
-  const HANDLE console = GetStdHandle(stream);
+  auto* const console = GetStdHandle(stream);
   if (GetConsoleMode(console, &mode) != 0)
     SetConsoleMode(console, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
 }

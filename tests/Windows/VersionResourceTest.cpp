@@ -31,7 +31,7 @@ protected:
     void* value = nullptr;
     UINT length = 0;
     const auto found = VerQueryValueA(
-        m_resource.data(), ("\\StringFileInfo\\040904B0\\" + key).c_str(), &value, &length);
+        m_resource.data(), (R"(\StringFileInfo\040904B0\)" + key).c_str(), &value, &length);
     return found != 0 ? static_cast<const char*>(value) : "(none)";
   }
 

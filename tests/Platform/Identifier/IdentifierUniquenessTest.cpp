@@ -92,7 +92,7 @@ TEST(UniqueIdsOfBothKinds, ShareNoBits)
   EXPECT_EQ(std::adjacent_find(all.begin(), all.end()), all.end());
 }
 
-#if defined(__unix__)
+#if defined(__unix__) // Windows cannot fork
 
 /// A forked process that draws identifiers and sends them home.
 template <class T>

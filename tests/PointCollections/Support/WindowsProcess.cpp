@@ -20,7 +20,7 @@ using Handle = std::unique_ptr<void, decltype(&CloseHandle)>;
 Handle open(const std::filesystem::path& file, DWORD access, DWORD disposition)
 {
   SECURITY_ATTRIBUTES inherited = {sizeof inherited, nullptr, TRUE};
-  const HANDLE handle =
+  auto* const handle =
       CreateFileW(file.wstring().c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE, &inherited,
                   disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
   if (handle == INVALID_HANDLE_VALUE)
