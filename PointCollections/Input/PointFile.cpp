@@ -121,7 +121,7 @@ std::vector<PointCollection> parsePoints(std::string_view text, const std::strin
 
 std::vector<PointCollection> readPointFile(const std::filesystem::path& path)
 {
-  return parsePoints(readText(path), printable(path.string()));
+  return parsePoints(readText(path), printable(Utf8::fromPath(path)));
 }
 
 }

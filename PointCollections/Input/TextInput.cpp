@@ -3,6 +3,7 @@
 
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
+#include "PointCollections/Text/Utf8.h"
 
 #include <fmt/format.h>
 
@@ -16,7 +17,7 @@ namespace {
 
 std::string shown(const std::filesystem::path& path)
 {
-  return printable(path.string());
+  return printable(Utf8::fromPath(path));
 }
 
 [[noreturn]] void refuseNul(const std::filesystem::path& path, std::string_view text)

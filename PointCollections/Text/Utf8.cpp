@@ -119,4 +119,15 @@ std::string_view prefix(std::string_view text, std::size_t count)
   return text.substr(0, end);
 }
 
+std::filesystem::path toPath(std::string_view text)
+{
+  return std::u8string(text.begin(), text.end());
+}
+
+std::string fromPath(const std::filesystem::path& path)
+{
+  const auto text = path.u8string();
+  return {text.begin(), text.end()};
+}
+
 }

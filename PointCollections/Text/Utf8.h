@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -24,5 +25,12 @@ std::u32string decode(std::string_view text);
 
 /// The first `count` characters, or all when there are no more.
 std::string_view prefix(std::string_view text, std::size_t count);
+
+/// The path that the text names. std::filesystem takes a `char` text in another encoding on some
+/// systems.
+std::filesystem::path toPath(std::string_view text);
+
+/// The path as text.
+std::string fromPath(const std::filesystem::path& path);
 
 }

@@ -70,6 +70,7 @@ TEST_F(Sample, HasCitiesWhereTheyAre)
 TEST_F(Sample, ScriptRunsToItsEnd)
 {
   const TemporaryFolder folder;
+  const WorkingFolder workingFolder(folder);
   const auto outcome = runProgram(folder, {(samples() / "time-zone-cities.csv").string(),
                                            "--script", (samples() / "continents.pcs").string()});
 

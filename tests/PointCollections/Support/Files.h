@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "PointCollections/Text/Utf8.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -38,13 +40,28 @@ public:
   /// Writes a file, byte for byte.
   std::filesystem::path write(const std::string& name, std::string_view content) const
   {
-    auto file = m_path / name;
+    auto file = m_path / Utf8::toPath(name);
     std::ofstream(file, std::ios::binary) << content;
     return file;
   }
 
 private:
   std::filesystem::path m_path;
+};
+
+/// Makes a folder the one that relative paths start from, while it lives.
+class WorkingFolder {
+public:
+  explicit WorkingFolder(const TemporaryFolder& folder)
+  {
+    std::filesystem::current_path(folder.path());
+  }
+  WorkingFolder(const WorkingFolder&) = delete;
+  WorkingFolder& operator=(const WorkingFolder&) = delete;
+  ~WorkingFolder() { std::filesystem::current_path(m_before); }
+
+private:
+  std::filesystem::path m_before = std::filesystem::current_path();
 };
 
 /// All bytes of a file; empty when there is none.
