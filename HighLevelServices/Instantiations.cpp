@@ -10,6 +10,7 @@
 #include "HighLevelServices/GroupCommands/SortTKGroupsAlphabeticallyCmd.h"
 #include "HighLevelServices/Groups/PointerMapContainer.h"
 #include "HighLevelServices/Groups/TKGroup.h"
+#include "HighLevelServices/Groups/TKGroupPersistence.h"
 #include "HighLevelServices/Groups/TKGroupProviderInterface.h"
 
 namespace Tarvik {

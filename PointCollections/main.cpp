@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "PointCollections/Input/PointFile.h"
 #include "PointCollections/Input/TextInput.h"
+#include "PointCollections/Session/DocumentFile.h"
 #include "PointCollections/Session/Runner.h"
 #include "PointCollections/Terminal/Terminal.h"
-#include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
 #include "PointCollections/Text/Utf8.h"
 
@@ -14,7 +13,6 @@
 #include <cstdlib>
 #include <exception>
 #include <iostream>
-#include <numeric>
 #include <string>
 #include <utility>
 #include <vector>
@@ -25,7 +23,7 @@ namespace {
 enum ExitStatus : int { Succeeded = 0, CommandFailed = 1, BadInput = 2 };
 
 struct Settings {
-  std::string pointFile;
+  std::string file;
   std::string script;
   std::vector<std::string> commands;
   bool isQuiet = false;
@@ -36,10 +34,13 @@ constexpr auto purpose =
     "Groups point collections: opens a file of points and carries out commands on them.";
 
 constexpr auto remarks =
-    "FILE is comma-separated UTF-8 text with the header collection,x,y,z.\n\n"
+    "FILE is a project that the command save has written when its name ends in .tkpc, and\n"
+    "otherwise comma-separated UTF-8 text with the header collection,x,y,z.\n\n"
     "Commands come from --command, then from --script. Without either they are read from\n"
     "standard input: with line editing, history and completion when it is a terminal. The\n"
     "command help explains them. Except on a terminal, the first mistake ends the program.\n\n"
+    "Changes are kept by the command save only. On a terminal the program asks before changes\n"
+    "are lost; at the end of a script it says so on standard error, which is no failure.\n\n"
     "Exit status: 0 all went well; 1 a command failed or the output could not be written;\n"
     "2 the arguments, FILE or the script were no good.";
 
@@ -48,7 +49,7 @@ void declare(CLI::App& app, Settings& settings)
   app.footer(remarks);
   app.allow_windows_style_options(false); // they would hide files whose paths start with a slash
   app.set_version_flag("--version", "point-collections " POINT_COLLECTIONS_VERSION);
-  app.add_option("FILE", settings.pointFile, "The points to open (.csv)")->required();
+  app.add_option("FILE", settings.file, "The project (.tkpc) or points (.csv) to open")->required();
   app.add_option("--script", settings.script, "Read commands from a file")->type_name("FILE");
   app.add_option("--command", settings.commands, "Carry out a command; may be repeated")
       ->type_name("TEXT")
@@ -61,13 +62,7 @@ void declare(CLI::App& app, Settings& settings)
 
 std::string welcome(const Session& session)
 {
-  const auto& order = session.document->order();
-  const auto points =
-      std::accumulate(order.begin(), order.end(), std::size_t(0), [&](auto sum, const auto& id) {
-        return sum + session.document->find(id)->points.size();
-      });
-  return fmt::format("Opened {}: {} with {}.", mentioned(session.title),
-                     counted(order.size(), "element"), counted(points, "point"));
+  return fmt::format("Opened {}.", documentInWords(session));
 }
 
 bool runOnTerminal(Session& session, Transcript& transcript)
@@ -89,10 +84,13 @@ bool runBatch(Session& session, const Settings& settings, Transcript& transcript
     script = openText(Utf8::toPath(settings.script));
   if (!settings.isQuiet)
     transcript.result(welcome(session));
-  if (settings.script.empty() && settings.commands.empty())
-    return runScript(session, transcript, std::cin, "<stdin>");
-  return runCommands(session, transcript, settings.commands) &&
-         (settings.script.empty() || runScript(session, transcript, script, settings.script));
+  const bool readsInput = settings.script.empty() && settings.commands.empty();
+  const bool isFine = readsInput ? runScript(session, transcript, std::cin, "<stdin>")
+                                 : runCommands(session, transcript, settings.commands) &&
+                                       (settings.script.empty() ||
+                                        runScript(session, transcript, script, settings.script));
+  tellOfUnsaved(session, transcript);
+  return isFine;
 }
 
 ExitStatus run(const Settings& settings)
@@ -103,9 +101,8 @@ ExitStatus run(const Settings& settings)
                         isOutputTerminal() && isErrorTerminal();
   const auto detail = isInteractive || settings.isQuiet ? Transcript::Detail::ResultsOnly
                                                         : Transcript::Detail::Full;
-  const auto file = Utf8::toPath(settings.pointFile);
-  Session session = {PointDocument::create(readPointFile(file)), Utf8::fromPath(file.filename()),
-                     Style{hasColor}};
+  Session session = {PointDocument::create(), "", Style{hasColor}};
+  openDocument(session, Utf8::toPath(settings.file));
   Transcript transcript(std::cout, std::cerr, detail, session.style);
 
   const bool isFine =

@@ -16,10 +16,11 @@ template <class T>
 concept ElementIdentifier =
   std::default_initializable<T> && std::is_copy_constructible_v<T> &&
   std::is_copy_assignable_v<T> && std::is_destructible_v<T> &&
-  requires(const T& a, const T& b) {
+  requires(const T& a, const T& b, void* record) {
     { a == b } -> std::convertible_to<bool>;
     { a.isValid() } -> std::convertible_to<bool>;
     { T::getInvalidId() } -> std::same_as<const T&>;
+    T::serialization_register(record);
   };
 // clang-format on
 

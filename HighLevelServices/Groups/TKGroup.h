@@ -15,11 +15,15 @@
 
 namespace Tarvik {
 
+class PersistenceArchiver;
+template <class T>
+class GroupRegistration;
+
 /// A named list of element identifiers, in the order that the user gave it.
 ///
 /// A plain value: hosts keep groups in vectors and hand whole lists over. Members are found by
 /// their `operator==`, from the front. The group's own id is an Identifier whatever its members
-/// are; a new group gets a new one, and only copy assignment ever changes it.
+/// are; a new group gets a new one, and only copy assignment and loading ever change it.
 template <class T>
 class TKGroup : public NameInterface {
   static_assert(ElementIdentifier<T>, "see HighLevelServices/Groups/ElementIdentifier.h");
@@ -73,7 +77,24 @@ public:
   /// Removes all members; name and id stay.
   void clear();
 
+  /// Makes the class known to the archive, if it is not yet, and tells how groups are saved and
+  /// loaded: under the class name "TKIdGroup" or "TKGUIdGroup", in version 500001.
+  /// @param out  a BaseClassRegister, which is overwritten with the class's record; left alone when
+  ///             the archive did not take the class
+  static void serialization_register(void* out);
+
+  /// Whether the archive took the class when the library was loaded.
+  static bool s_force_serialization_registration;
+
 private:
+  friend class GroupRegistration<T>; // makes record entries of these two
+
+  /// The entries of the class's record.
+  /// @throws std::exception "Parent not registered" when the archive did not take the conversion
+  ///         between groups and their base; nothing is written or changed then
+  void save(PersistenceArchiver& archive, unsigned int version) const;
+  void load(PersistenceArchiver& archive, unsigned int version);
+
   std::vector<T> m_members;
   Identifier m_id;
 };

@@ -2,6 +2,7 @@
 #include "GeneralServices/NameInterface.h"
 
 #include "PersistenceArchiver/BaseClassRegister.h"
+#include "PersistenceArchiver/ClassRegistration.h"
 #include "PersistenceArchiver/PersistenceArchiver.h"
 
 namespace Tarvik {
@@ -19,17 +20,28 @@ std::string trimmed(const std::string& text)
   return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
-void loadName(PersistenceArchiver& archive, BaseClassRegister& record)
+void loadName(PersistenceArchiver& archive, NameInterface& object, unsigned int /*version*/)
 {
   std::string name;
   archive >> name;
-  static_cast<NameInterface*>(record.object)->setName(name, true);
+  object.setName(name, true);
 }
 
-void saveName(PersistenceArchiver& archive, BaseClassRegister& record)
+void saveName(PersistenceArchiver& archive, const NameInterface& object, unsigned int /*version*/)
 {
-  archive << static_cast<const NameInterface*>(record.object)->getName();
+  archive << object.getName();
 }
+
+const BaseClassRegister* registeredRecord()
+{
+  constexpr unsigned int leastSize = 4; // the length of an empty name
+  static const auto* const registered =
+      registerClass<NameInterface, loadName, saveName>("NameInterface", classVersion, leastSize);
+  return registered;
+}
+
+/// An archive may hold names before the program has touched one.
+[[maybe_unused]] const auto* const registeredAtLoad = registeredRecord();
 
 }
 
@@ -53,15 +65,7 @@ void NameInterface::setName(const std::string& name, bool verbatim)
 
 void NameInterface::serialization_register(void* out)
 {
-  static const BaseClassRegister* const registered =
-      PersistenceArchiver::registerFactory("NameInterface",
-                                           {.load = &loadName,
-                                            .save = &saveName,
-                                            .create = []() -> void* { return new NameInterface; },
-                                            .writeVersion = classVersion,
-                                            .readVersion = classVersion},
-                                           classVersion);
-  if (registered != nullptr)
+  if (const auto* const registered = registeredRecord())
     *static_cast<BaseClassRegister*>(out) = *registered;
 }
 

@@ -6,6 +6,20 @@
 
 namespace Tarvik {
 
+namespace {
+
+const BaseClassRegister* registeredRecord()
+{
+  static const auto* const registered =
+      IdentifierArchive::registerIdentifierClass<GUIdentifier>("GUIdentifier");
+  return registered;
+}
+
+/// An archive may hold identifiers before the program has touched one.
+[[maybe_unused]] const auto* const registeredAtLoad = registeredRecord();
+
+}
+
 const GUIdentifier& GUIdentifier::getInvalidId()
 {
   static constinit const GUIdentifier invalid{IdentifierBits{}};
@@ -36,9 +50,7 @@ std::optional<GUIdentifier> GUIdentifier::fromString(std::string_view text)
 
 void GUIdentifier::serialization_register(void* out)
 {
-  static const auto* const registered =
-      IdentifierArchive::registerClass<GUIdentifier>("GUIdentifier");
-  if (registered != nullptr)
+  if (const auto* const registered = registeredRecord())
     *static_cast<BaseClassRegister*>(out) = *registered;
 }
 

@@ -6,6 +6,20 @@
 
 namespace Tarvik {
 
+namespace {
+
+const BaseClassRegister* registeredRecord()
+{
+  static const auto* const registered =
+      IdentifierArchive::registerIdentifierClass<Identifier>("Identifier");
+  return registered;
+}
+
+/// An archive may hold identifiers before the program has touched one.
+[[maybe_unused]] const auto* const registeredAtLoad = registeredRecord();
+
+}
+
 const Identifier& Identifier::getInvalidId()
 {
   static constinit const Identifier invalid{IdentifierBits{}};
@@ -25,8 +39,7 @@ std::optional<Identifier> Identifier::fromString(std::string_view text)
 
 void Identifier::serialization_register(void* out)
 {
-  static const auto* const registered = IdentifierArchive::registerClass<Identifier>("Identifier");
-  if (registered != nullptr)
+  if (const auto* const registered = registeredRecord())
     *static_cast<BaseClassRegister*>(out) = *registered;
 }
 

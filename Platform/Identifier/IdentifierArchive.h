@@ -3,8 +3,11 @@
 
 #include "Identifier/IdentifierBits.h"
 #include "PersistenceArchiver/BaseClassRegister.h"
+#include "PersistenceArchiver/ClassRegistration.h"
 #include "PersistenceArchiver/PersistenceArchiver.h"
 
+#include <array>
+#include <cstdint>
 #include <string>
 
 /// How the identifiers of this library are saved and loaded. Not for others.
@@ -12,35 +15,35 @@ namespace Tarvik::IdentifierArchive {
 
 inline void write(PersistenceArchiver& archive, const IdentifierBits& bits)
 {
-  archive << bits.high << bits.low;
+  archive << std::array{bits.high, bits.low};
 }
 
 inline IdentifierBits read(PersistenceArchiver& archive)
 {
-  IdentifierBits bits;
-  archive >> bits.high >> bits.low;
-  return bits;
+  std::array<std::uint64_t, 2> words{};
+  archive >> words;
+  return {words[0], words[1]};
+}
+
+template <class C>
+void load(PersistenceArchiver& archive, C& identifier, unsigned int /*version*/)
+{
+  identifier = C(read(archive));
+}
+
+template <class C>
+void save(PersistenceArchiver& archive, const C& identifier, unsigned int /*version*/)
+{
+  write(archive, identifier.bits());
 }
 
 /// Registers one of the identifier classes under its name.
 template <class C>
-const BaseClassRegister* registerClass(const std::string& name)
+const BaseClassRegister* registerIdentifierClass(const std::string& name)
 {
   constexpr unsigned int version = 1;
-  return PersistenceArchiver::registerFactory(
-      name,
-      {.load =
-           [](PersistenceArchiver& archive, BaseClassRegister& record) {
-             *static_cast<C*>(record.object) = C(read(archive));
-           },
-       .save =
-           [](PersistenceArchiver& archive, BaseClassRegister& record) {
-             write(archive, static_cast<const C*>(record.object)->bits());
-           },
-       .create = []() -> void* { return new C; },
-       .writeVersion = version,
-       .readVersion = version},
-      version);
+  constexpr unsigned int size = sizeof(IdentifierBits);
+  return registerClass<C, load<C>, save<C>>(name, version, size);
 }
 
 }

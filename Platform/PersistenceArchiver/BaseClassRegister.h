@@ -22,12 +22,12 @@ struct BaseClassRegister {
   void* (*create)() = nullptr; ///< a new object, owned by the caller
   unsigned int (*runtimeClass)(const BaseClassRegister&) = nullptr; ///< class hash of `object`
   MapContainer* (*createContainer)() = nullptr; ///< a new container, owned by the caller
-  unsigned int word = 0;                        ///< reserved
-  unsigned int classHash = unknownClassHash;    ///< assigned by registerFactory()
-  unsigned int writeVersion = 0xFFFFFFFF;       ///< class version that `save` writes
-  unsigned int readVersion = 0xFFFFFFFF;        ///< class version that `load` will find
-  void* object = nullptr;                       ///< the object to save or to load
-  void* reserved = nullptr;                     ///< reserved
+  unsigned int word = 0; ///< the fewest bytes that an object takes in an archive; 0 counts as 1
+  unsigned int classHash = unknownClassHash; ///< assigned by registerFactory()
+  unsigned int writeVersion = 0xFFFFFFFF;    ///< class version that `save` writes
+  unsigned int readVersion = 0xFFFFFFFF;     ///< class version that `load` will find
+  void* object = nullptr;                    ///< the object to save or to load
+  void* reserved = nullptr;                  ///< reserved
 };
 
 }

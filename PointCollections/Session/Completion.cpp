@@ -2,6 +2,7 @@
 #include "PointCollections/Session/Completion.h"
 
 #include "GeneralServices/StringUtility.h"
+#include "PointCollections/Project/ProjectFile.h"
 #include "PointCollections/Session/Lookup.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
@@ -16,6 +17,9 @@ namespace Tarvik::PointCollections {
 namespace {
 
 using Names = std::vector<std::string>;
+
+/// What separates folders; Windows takes both.
+constexpr auto folderEnds = std::filesystem::path::preferred_separator == '/' ? "/" : "/\\";
 
 /// What stands behind the verb, in front of the word to complete.
 struct Context {
@@ -73,7 +77,25 @@ Names without(const Names& names, Names excluded)
   return result;
 }
 
-Names namesOf(Session& session, ArgumentKind kind)
+/// What stands in the folder that the start of a path leads to: folders, and files that can be
+/// opened. Hidden ones are for those who start to type their names.
+Names fileNames(Files& files, const std::string& start)
+{
+  const auto folder = start.substr(0, start.find_last_of(folderEnds) + 1);
+  const bool showsHidden = start.substr(folder.size()).starts_with('.');
+  Names names;
+  for (const auto& name : files.namesIn(Utf8::toPath(folder))) {
+    const auto file = Utf8::toPath(name);
+    const bool fits = name.ends_with('/') || isProjectName(file) || file.extension() == ".csv";
+    if (fits && Utf8::findInvalid(name) == std::string::npos &&
+        (showsHidden || !name.starts_with('.')))
+      names.push_back(folder + name);
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+Names namesOf(Session& session, ArgumentKind kind, const std::string& start)
 {
   switch (kind) {
   case ArgumentKind::Group:
@@ -84,6 +106,8 @@ Names namesOf(Session& session, ArgumentKind kind)
     return memberNames(*session.document);
   case ArgumentKind::Verb:
     return verbNames();
+  case ArgumentKind::File:
+    return fileNames(*session.files, start);
   case ArgumentKind::Text:
   case ArgumentKind::Number:
     break;
@@ -92,9 +116,10 @@ Names namesOf(Session& session, ArgumentKind kind)
 }
 
 /// The value of an option may repeat an argument; arguments name everything once.
-Names namesExpected(Session& session, const Context& context)
+Names namesExpected(Session& session, const Context& context, const std::string& start)
 {
-  const auto names = namesOf(session, kindExpected(context).value_or(ArgumentKind::Text));
+  const auto kind = kindExpected(context).value_or(ArgumentKind::Text);
+  const auto names = namesOf(session, kind, start);
   return context.awaited ? names : without(names, context.arguments);
 }
 
@@ -131,15 +156,22 @@ std::string unfinished(std::string_view start, bool isQuoted)
   return text;
 }
 
-Completion completedWith(const Names& matches, const UnfinishedLine& line, bool areNames)
+enum class Form {
+  Word, ///< typed as it stands
+  Name, ///< in quotes where it needs them
+  Path  ///< a name that goes on where it ends in a slash
+};
+
+Completion completedWith(const Names& matches, const UnfinishedLine& line, Form form)
 {
+  const bool areNames = form != Form::Word;
   Completion result = {line.lastAt, {}, {}};
   if (matches.empty())
     return result;
   for (const auto& match : matches)
     result.candidates.push_back(areNames ? asTyped(match) : match);
   const auto common = commonStart(matches);
-  if (matches.size() == 1)
+  if (matches.size() == 1 && !(form == Form::Path && common.ends_with('/')))
     result.text = result.candidates.front() + ' ';
   else if (!common.empty())
     result.text = areNames ? unfinished(common, line.last.isQuoted) : std::string(common);
@@ -152,16 +184,17 @@ Completion completeLine(Session& session, const UnfinishedLine& line)
 {
   const std::string& start = line.last.text;
   if (line.words.empty())
-    return completedWith(startingWith(start, verbNames()), line, false);
+    return completedWith(startingWith(start, verbNames()), line, Form::Word);
 
   const Context context = contextOf(line.words);
   if (!context.awaited && !line.last.isQuoted && start.starts_with('-')) {
     Names options;
     for (const Option& option : context.verb->options)
       options.push_back(option.name);
-    return completedWith(startingWith(start, without(options, context.options)), line, false);
+    return completedWith(startingWith(start, without(options, context.options)), line, Form::Word);
   }
-  return completedWith(startingWith(start, namesExpected(session, context)), line, true);
+  const auto form = kindExpected(context) == ArgumentKind::File ? Form::Path : Form::Name;
+  return completedWith(startingWith(start, namesExpected(session, context, start)), line, form);
 }
 
 }

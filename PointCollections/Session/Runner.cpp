@@ -2,7 +2,9 @@
 #include "PointCollections/Session/Runner.h"
 
 #include "PointCollections/Input/TextInput.h"
+#include "PointCollections/Session/DocumentFile.h"
 #include "PointCollections/Session/Interpreter.h"
+#include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
 
 #include <fmt/format.h>
@@ -51,6 +53,31 @@ void runScriptLine(Session& session, Transcript& transcript, const std::string& 
   }
 }
 
+/// Answers the questions of a session while it lives.
+class Person {
+public:
+  Person(Session& session, LineReader& reader) : m_session(session)
+  {
+    session.ask = [&reader](const auto& prompt) { return reader.readLine(prompt); };
+  }
+  Person(const Person&) = delete;
+  Person& operator=(const Person&) = delete;
+  ~Person() { m_session.ask = nullptr; }
+
+private:
+  Session& m_session;
+};
+
+/// Nobody can be asked for ever: where the answer is the end of the input again, that is it.
+void leaveAtEnd(Session& session, Transcript& transcript)
+{
+  transcript.result("(end of input)");
+  const auto farewell = askForFarewell(session);
+  session.isOver = farewell != Farewell::Refused;
+  if (farewell == Farewell::Unanswered)
+    tellOfUnsaved(session, transcript);
+}
+
 }
 
 bool runCommands(Session& session, Transcript& transcript, const std::vector<std::string>& commands)
@@ -90,20 +117,23 @@ bool runScript(Session& session,
 
 void runInteractively(Session& session, Transcript& transcript, LineReader& reader)
 {
+  const Person person(session, reader);
   while (canGoOn(session, transcript)) {
-    bool isAtEnd = false;
     const auto runNext = [&] {
-      const auto line = reader.readLine("> ");
-      isAtEnd = !line;
+      const auto line = reader.readLine(session.history.isClean() ? "> " : "*> ");
       if (line)
         transcript.result(runLine(session, *line));
+      else
+        leaveAtEnd(session, transcript);
     };
     succeeds(transcript, "error", runNext);
-    if (isAtEnd) {
-      transcript.result("(end of input)");
-      return;
-    }
   }
+}
+
+void tellOfUnsaved(const Session& session, Transcript& transcript)
+{
+  if (!session.history.isClean())
+    transcript.error(mentioned(session.title), "the changes are not saved; save keeps them");
 }
 
 }

@@ -27,7 +27,11 @@ bool runScript(Session& session,
                std::istream& script,
                const std::string& name);
 
-/// Carries out what the user types until the input ends; mistakes are told and forgotten.
+/// Carries out what the user types until the input ends; mistakes are told and forgotten. The
+/// verbs may ask the user questions, and leaving does when there are changes that are not saved.
 void runInteractively(Session& session, Transcript& transcript, LineReader& reader);
+
+/// Says so when changes are not saved, at the end of what cannot be asked.
+void tellOfUnsaved(const Session& session, Transcript& transcript);
 
 }

@@ -25,6 +25,8 @@ const std::vector<Verb>& allVerbs()
       undoVerb(),    //
       redoVerb(),    //
       historyVerb(), //
+      saveVerb(),    //
+      openVerb(),    //
       helpVerb(),    //
       quitVerb(),    //
   };

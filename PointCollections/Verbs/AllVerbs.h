@@ -20,6 +20,8 @@ Verb sortVerb();
 Verb undoVerb();
 Verb redoVerb();
 Verb historyVerb();
+Verb saveVerb();
+Verb openVerb();
 Verb helpVerb();
 Verb quitVerb();
 

@@ -35,7 +35,7 @@ Verb historyVerb()
           .usage = "history",
           .summary = "list the changes, the present one marked with →",
           .details = "Changes behind the mark are undone: redo makes them again. The clean state "
-                     "is the one that\nwas opened.",
+                     "is the one that\nwas opened, or saved last.",
           .example = "history",
           .parameters = {},
           .options = {},

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
+#include "PointCollections/Session/DocumentFile.h"
 #include "PointCollections/Verbs/AllVerbs.h"
 
 namespace Tarvik::PointCollections {
 namespace {
 
+/// A script that does not save may want nothing but its output.
 std::string quit(Session& session, const Arguments&)
 {
-  session.isOver = true;
+  session.isOver = !session.ask || askForFarewell(session) == Farewell::Granted;
   return {};
 }
 
@@ -17,8 +19,8 @@ Verb quitVerb()
   return {.name = "quit",
           .usage = "quit",
           .summary = "leave the program",
-          .details = "In a script, the lines behind it are not read. Ctrl-D does the same on a "
-                     "terminal.",
+          .details = "You are asked what is to become of changes that are not saved. In a script, "
+                     "the lines behind it\nare not read. Ctrl-D does the same on a terminal.",
           .example = "quit",
           .parameters = {},
           .options = {},

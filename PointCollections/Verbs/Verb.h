@@ -18,7 +18,8 @@ enum class ArgumentKind {
   Group,   ///< the name of a group
   Element, ///< the name of an element
   Member,  ///< the name of an element that lies in a group
-  Verb     ///< the name of a verb
+  Verb,    ///< the name of a verb
+  File     ///< the name of a file that the program opens
 };
 
 /// How often an argument is given.

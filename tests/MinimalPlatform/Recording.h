@@ -6,7 +6,7 @@
 
 namespace Tarvik {
 
-/// What the library asks of names and identifiers while it is recorded.
+/// What the library asks of names, identifiers and archives while it is recorded.
 class Recording {
 public:
   Recording() { active() = this; }
@@ -17,7 +17,7 @@ public:
   const std::vector<std::string>& calls() const { return m_calls; }
 
   /// Writes a call down, when there is a recording.
-  static void note(const char* operation, const std::string& argument)
+  static void note(const std::string& operation, const std::string& argument = "")
   {
     if (active() != nullptr)
       active()->m_calls.push_back(operation + argument);

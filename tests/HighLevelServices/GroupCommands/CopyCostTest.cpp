@@ -36,6 +36,7 @@ public:
     static const CountedIdentifier invalid(0);
     return invalid;
   }
+  static void serialization_register(void*) {} // these groups are not saved
   friend bool operator==(const CountedIdentifier& a, const CountedIdentifier& b)
   {
     return a.m_number == b.m_number;

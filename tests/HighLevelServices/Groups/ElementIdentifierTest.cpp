@@ -18,6 +18,7 @@ struct Complete {
   Complete& operator=(const Complete&);
   bool isValid() const;
   static const Complete& getInvalidId();
+  static void serialization_register(void* record);
   bool operator==(const Complete&) const;
 };
 
@@ -43,22 +44,39 @@ struct WithoutAssignment : Complete {
 struct WithoutEquality {
   bool isValid() const;
   static const WithoutEquality& getInvalidId();
+  static void serialization_register(void* record);
 };
 
 struct WithoutValidity {
   static const WithoutValidity& getInvalidId();
+  static void serialization_register(void* record);
   bool operator==(const WithoutValidity&) const;
 };
 
 struct WithoutInvalidId {
   bool isValid() const;
+  static void serialization_register(void* record);
   bool operator==(const WithoutInvalidId&) const;
 };
 
 struct WithInvalidIdByValue {
   bool isValid() const;
   static WithInvalidIdByValue getInvalidId();
+  static void serialization_register(void* record);
   bool operator==(const WithInvalidIdByValue&) const;
+};
+
+struct WithoutRegistration {
+  bool isValid() const;
+  static const WithoutRegistration& getInvalidId();
+  bool operator==(const WithoutRegistration&) const;
+};
+
+struct WithPrivateRegistration : Complete {
+  static const WithPrivateRegistration& getInvalidId();
+
+private:
+  static void serialization_register(void* record);
 };
 
 TEST(ElementIdentifier, AsksForWhatGroupsAndCommandsNeedAndNoMore)
@@ -74,6 +92,8 @@ TEST(ElementIdentifier, AsksForWhatGroupsAndCommandsNeedAndNoMore)
   EXPECT_FALSE(ElementIdentifier<WithoutValidity>);
   EXPECT_FALSE(ElementIdentifier<WithoutInvalidId>);
   EXPECT_FALSE(ElementIdentifier<WithInvalidIdByValue>);
+  EXPECT_FALSE(ElementIdentifier<WithoutRegistration>);
+  EXPECT_FALSE(ElementIdentifier<WithPrivateRegistration>);
   EXPECT_FALSE(ElementIdentifier<std::string>);
   EXPECT_FALSE(ElementIdentifier<int>);
 }

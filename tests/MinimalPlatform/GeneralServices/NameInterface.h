@@ -22,6 +22,7 @@ public:
     m_name = name;
   }
   const std::string& getName() const { return m_name; }
+  static void serialization_register(void* out);
 
 private:
   std::string m_name;

@@ -5,8 +5,6 @@
 
 namespace Tarvik {
 
-class PersistenceArchiver;
-
 /// A number. Writes down that it is assigned to.
 class GUIdentifier {
 public:
@@ -35,6 +33,9 @@ public:
   }
 
 private:
+  template <class C>
+  friend struct IdentifierEntries;
+
   explicit GUIdentifier(unsigned long long number) : m_number(number) {}
   static unsigned long long& lastNumber()
   {

@@ -35,6 +35,12 @@ public:
   }
 
 private:
+  template <class C>
+  friend struct IdentifierEntries;
+  friend PersistenceArchiver& operator<<(PersistenceArchiver& archive,
+                                         const Identifier& identifier);
+  friend PersistenceArchiver& operator>>(PersistenceArchiver& archive, Identifier& identifier);
+
   explicit Identifier(unsigned long long number) : m_number(number) {}
   static unsigned long long& lastNumber()
   {

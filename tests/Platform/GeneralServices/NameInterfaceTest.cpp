@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "GeneralServices/NameInterface.h"
 
-#include "PersistenceArchiver/ArchiveError.h"
 #include "PersistenceArchiver/BaseClassRegister.h"
 #include "PersistenceArchiver/PersistenceArchiver.h"
-#include "Platform/Support/Bytes.h"
+#include "Platform/Support/Archives.h"
 
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <iterator>
 #include <memory>
-#include <span>
 #include <string>
 #include <type_traits>
 #include <utility>
@@ -203,8 +202,8 @@ TEST(Name, IsSavedAsItsLengthAndBytes)
 
   record.save(archive, record);
 
-  EXPECT_EQ(hex(archive.bytes()), "05 00 00 00 " // length
-                                  "20 50 c3 bc 20");
+  EXPECT_EQ(bodyOf(archive), "05 00 00 00 " // length
+                             "20 50 c3 bc 20");
 }
 
 TEST(Name, IsLoadedByteForByte)
@@ -217,7 +216,7 @@ TEST(Name, IsLoadedByteForByte)
 
     NameInterface loaded("Old");
     auto loadingRecord = recordOfName(&loaded);
-    PersistenceArchiver source(archive.bytes());
+    PersistenceArchiver source(archive.finish());
     loadingRecord.load(source, loadingRecord);
 
     EXPECT_EQ(loaded.getName(), name);
@@ -227,10 +226,11 @@ TEST(Name, IsLoadedByteForByte)
 TEST(Name, StaysWhenItsArchiveIsCutOff)
 {
   const auto complete = fromHex("05 00 00 00 50 75 6d 70 73");
-  for (std::size_t length = 0; length < complete.size(); ++length) {
+  for (std::ptrdiff_t length = 0; length < std::ssize(complete); ++length) {
     NameInterface object("Old");
     auto record = recordOfName(&object);
-    PersistenceArchiver source{std::span(complete).first(length)};
+    const auto bytes = archiveAround(Bytes(complete.begin(), complete.begin() + length));
+    PersistenceArchiver source(bytes);
 
     EXPECT_THROW(record.load(source, record), ArchiveError) << length << " bytes";
     EXPECT_EQ(object.getName(), "Old") << length << " bytes";

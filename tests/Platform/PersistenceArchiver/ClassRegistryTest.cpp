@@ -22,6 +22,14 @@ void* createNothing()
 {
   return nullptr;
 }
+unsigned int noClass(const BaseClassRegister&)
+{
+  return BaseClassRegister::unknownClassHash;
+}
+MapContainer* createNoContainer()
+{
+  return nullptr;
+}
 
 TEST(NameHash, IsTheSameEverywhere)
 {
@@ -68,16 +76,40 @@ TEST(ClassRegistry, KeepsTheRecordUnderTheHashOfTheName)
   EXPECT_EQ(kept->readVersion, 6U);
 }
 
-TEST(ClassRegistry, KeepsTheFirstRecordOfAClass)
+TEST(ClassRegistry, KeepsTheRecordOfAClassThatIsRegisteredAgain)
 {
   auto* const first = PersistenceArchiver::registerFactory("First", {.load = &loadOne}, 1);
 
-  auto* const again = PersistenceArchiver::registerFactory("First", {.load = &loadOther}, 1);
+  auto* const again = PersistenceArchiver::registerFactory("First", {.load = &loadOne}, 1);
 
   ASSERT_NE(first, nullptr);
   EXPECT_EQ(again, first);
   EXPECT_EQ(first->load, &loadOne);
   EXPECT_EQ(first->classHash, PersistenceArchiver::getHashForName("First"));
+}
+
+TEST(ClassRegistry, TakesTheNewEntriesOfAClassWhoseLibraryIsLoadedAgain)
+{
+  const std::vector<BaseClassRegister> others = {
+      {.load = &loadOther, .save = &saveNothing, .create = &createNothing},
+      {.load = &loadOne},
+      {.load = &loadOne, .save = &saveNothing},
+      {.load = &loadOne, .create = &createNothing},
+      {.load = &loadOne, .runtimeClass = &noClass},
+      {.load = &loadOne, .createContainer = &createNoContainer}};
+  auto* const first = PersistenceArchiver::registerFactory("Reloaded", {.load = &loadOne}, 1);
+
+  for (const auto& other : others) {
+    auto* const again = PersistenceArchiver::registerFactory("Reloaded", other, 1);
+
+    ASSERT_TRUE(first != nullptr && again == first);
+    EXPECT_EQ(first->load, other.load);
+    EXPECT_EQ(first->save, other.save);
+    EXPECT_EQ(first->create, other.create);
+    EXPECT_EQ(first->runtimeClass, other.runtimeClass);
+    EXPECT_EQ(first->createContainer, other.createContainer);
+    EXPECT_EQ(first->classHash, PersistenceArchiver::getHashForName("Reloaded"));
+  }
 }
 
 TEST(ClassRegistry, RefusesAnotherVersionOfAClass)
@@ -128,7 +160,7 @@ TEST(ClassRegistry, KeepsItsRecordsInTheirPlaces)
     EXPECT_NE(PersistenceArchiver::registerFactory("Later" + std::to_string(i), {}, 1), nullptr);
 
   ASSERT_NE(early, nullptr);
-  EXPECT_EQ(PersistenceArchiver::registerFactory("Early", {}, 1), early);
+  EXPECT_EQ(PersistenceArchiver::registerFactory("Early", {.load = &loadOne}, 1), early);
   EXPECT_EQ(early->load, &loadOne);
   EXPECT_EQ(early->classHash, PersistenceArchiver::getHashForName("Early"));
 }
@@ -146,6 +178,43 @@ TEST(ClassRegistry, MayBeUsedByManyThreadsThatCopyTheRecord)
             PersistenceArchiver::registerFactory("Shared", {.load = &loadOne}, 1);
         const BaseClassRegister copy = *kept;
         if (copy.classHash != hash || copy.load != &loadOne)
+          ++wrong;
+      }
+    });
+  for (auto& thread : threads)
+    thread.join();
+
+  EXPECT_EQ(wrong, 0);
+}
+
+TEST(TypeRegistry, RemembersTheClassOfAType)
+{
+  const auto type = PersistenceArchiver::getHashForName("a type");
+
+  PersistenceArchiver::registerHash(type, 5);
+  EXPECT_EQ(PersistenceArchiver::getHashForType(type), 5U);
+
+  PersistenceArchiver::registerHash(type, 6);
+  EXPECT_EQ(PersistenceArchiver::getHashForType(type), 6U);
+}
+
+TEST(TypeRegistry, SaysWhichTypesItDoesNotKnow)
+{
+  EXPECT_EQ(PersistenceArchiver::getHashForType(
+                PersistenceArchiver::getHashForName("a type that nobody registers")),
+            BaseClassRegister::unknownClassHash);
+}
+
+TEST(TypeRegistry, MayBeUsedByManyThreads)
+{
+  std::atomic<int> wrong = 0;
+  std::vector<std::thread> threads;
+  threads.reserve(4);
+  for (unsigned int i = 0; i < 4; ++i)
+    threads.emplace_back([&wrong, i] {
+      for (unsigned int round = 0; round < 500; ++round) {
+        PersistenceArchiver::registerHash(0x5eed0000U + i, round);
+        if (PersistenceArchiver::getHashForType(0x5eed0000U + i) != round)
           ++wrong;
       }
     });

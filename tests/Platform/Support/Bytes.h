@@ -10,6 +10,8 @@
 /// Bytes as tests write them: "04 03 02 01".
 namespace Tarvik {
 
+using Bytes = std::vector<std::byte>;
+
 inline std::string hex(std::span<const std::byte> bytes)
 {
   constexpr std::string_view digits = "0123456789abcdef";
@@ -23,10 +25,10 @@ inline std::string hex(std::span<const std::byte> bytes)
   return text;
 }
 
-inline std::vector<std::byte> fromHex(std::string_view text)
+inline Bytes fromHex(std::string_view text)
 {
   constexpr std::string_view digits = "0123456789abcdef";
-  std::vector<std::byte> bytes;
+  Bytes bytes;
   for (std::size_t i = 0; i + 1 < text.size(); i += 3)
     bytes.push_back(static_cast<std::byte>(digits.find(text[i]) << 4U | digits.find(text[i + 1])));
   return bytes;

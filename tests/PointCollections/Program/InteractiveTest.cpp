@@ -52,14 +52,13 @@ public:
   /// next prompt, since keys that come between two prompts do not reach the editor.
   void typeAndExpect(const std::string& keys, const std::string& text)
   {
-    type(keys);
-    const std::string prompt = keys.ends_with('\r') ? "> " : "";
-    std::string shown;
-    while (!hasInOrder(shown, text, prompt) && readMore(shown)) {
-    }
-    EXPECT_TRUE(hasInOrder(shown, text, prompt))
-        << "typed " << ::testing::PrintToString(keys) << " and waited for " << text << ", saw "
-        << ::testing::PrintToString(shown);
+    typeAndExpect(keys, text, keys.ends_with('\r') ? "> " : "");
+  }
+
+  /// As above, but what waits for keys then is a question.
+  void typeAndBeAsked(const std::string& keys, const std::string& text)
+  {
+    typeAndExpect(keys, text, "discard or cancel: ");
   }
 
   /// Types the keys and waits for the program to end; its exit status.
@@ -78,6 +77,17 @@ public:
   }
 
 private:
+  void typeAndExpect(const std::string& keys, const std::string& text, const std::string& prompt)
+  {
+    type(keys);
+    std::string shown;
+    while (!hasInOrder(shown, text, prompt) && readMore(shown)) {
+    }
+    EXPECT_TRUE(hasInOrder(shown, text, prompt))
+        << "typed " << ::testing::PrintToString(keys) << " and waited for " << text << ", saw "
+        << ::testing::PrintToString(shown);
+  }
+
   static bool hasInOrder(const std::string& shown, const std::string& one, const std::string& other)
   {
     const auto found = shown.find(one);
@@ -169,8 +179,47 @@ TEST_F(Person, DropsALineWithControlC)
 
 TEST_F(Person, LeavesWithControlD)
 {
-  m_terminal.typeAndExpect("create G\r", "Created G with 0 elements.");
   EXPECT_EQ(m_terminal.typeAndLeave(controlD), 0);
+}
+
+TEST_F(Person, IsAskedBeforeChangesAreLostByQuit)
+{
+  m_terminal.typeAndExpect("create G\r", "Created G with 0 elements.");
+  m_terminal.typeAndBeAsked("quit\r", "points.csv has changes that are not saved.");
+  m_terminal.typeAndExpect("cancel\r", "");
+  m_terminal.typeAndExpect("show G\r", "G (0)");
+  m_terminal.typeAndBeAsked("quit\r", "points.csv has changes that are not saved.");
+  EXPECT_EQ(m_terminal.typeAndLeave("discard\r"), 0);
+}
+
+TEST_F(Person, IsAskedBeforeChangesAreLostByControlD)
+{
+  m_terminal.typeAndExpect("create G\r", "Created G with 0 elements.");
+  m_terminal.typeAndBeAsked(controlD, "points.csv has changes that are not saved.");
+  m_terminal.typeAndExpect("cancel\r", "");
+  m_terminal.typeAndBeAsked(controlD, "points.csv has changes that are not saved.");
+  EXPECT_EQ(m_terminal.typeAndLeave(controlD), 0);
+}
+
+TEST_F(Person, SavesWhenAsked)
+{
+  const auto file = m_folder.path() / "my plan.tkpc";
+  m_terminal.typeAndExpect("create G\r", "Created G with 0 elements.");
+  m_terminal.typeAndBeAsked("quit\r", "Type save FILE, ");
+  EXPECT_EQ(m_terminal.typeAndLeave("save \"" + file.string() + "\"\r"), 0);
+
+  EXPECT_TRUE(contentOf(file).starts_with("\x89TKM"));
+}
+
+TEST_F(Person, SeesWhetherChangesAreSaved)
+{
+  const auto file = (m_folder.path() / "p.tkpc").string();
+  m_terminal.typeAndExpect("create G Paris\r", "Created G with 1 element.\r\n*");
+  m_terminal.typeAndExpect("save " + file + "\r",
+                           "Saved p.tkpc: 4 elements with 4 points in 1 group.\r\n");
+  m_terminal.typeAndExpect("open " + m_folder.path().string() + "/p.t" + tab + "\r",
+                           "Opened p.tkpc: 4 elements");
+  EXPECT_EQ(m_terminal.typeAndLeave("quit\r"), 0);
 }
 
 }

@@ -6,8 +6,11 @@
 namespace Tarvik::PointCollections {
 namespace {
 
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
+
+const std::string notSaved = "points.csv: the changes are not saved; save keeps them\n";
 
 class Program : public ::testing::Test {
 protected:
@@ -31,7 +34,7 @@ TEST_F(Program, RunsCommandsFromStandardInput)
   const auto outcome = run({m_points}, "create G a\nshow\n");
 
   EXPECT_EQ(outcome.status, 0);
-  EXPECT_EQ(outcome.errors, "");
+  EXPECT_EQ(outcome.errors, notSaved);
   EXPECT_EQ(outcome.output, "Opened points.csv: 2 elements with 2 points.\n"
                             "\n"
                             "> create G a\n"
@@ -81,7 +84,8 @@ TEST_F(Program, StopsAScriptAtAMistake)
 
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.output, "Created G with 1 element.\n");
-  EXPECT_EQ(outcome.errors, script + ":2: there is no element named d; show --all lists them\n");
+  EXPECT_EQ(outcome.errors,
+            script + ":2: there is no element named d; show --all lists them\n" + notSaved);
 }
 
 TEST_F(Program, TellsTheLineOfAMistakeInStandardInput)
@@ -148,6 +152,68 @@ TEST_F(Program, SurvivesAnyBytes)
   EXPECT_EQ(run({m_points}, std::string(3000000, 'x')).status, 1);
   EXPECT_EQ(run({m_points}, std::string(500000, '"') + "\n").status, 1);
   EXPECT_EQ(run({m_points}, "undo 99999999999999999999\n").status, 1);
+}
+
+TEST_F(Program, SavesAndOpensProjects)
+{
+  const auto project = (m_folder.path() / "p.tkpc").string();
+  const auto saved = run({m_points}, "create G a\nsave \"" + project + "\"\n");
+  EXPECT_EQ(saved.status, 0);
+  EXPECT_EQ(saved.errors, "");
+
+  const auto opened = run({project, "--command", "show G"});
+
+  EXPECT_EQ(opened.status, 0);
+  EXPECT_EQ(opened.errors, "");
+  EXPECT_EQ(opened.output, "Opened p.tkpc: 2 elements with 2 points in 1 group.\n"
+                           "\n"
+                           "> show G\n"
+                           "G (1)\n"
+                           "└─ a\n");
+}
+
+TEST_F(Program, SaysSoWhenAScriptDoesNotSaveAndFailsForThatNotAtAll)
+{
+  for (const std::string end : {"", "quit\n", "undo\nredo\n"}) {
+    const auto outcome = run({m_points, "--quiet"}, "create G a\n" + end);
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.errors, notSaved);
+  }
+  EXPECT_EQ(run({m_points, "--quiet"}, "create G a\nundo\n").errors, "");
+  EXPECT_EQ(run({m_points, "--quiet"}, "show\n").errors, "");
+}
+
+TEST_F(Program, StopsAScriptThatWouldLoseChanges)
+{
+  const auto outcome = run({m_points, "--quiet"}, "create G a\nopen none.csv\n");
+
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.errors, "<stdin>:2: points.csv has changes that are not saved; save them "
+                            "first, or add --discard to lose them\n" +
+                                notSaved);
+}
+
+TEST_F(Program, StopsAScriptThatCannotSave)
+{
+  const auto file = (m_folder.path() / "none" / "p.tkpc").string();
+  const auto outcome = run({m_points, "--quiet"}, "create G a\nsave \"" + file + "\"\nshow\n");
+
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.output, "Created G with 1 element.\n");
+  EXPECT_THAT(outcome.errors, StartsWith("<stdin>:2: " + file + ": the file cannot be saved ("));
+  EXPECT_THAT(outcome.errors, EndsWith(notSaved));
+}
+
+TEST_F(Program, RefusesAProjectThatIsDamaged)
+{
+  const auto bad = m_folder.write("bad.tkpc", "nothing of that kind, but long enough").string();
+  const auto outcome = run({bad}, "show\n");
+
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.output, "");
+  EXPECT_EQ(outcome.errors, "point-collections: " + bad +
+                                ", byte 0: expected the first 8 bytes of an archive, found others; "
+                                "it is no archive\n");
 }
 
 TEST_F(Program, RefusesAFileOfPointsThatIsNoGood)

@@ -70,6 +70,7 @@ TEST_F(Sample, HasCitiesWhereTheyAre)
 TEST_F(Sample, ScriptRunsToItsEnd)
 {
   const TemporaryFolder folder;
+  const WorkingFolder workingFolder(folder);
   const auto outcome =
       runProgram(folder, {Utf8::fromPath(samples() / "time-zone-cities.csv"), "--script",
                           Utf8::fromPath(samples() / "continents.pcs")});

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Session/Completion.h"
 
+#include "PointCollections/Support/MemoryFiles.h"
 #include "PointCollections/Support/Sessions.h"
 #include "PointCollections/Verbs/AllVerbs.h"
 
@@ -30,6 +31,19 @@ protected:
 
   Session m_session = sessionOf({"Paris", "Paramaribo", "Prague", "New York", "New Salem", "Zürich",
                                  "Zülpich", "say \"hi\"", "--odd"});
+};
+
+class FileCompletion : public CompletionOf {
+protected:
+  FileCompletion()
+  {
+    m_session.files = m_files;
+    for (const auto* name : {"cities.csv", "cities.tkpc", "notes.txt", "maps/old maps/a.tkpc",
+                             "maps/new.TKPC", ".hidden.tkpc", "\xFF.tkpc", "my plan.tkpc"})
+      m_files->contents[name] = "";
+  }
+
+  std::shared_ptr<MemoryFiles> m_files = std::make_shared<MemoryFiles>();
 };
 
 TEST_F(CompletionOf, AVerb)
@@ -123,6 +137,38 @@ TEST_F(CompletionOf, TheValueOfAnOption)
   EXPECT_EQ(completed("add Europe --before Pr"), "add Europe --before Prague ");
   EXPECT_THAT(candidates("add Europe --at "), IsEmpty());
   EXPECT_EQ(completed("add --at 1 Eu"), "add --at 1 Europe ");
+}
+
+TEST_F(FileCompletion, NamesWhatCanBeOpened)
+{
+  EXPECT_THAT(candidates("open "),
+              ElementsAre("cities.csv", "cities.tkpc", "maps/", "\"my plan.tkpc\""));
+  EXPECT_EQ(completed("open ci"), "open cities.");
+  EXPECT_EQ(completed("open cities.t"), "open cities.tkpc ");
+  EXPECT_EQ(completed("open n"), "open n");
+  EXPECT_EQ(completed("open m"), "open m");
+  EXPECT_EQ(completed("open my"), "open \"my plan.tkpc\" ");
+}
+
+TEST_F(FileCompletion, NamesWhatCanBeSaved)
+{
+  EXPECT_EQ(completed("save cities.t"), "save cities.tkpc ");
+  EXPECT_EQ(completed("save --overwrite cities.t"), "save --overwrite cities.tkpc ");
+  EXPECT_EQ(completed("save cities.tkpc --"), "save cities.tkpc --overwrite ");
+}
+
+TEST_F(FileCompletion, GoesOnInFolders)
+{
+  EXPECT_EQ(completed("open ma"), "open maps/");
+  EXPECT_THAT(candidates("open maps/"), ElementsAre("maps/new.TKPC", "\"maps/old maps/\""));
+  EXPECT_EQ(completed("open maps/o"), "open \"maps/old maps/");
+  EXPECT_EQ(completed("open \"maps/old maps/"), "open \"maps/old maps/a.tkpc\" ");
+  EXPECT_THAT(candidates("open none/"), IsEmpty());
+}
+
+TEST_F(FileCompletion, NamesHiddenFilesWhenAskedTo)
+{
+  EXPECT_EQ(completed("open .h"), "open .hidden.tkpc ");
 }
 
 TEST_F(CompletionOf, NothingWhereAnythingMayStand)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Session/Runner.h"
 
+#include "PointCollections/Support/MemoryFiles.h"
 #include "PointCollections/Support/Sessions.h"
 
 #include <gmock/gmock.h>
@@ -16,8 +17,11 @@ class ScriptedReader : public LineReader {
 public:
   explicit ScriptedReader(std::deque<std::string> lines) : m_lines(std::move(lines)) {}
 
-  std::optional<std::string> readLine(const std::string&) override
+  std::string prompts; ///< all that were shown
+
+  std::optional<std::string> readLine(const std::string& prompt) override
   {
+    prompts += prompt;
     if (m_lines.empty())
       return std::nullopt;
     auto line = m_lines.front();
@@ -162,10 +166,60 @@ TEST_F(Runner, GoesOnAfterAMistakeOfAPerson)
   runInteractively(m_session, transcript, reader);
 
   EXPECT_EQ(groupsOf(m_session), "G(a) H(b)");
-  EXPECT_EQ(m_errors.str(), "error: crate is not a verb; did you mean create?\n");
+  EXPECT_EQ(m_errors.str(), "error: crate is not a verb; did you mean create?\n"
+                            "test.csv: the changes are not saved; save keeps them\n");
   EXPECT_EQ(m_output.str(), "Created G with 1 element.\n"
                             "Created H with 1 element.\n"
                             "(end of input)\n");
+}
+
+TEST_F(Runner, ShowsAPersonThatChangesAreNotSaved)
+{
+  Transcript transcript(m_output, m_errors, Transcript::Detail::ResultsOnly);
+  ScriptedReader reader({"create G a", "undo"});
+
+  runInteractively(m_session, transcript, reader);
+
+  EXPECT_EQ(reader.prompts, "> *> > ");
+}
+
+TEST_F(Runner, AsksAPersonAtTheEndOfTheInput)
+{
+  Transcript transcript(m_output, m_errors, Transcript::Detail::ResultsOnly);
+  ScriptedReader reader({"create G a"});
+
+  runInteractively(m_session, transcript, reader);
+
+  EXPECT_EQ(reader.prompts, "> *> test.csv has changes that are not saved. Type save FILE, "
+                            "discard or cancel: ");
+  EXPECT_EQ(m_errors.str(), "test.csv: the changes are not saved; save keeps them\n");
+  EXPECT_FALSE(m_session.ask);
+}
+
+TEST_F(Runner, TellsWhenChangesAreNotSaved)
+{
+  Transcript transcript(m_output, m_errors, Transcript::Detail::Full);
+  tellOfUnsaved(m_session, transcript);
+  EXPECT_EQ(m_errors.str(), "");
+
+  run(m_session, {"create G"});
+  tellOfUnsaved(m_session, transcript);
+  EXPECT_EQ(m_errors.str(), "test.csv: the changes are not saved; save keeps them\n");
+}
+
+TEST_F(Runner, DoesNotLoseChangesWhenAPersonMistypesTheNameOfAFile)
+{
+  const auto files = std::make_shared<MemoryFiles>();
+  m_session.files = files;
+  Transcript transcript(m_output, m_errors, Transcript::Detail::ResultsOnly);
+  ScriptedReader reader({"create G a", "quit", "save p.csv", "quit", "save p.tkpc"});
+
+  runInteractively(m_session, transcript, reader);
+
+  EXPECT_EQ(m_errors.str(),
+            "error: p.csv is no name of a project file; expected one that ends in .tkpc\n");
+  EXPECT_TRUE(files->contents.contains("p.tkpc"));
+  EXPECT_TRUE(m_session.isOver);
 }
 
 TEST_F(Runner, LeavesAPersonWhoQuits)

@@ -49,6 +49,21 @@ private:
   std::filesystem::path m_path;
 };
 
+/// Makes a folder the one that relative paths start from, while it lives.
+class WorkingFolder {
+public:
+  explicit WorkingFolder(const TemporaryFolder& folder)
+  {
+    std::filesystem::current_path(folder.path());
+  }
+  WorkingFolder(const WorkingFolder&) = delete;
+  WorkingFolder& operator=(const WorkingFolder&) = delete;
+  ~WorkingFolder() { std::filesystem::current_path(m_before); }
+
+private:
+  std::filesystem::path m_before = std::filesystem::current_path();
+};
+
 /// All bytes of a file; empty when there is none.
 inline std::string contentOf(const std::filesystem::path& file)
 {

@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: MIT
+#include "PersistenceArchiver/ClassRegistry.h"
+
+#include "PersistenceArchiver/Caster.h"
+#include "PersistenceArchiver/PersistenceArchiver.h"
+
+#include <map>
+#include <memory>
+#include <mutex>
+#include <numeric>
+#include <optional>
+#include <set>
+#include <utility>
+#include <vector>
+
+namespace Tarvik {
+
+namespace {
+
+constexpr auto unknownClassHash = BaseClassRegister::unknownClassHash;
+
+/// Gives back the memory of an object and runs no destructor, whose code may have been unloaded.
+struct ReleaseMemory {
+  void operator()(void* object) const { ::operator delete(object); }
+};
+
+struct Registry {
+  std::mutex mutex;
+  std::map<unsigned int, ClassRegistry::RegisteredClass> classes; // a map: its entries never move
+  std::map<unsigned int, unsigned int> classHashesOfTypes;
+  std::map<std::pair<unsigned int, unsigned int>, const Caster*> casters; ///< by child, then parent
+  std::vector<std::unique_ptr<void, ReleaseMemory>> casterMemory;
+};
+
+/// Built when the library is loaded, and gone after everything that was loaded later.
+Registry registry;
+
+bool haveSameEntries(const BaseClassRegister& a, const BaseClassRegister& b)
+{
+  return a.load == b.load && a.save == b.save && a.create == b.create &&
+         a.runtimeClass == b.runtimeClass && a.createContainer == b.createContainer;
+}
+
+using Casters = std::vector<const Caster*>;
+
+/// The casters that lead from the child up to the parent, in this order; nothing when none do.
+/// The registry must be locked.
+std::optional<Casters>
+castersFrom(unsigned int childHash, unsigned int parentHash, std::set<unsigned int>& visited)
+{
+  if (childHash == parentHash)
+    return Casters{};
+  if (!visited.insert(childHash).second)
+    return std::nullopt;
+  for (auto place = registry.casters.lower_bound({childHash, 0});
+       place != registry.casters.end() && place->first.first == childHash; ++place)
+    if (auto rest = castersFrom(place->first.second, parentHash, visited)) {
+      rest->insert(rest->begin(), place->second);
+      return rest;
+    }
+  return std::nullopt;
+}
+
+std::optional<Casters> castersFrom(unsigned int childHash, unsigned int parentHash)
+{
+  const std::lock_guard lock(registry.mutex);
+  std::set<unsigned int> visited;
+  return castersFrom(childHash, parentHash, visited);
+}
+
+}
+
+BaseClassRegister* PersistenceArchiver::registerFactory(const std::string& name,
+                                                        const BaseClassRegister& record,
+                                                        unsigned int version)
+{
+  const auto hash = getHashForName(name);
+  if (hash == unknownClassHash)
+    return nullptr;
+
+  ClassRegistry::RegisteredClass added{name, version, record};
+  added.record.classHash = hash; // now, since a registered record may be read without the lock
+
+  const std::lock_guard lock(registry.mutex);
+  auto& entry = registry.classes.try_emplace(hash, added).first->second;
+  if (entry.name != name || entry.version != version)
+    return nullptr;
+  if (!haveSameEntries(entry.record, added.record)) // the class's library has been loaded again
+    entry.record = added.record;
+  return &entry.record;
+}
+
+unsigned int PersistenceArchiver::getHashForName(const std::string& name)
+{
+  // FNV-1a: short, well known, and spreads names that differ in one letter
+  std::uint32_t hash = 2166136261U;
+  for (const char letter : name)
+    hash = (hash ^ static_cast<unsigned char>(letter)) * 16777619U;
+  return hash;
+}
+
+void PersistenceArchiver::registerHash(unsigned int typeNameHash, unsigned int classHash)
+{
+  const std::lock_guard lock(registry.mutex);
+  registry.classHashesOfTypes.insert_or_assign(typeNameHash, classHash);
+}
+
+unsigned int PersistenceArchiver::getHashForType(unsigned int typeNameHash)
+{
+  const std::lock_guard lock(registry.mutex);
+  const auto found = registry.classHashesOfTypes.find(typeNameHash);
+  return found != registry.classHashesOfTypes.end() ? found->second : unknownClassHash;
+}
+
+bool PersistenceArchiver::registerCaster(unsigned int parentHash,
+                                         unsigned int childHash,
+                                         Caster* caster)
+{
+  std::unique_ptr<Caster> owned(caster);
+  if (!owned || parentHash == unknownClassHash || childHash == unknownClassHash)
+    return false;
+  const std::lock_guard lock(registry.mutex);
+  registry.casterMemory.emplace_back(dynamic_cast<void*>(owned.get()));
+  // a known pair as well: the caster that it has may be of a library that was unloaded
+  registry.casters.insert_or_assign({childHash, parentHash}, owned.release());
+  return true;
+}
+
+namespace ClassRegistry {
+
+const RegisteredClass* find(unsigned int classHash)
+{
+  const std::lock_guard lock(registry.mutex);
+  const auto found = registry.classes.find(classHash);
+  return found != registry.classes.end() ? &found->second : nullptr;
+}
+
+std::string describe(unsigned int classHash)
+{
+  if (const auto* const known = find(classHash))
+    return '"' + known->name + '"';
+  return "with the unknown hash " + std::to_string(classHash);
+}
+
+bool isBase(unsigned int parentHash, unsigned int childHash)
+{
+  return castersFrom(childHash, parentHash).has_value();
+}
+
+void* toBase(void* object, unsigned int childHash, unsigned int parentHash)
+{
+  const auto casters = castersFrom(childHash, parentHash);
+  if (!casters)
+    return nullptr;
+  return std::accumulate(
+      casters->begin(), casters->end(), object,
+      [](void* converted, const Caster* caster) { return caster->toBase(converted); });
+}
+
+void* toDerived(void* object, unsigned int parentHash, unsigned int childHash)
+{
+  const auto casters = castersFrom(childHash, parentHash);
+  if (!casters)
+    return nullptr;
+  return std::accumulate(
+      casters->rbegin(), casters->rend(), object,
+      [](void* converted, const Caster* caster) { return caster->toDerived(converted); });
+}
+
+}
+
+}

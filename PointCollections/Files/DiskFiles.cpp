@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Files/Files.h"
+#include "PointCollections/Files/SafeFileWriter.h"
+#include "PointCollections/Input/TextInput.h"
+#include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/UserError.h"
+#include "PointCollections/Text/Utf8.h"
+
+#include <fmt/format.h>
+
+#include <cstdint>
+#include <fstream>
+#include <new>
+#include <system_error>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Archives know no greater one.
+constexpr std::uintmax_t greatestSize = 0xFFFFFFFF;
+
+[[noreturn]] void fail(const fs::path& file, const std::string& message)
+{
+  throw UserError(fmt::format("{}: {}", printable(Utf8::fromPath(file)), message));
+}
+
+std::uintmax_t sizeToRead(const fs::path& file)
+{
+  std::error_code ignored;
+  const auto status = fs::status(file, ignored);
+  if (fs::exists(status) && !fs::is_directory(status) && !fs::is_regular_file(status))
+    fail(file, "this is a device or the like; expected a file");
+  const auto size = fs::file_size(file, ignored);
+  if (!ignored && size > greatestSize)
+    fail(file, fmt::format("a file of {} bytes; expected {} at most", size, greatestSize));
+  return ignored ? 0 : size;
+}
+
+class DiskFiles : public Files {
+public:
+  std::string readText(const fs::path& file) override { return PointCollections::readText(file); }
+
+  std::vector<std::byte> readBytes(const fs::path& file) override
+  {
+    const auto size = sizeToRead(file);
+    auto stream = openText(file);
+    try {
+      std::vector<std::byte> bytes(static_cast<std::size_t>(size));
+      stream.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(size));
+      if (static_cast<std::uintmax_t>(stream.gcount()) != size)
+        fail(file, "reading the file failed");
+      return bytes;
+    } catch (const std::bad_alloc&) {
+      fail(file, fmt::format("there is not enough memory for the {} bytes of this file", size));
+    }
+  }
+
+  void write(const fs::path& file, std::span<const std::byte> bytes) override
+  {
+    try {
+      SafeFileWriter writer(file);
+      writer.write(bytes);
+      writer.commit();
+    } catch (const std::system_error& error) {
+      fail(file, fmt::format("the file cannot be saved ({})", printable(error.code().message())));
+    }
+  }
+
+  bool exists(const fs::path& file) override
+  {
+    std::error_code ignored;
+    return fs::exists(fs::symlink_status(file, ignored));
+  }
+
+  bool areSame(const fs::path& one, const fs::path& other) override
+  {
+    std::error_code ignored;
+    return fs::equivalent(one, other, ignored);
+  }
+
+  std::vector<std::string> namesIn(const fs::path& folder) override
+  {
+    std::vector<std::string> names;
+    std::error_code error;
+    for (fs::directory_iterator entry(folder.empty() ? "." : folder, error), end;
+         !error && entry != end; entry.increment(error)) {
+      std::error_code ignored;
+      names.push_back(Utf8::fromPath(entry->path().filename()) +
+                      (entry->is_directory(ignored) ? "/" : ""));
+    }
+    return names;
+  }
+};
+
+}
+
+std::shared_ptr<Files> diskFiles()
+{
+  return std::make_shared<DiskFiles>();
+}
+
+}

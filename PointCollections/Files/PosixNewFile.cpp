@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Files/NewFile.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <optional>
+#include <system_error>
+#include <utility>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+constexpr int closed = -1;
+
+[[noreturn]] void fail()
+{
+  throw std::system_error(errno, std::generic_category());
+}
+
+/// Lets a call fail that would go beyond the greatest size of a file; the program would be ended.
+class FileSizeSignalIgnored {
+public:
+  FileSizeSignalIgnored() : m_before(std::signal(SIGXFSZ, SIG_IGN)) {}
+  FileSizeSignalIgnored(const FileSizeSignalIgnored&) = delete;
+  FileSizeSignalIgnored& operator=(const FileSizeSignalIgnored&) = delete;
+  ~FileSizeSignalIgnored() { std::signal(SIGXFSZ, m_before); }
+
+private:
+  void (*m_before)(int);
+};
+
+/// What is known of a file; nothing when there is none. One that is not to be written to fails.
+std::optional<struct stat> writableFile(const char* path)
+{
+  struct stat known = {};
+  if (stat(path, &known) != 0) {
+    if (errno == ENOENT)
+      return std::nullopt;
+    fail();
+  }
+  if (faccessat(AT_FDCWD, path, W_OK, AT_EACCESS) != 0)
+    fail();
+  return known;
+}
+
+int create(const char* path, mode_t mode)
+{
+  const int file = open(path, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+  if (file < 0)
+    fail();
+  return file;
+}
+
+/// Whoever may not give the file to its old group must not let his own read it instead: that group
+/// may do what all others may.
+void takeRights(int file, const struct stat& model)
+{
+  mode_t mode = model.st_mode & (S_IRWXU | S_IRWXG | S_IRWXO);
+  if (fchown(file, model.st_uid, model.st_gid) != 0 &&
+      fchown(file, static_cast<uid_t>(-1), model.st_gid) != 0)
+    mode = (mode & ~static_cast<mode_t>(S_IRWXG)) | (mode & S_IRWXO) << 3U;
+  static_cast<void>(fchmod(file, mode)); // where that is not possible, the owner alone has rights
+}
+
+/// Some kinds of folders cannot be flushed, and others not be opened; they keep a rename anyway, or
+/// offer no way to be sure of it.
+void flushFolder(const std::filesystem::path& file)
+{
+  const auto folder = file.has_parent_path() ? file.parent_path() : ".";
+  const int handle = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (handle < 0)
+    return;
+  const int result = fsync(handle);
+  const int reason = errno;
+  close(handle);
+  if (result != 0 && reason == EIO)
+    throw std::system_error(reason, std::generic_category());
+}
+
+}
+
+NewFile::NewFile(std::filesystem::path path, const std::filesystem::path& model)
+    : m_path(std::move(path)), m_handle(closed)
+{
+  constexpr mode_t ownerOnly = 0600; // until the rights are known to be right
+  constexpr mode_t usual = 0666;     // less what the user's mask takes away
+  const auto known = writableFile(model.c_str());
+  m_handle = create(m_path.c_str(), known ? ownerOnly : usual);
+  if (known)
+    takeRights(static_cast<int>(m_handle), *known);
+}
+
+NewFile::~NewFile()
+{
+  if (m_handle != closed)
+    ::close(static_cast<int>(m_handle));
+  if (!m_path.empty())
+    unlink(m_path.c_str());
+}
+
+void NewFile::write(std::span<const std::byte> bytes)
+{
+  constexpr std::size_t most = std::size_t(1) << 20U;
+  const FileSizeSignalIgnored ignored;
+  while (!bytes.empty()) {
+    const auto written =
+        ::write(static_cast<int>(m_handle), bytes.data(), std::min(bytes.size(), most));
+    if (written < 0 && errno != EINTR)
+      fail();
+    bytes = bytes.subspan(static_cast<std::size_t>(std::max<ssize_t>(written, 0)));
+  }
+}
+
+void NewFile::close()
+{
+  const int file = static_cast<int>(m_handle);
+  if (fsync(file) != 0)
+    fail();
+  m_handle = closed; // whatever comes of it: closing twice might close another file
+  if (::close(file) != 0 && errno != EINTR)
+    fail();
+}
+
+void NewFile::replace(const std::filesystem::path& file)
+{
+  if (std::rename(m_path.c_str(), file.c_str()) != 0)
+    fail();
+  m_path.clear();
+  flushFolder(file);
+}
+
+}

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Session/DocumentFile.h"
+#include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/UserError.h"
+#include "PointCollections/Text/Utf8.h"
+#include "PointCollections/Verbs/AllVerbs.h"
+
+#include <fmt/format.h>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+std::string open(Session& session, const Arguments& arguments)
+{
+  const auto farewell = arguments.has("--discard") ? Farewell::Granted : askForFarewell(session);
+  if (farewell == Farewell::Unanswered)
+    throw UserError(fmt::format("{} has changes that are not saved; save them first, or add "
+                                "--discard to lose them",
+                                mentioned(session.title)));
+  if (farewell == Farewell::Refused)
+    return fmt::format("Nothing opened; {} stays.", mentioned(session.title));
+
+  openDocument(session, Utf8::toPath(arguments.at(0).text));
+  return fmt::format("Opened {}.", documentInWords(session));
+}
+
+}
+
+Verb openVerb()
+{
+  return {.name = "open",
+          .usage = "open FILE [--discard]",
+          .summary = "replace the document by another one",
+          .details = "FILE is a project when its name ends in .tkpc, and a text with points "
+                     "otherwise. The history starts\nanew. Changes that are not saved: you are "
+                     "asked; a script stops, unless --discard is given.",
+          .example = "open continents.tkpc",
+          .parameters = {{"FILE", ArgumentKind::File}},
+          .options = {{"--discard", std::nullopt}},
+          .run = open};
+}
+
+}

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "RecordedArchive.h"
+#include "RecordedRegistry.h"
+#include "Support/GroupRecords.h"
+#include "Support/Groups.h"
+
+#include <string>
+#include <vector>
+
+/// How the tests of this platform save and load one group, and write what a group is to load.
+namespace Tarvik {
+
+using Calls = std::vector<std::string>;
+
+/// Calls the save entry as the archive does.
+template <class T>
+void save(TKGroup<T>& group, RecordedArchive& archive, BaseClassRegister record)
+{
+  PersistenceArchiver archiver(archive);
+  record.object = &group;
+  record.save(archiver, record);
+}
+
+template <class T>
+void save(TKGroup<T>& group, RecordedArchive& archive)
+{
+  save(group, archive, recordOf<TKGroup<T>>());
+}
+
+/// Calls the load entry as the archive does.
+template <class T>
+void load(TKGroup<T>& group, RecordedArchive& archive, BaseClassRegister record)
+{
+  PersistenceArchiver archiver(archive);
+  record.object = &group;
+  record.load(archiver, record);
+}
+
+template <class T>
+void load(TKGroup<T>& group, RecordedArchive& archive)
+{
+  load(group, archive, recordOf<TKGroup<T>>());
+}
+
+/// What stands in an archive for a group.
+template <class T>
+struct GroupBody {
+  std::string name{};
+  Identifier id{};
+  std::vector<T> members{};
+  unsigned int nameClass = recordOf<NameInterface>().classHash;
+  unsigned int memberClass = recordOf<T>().classHash;
+
+  RecordedArchive written() const
+  {
+    RecordedArchive archive;
+    PersistenceArchiver archiver(archive);
+    archiver.mark_object_start(4, nameClass);
+    archive.write(name, name.size());
+    archiver << id;
+    archiver.mark_object_start(static_cast<unsigned int>(archive.position + 4), memberClass);
+    archiver << static_cast<unsigned int>(members.size());
+    auto record = recordOf<T>();
+    for (T member : members) {
+      record.object = &member;
+      record.save(archiver, record);
+    }
+    return archive;
+  }
+};
+
+}

@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Files/Files.h"
+
+#include "PointCollections/Support/Files.h"
+#include "PointCollections/Support/Sessions.h"
+
+#include <gmock/gmock.h>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::UnorderedElementsAre;
+
+class DiskFiles : public ::testing::Test {
+protected:
+  std::string writeMistake(const std::filesystem::path& file) const
+  {
+    return mistakeIn([&] { m_files->write(file, bytesOf("new")); });
+  }
+
+  static std::span<const std::byte> bytesOf(std::string_view text)
+  {
+    return std::as_bytes(std::span(text));
+  }
+
+  TemporaryFolder m_folder;
+  std::shared_ptr<Files> m_files = diskFiles();
+};
+
+TEST_F(DiskFiles, AreWrittenAndRead)
+{
+  const auto file = m_folder.path() / Utf8::toPath("Größe 都市.tkpc");
+  const std::string content("a\0\r\n\xFF", 5);
+
+  m_files->write(file, bytesOf(content));
+
+  EXPECT_EQ(contentOf(file), content);
+  EXPECT_THAT(m_files->readBytes(file), ::testing::ElementsAreArray(bytesOf(content)));
+}
+
+TEST_F(DiskFiles, MayBeEmpty)
+{
+  const auto file = m_folder.write("a.tkpc", "old");
+
+  m_files->write(file, {});
+
+  EXPECT_EQ(contentOf(file), "");
+  EXPECT_THAT(m_files->readBytes(file), IsEmpty());
+}
+
+TEST_F(DiskFiles, AreTextsOnlyWithoutNul)
+{
+  const auto text = m_folder.write("a.csv", "one\ntwo");
+  const auto other = m_folder.write("b.csv", std::string_view("a\0b", 3));
+
+  EXPECT_EQ(m_files->readText(text), "one\ntwo");
+  EXPECT_THAT(mistakeIn([&] { m_files->readText(other); }), HasSubstr("a NUL byte"));
+}
+
+TEST_F(DiskFiles, ThatAreNoFilesAreNotRead)
+{
+  const auto mistakeInReading = [&](const std::filesystem::path& file) {
+    return mistakeIn([&] { m_files->readBytes(file); });
+  };
+
+  EXPECT_THAT(mistakeInReading(m_folder.path()), HasSubstr("this is a directory"));
+  EXPECT_THAT(mistakeInReading(m_folder.path() / "none"), HasSubstr("the file cannot be opened"));
+}
+
+TEST_F(DiskFiles, AreNotWrittenWhereThatIsImpossible)
+{
+  EXPECT_THAT(writeMistake(m_folder.path() / "none" / "a.tkpc"),
+              HasSubstr("a.tkpc: the file cannot be saved ("));
+  EXPECT_THAT(writeMistake(m_folder.path()), HasSubstr("the file cannot be saved ("));
+}
+
+TEST_F(DiskFiles, AreTheSameUnderAllTheirNames)
+{
+  const auto file = m_folder.write("a.tkpc", "a");
+  m_folder.write("b.tkpc", "a");
+
+  EXPECT_TRUE(m_files->areSame(file, m_folder.path() / "." / "a.tkpc"));
+  EXPECT_FALSE(m_files->areSame(file, m_folder.path() / "b.tkpc"));
+  EXPECT_FALSE(m_files->areSame(file, m_folder.path() / "none"));
+  EXPECT_FALSE(m_files->areSame(file, ""));
+}
+
+TEST_F(DiskFiles, ExistOrDoNot)
+{
+  EXPECT_TRUE(m_files->exists(m_folder.write("a.tkpc", "")));
+  EXPECT_TRUE(m_files->exists(m_folder.path()));
+  EXPECT_FALSE(m_files->exists(m_folder.path() / "none"));
+}
+
+TEST_F(DiskFiles, AreListed)
+{
+  m_folder.write("a.tkpc", "");
+  m_folder.write(".hidden", "");
+  std::filesystem::create_directory(m_folder.path() / "folder");
+
+  EXPECT_THAT(m_files->namesIn(m_folder.path()),
+              UnorderedElementsAre("a.tkpc", ".hidden", "folder/"));
+  EXPECT_THAT(m_files->namesIn(m_folder.path() / "none"), IsEmpty());
+}
+
+}
+}

@@ -1,0 +1,223 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Files/Files.h"
+#include "PointCollections/Support/Files.h"
+#include "PointCollections/Support/Sessions.h"
+
+#include <gmock/gmock.h>
+
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <csignal>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+namespace fs = std::filesystem;
+using ::testing::HasSubstr;
+using ::testing::UnorderedElementsAre;
+
+/// Lets files grow to so many bytes only, as a disk does that is almost full.
+class LimitedFileSize {
+public:
+  explicit LimitedFileSize(rlim_t bytes)
+  {
+    getrlimit(RLIMIT_FSIZE, &m_before);
+    const rlimit limit = {bytes, m_before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  LimitedFileSize(const LimitedFileSize&) = delete;
+  LimitedFileSize& operator=(const LimitedFileSize&) = delete;
+  ~LimitedFileSize() { setrlimit(RLIMIT_FSIZE, &m_before); }
+
+private:
+  rlimit m_before = {};
+};
+
+/// The mask of new files' rights while it lives.
+class FileMask {
+public:
+  explicit FileMask(mode_t mask) : m_before(umask(mask)) {}
+  FileMask(const FileMask&) = delete;
+  FileMask& operator=(const FileMask&) = delete;
+  ~FileMask() { umask(m_before); }
+
+private:
+  mode_t m_before;
+};
+
+struct stat statusOf(const fs::path& file)
+{
+  struct stat status = {};
+  EXPECT_EQ(stat(file.c_str(), &status), 0) << file;
+  return status;
+}
+
+mode_t modeOf(const fs::path& file)
+{
+  return statusOf(file).st_mode & 07777U;
+}
+
+class PosixFiles : public ::testing::Test {
+protected:
+  void write(const fs::path& file, std::string_view content) const
+  {
+    m_files->write(file, std::as_bytes(std::span(content)));
+  }
+
+  std::string mistakeInWriting(const fs::path& file, std::string_view content) const
+  {
+    return mistakeIn([&] { write(file, content); });
+  }
+
+  std::vector<std::string> namesInFolder() const { return m_files->namesIn(m_folder.path()); }
+
+  TemporaryFolder m_folder;
+  fs::path m_file = m_folder.write("file", "old");
+  std::shared_ptr<Files> m_files = diskFiles();
+};
+
+TEST_F(PosixFiles, SurviveAFullDisk)
+{
+  for (const rlim_t limit : {0U, 1U, 4096U, 1500000U}) {
+    const LimitedFileSize limited(limit);
+    EXPECT_THAT(mistakeInWriting(m_file, std::string(2'000'000, 'x')),
+                HasSubstr("file: the file cannot be saved (File too large)"));
+    EXPECT_EQ(contentOf(m_file), "old");
+    EXPECT_THAT(namesInFolder(), UnorderedElementsAre("file"));
+  }
+}
+
+TEST_F(PosixFiles, LeaveTheSignalOfTheFileSizeAsItWas)
+{
+  const auto before = std::signal(SIGXFSZ, SIG_DFL);
+  write(m_file, "new");
+  EXPECT_EQ(std::signal(SIGXFSZ, before), SIG_DFL);
+}
+
+TEST_F(PosixFiles, KeepTheirMode)
+{
+  for (const mode_t mode : {0600U, 0640U, 0604U, 0664U, 0777U, 0222U}) {
+    chmod(m_file.c_str(), mode);
+    write(m_file, "new");
+    EXPECT_EQ(modeOf(m_file), mode);
+  }
+}
+
+TEST_F(PosixFiles, HaveTheModeOfAnyNewFileWhenTheyAreNew)
+{
+  const FileMask mask(0027);
+  write(m_folder.path() / "other", "new");
+
+  EXPECT_EQ(modeOf(m_folder.path() / "other"), 0640U);
+}
+
+TEST_F(PosixFiles, KeepTheirOwner)
+{
+  const bool isAdministrator = geteuid() == 0;
+  if (isAdministrator) {
+    ASSERT_EQ(chown(m_file.c_str(), 12345, 23456), 0);
+  }
+  const auto before = statusOf(m_file);
+
+  write(m_file, "new");
+
+  EXPECT_EQ(statusOf(m_file).st_uid, before.st_uid);
+  EXPECT_EQ(statusOf(m_file).st_gid, before.st_gid);
+  EXPECT_NE(statusOf(m_file).st_ino, before.st_ino);
+}
+
+TEST_F(PosixFiles, AreReplacedWhereALinkLeads)
+{
+  fs::create_directory(m_folder.path() / "folder");
+  fs::create_symlink("../file", m_folder.path() / "folder" / "one");
+  fs::create_symlink("folder/one", m_folder.path() / "two");
+
+  write(m_folder.path() / "two", "new");
+
+  EXPECT_EQ(contentOf(m_file), "new");
+  EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(m_file)));
+  EXPECT_TRUE(fs::is_symlink(m_folder.path() / "folder" / "one"));
+  EXPECT_TRUE(fs::is_symlink(m_folder.path() / "two"));
+}
+
+TEST_F(PosixFiles, AreMadeWhereALinkLeads)
+{
+  fs::create_symlink("other", m_folder.path() / "link");
+  EXPECT_TRUE(m_files->exists(m_folder.path() / "link"));
+
+  write(m_folder.path() / "link", "new");
+
+  EXPECT_EQ(contentOf(m_folder.path() / "other"), "new");
+  EXPECT_TRUE(fs::is_symlink(m_folder.path() / "link"));
+}
+
+TEST_F(PosixFiles, AreNotLookedForInACircle)
+{
+  fs::create_symlink("two", m_folder.path() / "one");
+  fs::create_symlink("one", m_folder.path() / "two");
+
+  EXPECT_THAT(mistakeInWriting(m_folder.path() / "one", "new"),
+              HasSubstr("one: the file cannot be saved (Too many levels of symbolic links)"));
+}
+
+TEST_F(PosixFiles, AreNotPutInThePlaceOfADevice)
+{
+  ASSERT_EQ(mkfifo((m_folder.path() / "pipe").c_str(), 0600), 0);
+
+  EXPECT_THAT(mistakeInWriting(m_folder.path() / "pipe", "new"), HasSubstr("cannot be saved"));
+  EXPECT_THAT(mistakeInWriting("/dev/null", "new"), HasSubstr("cannot be saved"));
+
+  EXPECT_TRUE(fs::is_fifo(m_folder.path() / "pipe"));
+  EXPECT_TRUE(fs::is_character_file("/dev/null"));
+}
+
+TEST_F(PosixFiles, AreNotReadFromADevice)
+{
+  for (const char* const device : {"/dev/zero", "/dev/null"})
+    EXPECT_THAT(mistakeIn([&] { m_files->readBytes(device); }),
+                HasSubstr("this is a device or the like; expected a file"));
+}
+
+TEST_F(PosixFiles, AreNotReadWhenNoArchiveIsThatLarge)
+{
+  const auto file = m_folder.write("a.tkpc", "");
+  fs::resize_file(file, std::uintmax_t(1) << 32U); // takes no room on the disk
+
+  EXPECT_THAT(mistakeIn([&] { m_files->readBytes(file); }),
+              HasSubstr("a.tkpc: a file of 4294967296 bytes; expected 4294967295 at most"));
+}
+
+TEST_F(PosixFiles, TellWhyTheyCannotBeWritten)
+{
+  EXPECT_THAT(mistakeInWriting(m_folder.path() / "none" / "a.tkpc", "new"),
+              HasSubstr("a.tkpc: the file cannot be saved (No such file or directory)"));
+  EXPECT_THAT(mistakeInWriting(m_folder.path(), "new"),
+              HasSubstr("cannot be saved (Is a directory)"));
+}
+
+TEST_F(PosixFiles, AreNotWrittenWhereNothingCanBe)
+{
+  EXPECT_THAT(mistakeInWriting("/proc/file", "new"), HasSubstr("/proc/file: the file cannot be"));
+  EXPECT_THAT(mistakeInWriting("/proc/version", "new"), HasSubstr("the file cannot be saved"));
+}
+
+TEST_F(PosixFiles, AreWrittenInTheWorkingFolder)
+{
+  const WorkingFolder workingFolder(m_folder);
+  write("other", "new");
+
+  EXPECT_EQ(contentOf(m_folder.path() / "other"), "new");
+}
+
+TEST_F(PosixFiles, MayHaveTheLongestName)
+{
+  const auto file = m_folder.path() / std::string(255, 'x');
+  write(file, "new");
+
+  EXPECT_EQ(contentOf(file), "new");
+}
+
+}
+}

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "PointCollections/Files/Files.h"
+#include "PointCollections/Text/UserError.h"
+#include "PointCollections/Text/Utf8.h"
+
+#include <algorithm>
+#include <map>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Tarvik::PointCollections {
+
+/// Files that are not on any disk; there is nothing that a script could do to others.
+class MemoryFiles : public Files {
+public:
+  std::map<std::string, std::string> contents; ///< by the names of the files
+  bool isFull = false;                         ///< lets every write fail
+
+  std::string readText(const std::filesystem::path& file) override { return contentOf(file); }
+
+  std::vector<std::byte> readBytes(const std::filesystem::path& file) override
+  {
+    const auto content = contentOf(file);
+    const auto bytes = std::as_bytes(std::span(content));
+    return {bytes.begin(), bytes.end()};
+  }
+
+  void write(const std::filesystem::path& file, std::span<const std::byte> bytes) override
+  {
+    if (isFull)
+      throw UserError(nameOf(file) + ": the disk is full");
+    auto& content = contents[nameOf(file)];
+    content.resize(bytes.size());
+    std::ranges::copy(bytes, std::as_writable_bytes(std::span(content)).begin());
+  }
+
+  bool exists(const std::filesystem::path& file) override
+  {
+    return contents.contains(nameOf(file));
+  }
+
+  bool areSame(const std::filesystem::path& one, const std::filesystem::path& other) override
+  {
+    return exists(one) && nameOf(one) == nameOf(other);
+  }
+
+  std::vector<std::string> namesIn(const std::filesystem::path& folder) override
+  {
+    const auto start = folder.empty() ? std::string() : nameOf(folder / "");
+    std::vector<std::string> names;
+    for (const auto& [path, content] : contents) {
+      if (!path.starts_with(start))
+        continue;
+      const auto rest = path.substr(start.size());
+      const auto name = rest.substr(0, std::min(rest.find('/'), rest.size() - 1) + 1);
+      if (names.empty() || names.back() != name)
+        names.push_back(name);
+    }
+    return names;
+  }
+
+private:
+  static std::string nameOf(const std::filesystem::path& file)
+  {
+    const auto name = file.lexically_normal().generic_u8string();
+    return {name.begin(), name.end()};
+  }
+
+  std::string contentOf(const std::filesystem::path& file) const
+  {
+    const auto found = contents.find(nameOf(file));
+    if (found == contents.end())
+      throw UserError(nameOf(file) + ": there is no such file");
+    return found->second;
+  }
+};
+
+}
