@@ -47,7 +47,9 @@ function(tkm_install_library name)
 
   list(TRANSFORM arg_DEPENDS REPLACE "^TKMService::" "")
   set_property(GLOBAL PROPERTY TKM_NEEDS_OF_${name} ${arg_DEPENDS})
-  tkm_install_pkg_config(${name} "${arg_DEPENDS}")
+  if(TKM_PLATFORM STREQUAL "bundled") # how another platform is found is its own affair
+    tkm_install_pkg_config(${name} "${arg_DEPENDS}")
+  endif()
 endfunction()
 
 # tkm_install_pkg_config(<Name> <names of the libraries that it stands on>)

@@ -32,11 +32,7 @@ struct RecordedRegistry {
   std::map<unsigned int, unsigned int> classHashesOfTypes;
   std::vector<RegisteredCaster> casters;
 
-  static RecordedRegistry& get()
-  {
-    static RecordedRegistry registry;
-    return registry;
-  }
+  static RecordedRegistry& get();
 
   /// A hash is the place of the name in the list of those asked for, so that it can be read back.
   unsigned int hashOf(const std::string& name)

@@ -8,7 +8,7 @@ namespace Tarvik {
 /// A number. Writes down that it is assigned to.
 class GUIdentifier {
 public:
-  GUIdentifier() : m_number(++lastNumber()) {}
+  GUIdentifier();
   GUIdentifier(const GUIdentifier& other) = default;
   GUIdentifier&
   operator=(const GUIdentifier& other) // NOLINT(bugprone-unhandled-self-assignment): one number
@@ -20,11 +20,7 @@ public:
   ~GUIdentifier() {} // NOLINT(modernize-use-equals-default): not trivial
 
   bool isValid() const { return m_number != 0; }
-  static const GUIdentifier& getInvalidId()
-  {
-    static const GUIdentifier invalid(0);
-    return invalid;
-  }
+  static const GUIdentifier& getInvalidId();
   static void serialization_register(void* out);
 
   friend bool operator==(const GUIdentifier& a, const GUIdentifier& b)
@@ -37,11 +33,6 @@ private:
   friend struct IdentifierEntries;
 
   explicit GUIdentifier(unsigned long long number) : m_number(number) {}
-  static unsigned long long& lastNumber()
-  {
-    static unsigned long long number = 0;
-    return number;
-  }
 
   unsigned long long m_number;
 };

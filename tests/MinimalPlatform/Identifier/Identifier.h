@@ -10,7 +10,7 @@ class PersistenceArchiver;
 /// A number. Writes down that it is assigned to.
 class Identifier {
 public:
-  Identifier() : m_number(++lastNumber()) {}
+  Identifier();
   Identifier(const Identifier& other) = default;
   Identifier&
   operator=(const Identifier& other) // NOLINT(bugprone-unhandled-self-assignment): one number
@@ -22,11 +22,7 @@ public:
   ~Identifier() {} // NOLINT(modernize-use-equals-default): not trivial
 
   bool isValid() const { return m_number != 0; }
-  static const Identifier& getInvalidId()
-  {
-    static const Identifier invalid(0);
-    return invalid;
-  }
+  static const Identifier& getInvalidId();
   static void serialization_register(void* out);
 
   friend bool operator==(const Identifier& a, const Identifier& b)
@@ -42,11 +38,6 @@ private:
   friend PersistenceArchiver& operator>>(PersistenceArchiver& archive, Identifier& identifier);
 
   explicit Identifier(unsigned long long number) : m_number(number) {}
-  static unsigned long long& lastNumber()
-  {
-    static unsigned long long number = 0;
-    return number;
-  }
 
   unsigned long long m_number;
 };

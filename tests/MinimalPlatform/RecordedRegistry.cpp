@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+#include "RecordedRegistry.h"
+
+namespace Tarvik {
+
+RecordedRegistry& RecordedRegistry::get()
+{
+  static RecordedRegistry registry;
+  return registry;
+}
+
+}
