@@ -295,16 +295,16 @@ inline std::byte* PersistenceArchiver::makeRoom(std::size_t count)
   return std::exchange(m_writePosition, m_writePosition + count);
 }
 
+inline std::size_t PersistenceArchiver::remaining() const noexcept
+{
+  return static_cast<std::size_t>(m_readEnd - m_readPosition);
+}
+
 inline const std::byte* PersistenceArchiver::takeBytes(std::size_t count)
 {
   if (remaining() < count)
     refuseToRead(count);
   return std::exchange(m_readPosition, m_readPosition + count);
-}
-
-inline std::size_t PersistenceArchiver::remaining() const noexcept
-{
-  return static_cast<std::size_t>(m_readEnd - m_readPosition);
 }
 
 template <ArchivedNumber Number>
