@@ -17,7 +17,7 @@
 #include <string>
 #include <vector>
 
-#if defined(__unix__)
+#if !defined(_MSC_VER) // the watch does not reach into DLLs there
 
 namespace Tarvik {
 namespace {
