@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <future>
 #include <string>
 #include <thread>
@@ -18,6 +19,7 @@ constexpr int often = 300;
 
 const std::string plugIn = PLUG_IN;
 const std::string highLevelServices = HIGH_LEVEL_SERVICES;
+const std::string persistenceArchiver = PERSISTENCE_ARCHIVER;
 const std::vector<std::string> allLibraries = {ALL_LIBRARIES};
 
 std::vector<std::string> loadedLibraries()
@@ -32,6 +34,11 @@ std::vector<std::string> loadedLibraries()
 bool useTheLibraries(const Library& loadedPlugIn)
 {
   return loadedPlugIn.function<bool()>("useTheLibraries")();
+}
+
+bool loadAndSaveGroups(const Library& loadedPlugIn, std::vector<std::byte>& bytes)
+{
+  return loadedPlugIn.function<bool(std::vector<std::byte>&)>("loadAndSaveGroups")(bytes);
 }
 
 TEST(LibraryAtRunTime, BringsItsPlatformAndIsGoneWithItWhenItIsUnloaded)
@@ -84,6 +91,19 @@ TEST(LibraryAtRunTime, MayBeUnloadedBeforeAThreadThatUsedIt)
     EXPECT_EQ(loadedLibraries(), std::vector<std::string>()) << "time " << i;
     unloaded.set_value();
     thread.join();
+  }
+}
+/// The archive's registry then keeps what it was told by libraries that are gone.
+TEST(LibraryAtRunTime, SavesAndLoadsEachTimeWhileTheArchiveStays)
+{
+  const Library archive(persistenceArchiver);
+  std::vector<std::byte> bytes;
+  for (int i = 0; i < often; ++i) {
+    {
+      const Library library(plugIn);
+      ASSERT_TRUE(loadAndSaveGroups(library, bytes)) << "time " << i;
+    }
+    ASSERT_EQ(loadedLibraries(), std::vector<std::string>{persistenceArchiver}) << "time " << i;
   }
 }
 

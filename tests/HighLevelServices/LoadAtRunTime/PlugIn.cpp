@@ -6,8 +6,10 @@
 #include "HighLevelServices/GroupCommands/RenameTKGroupCmd.h"
 #include "HighLevelServices/GroupCommands/SortTKGroupsAlphabeticallyCmd.h"
 #include "PersistenceArchiver/BaseClassRegister.h"
+#include "PersistenceArchiver/PersistenceArchiver.h"
 #include "Translator/Translator.h"
 
+#include <cstddef>
 #include <exception>
 #include <memory>
 #include <optional>
@@ -86,6 +88,44 @@ bool allWorks()
          isRegistered<GUIdentifier>();
 }
 
+/// Groups as a document has them: by value, and shared by what they are and by their name.
+struct SavedGroups {
+  std::vector<TKGroup<Identifier>> groups;
+  std::shared_ptr<TKGroup<GUIdentifier>> shared;
+  std::shared_ptr<NameInterface> name;
+};
+
+SavedGroups newGroups()
+{
+  const auto shared = std::make_shared<TKGroup<GUIdentifier>>("Valves");
+  SavedGroups saved{.groups = {TKGroup<Identifier>("Pumps")}, .shared = shared, .name = shared};
+  saved.groups.front().addGroupMember(Identifier());
+  return saved;
+}
+
+std::vector<std::byte> bytesOf(const SavedGroups& saved)
+{
+  PersistenceArchiver archive;
+  archive << saved.groups << saved.shared << saved.name;
+  const auto bytes = archive.finish();
+  return {bytes.begin(), bytes.end()};
+}
+
+SavedGroups loadedFrom(const std::vector<std::byte>& bytes)
+{
+  SavedGroups loaded;
+  PersistenceArchiver archive(bytes);
+  archive >> loaded.groups >> loaded.shared >> loaded.name;
+  return loaded;
+}
+
+bool areWhole(const SavedGroups& saved)
+{
+  return saved.groups.size() == 1 && saved.groups.front().getName() == "Pumps" &&
+         saved.groups.front().numberOfGroupMembers() == 1 && saved.shared &&
+         saved.shared->getName() == "Valves" && saved.name == saved.shared;
+}
+
 }
 }
 
@@ -95,6 +135,23 @@ PLUG_IN_EXPORT bool useTheLibraries()
 {
   try {
     return Tarvik::allWorks();
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
+/// Loads the groups that an earlier call has saved, if there was one, and saves some.
+/// @param bytes  what the earlier call has left here, or nothing; gets what is saved
+/// @return whether it worked
+PLUG_IN_EXPORT bool loadAndSaveGroups(std::vector<std::byte>& bytes)
+{
+  try {
+    const bool isFirst = bytes.empty();
+    const auto groups = isFirst ? Tarvik::newGroups() : Tarvik::loadedFrom(bytes);
+    auto saved = Tarvik::bytesOf(groups);
+    const bool isAsBefore = isFirst || saved == bytes;
+    bytes.swap(saved);
+    return isAsBefore && Tarvik::areWhole(groups);
   } catch (const std::exception&) {
     return false;
   }
