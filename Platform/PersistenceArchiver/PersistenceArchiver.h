@@ -87,6 +87,7 @@ public:
 
   /// Remembers which class a type is.
   /// @param typeNameHash  getHashForName() of the name that the `std::type_info` gives
+  /// @param classHash     of the record that registerFactory() returned
   static void registerHash(unsigned int typeNameHash, unsigned int classHash);
 
   /// The class registered for a type, or BaseClassRegister::unknownClassHash.
@@ -94,10 +95,11 @@ public:
 
   /// Tells how pointers are converted between two classes. A pair that is known gets the new
   /// caster.
-  /// @param caster  made by plain `new`; owned by the registry from now on, whatever the answer.
-  /// One
-  ///                that is registered lives for good, and its destructor is not run: its code may
-  ///                have been unloaded before.
+  /// @param parentHash  the class that the other is derived from
+  /// @param childHash   the derived class
+  /// @param caster  made by plain `new`; owned by the registry from now on, whatever the answer. A
+  ///                registered one lives for good, and its destructor is not run: its code may have
+  ///                been unloaded before.
   /// @return whether the pair is known now; false without a caster, and for the unknown class
   static bool registerCaster(unsigned int parentHash, unsigned int childHash, Caster* caster);
 
@@ -121,7 +123,7 @@ public:
 
   /// Completes what was written by the class table and the checksum. Nothing can be written behind.
   /// @return the whole archive; valid until clear() or the destructor
-  /// @throws std::logic_error when a frame is open
+  /// @throws std::logic_error when a frame is open, or something could not be written
   std::span<const std::byte> finish();
 
   /// Begins a new archive and keeps the memory of the last one.
@@ -142,7 +144,8 @@ public:
 
   /// Opens a frame: a block of known length that begins with a class hash, and whose rest a reader
   /// may skip. Frames may be nested, 250 deep.
-  /// @param start  tellp() + 4, cut to 32 bits
+  /// @param start      tellp() + 4, cut to 32 bits
+  /// @param classHash  any; a class that is registered enters the class table
   void mark_object_start(unsigned int start, unsigned int classHash);
 
   /// Closes the frame that was opened last.
@@ -166,6 +169,7 @@ public:
   /// version in which its objects were written as its read version.
   std::map<unsigned int, BaseClassRegister>& classTable() noexcept;
 
+  /// @{
   /// Numbers stand one after the other, their lowest byte first on every machine.
   PersistenceArchiver& operator<<(const unsigned int& value);
   PersistenceArchiver& operator>>(unsigned int& value);
@@ -173,22 +177,28 @@ public:
   PersistenceArchiver& operator<<(const Number& value);
   template <ArchivedNumber Number>
   PersistenceArchiver& operator>>(Number& value);
+  /// @}
 
   /// Others are not cut to `unsigned int` in silence.
   template <UnarchivedNumber Value>
   PersistenceArchiver& operator<<(const Value& value) = delete;
 
+  /// @{
   /// A fixed number of numbers, as if one after the other, in one step.
   template <ArchivedNumber Number, std::size_t size>
   PersistenceArchiver& operator<<(const std::array<Number, size>& numbers);
   template <ArchivedNumber Number, std::size_t size>
   PersistenceArchiver& operator>>(std::array<Number, size>& numbers);
+  /// @}
 
+  /// @{
   /// A text: its length in bytes as 32 bits, and the bytes. A reader that throws leaves it as it
   /// was.
   PersistenceArchiver& operator<<(const std::string& text);
   PersistenceArchiver& operator>>(std::string& text);
+  /// @}
 
+  /// @{
   /// A list: the number of elements as 32 bits, and each element as `<<` writes it alone. Reading
   /// makes the list as long as the one that was written, loads into the elements that are there
   /// and default-constructs those that are missing.
@@ -196,14 +206,18 @@ public:
   PersistenceArchiver& operator<<(const std::vector<Element>& elements);
   template <class Element>
   PersistenceArchiver& operator>>(std::vector<Element>& elements);
+  /// @}
 
+  /// @{
   /// An object in a frame of its class, through the class's save and load entries, as one of
   /// exactly the class C.
   template <RegisteredClass C>
   PersistenceArchiver& operator<<(const C& object);
   template <RegisteredClass C>
   PersistenceArchiver& operator>>(C& object);
+  /// @}
 
+  /// @{
   /// A shared object, whatever class derived from C it has, or none: the object's number as 32
   /// bits, 0 for none; behind a number that comes for the first time the object in a frame of its
   /// class. What was shared is shared again, cycles included. The archive keeps a share of each
@@ -215,6 +229,7 @@ public:
   PersistenceArchiver& operator<<(const std::shared_ptr<C>& object);
   template <RegisteredClass C>
   PersistenceArchiver& operator>>(std::shared_ptr<C>& object);
+  /// @}
 
 private:
   enum class State { Writing, Failed, Finished, Reading };

@@ -104,6 +104,7 @@ NewFile::~NewFile()
     unlink(m_path.c_str());
 }
 
+// NOLINTNEXTLINE(readability-make-member-function-const): it changes the file
 void NewFile::write(std::span<const std::byte> bytes)
 {
   constexpr std::size_t most = std::size_t(1) << 20U;

@@ -41,7 +41,7 @@ struct RecordedArchive {
   template <class T>
   T read()
   {
-    const auto value = std::get<T>(values.at(0));
+    auto value = std::get<T>(values.at(0));
     values.pop_front();
     return value;
   }

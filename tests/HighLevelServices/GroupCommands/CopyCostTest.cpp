@@ -20,12 +20,12 @@ namespace {
 /// An element identifier of a host's own that counts how often it is copied.
 class CountedIdentifier {
 public:
-  CountedIdentifier() : m_number(++lastNumber) {}
-  CountedIdentifier(const CountedIdentifier& other) : m_number(other.m_number) { ++copies; }
+  CountedIdentifier() : m_number(++s_lastNumber) {}
+  CountedIdentifier(const CountedIdentifier& other) : m_number(other.m_number) { ++s_copies; }
   CountedIdentifier& operator=(const CountedIdentifier& other)
   {
     m_number = other.m_number;
-    ++copies;
+    ++s_copies;
     return *this;
   }
   ~CountedIdentifier() = default;
@@ -42,12 +42,12 @@ public:
     return a.m_number == b.m_number;
   }
 
-  static inline std::size_t copies = 0;
+  static inline std::size_t s_copies = 0;
 
 private:
   explicit CountedIdentifier(int number) : m_number(number) {}
 
-  static inline int lastNumber = 0;
+  static inline int s_lastNumber = 0;
   int m_number;
 };
 
@@ -76,9 +76,9 @@ protected:
 
   static std::size_t copiesToExecute(CommandBase& command)
   {
-    const auto start = CountedIdentifier::copies;
+    const auto start = CountedIdentifier::s_copies;
     command.execute();
-    return CountedIdentifier::copies - start;
+    return CountedIdentifier::s_copies - start;
   }
 
   std::shared_ptr<LookingHost> host = std::make_shared<LookingHost>();
@@ -121,11 +121,11 @@ TEST_F(CopyCost, OfUndoAndRedoIsTheHostsAlone)
   CreateTKGroupCmd<CountedIdentifier> command(host, {CountedIdentifier()}, "New");
   command.execute();
 
-  const auto start = CountedIdentifier::copies;
+  const auto start = CountedIdentifier::s_copies;
   command.undo();
   command.redo();
 
-  EXPECT_EQ(CountedIdentifier::copies, start);
+  EXPECT_EQ(CountedIdentifier::s_copies, start);
 }
 
 }

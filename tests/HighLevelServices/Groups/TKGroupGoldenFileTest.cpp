@@ -28,12 +28,12 @@ Bytes goldenFile(const std::string& name)
 }
 
 template <class T>
-void expectGroup(const NameInterface* named,
+void expectGroup(const NameInterface& named,
                  const Identifier& id,
                  const std::string& name,
                  const std::vector<T>& members)
 {
-  const auto* const group = dynamic_cast<const TKGroup<T>*>(named);
+  const auto* const group = dynamic_cast<const TKGroup<T>*>(&named);
   ASSERT_NE(group, nullptr) << name;
   EXPECT_EQ(group->getName(), name);
   EXPECT_EQ(group->getId(), id) << name;
@@ -53,19 +53,21 @@ TEST(GoldenFile, OfArchiveFormat1IsLoaded)
   EXPECT_TRUE(archive.isAtEnd());
   ASSERT_EQ(loaded.groups.size(), 3U);
   const auto& groups = loaded.groups;
-  expectGroup<Identifier>(&groups[0], id(0x11), "Pumps", {id(0xa1), id(0xa2), id(0xa3)});
-  expectGroup<Identifier>(&groups[1], id(0x12), "", {});
-  expectGroup<Identifier>(&groups[2], id(0x13), std::string(" \0\xff ", 4),
+  expectGroup<Identifier>(groups[0], id(0x11), "Pumps", {id(0xa1), id(0xa2), id(0xa3)});
+  expectGroup<Identifier>(groups[1], id(0x12), "", {});
+  expectGroup<Identifier>(groups[2], id(0x13), std::string(" \0\xff ", 4),
                           {id(0xa1), id(0xa1), Identifier({0, 0})});
   ASSERT_EQ(loaded.guidGroups.size(), 2U);
-  expectGroup<GUIdentifier>(&loaded.guidGroups[0], id(0x21), "Lager f\xc3\xbcr Ventile",
+  expectGroup<GUIdentifier>(loaded.guidGroups[0], id(0x21), "Lager f\xc3\xbcr Ventile",
                             {guid(0xb1), guid(0xb2)});
-  expectGroup<GUIdentifier>(&loaded.guidGroups[1], Identifier({0, 0}), "without an id",
+  expectGroup<GUIdentifier>(loaded.guidGroups[1], Identifier({0, 0}), "without an id",
                             {GUIdentifier({0, 0})});
-  expectGroup<Identifier>(loaded.shared.get(), id(0x31), "Shared", {id(0xc1)});
+  ASSERT_NE(loaded.shared, nullptr);
+  expectGroup<Identifier>(*loaded.shared, id(0x31), "Shared", {id(0xc1)});
   EXPECT_EQ(loaded.sharedAgain, loaded.shared);
   EXPECT_EQ(loaded.sharedName, loaded.shared);
-  expectGroup<GUIdentifier>(loaded.guidGroupName.get(), id(0x32), "By its name", {guid(0xc2)});
+  ASSERT_NE(loaded.guidGroupName, nullptr);
+  expectGroup<GUIdentifier>(*loaded.guidGroupName, id(0x32), "By its name", {guid(0xc2)});
   ASSERT_NE(loaded.plainName, nullptr);
   EXPECT_EQ(loaded.plainName->getName(), "Only a name");
   EXPECT_EQ(loaded.none, nullptr);

@@ -14,7 +14,7 @@
 namespace Tarvik {
 namespace {
 
-constexpr unsigned int greatestDepth = 250;
+constexpr std::size_t greatestDepth = 250;
 constexpr unsigned int someHash = 0x12345678;
 
 /// Opens a frame where the archive is.
@@ -169,7 +169,7 @@ TEST(ArchiveFrames, MayBeNestedToADepthThatEveryStackCanTake)
 {
   PersistenceArchiver archive;
   std::vector<unsigned int> starts;
-  for (unsigned int i = 0; i < greatestDepth; ++i)
+  for (std::size_t i = 0; i < greatestDepth; ++i)
     starts.push_back(start(archive));
   archive << std::uint8_t{0xa1};
   for (; !starts.empty(); starts.pop_back())
@@ -178,7 +178,7 @@ TEST(ArchiveFrames, MayBeNestedToADepthThatEveryStackCanTake)
   const auto bytes = archive.finish();
   PersistenceArchiver source(bytes);
   std::vector<unsigned int> markers;
-  for (unsigned int i = 0; i < greatestDepth; ++i)
+  for (std::size_t i = 0; i < greatestDepth; ++i)
     markers.push_back(enter(source).marker);
   std::uint8_t byte = 0;
   source >> byte;
@@ -192,7 +192,7 @@ TEST(ArchiveFrames, MayBeNestedToADepthThatEveryStackCanTake)
 TEST(ArchiveFrames, AreNotWrittenAnyDeeper)
 {
   PersistenceArchiver archive;
-  for (unsigned int i = 0; i < greatestDepth; ++i)
+  for (std::size_t i = 0; i < greatestDepth; ++i)
     start(archive);
 
   EXPECT_EQ(refusalOf([&] { start(archive); }),
@@ -203,13 +203,13 @@ TEST(ArchiveFrames, AreNotWrittenAnyDeeper)
 TEST(ArchiveFrames, AreNotReadAnyDeeper)
 {
   Bytes body;
-  for (unsigned int depth = 0; depth <= greatestDepth; ++depth) {
-    appendWord(body, (greatestDepth - depth) * 8 + 4);
+  for (std::size_t depth = 0; depth <= greatestDepth; ++depth) {
+    appendWord(body, static_cast<std::uint32_t>((greatestDepth - depth) * 8 + 4));
     appendWord(body, someHash);
   }
   const auto archive = archiveAround(body);
   PersistenceArchiver source(archive);
-  for (unsigned int i = 0; i < greatestDepth; ++i)
+  for (std::size_t i = 0; i < greatestDepth; ++i)
     enter(source);
 
   EXPECT_EQ(refusalOf([&] { enter(source); }),
@@ -221,12 +221,12 @@ TEST(ArchiveFrames, AreNotReadAnyDeeper)
 TEST(ArchiveFrames, MayBeAsDeepAgainAfterOthers)
 {
   PersistenceArchiver archive;
-  for (unsigned int round = 0; round < 2 * greatestDepth; ++round)
+  for (std::size_t round = 0; round < 2 * greatestDepth; ++round)
     end(archive, start(archive));
 
   const auto bytes = archive.finish();
   PersistenceArchiver source(bytes);
-  for (unsigned int round = 0; round < 2 * greatestDepth; ++round)
+  for (std::size_t round = 0; round < 2 * greatestDepth; ++round)
     source.end_read_to_address(enter(source).marker);
   EXPECT_TRUE(source.isAtEnd());
 }

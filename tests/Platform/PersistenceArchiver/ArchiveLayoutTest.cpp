@@ -80,6 +80,16 @@ TEST(ArchiveLayout, LeavesOutClassesThatNobodyKnows)
   EXPECT_EQ(hex(bytes), hex(archiveAround("04 00 00 00 78 56 34 12")));
 }
 
+TEST(ArchiveLayout, LeavesOutClassesThatTheProgramOnlyAskedFor)
+{
+  PersistenceArchiver archive;
+  archive.classTable()[0x12345678];
+
+  const auto bytes = archive.finish();
+
+  EXPECT_EQ(hex(bytes), hex(archiveAround("")));
+}
+
 TEST(ArchiveLayout, IsTheSameHoweverOftenItIsAskedFor)
 {
   PersistenceArchiver archive;

@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <cstdlib>
 #include <memory>
 #include <new>
 #include <string>
@@ -151,6 +152,27 @@ TEST(CasterRegistry, UsesTheNewestCasterAndLeavesTheOthersAlone)
   registerBase<Top, Middle>(); // the counters end with this test
   EXPECT_FALSE(isOlderDestroyed);
   EXPECT_FALSE(isNewerDestroyed);
+}
+
+/// Ends the program with 3 when it is destroyed.
+struct FatefulCaster : BaseCaster<Top, Middle> {
+  FatefulCaster() = default;
+  FatefulCaster(const FatefulCaster&) = delete;
+  FatefulCaster& operator=(const FatefulCaster&) = delete;
+  ~FatefulCaster() override { std::_Exit(3); }
+};
+
+TEST(CasterRegistry, LeavesCastersAloneWhenTheProgramEnds)
+{
+  const auto top = hashOf<Top>();
+  const auto middle = hashOf<Middle>();
+
+  EXPECT_EXIT(
+      {
+        PersistenceArchiver::registerCaster(top, middle, new FatefulCaster);
+        std::exit(0);
+      },
+      ::testing::ExitedWithCode(0), "");
 }
 
 TEST(CasterRegistry, DestroysCastersThatItDoesNotTake)

@@ -90,16 +90,16 @@ TEST(ClassRegistry, KeepsTheRecordOfAClassThatIsRegisteredAgain)
 
 TEST(ClassRegistry, TakesTheNewEntriesOfAClassWhoseLibraryIsLoadedAgain)
 {
+  const BaseClassRegister before{.load = &loadOne};
   const std::vector<BaseClassRegister> others = {
-      {.load = &loadOther, .save = &saveNothing, .create = &createNothing},
-      {.load = &loadOne},
+      {.load = &loadOther},
       {.load = &loadOne, .save = &saveNothing},
       {.load = &loadOne, .create = &createNothing},
       {.load = &loadOne, .runtimeClass = &noClass},
       {.load = &loadOne, .createContainer = &createNoContainer}};
-  auto* const first = PersistenceArchiver::registerFactory("Reloaded", {.load = &loadOne}, 1);
 
   for (const auto& other : others) {
+    auto* const first = PersistenceArchiver::registerFactory("Reloaded", before, 1);
     auto* const again = PersistenceArchiver::registerFactory("Reloaded", other, 1);
 
     ASSERT_TRUE(first != nullptr && again == first);

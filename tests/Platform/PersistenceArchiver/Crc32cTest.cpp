@@ -63,26 +63,19 @@ TEST(Crc32c, IsThatOfTheDefinitionWhateverTheLengthAndThePlace)
 TEST(Crc32c, IsThatOfTheDefinitionForManyBytes)
 {
   std::mt19937 random(5);
-  Bytes bytes(100'001);
+  Bytes bytes(120'000);
   for (auto& byte : bytes)
     byte = static_cast<std::byte>(random());
+  const auto expectEqual = [&](std::size_t start, std::size_t length) {
+    const auto part = std::span(bytes).subspan(start, length);
+    EXPECT_EQ(crc32c(part), bitwiseCrc32c(part)) << length << " bytes from " << start;
+  };
 
-  EXPECT_EQ(crc32c(bytes), bitwiseCrc32c(bytes));
-}
-
-TEST(Crc32c, IsThatOfTheDefinitionWhereLongInputsBeginToBeFolded)
-{
-  constexpr std::size_t leastFolded = 4 * 209 * 64;
-  std::mt19937 random(7);
-  Bytes bytes(leastFolded + 200);
-  for (auto& byte : bytes)
-    byte = static_cast<std::byte>(random());
-
-  for (const std::size_t length :
-       {leastFolded - 1, leastFolded, leastFolded + 1, leastFolded + 63, leastFolded + 64}) {
-    const auto part = std::span(bytes).subspan(3, length);
-    EXPECT_EQ(crc32c(part), bitwiseCrc32c(part)) << length << " bytes";
-  }
+  // around four blocks of 209 times 64 bytes, from where on it is computed in another way
+  for (std::size_t length = 53'504 - 2; length <= 53'504 + 66; ++length)
+    expectEqual(length % 9, length);
+  for (const std::size_t length : {1'000U, 10'000U, 53'000U, 65'536U, 100'001U, 119'999U})
+    expectEqual(1, length);
 }
 
 TEST(Crc32c, ChangesWithEveryBitAndEveryRunOfBits)
@@ -96,6 +89,19 @@ TEST(Crc32c, ChangesWithEveryBitAndEveryRunOfBits)
       for (auto i = bit; i < bit + length; ++i)
         damaged[i / 8] ^= static_cast<std::byte>(1U << i % 8);
       EXPECT_NE(crc32c(damaged), crc) << length << " bits from " << bit;
+    }
+}
+
+TEST(Crc32c, ChangesWithEveryBitOfManyBytes)
+{
+  Bytes bytes(60'000, std::byte{0x5a});
+  const auto crc = crc32c(bytes);
+
+  for (std::size_t place = 0; place < bytes.size(); place += 61)
+    for (unsigned int bit = 0; bit < 8; ++bit) {
+      bytes[place] ^= static_cast<std::byte>(1U << bit);
+      EXPECT_NE(crc32c(bytes), crc) << "byte " << place << ", bit " << bit;
+      bytes[place] ^= static_cast<std::byte>(1U << bit);
     }
 }
 

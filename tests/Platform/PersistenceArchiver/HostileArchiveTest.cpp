@@ -71,7 +71,7 @@ TEST(HostileArchive, DoesNoHarmWhicheverBitIsOther)
 {
   const auto intact = archiveOf({});
   ASSERT_NO_THROW(readContents(intact));
-  const auto figures = Figure::count;
+  const auto figures = Figure::s_count;
 
   for (std::size_t place = 0; place + 4 < intact.size(); ++place)
     for (unsigned int bit = 0; bit < 8; ++bit) {
@@ -82,7 +82,7 @@ TEST(HostileArchive, DoesNoHarmWhicheverBitIsOther)
       const auto memory = memoryFor([&] { readContents(archive); });
 
       EXPECT_LE(memory, 8 * intact.size()) << "byte " << place << ", bit " << bit;
-      EXPECT_EQ(Figure::count, figures) << "byte " << place << ", bit " << bit;
+      EXPECT_EQ(Figure::s_count, figures) << "byte " << place << ", bit " << bit;
     }
 }
 
@@ -137,7 +137,7 @@ TEST(HostileArchive, DoesNoHarmWithAnyBytes)
 struct Wide {
   std::array<char, 1000> room{};
 
-  friend PersistenceArchiver& operator<<(PersistenceArchiver& archive, const Wide&)
+  [[maybe_unused]] friend PersistenceArchiver& operator<<(PersistenceArchiver& archive, const Wide&)
   {
     return archive << std::uint32_t{0};
   }

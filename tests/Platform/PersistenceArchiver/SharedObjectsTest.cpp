@@ -281,7 +281,7 @@ TEST(SharedObjects, AreOneObjectWhoeverSharesThem)
   const auto end = std::make_shared<Shared<Point>>(one);
   const Shared<Point> other(end, end->get());
 
-  EXPECT_EQ(written(one, other).substr(3 * 20), "01 00 00 00");
+  EXPECT_EQ(written(one, other).substr(std::size_t{3} * 20), "01 00 00 00");
 }
 
 TEST(SharedObjects, AreToldFromTheirFirstMember)
@@ -318,9 +318,9 @@ TEST(SharedObjects, AreKeptByTheArchiveUntilItIsCleared)
 
 TEST(SharedObjects, AreReleasedWithTheArchive)
 {
-  const auto before = Figure::count;
+  const auto before = Figure::s_count;
   const auto archive = archived(Shared<Figure>(std::make_shared<Ring>()));
-  EXPECT_EQ(Figure::count, before);
+  EXPECT_EQ(Figure::s_count, before);
   Shared<Figure> figure;
   {
     PersistenceArchiver source(archive);
@@ -328,10 +328,10 @@ TEST(SharedObjects, AreReleasedWithTheArchive)
     EXPECT_GT(figure.use_count(), 1);
   }
   EXPECT_EQ(figure.use_count(), 1);
-  EXPECT_EQ(Figure::count, before + 1);
+  EXPECT_EQ(Figure::s_count, before + 1);
 
   figure.reset();
-  EXPECT_EQ(Figure::count, before);
+  EXPECT_EQ(Figure::s_count, before);
 }
 
 // Bases and derived classes
@@ -377,7 +377,7 @@ void expectOneRing()
 
 TEST(SharedObjects, AreOneWhetherLoadedAsBaseOrDerivedFirst)
 {
-  const auto before = Figure::count;
+  const auto before = Figure::s_count;
 
   expectOneRing<Figure, Ring>();
   expectOneRing<Ring, Figure>();
@@ -386,7 +386,7 @@ TEST(SharedObjects, AreOneWhetherLoadedAsBaseOrDerivedFirst)
   expectOneRing<Ring, Circle>();
   expectOneRing<Circle, Ring>();
 
-  EXPECT_EQ(Figure::count, before);
+  EXPECT_EQ(Figure::s_count, before);
 }
 
 TEST(SharedObjects, MayBeginElsewhereThanTheirBase)

@@ -110,16 +110,16 @@ void Node::serialization_register(void* out)
   registerAs<Node, loadNode, saveNode>("Test.Node", 8, out);
 }
 
-int Figure::count = 0;
+int Figure::s_count = 0;
 
 Figure::Figure()
 {
-  ++count;
+  ++s_count;
 }
 
 Figure::~Figure()
 {
-  --count;
+  --s_count;
 }
 
 void Figure::serialization_register(void* out)

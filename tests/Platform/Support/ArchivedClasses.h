@@ -34,7 +34,7 @@ struct Figure {
   virtual double area() const = 0;
 
   std::uint32_t colour = 0;
-  static int count; ///< of all figures that live
+  static int s_count; ///< of all figures that live
 
   static void serialization_register(void* out);
 };

@@ -163,11 +163,11 @@ TEST(ProjectFile, KeepsElementsInMoreThanOneGroupAndThoseOfOtherDocuments)
 
 TEST(ProjectFile, KeepsManyElements)
 {
-  std::vector<PointCollection> collections;
-  for (int i = 0; i < 20000; ++i)
-    collections.push_back({.id = GUIdentifier(),
-                           .name = "element " + std::to_string(i),
-                           .points = {Point{double(i), 0.5, -1}}});
+  std::vector<PointCollection> collections(20000);
+  for (std::size_t i = 0; i < collections.size(); ++i) {
+    collections[i].name = "element " + std::to_string(i);
+    collections[i].points = {Point{static_cast<double>(i), 0.5, -1}};
+  }
   const auto document = PointDocument::create(collections);
 
   EXPECT_EQ(everythingKept(*document), everythingIn(*document));
@@ -341,9 +341,9 @@ TEST(ProjectFile, HasFiniteCoordinates)
 TEST(ProjectFile, HasNoMoreElementsOrPointsThanItHasBytes)
 {
   const auto elements =
-      projectWith([](PersistenceArchiver& archive) { archive << 0xFFFFFFFFU << 0U; });
+      projectWith([](PersistenceArchiver& archive) { archive << 1'000'000U << 0U; });
   const auto points = projectWithElements([](auto& archive) {
-    archive << std::array<std::uint64_t, 2>{0, 2} << std::string("b") << 0xFFFFFFFFU;
+    archive << std::array<std::uint64_t, 2>{0, 2} << std::string("b") << 1'000'000U;
   });
 
   EXPECT_THAT(mistakeInBytes(elements), HasSubstr("byte 28: expected at most 0 elements"));
