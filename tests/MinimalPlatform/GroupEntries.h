@@ -6,6 +6,7 @@
 #include "Support/GroupRecords.h"
 #include "Support/Groups.h"
 
+#include <exception>
 #include <string>
 #include <vector>
 
@@ -70,5 +71,17 @@ struct GroupBody {
     return archive;
   }
 };
+
+/// What the operation throws as a standard exception, or a text that says that it throws nothing.
+template <class Operation>
+std::string failureOf(Operation operation)
+{
+  try {
+    operation();
+  } catch (const std::exception& failure) {
+    return failure.what();
+  }
+  return "nothing was thrown";
+}
 
 }

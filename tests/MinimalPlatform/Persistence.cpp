@@ -88,9 +88,7 @@ bool PersistenceArchiver::registerCaster(unsigned int parentHash,
 {
   std::unique_ptr<Caster> owned(caster);
   registry().note("registerCaster(" + text(parentHash) + ", " + text(childHash) + ")");
-  if (registryTakesCasters)
-    registry().casters.push_back({parentHash, childHash, std::move(owned)});
-  return registryTakesCasters;
+  return registry().take({parentHash, childHash, std::move(owned)});
 }
 
 unsigned int PersistenceArchiver::getCurrentVersion(unsigned int reserved)

@@ -10,13 +10,14 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace Tarvik {
 
 /// Each program says what its registry takes, so that it does so while the library is loaded.
 extern const bool registryTakesClasses;
-extern const bool registryTakesCasters;
+extern const std::size_t castersTakenOfEachClass;
 
 /// The registry of the minimal platform, and what it was asked since the program was loaded.
 struct RecordedRegistry {
@@ -51,6 +52,19 @@ struct RecordedRegistry {
       return "unknown";
     const auto place = static_cast<std::size_t>(hash - firstHash);
     return place < m_names.size() ? m_names[place] : std::to_string(hash);
+  }
+
+  /// Keeps the caster, unless the class has as many as the program takes.
+  bool take(RegisteredCaster added)
+  {
+    const auto isOfSameClass = [&](const RegisteredCaster& other) {
+      return other.childHash == added.childHash;
+    };
+    const auto known = std::count_if(casters.begin(), casters.end(), isOfSameClass);
+    if (static_cast<std::size_t>(known) >= castersTakenOfEachClass)
+      return false;
+    casters.push_back(std::move(added));
+    return true;
   }
 
   void note(const std::string& call)

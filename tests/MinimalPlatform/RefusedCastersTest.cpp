@@ -5,27 +5,12 @@
 
 #include <gtest/gtest.h>
 
-#include <exception>
-#include <string>
-
 namespace Tarvik {
 namespace {
 
 template <class T>
 class RefusedCasters : public ::testing::Test {};
 TYPED_TEST_SUITE(RefusedCasters, ElementIdentifiers, KindName);
-
-/// What the operation throws as a standard exception, or a text that says that it throws nothing.
-template <class Operation>
-std::string failureOf(Operation operation)
-{
-  try {
-    operation();
-  } catch (const std::exception& failure) {
-    return failure.what();
-  }
-  return "nothing was thrown";
-}
 
 TYPED_TEST(RefusedCasters, LeaveTheClassRegistered)
 {

@@ -4,6 +4,6 @@
 namespace Tarvik {
 
 const bool registryTakesClasses = true;
-const bool registryTakesCasters = false;
+const std::size_t castersTakenOfEachClass = 0;
 
 }

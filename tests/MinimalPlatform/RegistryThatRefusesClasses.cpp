@@ -4,6 +4,6 @@
 namespace Tarvik {
 
 const bool registryTakesClasses = false;
-const bool registryTakesCasters = true;
+const std::size_t castersTakenOfEachClass = 2;
 
 }
