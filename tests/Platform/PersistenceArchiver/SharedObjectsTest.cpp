@@ -414,7 +414,7 @@ TEST(SharedObjects, AreNotLoadedAsAClassThatTheyAreNotOf)
 {
   const auto refusalToLoad = [](const Bytes& archive, auto asked) {
     PersistenceArchiver source(archive);
-    const auto text = refusalOf([&] { source >> asked; });
+    auto text = refusalOf([&] { source >> asked; });
     EXPECT_EQ(asked, nullptr);
     return text;
   };
