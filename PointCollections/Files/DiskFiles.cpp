@@ -26,6 +26,14 @@ constexpr std::uintmax_t greatestSize = 0xFFFFFFFF;
   throw UserError(fmt::format("{}: {}", printable(Utf8::fromPath(file)), message));
 }
 
+/// Windows itself would say it in the user's language and code page.
+std::string inWords(const std::error_code& code)
+{
+  const auto condition = code.default_error_condition();
+  return condition == std::errc::device_or_resource_busy ? "another program has it open"
+                                                         : condition.message();
+}
+
 std::uintmax_t sizeToRead(const fs::path& file)
 {
   std::error_code ignored;
@@ -64,7 +72,7 @@ public:
       writer.write(bytes);
       writer.commit();
     } catch (const std::system_error& error) {
-      fail(file, fmt::format("the file cannot be saved ({})", printable(error.code().message())));
+      fail(file, fmt::format("the file cannot be saved ({})", printable(inWords(error.code()))));
     }
   }
 

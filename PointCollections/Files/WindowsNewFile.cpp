@@ -16,7 +16,10 @@ const auto closed = reinterpret_cast<std::intptr_t>(INVALID_HANDLE_VALUE);
 
 [[noreturn]] void fail()
 {
-  throw std::system_error(static_cast<int>(GetLastError()), std::system_category());
+  const auto reason = GetLastError();
+  if (reason == ERROR_SHARING_VIOLATION) // all others have a counterpart that says as much
+    throw std::system_error(std::make_error_code(std::errc::device_or_resource_busy));
+  throw std::system_error(static_cast<int>(reason), std::system_category());
 }
 
 HANDLE handleOf(std::intptr_t value)
@@ -29,10 +32,11 @@ bool isThere(const std::filesystem::path& file)
   return GetFileAttributesW(file.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
-/// A file that others have open, or that the user has no right to, could not be replaced either.
+/// A file that the user has no right to, or that others have open so that it cannot go away, could
+/// not be replaced either.
 void checkWritable(const std::filesystem::path& file)
 {
-  const HANDLE handle = CreateFileW(file.c_str(), GENERIC_WRITE,
+  const HANDLE handle = CreateFileW(file.c_str(), GENERIC_WRITE | DELETE,
                                     FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                     OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
   if (handle == INVALID_HANDLE_VALUE)

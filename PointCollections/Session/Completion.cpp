@@ -85,10 +85,10 @@ Names fileNames(Files& files, const std::string& start)
   const bool showsHidden = start.substr(folder.size()).starts_with('.');
   Names names;
   for (const auto& name : files.namesIn(Utf8::toPath(folder))) {
+    if (Utf8::findInvalid(name) != std::string::npos || (name.starts_with('.') && !showsHidden))
+      continue;
     const auto file = Utf8::toPath(name);
-    const bool fits = name.ends_with('/') || isProjectName(file) || file.extension() == ".csv";
-    if (fits && Utf8::findInvalid(name) == std::string::npos &&
-        (showsHidden || !name.starts_with('.')))
+    if (name.ends_with('/') || isProjectName(file) || file.extension() == ".csv")
       names.push_back(folder + name);
   }
   std::sort(names.begin(), names.end());

@@ -76,6 +76,14 @@ TEST_F(DiskFiles, AreNotWrittenWhereThatIsImpossible)
   EXPECT_THAT(writeMistake(m_folder.path()), HasSubstr("the file cannot be saved ("));
 }
 
+TEST_F(DiskFiles, AreWrittenInTheWorkingFolder)
+{
+  const WorkingFolder workingFolder(m_folder);
+  m_files->write("a.tkpc", bytesOf("new"));
+
+  EXPECT_EQ(contentOf(m_folder.path() / "a.tkpc"), "new");
+}
+
 TEST_F(DiskFiles, AreTheSameUnderAllTheirNames)
 {
   const auto file = m_folder.write("a.tkpc", "a");

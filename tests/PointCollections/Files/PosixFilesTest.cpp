@@ -1,4 +1,7 @@
 // SPDX-License-Identifier: MIT
+// What holds of files on POSIX systems alone: modes, owners, links, devices and limits that Windows
+// has not or has in another way, see WindowsFilesTest.cpp.
+
 #include "PointCollections/Files/Files.h"
 #include "PointCollections/Support/Files.h"
 #include "PointCollections/Support/Sessions.h"
@@ -201,14 +204,6 @@ TEST_F(PosixFiles, AreNotWrittenWhereNothingCanBe)
 {
   EXPECT_THAT(mistakeInWriting("/proc/file", "new"), HasSubstr("/proc/file: the file cannot be"));
   EXPECT_THAT(mistakeInWriting("/proc/version", "new"), HasSubstr("the file cannot be saved"));
-}
-
-TEST_F(PosixFiles, AreWrittenInTheWorkingFolder)
-{
-  const WorkingFolder workingFolder(m_folder);
-  write("other", "new");
-
-  EXPECT_EQ(contentOf(m_folder.path() / "other"), "new");
 }
 
 TEST_F(PosixFiles, MayHaveTheLongestName)

@@ -1,18 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Input/TextInput.h"
 #include "PointCollections/Project/ProjectFile.h"
+#include "PointCollections/Support/Process.h"
 #include "PointCollections/Support/Programs.h"
 #include "PointCollections/Support/Sessions.h"
 
 #include <gtest/gtest.h>
 
-#include <fcntl.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <array>
+#include <algorithm>
 #include <chrono>
-#include <csignal>
+#include <iostream>
 #include <random>
 #include <string>
 #include <thread>
@@ -24,45 +21,25 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using Microseconds = std::chrono::microseconds;
 
-/// The program with a change to save, at the moment when it starts to.
+/// The program with a change to save, at the moment when it starts to; killed at the end.
 class SavingProgram {
 public:
-  explicit SavingProgram(const std::string& file)
+  explicit SavingProgram(const std::filesystem::path& file)
+      : m_process(Utf8::toPath(POINT_COLLECTIONS_PROGRAM),
+                  {Utf8::fromPath(file), "--quiet", "--command", "create New", "--command", "save"})
   {
-    std::array<int, 2> ends{};
-    EXPECT_EQ(pipe2(ends.data(), O_CLOEXEC), 0);
-    m_child = fork();
-    if (m_child == 0) {
-      dup2(ends[1], STDOUT_FILENO);
-      execl(POINT_COLLECTIONS_PROGRAM, "point-collections", file.c_str(), "--quiet", "--command",
-            "create New", "--command", "save", nullptr);
-      _exit(127);
-    }
-    close(ends[1]);
-    m_output = ends[0];
-    char first = 0;
-    EXPECT_EQ(read(m_output, &first, 1), 1); // of what it tells of the change
-  }
-  SavingProgram(const SavingProgram&) = delete;
-  SavingProgram& operator=(const SavingProgram&) = delete;
-  ~SavingProgram()
-  {
-    kill(m_child, SIGKILL);
-    waitpid(m_child, nullptr, 0);
-    close(m_output);
+    EXPECT_NE(m_process.read(), "") << "it should tell of the change";
   }
 
   /// Returns when the program has ended by itself.
   void wait() const
   {
-    std::array<char, 256> ignored{};
-    while (read(m_output, ignored.data(), ignored.size()) > 0) {
+    while (!m_process.read().empty()) {
     }
   }
 
 private:
-  pid_t m_child = -1;
-  int m_output = -1;
+  RunningProcess m_process;
 };
 
 class KilledWhileSaving : public ::testing::Test {
@@ -86,7 +63,7 @@ protected:
   /// How long it takes to save, undisturbed.
   Microseconds timeToSave() const
   {
-    const SavingProgram program(m_file.string());
+    const SavingProgram program(m_file);
     const auto start = Clock::now();
     program.wait();
     return std::chrono::duration_cast<Microseconds>(Clock::now() - start);
@@ -135,7 +112,7 @@ TEST_F(KilledWhileSaving, LeavesTheOldFileOrTheNewOneWhole)
   for (int i = 0; i < kills; ++i) {
     const Microseconds moment(moments(random));
     {
-      const SavingProgram program(m_file.string());
+      const SavingProgram program(m_file);
       std::this_thread::sleep_for(moment);
     }
     const auto bytes = content();

@@ -10,7 +10,12 @@ using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
 
-const std::string notSaved = "points.csv: the changes are not saved; save keeps them\n";
+std::string notSavedIn(const std::string& title)
+{
+  return title + ": the changes are not saved; save keeps them\n";
+}
+
+const std::string notSaved = notSavedIn("points.csv");
 
 class Program : public ::testing::Test {
 protected:
@@ -23,6 +28,13 @@ protected:
   std::string write(const std::string& name, std::string_view content) const
   {
     return Utf8::fromPath(m_folder.write(name, content));
+  }
+
+  /// A path in the folder as it is typed in quotes, where a backslash would be an escape.
+  std::string typed(const std::string& file) const
+  {
+    const auto text = (m_folder.path() / Utf8::toPath(file)).generic_u8string();
+    return {text.begin(), text.end()};
   }
 
   TemporaryFolder m_folder;
@@ -104,7 +116,7 @@ TEST_F(Program, TakesFilesWithTheLineEndsOfWindows)
   const auto outcome = run({points, "--quiet", "--script", script});
 
   EXPECT_EQ(outcome.status, 0);
-  EXPECT_EQ(outcome.errors, "");
+  EXPECT_EQ(outcome.errors, notSavedIn("crlf.csv"));
   EXPECT_EQ(outcome.output, "Created G with 1 element.\nAdded 1 element to G.\n");
   EXPECT_EQ(run({points, "--quiet"}, "create G a\r\n").output, "Created G with 1 element.\n");
 }
@@ -125,7 +137,8 @@ TEST_F(Program, TakesFileNamesAndCommandsOfAnyLanguage)
                             "Added 1 element to Städte.\n"
                             "\n"
                             "> add Städte 大阪\n");
-  EXPECT_EQ(outcome.errors, script + ":2: there is no element named 大阪; show --all lists them\n");
+  EXPECT_EQ(outcome.errors, script + ":2: there is no element named 大阪; show --all lists them\n" +
+                                notSavedIn("\"Städte 都市 🌍.csv\""));
 }
 
 TEST_F(Program, TakesArgumentsAsTheyStand)
@@ -133,7 +146,7 @@ TEST_F(Program, TakesArgumentsAsTheyStand)
   const auto outcome = run({m_points, "--quiet", "--command", R"(create "a \"b\" \\\\c\\")",
                             "--command", "create *", "--command", "create %PATH%"});
 
-  EXPECT_EQ(outcome.errors, "");
+  EXPECT_EQ(outcome.errors, notSaved);
   EXPECT_EQ(outcome.output, "Created \"a \\\"b\\\" \\\\\\\\c\\\\\" with 0 elements.\n"
                             "Created * with 0 elements.\n"
                             "Created %PATH% with 0 elements.\n");
@@ -156,7 +169,7 @@ TEST_F(Program, SurvivesAnyBytes)
 
 TEST_F(Program, SavesAndOpensProjects)
 {
-  const auto project = (m_folder.path() / "p.tkpc").string();
+  const auto project = typed("Größe 都市.tkpc");
   const auto saved = run({m_points}, "create G a\nsave \"" + project + "\"\n");
   EXPECT_EQ(saved.status, 0);
   EXPECT_EQ(saved.errors, "");
@@ -165,7 +178,7 @@ TEST_F(Program, SavesAndOpensProjects)
 
   EXPECT_EQ(opened.status, 0);
   EXPECT_EQ(opened.errors, "");
-  EXPECT_EQ(opened.output, "Opened p.tkpc: 2 elements with 2 points in 1 group.\n"
+  EXPECT_EQ(opened.output, "Opened \"Größe 都市.tkpc\": 2 elements with 2 points in 1 group.\n"
                            "\n"
                            "> show G\n"
                            "G (1)\n"
@@ -195,7 +208,7 @@ TEST_F(Program, StopsAScriptThatWouldLoseChanges)
 
 TEST_F(Program, StopsAScriptThatCannotSave)
 {
-  const auto file = (m_folder.path() / "none" / "p.tkpc").string();
+  const auto file = typed("none/p.tkpc");
   const auto outcome = run({m_points, "--quiet"}, "create G a\nsave \"" + file + "\"\nshow\n");
 
   EXPECT_EQ(outcome.status, 1);
@@ -206,7 +219,7 @@ TEST_F(Program, StopsAScriptThatCannotSave)
 
 TEST_F(Program, RefusesAProjectThatIsDamaged)
 {
-  const auto bad = m_folder.write("bad.tkpc", "nothing of that kind, but long enough").string();
+  const auto bad = write("bad.tkpc", "nothing of that kind, but long enough");
   const auto outcome = run({bad}, "show\n");
 
   EXPECT_EQ(outcome.status, 2);

@@ -1,7 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Support/Process.h"
 
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <csignal>
 #include <cstdlib>
+#include <system_error>
 
 namespace Tarvik::PointCollections {
 namespace {
@@ -24,6 +32,23 @@ std::string forShell(const std::string& text)
   return result + '"';
 }
 
+[[noreturn]] void fail(const std::string& what)
+{
+  throw std::system_error(errno, std::generic_category(), what);
+}
+
+/// Returns only when the program cannot be started.
+void becomeProgram(const std::filesystem::path& program, const std::vector<std::string>& arguments)
+{
+  auto texts = arguments;
+  texts.insert(texts.begin(), program.string());
+  std::vector<char*> pointers;
+  for (auto& text : texts)
+    pointers.push_back(text.data());
+  pointers.push_back(nullptr);
+  execv(program.c_str(), pointers.data());
+}
+
 }
 
 int runProcess(const std::filesystem::path& program,
@@ -36,6 +61,42 @@ int runProcess(const std::filesystem::path& program,
   command += " <" + forShell(streams.input.string()) + " >" + forShell(streams.output.string()) +
              " 2>" + forShell(streams.errors.string());
   return exitStatus(std::system(command.c_str())); // NOLINT(cert-env33-c): a shell is wanted
+}
+
+RunningProcess::RunningProcess(const std::filesystem::path& program,
+                               const std::vector<std::string>& arguments)
+{
+  std::array<int, 2> ends{};
+  if (pipe(ends.data()) != 0)
+    fail("no pipe");
+  fcntl(ends[0], F_SETFD, FD_CLOEXEC);
+  const pid_t process = fork();
+  if (process < 0)
+    fail("no process");
+  if (process == 0) {
+    dup2(ends[1], STDOUT_FILENO);
+    close(ends[1]);
+    becomeProgram(program, arguments);
+    _exit(127);
+  }
+  close(ends[1]);
+  m_process = process;
+  m_output = ends[0];
+}
+
+RunningProcess::~RunningProcess()
+{
+  const auto process = static_cast<pid_t>(m_process);
+  kill(process, SIGKILL);
+  waitpid(process, nullptr, 0);
+  close(static_cast<int>(m_output));
+}
+
+std::string RunningProcess::read() const
+{
+  std::array<char, 4096> text{};
+  const auto count = ::read(static_cast<int>(m_output), text.data(), text.size());
+  return {text.data(), static_cast<std::size_t>(count > 0 ? count : 0)};
 }
 
 }

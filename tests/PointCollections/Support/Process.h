@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -21,5 +22,27 @@ struct Streams {
 int runProcess(const std::filesystem::path& program,
                const std::vector<std::string>& arguments,
                const Streams& streams);
+
+/// A program that runs while this lives, unless it ends earlier by itself.
+class RunningProcess {
+public:
+  /// Starts it.
+  /// @param arguments  any texts in UTF-8
+  RunningProcess(const std::filesystem::path& program, const std::vector<std::string>& arguments);
+
+  RunningProcess(const RunningProcess&) = delete;
+  RunningProcess& operator=(const RunningProcess&) = delete;
+
+  /// Ends it on the spot: it cannot tidy up. Returns when it has let go of its files.
+  ~RunningProcess();
+
+  /// Waits for output.
+  /// @return what has come of it; empty when the program has ended
+  std::string read() const;
+
+private:
+  std::intptr_t m_process;
+  std::intptr_t m_output;
+};
 
 }

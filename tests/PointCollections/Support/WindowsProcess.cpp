@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <array>
 #include <memory>
 #include <system_error>
 
@@ -54,6 +55,45 @@ std::wstring commandLine(const std::filesystem::path& program,
   return line;
 }
 
+/// Starts a program with these standard streams; its process.
+Handle start(const std::filesystem::path& program,
+             const std::vector<std::string>& arguments,
+             HANDLE input,
+             HANDLE output,
+             HANDLE errors)
+{
+  STARTUPINFOW startup = {};
+  startup.cb = sizeof startup;
+  startup.dwFlags = STARTF_USESTDHANDLES;
+  startup.hStdInput = input;
+  startup.hStdOutput = output;
+  startup.hStdError = errors;
+
+  PROCESS_INFORMATION started = {};
+  auto line = commandLine(program, arguments);
+  if (CreateProcessW(program.wstring().c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr,
+                     nullptr, &startup, &started) == 0)
+    fail("cannot start " + program.string());
+  CloseHandle(started.hThread);
+  return {started.hProcess, &CloseHandle};
+}
+
+/// Both ends of a pipe; a started program inherits the second one, which is for writing.
+std::array<Handle, 2> openPipe()
+{
+  HANDLE reading = nullptr;
+  HANDLE writing = nullptr;
+  if (CreatePipe(&reading, &writing, nullptr, 0) == 0)
+    fail("no pipe");
+  SetHandleInformation(writing, HANDLE_FLAG_INHERIT, HANDLE_FLAG_INHERIT);
+  return {Handle(reading, &CloseHandle), Handle(writing, &CloseHandle)};
+}
+
+HANDLE handleOf(std::intptr_t value)
+{
+  return reinterpret_cast<HANDLE>(value);
+}
+
 }
 
 int runProcess(const std::filesystem::path& program,
@@ -63,20 +103,7 @@ int runProcess(const std::filesystem::path& program,
   const auto input = open(streams.input, GENERIC_READ, OPEN_EXISTING);
   const auto output = open(streams.output, GENERIC_WRITE, CREATE_ALWAYS);
   const auto errors = open(streams.errors, GENERIC_WRITE, CREATE_ALWAYS);
-  STARTUPINFOW startup = {};
-  startup.cb = sizeof startup;
-  startup.dwFlags = STARTF_USESTDHANDLES;
-  startup.hStdInput = input.get();
-  startup.hStdOutput = output.get();
-  startup.hStdError = errors.get();
-
-  PROCESS_INFORMATION started = {};
-  auto line = commandLine(program, arguments);
-  if (CreateProcessW(program.wstring().c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr,
-                     nullptr, &startup, &started) == 0)
-    fail("cannot start " + program.string());
-  const Handle thread(started.hThread, &CloseHandle);
-  const Handle process(started.hProcess, &CloseHandle);
+  const auto process = start(program, arguments, input.get(), output.get(), errors.get());
 
   WaitForSingleObject(process.get(), INFINITE);
   DWORD status = 0;
@@ -84,6 +111,34 @@ int runProcess(const std::filesystem::path& program,
     fail("no exit status of " + program.string());
   const bool hasCrashed = status >= 0x80000000; // the codes of exceptions that nobody handles
   return hasCrashed ? -1 : static_cast<int>(status);
+}
+
+RunningProcess::RunningProcess(const std::filesystem::path& program,
+                               const std::vector<std::string>& arguments)
+{
+  const auto input = open("NUL", GENERIC_READ, OPEN_EXISTING);
+  const auto errors = open("NUL", GENERIC_WRITE, OPEN_EXISTING);
+  auto [reading, writing] = openPipe();
+  auto process = start(program, arguments, input.get(), writing.get(), errors.get());
+  m_process = reinterpret_cast<std::intptr_t>(process.release());
+  m_output = reinterpret_cast<std::intptr_t>(reading.release());
+}
+
+RunningProcess::~RunningProcess()
+{
+  TerminateProcess(handleOf(m_process), 1);
+  WaitForSingleObject(handleOf(m_process), INFINITE);
+  CloseHandle(handleOf(m_process));
+  CloseHandle(handleOf(m_output));
+}
+
+std::string RunningProcess::read() const
+{
+  std::array<char, 4096> text{};
+  DWORD count = 0;
+  const auto isRead =
+      ReadFile(handleOf(m_output), text.data(), static_cast<DWORD>(text.size()), &count, nullptr);
+  return {text.data(), isRead != 0 ? count : 0};
 }
 
 }
