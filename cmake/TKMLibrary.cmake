@@ -55,8 +55,9 @@ if(MSVC)
   # parts of a program share
   target_compile_options(tkm_warnings INTERFACE /W4 /permissive- /utf-8 /wd4251 /wd4275
     $<$<BOOL:${TKM_WARNINGS_AS_ERRORS}>:/WX>)
-  # it warns of functions of the standard that it has others for
-  target_compile_definitions(tkm_warnings INTERFACE _CRT_SECURE_NO_WARNINGS)
+  # it warns of functions of the standard that it has others for, and windows.h has macros instead of
+  # std::min and std::max
+  target_compile_definitions(tkm_warnings INTERFACE _CRT_SECURE_NO_WARNINGS NOMINMAX)
 else()
   target_compile_options(tkm_warnings INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast

@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 # Compiles SOURCE with COMPILER, FLAGS and what PKG_CONFIG says of the package installed in INSTALLED,
-# to BUILD/application, which must print what the file EXPECTED holds.
+# to BUILD/application, which must print what the file EXPECTED holds. SUFFIX, DLLS and EMULATOR:
+# check-output.cmake.
 file(REMOVE_RECURSE "${BUILD}")
 file(MAKE_DIRECTORY "${BUILD}")
 file(GLOB_RECURSE pc_file "${INSTALLED}/*/TKMService_HighLevelServices.pc")
@@ -10,8 +11,9 @@ set(ENV{PKG_CONFIG_PATH} "${folder}")
 execute_process(COMMAND "${PKG_CONFIG}" --cflags --libs TKMService_HighLevelServices
   OUTPUT_VARIABLE flags COMMAND_ERROR_IS_FATAL ANY)
 separate_arguments(flags UNIX_COMMAND "${FLAGS} -std=c++20 ${flags}")
-execute_process(
-  COMMAND "${COMPILER}" "${SOURCE}" ${flags} "-Wl,-rpath,${libraries}" -o "${BUILD}/application"
-  COMMAND_ERROR_IS_FATAL ANY)
-set(PROGRAM "${BUILD}/application")
+if(NOT SUFFIX STREQUAL ".exe")
+  list(APPEND flags "-Wl,-rpath,${libraries}")
+endif()
+set(PROGRAM "${BUILD}/application${SUFFIX}")
+execute_process(COMMAND "${COMPILER}" "${SOURCE}" ${flags} -o "${PROGRAM}" COMMAND_ERROR_IS_FATAL ANY)
 include("${CMAKE_CURRENT_LIST_DIR}/check-output.cmake")

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 # Configures the project SOURCE in the folder BUILD with OPTIONS (a list), builds it, and runs its
 # program, which must print what the file EXPECTED holds; then installs it, where it has rules for
-# that. Without EXPECTED it only configures.
+# that. Without EXPECTED it only configures. SUFFIX, DLLS and EMULATOR: check-output.cmake.
 file(REMOVE_RECURSE "${BUILD}")
 execute_process(COMMAND "${CMAKE_COMMAND}" -S "${SOURCE}" -B "${BUILD}" ${OPTIONS}
   COMMAND_ERROR_IS_FATAL ANY)
@@ -9,7 +9,7 @@ if(NOT EXPECTED)
   return()
 endif()
 execute_process(COMMAND "${CMAKE_COMMAND}" --build "${BUILD}" COMMAND_ERROR_IS_FATAL ANY)
-set(PROGRAM "${BUILD}/application")
+set(PROGRAM "${BUILD}/application${SUFFIX}")
 include("${CMAKE_CURRENT_LIST_DIR}/check-output.cmake")
 execute_process(COMMAND "${CMAKE_COMMAND}" --install "${BUILD}" --prefix "${BUILD}/installed"
   OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
