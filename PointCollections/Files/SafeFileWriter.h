@@ -18,8 +18,8 @@ namespace Tarvik::PointCollections {
 /// leaves it behind, and it is never in the way of another one.
 ///
 /// A symbolic link stays, and the file that it leads to is replaced. The new file gets the access
-/// rights of the old one. Its other names (hard links) keep the old content. MinGW's standard library
-/// sees no links on Windows: there the new file takes the place of the link.
+/// rights of the old one. Its other names (hard links) keep the old content. MinGW's standard
+/// library sees no links on Windows: there the new file takes the place of the link.
 class SafeFileWriter {
 public:
   /// Makes the new file.

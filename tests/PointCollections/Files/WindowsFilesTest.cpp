@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// What holds of files on Windows alone. Of what PosixFilesTest.cpp tests besides, owners and modes are
-// not known here, links need rights that not every user has, and names of 255 characters fit into no
-// folder whose path has more than four.
+// What holds of files on Windows alone. Of what PosixFilesTest.cpp tests besides, owners and modes
+// are not known here, links need rights that not every user has, and names of 255 characters fit
+// into no folder whose path has more than four.
 
 #include "PointCollections/Files/Files.h"
 #include "PointCollections/Support/Files.h"
@@ -56,8 +56,8 @@ private:
 class OpenFile {
 public:
   OpenFile(const std::filesystem::path& file, DWORD access, DWORD share)
-      : m_handle(CreateFileW(file.c_str(), access, share, nullptr, OPEN_ALWAYS,
-                             FILE_ATTRIBUTE_NORMAL, nullptr))
+      : m_handle(CreateFileW(
+            file.c_str(), access, share, nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr))
   {
     EXPECT_NE(m_handle, INVALID_HANDLE_VALUE) << "error " << GetLastError();
   }
@@ -142,7 +142,8 @@ TEST_F(WindowsFiles, AreNotReplacedWhileAnotherProgramHasThemOpen)
   for (const DWORD share : {DWORD(0), reading, reading | FILE_SHARE_WRITE}) {
     {
       const OpenFile open(m_file, GENERIC_READ, share);
-      EXPECT_THAT(mistakeInWriting(m_file, "new"), HasSubstr("file: the file cannot be saved (another program has it open)"))
+      EXPECT_THAT(mistakeInWriting(m_file, "new"),
+                  HasSubstr("file: the file cannot be saved (another program has it open)"))
           << "shared as " << share;
     }
     EXPECT_EQ(contentOf(m_file), "old");

@@ -136,8 +136,8 @@ std::string RunningProcess::read() const
 {
   std::array<char, 4096> text{};
   DWORD count = 0;
-  const auto isRead = ReadFile(handleOf(m_output), text.data(), static_cast<DWORD>(text.size()),
-                               &count, nullptr);
+  const auto isRead =
+      ReadFile(handleOf(m_output), text.data(), static_cast<DWORD>(text.size()), &count, nullptr);
   return {text.data(), isRead != 0 ? count : 0};
 }
 
