@@ -46,11 +46,11 @@ class KilledWhileSaving : public ::testing::Test {
 protected:
   static std::shared_ptr<PointDocument> largeDocument()
   {
-    std::vector<PointCollection> collections;
-    for (int i = 0; i < 250; ++i)
-      collections.push_back({.id = GUIdentifier(),
-                             .name = "element " + std::to_string(i),
-                             .points = std::vector<Point>(40, Point{double(i), 0.5, -1})});
+    std::vector<PointCollection> collections(250);
+    for (std::size_t i = 0; i < collections.size(); ++i)
+      collections[i] = {.id = GUIdentifier(),
+                        .name = "element " + std::to_string(i),
+                        .points = std::vector<Point>(40, Point{double(i), 0.5, -1})};
     auto document = PointDocument::create(std::move(collections));
     document->setGroups({TKGroup<GUIdentifier>("Old")});
     return document;
