@@ -3,11 +3,13 @@
 // Built with AddressSanitizer, it also tells of what an unloaded library has not given back.
 
 #include "HighLevelServices/LoadAtRunTime/Library.h"
+#include "HighLevelServices/LoadAtRunTime/OccupiedPlace.h"
 
 #include <gtest/gtest.h>
 
 #include <cstddef>
 #include <future>
+#include <list>
 #include <string>
 #include <thread>
 #include <vector>
@@ -93,16 +95,32 @@ TEST(LibraryAtRunTime, MayBeUnloadedBeforeAThreadThatUsedIt)
     thread.join();
   }
 }
-/// The archive's registry then keeps what it was told by libraries that are gone.
+std::vector<void*> placesOfCode(const Library& loadedPlugIn)
+{
+  std::vector<void*> places;
+  loadedPlugIn.function<void(std::vector<void*>&)>("tellPlaces")(places);
+  return places;
+}
+
+/// The archive's registry then keeps what it was told by libraries that are gone. Each time they
+/// are loaded to another place than the last time, where now nothing is.
 TEST(LibraryAtRunTime, SavesAndLoadsEachTimeWhileTheArchiveStays)
 {
   const Library archive(persistenceArchiver);
   std::vector<std::byte> bytes;
+  std::vector<void*> lastPlaces;
+  std::list<OccupiedPlace> occupied;
   for (int i = 0; i < often; ++i) {
     {
       const Library library(plugIn);
+      const auto places = placesOfCode(library);
+      ASSERT_NE(places, lastPlaces) << "time " << i;
       ASSERT_TRUE(loadAndSaveGroups(library, bytes)) << "time " << i;
+      lastPlaces = places;
     }
+    occupied.clear();
+    for (void* const place : lastPlaces)
+      occupied.emplace_back(place);
     ASSERT_EQ(loadedLibraries(), std::vector<std::string>{persistenceArchiver}) << "time " << i;
   }
 }

@@ -69,6 +69,15 @@ bool isRegistered()
   return record.classHash != BaseClassRegister::unknownClassHash;
 }
 
+/// Where the library of the class was loaded, or near to it.
+template <class C>
+void* placeOf()
+{
+  BaseClassRegister record;
+  C::serialization_register(&record);
+  return reinterpret_cast<void*>(record.save);
+}
+
 /// A catalogue of the plug-in's own, which must not stay longer than the plug-in does.
 class InstalledCatalogue {
 public:
@@ -155,4 +164,11 @@ PLUG_IN_EXPORT bool loadAndSaveGroups(std::vector<std::byte>& bytes)
   } catch (const std::exception&) {
     return false;
   }
+}
+
+/// @param places  gets the addresses of code that the archive was told of
+PLUG_IN_EXPORT void tellPlaces(std::vector<void*>& places)
+{
+  using namespace Tarvik;
+  places = {placeOf<TKGroup<Identifier>>(), placeOf<NameInterface>(), placeOf<Identifier>()};
 }

@@ -5,6 +5,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -42,10 +43,9 @@ void becomeProgram(const std::filesystem::path& program, const std::vector<std::
 {
   auto texts = arguments;
   texts.insert(texts.begin(), program.string());
-  std::vector<char*> pointers;
-  for (auto& text : texts)
-    pointers.push_back(text.data());
-  pointers.push_back(nullptr);
+  std::vector<char*> pointers(texts.size() + 1); // the last one stays null
+  std::transform(texts.begin(), texts.end(), pointers.begin(),
+                 [](auto& text) { return text.data(); });
   execv(program.c_str(), pointers.data());
 }
 
