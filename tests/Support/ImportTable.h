@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 /// Looking into a DLL of Windows.
 namespace Tarvik::ImportTable {
@@ -26,14 +27,28 @@ T* at(HMODULE dll, std::size_t offset)
   return reinterpret_cast<T*>(reinterpret_cast<std::byte*>(dll) + offset);
 }
 
-/// Where the DLL keeps the address of a function that it imports.
-inline ULONGLONG& entry(HMODULE dll, ULONGLONG function)
+/// The first of the libraries that the DLL imports from; behind the last one is an empty entry.
+inline const IMAGE_IMPORT_DESCRIPTOR* firstLibrary(HMODULE dll)
 {
   const auto* const headers =
       at<IMAGE_NT_HEADERS64>(dll, static_cast<std::size_t>(at<IMAGE_DOS_HEADER>(dll, 0)->e_lfanew));
   const auto& table = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
-  const auto* library = at<IMAGE_IMPORT_DESCRIPTOR>(dll, table.VirtualAddress);
-  for (; library->FirstThunk != 0; ++library)
+  return at<IMAGE_IMPORT_DESCRIPTOR>(dll, table.VirtualAddress);
+}
+
+/// The names of all libraries that the DLL imports from.
+inline std::vector<std::string> libraries(HMODULE dll)
+{
+  std::vector<std::string> names;
+  for (const auto* library = firstLibrary(dll); library->FirstThunk != 0; ++library)
+    names.emplace_back(at<char>(dll, library->Name));
+  return names;
+}
+
+/// Where the DLL keeps the address of a function that it imports.
+inline ULONGLONG& entry(HMODULE dll, ULONGLONG function)
+{
+  for (const auto* library = firstLibrary(dll); library->FirstThunk != 0; ++library)
     for (auto* thunk = at<IMAGE_THUNK_DATA64>(dll, library->FirstThunk); thunk->u1.Function != 0;
          ++thunk)
       if (thunk->u1.Function == function)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // What the Explorer shows among the properties of the libraries.
 
+#include "Windows/Libraries.h"
+
 #include <gtest/gtest.h>
 
 #include <windows.h>
@@ -14,11 +16,9 @@ namespace {
 
 class LibraryFile : public ::testing::TestWithParam<const char*> {
 protected:
-  static std::string name() { return std::string("TKMService_") + GetParam() + ".dll"; }
-
   void SetUp() override
   {
-    const std::string path = LIBRARY_FOLDER + name();
+    const auto path = libraryFolder + libraryName(GetParam());
     m_resource.resize(GetFileVersionInfoSizeA(path.c_str(), nullptr));
     ASSERT_FALSE(m_resource.empty()) << path << " has no version";
     ASSERT_TRUE(GetFileVersionInfoA(path.c_str(), 0, static_cast<DWORD>(m_resource.size()),
@@ -61,19 +61,11 @@ TEST_P(LibraryFile, TellsProductAndVersion)
 
 TEST_P(LibraryFile, TellsItsName)
 {
-  EXPECT_EQ(text("OriginalFilename"), name());
+  EXPECT_EQ(text("OriginalFilename"), libraryName(GetParam()));
   EXPECT_EQ(text("FileDescription"), std::string("TKMService ") + GetParam());
 }
 
-INSTANTIATE_TEST_SUITE_P(All,
-                         LibraryFile,
-                         ::testing::Values("CommandPattern",
-                                           "GeneralServices",
-                                           "HighLevelServices",
-                                           "Identifier",
-                                           "PersistenceArchiver",
-                                           "Translator"),
-                         [](const auto& test) { return std::string(test.param); });
+INSTANTIATE_TEST_SUITE_P(Every, LibraryFile, ::testing::ValuesIn(allLibraries), libraryTestName);
 
 }
 }

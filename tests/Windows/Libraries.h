@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace Tarvik {
+
+/// For INSTANTIATE_TEST_SUITE_P: the test is run for each of the six libraries.
+inline constexpr const char* allLibraries[] = {
+    "CommandPattern", "GeneralServices", "HighLevelServices",
+    "Identifier",     "PersistenceArchiver", "Translator"};
+
+inline std::string libraryTestName(const ::testing::TestParamInfo<const char*>& test)
+{
+  return test.param;
+}
+
+/// Where the DLLs are, with a slash behind it.
+inline const std::string libraryFolder = LIBRARY_FOLDER;
+
+inline std::string libraryName(const std::string& library)
+{
+  return "TKMService_" + library + ".dll";
+}
+
+}
