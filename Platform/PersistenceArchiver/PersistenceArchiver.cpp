@@ -196,11 +196,18 @@ void PersistenceArchiver::requireReading() const
     complain("this archive was opened for writing");
 }
 
+void PersistenceArchiver::giveUpWriting() noexcept
+{
+  if (m_state != State::Writing)
+    return;
+  m_state = State::Failed;
+  m_writeEnd = m_writePosition; // so that nothing more is written without a look at the state
+}
+
 void PersistenceArchiver::grow(std::size_t count)
 {
   requireWriting();
-  m_state = State::Failed; // unless there is room: an archive with a gap must not be finished
-  m_writeEnd = m_writePosition;
+  giveUpWriting(); // unless there is room
 
   const auto size = static_cast<std::size_t>(tellp());
   if (size > m_limit || count > m_limit - size)
@@ -317,15 +324,17 @@ std::map<unsigned int, BaseClassRegister>& PersistenceArchiver::classTable() noe
 
 void PersistenceArchiver::mark_object_start(unsigned int start, unsigned int classHash)
 {
-  append(std::uint32_t{0}); // the length, for mark_object_end()
-  if (start != static_cast<unsigned int>(tellp()))
-    complain("a frame starts 4 bytes behind the write position");
-  if (m_frames.size() == greatestDepth)
-    refuse(start, "expected objects in objects at most " + std::to_string(greatestDepth) +
-                      " deep, found one more");
-  append(classHash);
-  addToClassTable(classHash);
-  m_frames.push_back({start, 0, nullptr});
+  writeWhole([&] {
+    append(std::uint32_t{0}); // the length, for mark_object_end()
+    if (start != static_cast<unsigned int>(tellp()))
+      complain("a frame starts 4 bytes behind the write position");
+    if (m_frames.size() == greatestDepth)
+      refuse(start, "expected objects in objects at most " + std::to_string(greatestDepth) +
+                        " deep, found one more");
+    append(classHash);
+    addToClassTable(classHash);
+    m_frames.push_back({start, 0, nullptr});
+  });
 }
 
 void PersistenceArchiver::mark_object_end(unsigned int start, unsigned int end)
@@ -381,10 +390,12 @@ void PersistenceArchiver::check_container_size(unsigned int count)
 
 void PersistenceArchiver::appendCount(std::size_t count)
 {
-  if (count > std::numeric_limits<std::uint32_t>::max())
+  if (count > std::numeric_limits<std::uint32_t>::max()) {
+    giveUpWriting();
     refuse(tellp(), "expected at most " +
                         std::to_string(std::numeric_limits<std::uint32_t>::max()) +
                         " elements or bytes in a list or text, found " + std::to_string(count));
+  }
   append(static_cast<std::uint32_t>(count));
 }
 

@@ -12,7 +12,6 @@
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
-#include <iterator>
 #include <map>
 #include <memory>
 #include <span>
@@ -65,8 +64,9 @@ concept RegisteredClass = requires(void* record)
 /// to the constructor, which checks all of them, and read with `>>` in the same order. An archive
 /// either writes or reads; using it the other way is a std::logic_error, as is every other mistake
 /// of the program. Bytes that are not what the reader needs are an ArchiveError, and so is what
-/// does not fit into an archive. Either leaves the archive good for clear() and destruction only,
-/// and the object at hand partly loaded.
+/// does not fit into an archive. After either, and after any other exception that comes out of
+/// writing an object or a list, the archive is good for destruction only, one that is written for
+/// clear() as well, and the object at hand may be partly loaded.
 ///
 /// Files are the program's affair. One thread at a time; the class registry may be used from any
 /// thread.
@@ -124,9 +124,11 @@ public:
   /// Completes what was written by the class table and the checksum. Nothing can be written behind.
   /// @return the whole archive; valid until clear() or the destructor
   /// @throws std::logic_error when a frame is open, or something could not be written
+  /// @throws ArchiveError when the class table or the checksum does not fit into the limit
   std::span<const std::byte> finish();
 
   /// Begins a new archive and keeps the memory of the last one.
+  /// @throws std::logic_error in an archive that was opened for reading
   void clear();
 
   /// Lets the archive grow to so many bytes and no more; what is written beyond is an ArchiveError.
@@ -166,7 +168,8 @@ public:
   void check_container_size(unsigned int count);
 
   /// The classes met in the archive, by class hash. In an archive that is read, each has the
-  /// version in which its objects were written as its read version.
+  /// version in which its objects were written as its read version. Load entries may add entries
+  /// for what they look up.
   std::map<unsigned int, BaseClassRegister>& classTable() noexcept;
 
   /// @{
@@ -221,7 +224,8 @@ public:
   /// A shared object, whatever class derived from C it has, or none: the object's number as 32
   /// bits, 0 for none; behind a number that comes for the first time the object in a frame of its
   /// class. What was shared is shared again, cycles included. The archive keeps a share of each
-  /// object until clear() or its destructor.
+  /// object until clear() or its destructor. Without virtual operations in C, nothing tells of what
+  /// derived class an object is: it is saved as a C.
   ///
   /// To load an object as another class than it was saved as, one needs a caster between them; a
   /// polymorphic C needs a virtual destructor.
@@ -260,6 +264,9 @@ private:
   void loadEach(std::vector<Element>& elements, std::size_t count, Load load);
   void appendCount(std::size_t count);
   std::size_t takeCount(std::size_t leastSizeOfElement);
+  template <class Write>
+  void writeWhole(Write write);
+  void giveUpWriting() noexcept;
   std::byte* makeRoom(std::size_t count);
   const std::byte* takeBytes(std::size_t count);
   std::size_t remaining() const noexcept;
@@ -302,6 +309,19 @@ private:
   std::map<unsigned int, BaseClassRegister> m_classTable;
   std::unique_ptr<SharedObjects> m_sharedObjects;
 };
+
+/// Does something in several steps; when one of them throws, the archive lacks the others and must
+/// not be finished.
+template <class Write>
+inline void PersistenceArchiver::writeWhole(Write write)
+{
+  try {
+    write();
+  } catch (...) {
+    giveUpWriting();
+    throw;
+  }
+}
 
 inline std::byte* PersistenceArchiver::makeRoom(std::size_t count)
 {
@@ -419,19 +439,21 @@ inline PersistenceArchiver& PersistenceArchiver::operator>>(std::array<Number, s
 template <class Element>
 PersistenceArchiver& PersistenceArchiver::operator<<(const std::vector<Element>& elements)
 {
-  appendCount(elements.size());
-  if constexpr (RegisteredClass<Element> && !StreamedClass<Element>) {
-    auto record = recordOf<Element>();
-    for (const Element& element : elements) {
-      record.object = const_cast<Element*>(&element); // saving does not change it
-      saveObject(record);
+  writeWhole([&] {
+    appendCount(elements.size());
+    if constexpr (RegisteredClass<Element> && !StreamedClass<Element>) {
+      auto record = recordOf<Element>();
+      for (const Element& element : elements) {
+        record.object = const_cast<Element*>(&element); // saving does not change it
+        saveObject(record);
+      }
+    } else if constexpr (ArchivedNumber<Element> && !std::same_as<Element, bool>) {
+      appendAll(std::span<const Element>(elements));
+    } else {
+      for (const Element& element : elements)
+        *this << element;
     }
-  } else if constexpr (ArchivedNumber<Element> && !std::same_as<Element, bool>) {
-    appendAll(std::span<const Element>(elements));
-  } else {
-    for (const Element& element : elements)
-      *this << element;
-  }
+  });
   return *this;
 }
 
@@ -465,7 +487,7 @@ void PersistenceArchiver::loadEach(std::vector<Element>& elements, std::size_t c
   std::for_each(elements.begin(), elements.end(), load);
   // A count is not to be trusted with large elements: their memory is not to exceed the archive's,
   // and grows with what is really there.
-  elements.reserve(std::min(count, elements.size() + remaining() / sizeof(Element)));
+  elements.reserve((std::min)(count, elements.size() + remaining() / sizeof(Element)));
   while (elements.size() < count)
     load(elements.emplace_back());
 }
@@ -473,9 +495,11 @@ void PersistenceArchiver::loadEach(std::vector<Element>& elements, std::size_t c
 template <RegisteredClass C>
 PersistenceArchiver& PersistenceArchiver::operator<<(const C& object)
 {
-  auto record = recordOf<C>();
-  record.object = const_cast<C*>(&object); // saving does not change it
-  saveObject(record);
+  writeWhole([&] {
+    auto record = recordOf<C>();
+    record.object = const_cast<C*>(&object); // saving does not change it
+    saveObject(record);
+  });
   return *this;
 }
 
@@ -491,7 +515,7 @@ PersistenceArchiver& PersistenceArchiver::operator>>(C& object)
 template <RegisteredClass C>
 PersistenceArchiver& PersistenceArchiver::operator<<(const std::shared_ptr<C>& object)
 {
-  saveShared(recordOf<C>(), object);
+  writeWhole([&] { saveShared(recordOf<C>(), object); });
   return *this;
 }
 
