@@ -21,13 +21,27 @@ private:
   bool& m_flag;
 };
 
+/// Releases the entries from a position on. Each is out of the list before it is destroyed, since its
+/// destructor may lead to somebody who looks at the history.
+void releaseFrom(std::vector<std::shared_ptr<CommandBase>>& entries, std::size_t position) noexcept
+{
+  while (entries.size() > position) {
+    const auto released = std::move(entries.back());
+    entries.pop_back();
+  }
+}
+
 }
 
 const std::size_t CommandHistory::unlimited;
 
 CommandHistory::CommandHistory(std::size_t limit) : m_limit(limit) {}
 
-CommandHistory::~CommandHistory() = default;
+CommandHistory::~CommandHistory()
+{
+  m_position = 0;
+  eraseBehind(0);
+}
 
 void CommandHistory::execute(std::shared_ptr<CommandBase> command)
 {
@@ -162,10 +176,9 @@ void CommandHistory::clear()
   checkNotRunning("clear");
   if (m_entries.empty())
     return;
-  const bool wasClean = isClean();
-  m_entries.clear();
+  m_cleanPosition = isClean() ? std::optional<std::size_t>(0) : std::nullopt;
   m_position = 0;
-  m_cleanPosition = wasClean ? std::optional<std::size_t>(0) : std::nullopt;
+  eraseBehind(0);
   m_listeners.tell();
 }
 
@@ -212,21 +225,23 @@ void CommandHistory::trimToLimit() noexcept
   if (m_entries.size() <= m_limit)
     return;
   const auto oldest = std::min(m_position, m_entries.size() - m_limit);
-  m_entries.erase(m_entries.begin(), m_entries.begin() + static_cast<std::ptrdiff_t>(oldest));
+  std::rotate(m_entries.begin(), m_entries.begin() + static_cast<std::ptrdiff_t>(oldest),
+              m_entries.end());
   m_position -= oldest;
   if (m_cleanPosition && *m_cleanPosition < oldest)
     m_cleanPosition.reset();
   else if (m_cleanPosition)
     *m_cleanPosition -= oldest;
+  releaseFrom(m_entries, m_entries.size() - oldest);
   if (m_entries.size() > m_limit)
     eraseBehind(m_limit);
 }
 
 void CommandHistory::eraseBehind(std::size_t position) noexcept
 {
-  m_entries.erase(m_entries.begin() + static_cast<std::ptrdiff_t>(position), m_entries.end());
   if (m_cleanPosition && *m_cleanPosition > position)
     m_cleanPosition.reset();
+  releaseFrom(m_entries, position);
 }
 
 void CommandHistory::checkNotRunning(const char* operation) const

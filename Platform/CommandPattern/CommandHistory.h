@@ -23,7 +23,8 @@ namespace Tarvik {
 ///
 /// An operation that throws because a command threw leaves the history as it was, with the one
 /// exception that jumpTo() states. A command must not operate the history that runs it
-/// (std::logic_error); a listener may. One thread at a time.
+/// (std::logic_error), nor the one that it is released by; a listener may, but must not destroy it.
+/// One thread at a time.
 class TKM_COMMANDPATTERN_API CommandHistory {
 public:
   /// Learns of every change of entries, position, clean mark or limit, after it has happened.
@@ -33,7 +34,7 @@ public:
   using Subscription = ChangeListeners::Subscription;
 
   /// No limit on the number of commands. Defined in the source file: MinGW's GCC exports no other.
-  static const std::size_t unlimited = std::numeric_limits<std::size_t>::max();
+  static const std::size_t unlimited = (std::numeric_limits<std::size_t>::max)();
 
   /// An empty history with the clean mark at its start.
   /// @param limit  the most commands that it keeps
