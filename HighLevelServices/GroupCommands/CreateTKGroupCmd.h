@@ -127,7 +127,7 @@ void CreateTKGroupCmd<T>::generateName()
 {
   SimpleNameSetProvider taken;
   for (const auto& group : m_groupsBefore)
-    taken.addName(group.getName());
+    static_cast<void>(taken.addName(group.getName())); // a platform may mark it [[nodiscard]]
 
   if (m_name.empty())
     m_name = Translator::translate("CreateTKGroupCmd", "Group", nullptr, -1);

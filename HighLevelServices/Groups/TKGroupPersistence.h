@@ -18,6 +18,8 @@
 /// A group's bytes: a block with the name, the id, a block with the members. What differs between
 /// the blocks differs on purpose, and so does that the id goes through the stream operators and the
 /// members through their class's entries: archives of other programs depend on it.
+///
+/// What the stream operators return is dropped aloud, since a platform may mark it [[nodiscard]].
 
 namespace Tarvik {
 
@@ -104,7 +106,7 @@ void saveMembers(PersistenceArchiver& archive, const std::vector<T>& members)
   const auto start = blockStart(archive);
   auto record = recordOf<T>();
   archive.mark_object_start(start, record.classHash);
-  archive << static_cast<unsigned int>(members.size());
+  static_cast<void>(archive << static_cast<unsigned int>(members.size()));
   for (const T& member : members) {
     record.object = objectPointer(member);
     record.save(archive, record);
@@ -118,7 +120,7 @@ inline void loadName(PersistenceArchiver& archive, NameInterface& named)
   unsigned int marker = 0;
   unsigned int classHash = 0;
   archive.read_to_address_header(address, marker);
-  archive >> classHash;
+  static_cast<void>(archive >> classHash);
 
   auto record = recordOf<NameInterface>();
   record.object = &named;
@@ -140,8 +142,8 @@ void loadMembers(PersistenceArchiver& archive, std::vector<T>& members)
   unsigned int classHash = 0;
   unsigned int count = 0;
   archive.read_to_address_header(address, marker);
-  archive >> classHash;
-  archive >> count;
+  static_cast<void>(archive >> classHash);
+  static_cast<void>(archive >> count);
   archive.check_container_size(count);
   members.resize(count);
 
@@ -268,7 +270,7 @@ void TKGroup<T>::save(PersistenceArchiver& archive, unsigned int /*version*/) co
   if (!GroupRegistration<T>::s_isParentRegisteredForSaving)
     throw ParentNotRegistered();
   GroupPersistence::saveName(archive, *this);
-  archive << m_id;
+  static_cast<void>(archive << m_id);
   GroupPersistence::saveMembers(archive, m_members);
 }
 
@@ -278,7 +280,7 @@ void TKGroup<T>::load(PersistenceArchiver& archive, unsigned int /*version*/)
   if (!GroupRegistration<T>::s_isParentRegisteredForLoading)
     throw ParentNotRegistered();
   GroupPersistence::loadName(archive, *this);
-  archive >> m_id;
+  static_cast<void>(archive >> m_id);
   GroupPersistence::loadMembers(archive, m_members);
 }
 

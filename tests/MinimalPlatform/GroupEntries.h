@@ -60,9 +60,9 @@ struct GroupBody {
     PersistenceArchiver archiver(archive);
     archiver.mark_object_start(4, nameClass);
     archive.write(name, name.size());
-    archiver << id;
+    static_cast<void>(archiver << id);
     archiver.mark_object_start(static_cast<unsigned int>(archive.position + 4), memberClass);
-    archiver << static_cast<unsigned int>(members.size());
+    static_cast<void>(archiver << static_cast<unsigned int>(members.size()));
     auto record = recordOf<T>();
     for (T member : members) {
       record.object = &member;

@@ -17,7 +17,7 @@ std::string uniqueName(const std::string& base, const std::vector<std::string>& 
 {
   SimpleNameSetProvider names;
   for (const auto& name : taken)
-    names.addName(name);
+    static_cast<void>(names.addName(name));
   return UniqueNameProvider::createUniqueName(base, names);
 }
 

@@ -11,7 +11,7 @@ namespace Tarvik {
 class SimpleNameSetProvider : public NameSetProvider {
 public:
   SimpleNameSetProvider() = default;
-  SimpleNameSetProvider& addName(const std::string& name)
+  [[nodiscard]] SimpleNameSetProvider& addName(const std::string& name)
   {
     m_names.insert(name);
     return *this;

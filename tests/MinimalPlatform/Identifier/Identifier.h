@@ -42,7 +42,8 @@ private:
   unsigned long long m_number;
 };
 
-PersistenceArchiver& operator<<(PersistenceArchiver& archive, const Identifier& identifier);
-PersistenceArchiver& operator>>(PersistenceArchiver& archive, Identifier& identifier);
+[[nodiscard]] PersistenceArchiver& operator<<(PersistenceArchiver& archive,
+                                              const Identifier& identifier);
+[[nodiscard]] PersistenceArchiver& operator>>(PersistenceArchiver& archive, Identifier& identifier);
 
 }

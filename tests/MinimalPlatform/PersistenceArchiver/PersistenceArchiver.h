@@ -32,8 +32,8 @@ public:
   void read_to_address_header(unsigned int& address, unsigned int& marker);
   void end_read_to_address(unsigned int marker);
   void check_container_size(unsigned int count);
-  PersistenceArchiver& operator<<(const unsigned int& value);
-  PersistenceArchiver& operator>>(unsigned int& value);
+  [[nodiscard]] PersistenceArchiver& operator<<(const unsigned int& value);
+  [[nodiscard]] PersistenceArchiver& operator>>(unsigned int& value);
   std::map<unsigned int, BaseClassRegister>& classTable();
 
 private:
