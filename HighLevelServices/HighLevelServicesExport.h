@@ -5,7 +5,6 @@
 /// What the library shows to others. Everything here is a template with its instantiations for
 /// `Identifier` and `GUIdentifier` in one source file, so the mark stands at the instantiations:
 ///
-/// - `TKM_HIGHLEVELSERVICES_CLASS` in front of the name of an ordinary class,
 /// - `TKM_HIGHLEVELSERVICES_DECLARE` in `extern template class ... X<Identifier>;` in a header,
 /// - `TKM_HIGHLEVELSERVICES_DEFINE` in `template class ... X<Identifier>;` in the source file.
 ///
@@ -15,19 +14,15 @@
 /// outside of the class body: MinGW's GCC exports no others.
 
 #if !defined(_WIN32)
-#define TKM_HIGHLEVELSERVICES_CLASS __attribute__((visibility("default")))
 #define TKM_HIGHLEVELSERVICES_DECLARE __attribute__((visibility("default")))
 #define TKM_HIGHLEVELSERVICES_DEFINE
 #elif !defined(TKMService_HighLevelServices_EXPORTS)
-#define TKM_HIGHLEVELSERVICES_CLASS __declspec(dllimport)
 #define TKM_HIGHLEVELSERVICES_DECLARE __declspec(dllimport)
 #define TKM_HIGHLEVELSERVICES_DEFINE
 #elif defined(_MSC_VER)
-#define TKM_HIGHLEVELSERVICES_CLASS __declspec(dllexport)
 #define TKM_HIGHLEVELSERVICES_DECLARE
 #define TKM_HIGHLEVELSERVICES_DEFINE __declspec(dllexport)
 #else
-#define TKM_HIGHLEVELSERVICES_CLASS __declspec(dllexport)
 #define TKM_HIGHLEVELSERVICES_DECLARE __declspec(dllexport)
 #define TKM_HIGHLEVELSERVICES_DEFINE
 #endif

@@ -11,7 +11,6 @@
 #include "Translator/Translator.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -21,9 +20,9 @@ namespace Tarvik {
 /// Puts elements into a group, at a given place or at its end, and takes each out of the first
 /// group that held it.
 ///
-/// Elements that the target group still holds then stay where they are in it. With an unknown
-/// target group the command does nothing, and undo() and redo() do nothing either. Call execute()
-/// once, then undo() and redo() in turn.
+/// Elements that the target group still holds then stay where they are in it; others that are given
+/// twice come in twice. With an unknown target group the command does nothing, and undo() and
+/// redo() do nothing either. Call execute() once, then undo() and redo() in turn.
 template <class T>
 class AddToTKGroupCmd : public CommandBase {
 public:
@@ -45,7 +44,10 @@ public:
   /// Sets the place of the elements; call it before execute().
   /// @param index  the member of the target group in front of which they go, counted from 0 in the
   ///               group as it is before execute(), members that are to be moved included; when
-  ///               negative (the default is -1) or behind the last member, the end
+  ///               negative (the default is -1) or behind the last member, the end. An element
+  ///               that an earlier group holds as well leaves that one instead; the place is then
+  ///               one further to the front. execute() counts it down: set it again before you
+  ///               execute the command once more
   void setInsertIndex(int index);
 
   void execute() override;

@@ -13,7 +13,6 @@
 #include <memory>
 #include <string>
 #include <utility>
-#include <vector>
 
 namespace Tarvik {
 

@@ -49,7 +49,8 @@ public:
   /// @param target        the element beside which they go
   /// @param elements      the elements, in the order in which they are to stand
   /// @param insertBefore  true: in front of the target; false: behind it
-  /// @return null when there is nothing to do
+  /// @return null when there is nothing to do. The command is undone and redone as part of a
+  ///         MoveTKGroupElementsCmd, which does not ask it whether it can be, nor for its speed.
   virtual std::shared_ptr<CommandBase>
   createMoveCommand(const T& target, const std::vector<T>& elements, bool insertBefore) = 0;
 

@@ -62,8 +62,8 @@ public:
   [[nodiscard]] Subscription subscribe(Listener listener);
 
   /// Tells all listeners, which may subscribe and unsubscribe meanwhile, and make changes of which
-  /// all are told in their turn, but must not destroy this list. When listeners throw, all others are
-  /// still told, and the first exception goes on.
+  /// all are told in their turn, but must not destroy this list. When listeners throw, all others
+  /// are still told, and the first exception goes on.
   void tell();
 
   /// Tells all listeners while another exception is under way, which is the one to be seen.

@@ -21,8 +21,8 @@ private:
   bool& m_flag;
 };
 
-/// Releases the entries from a position on. Each is out of the list before it is destroyed, since its
-/// destructor may lead to somebody who looks at the history.
+/// Releases the entries from a position on. Each is out of the list before it is destroyed, since
+/// its destructor may lead to somebody who looks at the history.
 void releaseFrom(std::vector<std::shared_ptr<CommandBase>>& entries, std::size_t position) noexcept
 {
   while (entries.size() > position) {

@@ -15,7 +15,8 @@ public:
 
   /// The base itself when it is free; otherwise the base, a blank and the lowest number from 2 up
   /// that makes a free name. A number at the end of a taken base is replaced rather than followed
-  /// by another: "Group 2" gives "Group 3", not "Group 2 2". Equal arguments give equal names.
+  /// by another, whatever it is: "Group 2" gives "Group 3" when there is a "Group 2" alone, not
+  /// "Group 2 2", and "Year 2024" gives "Year 2". Equal arguments give equal names.
   ///
   /// Asks `names` once for the base and once for each number tried.
   /// @param base   any text, the empty one included

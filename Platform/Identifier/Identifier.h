@@ -51,9 +51,12 @@ public:
   /// @param out  a BaseClassRegister, which is overwritten with the class's record
   static void serialization_register(void* out);
 
-  friend bool operator==(const Identifier& a, const Identifier& b) { return a.m_bits == b.m_bits; }
+  friend constexpr bool operator==(const Identifier& a, const Identifier& b)
+  {
+    return a.m_bits == b.m_bits;
+  }
   // NOLINTNEXTLINE(modernize-use-nullptr): of the code that the compiler writes
-  friend auto operator<=>(const Identifier& a, const Identifier& b) = default;
+  friend constexpr auto operator<=>(const Identifier& a, const Identifier& b) = default;
 
 private:
   IdentifierBits m_bits;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What only a program's own part knows passes through the libraries and back as what it is: errors by
-// their type, objects to their own destructor. All parts share one C++ runtime for that.
+// What only a program's own part knows passes through the libraries and back as what it is: errors
+// by their type, objects to their own destructor. All parts share one C++ runtime for that.
 
 #include "CommandPattern/CommandHistory.h"
 #include "HighLevelServices/GroupCommands/CreateTKGroupCmd.h"
@@ -38,9 +38,8 @@ public:
 class MoveOfTheHost : public CommandBase {
 public:
   explicit MoveOfTheHost(std::function<void()> destroyed)
-    : CommandBase("move"), m_destroyed(std::move(destroyed))
-  {
-  }
+      : CommandBase("move"), m_destroyed(std::move(destroyed))
+  {}
   MoveOfTheHost(const MoveOfTheHost&) = delete;
   MoveOfTheHost& operator=(const MoveOfTheHost&) = delete;
   ~MoveOfTheHost() override { m_destroyed(); }
@@ -81,7 +80,8 @@ TYPED_TEST(LibraryBoundary, DestroysACommandOfTheHostsWithTheLibrarysOwn)
     return std::make_shared<MoveOfTheHost>([&] { isDestroyed = true; });
   });
   CommandHistory history;
-  history.execute(std::make_shared<MoveTKGroupElementsCmd<TypeParam>>(host, std::vector{a}, t, true));
+  history.execute(
+      std::make_shared<MoveTKGroupElementsCmd<TypeParam>>(host, std::vector{a}, t, true));
   EXPECT_FALSE(isDestroyed);
 
   history.clear();
