@@ -8,9 +8,9 @@
 namespace Tarvik {
 
 /// For INSTANTIATE_TEST_SUITE_P: the test is run for each of the six libraries.
-inline constexpr const char* allLibraries[] = {
-    "CommandPattern", "GeneralServices", "HighLevelServices",
-    "Identifier",     "PersistenceArchiver", "Translator"};
+inline constexpr const char* allLibraries[] = {"CommandPattern",      "GeneralServices",
+                                               "HighLevelServices",   "Identifier",
+                                               "PersistenceArchiver", "Translator"};
 
 inline std::string libraryTestName(const ::testing::TestParamInfo<const char*>& test)
 {
