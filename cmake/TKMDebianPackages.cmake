@@ -64,6 +64,9 @@ that CMake and pkg-config look for, the documentation, and the views of
 groups and commands that gdb loads by itself.")
 set(CPACK_DEBIAN_TKMSERVICE_DEVELOPMENT_PACKAGE_DEPENDS "${runtime_package} (= ${PROJECT_VERSION})")
 tkm_install_docs("${CMAKE_INSTALL_DATADIR}/doc/libtkmservice-dev" ${docs})
+file(CREATE_LINK copyright "${PROJECT_BINARY_DIR}/packaging/LICENSE" SYMBOLIC) # for links to it
+install(FILES "${PROJECT_BINARY_DIR}/packaging/LICENSE"
+  DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/libtkmservice-dev" COMPONENT TKMService_Development)
 
 if(TKM_BUILD_HOST)
   list(APPEND CPACK_COMPONENTS_ALL TKMService_Program)

@@ -29,7 +29,7 @@ endfunction()
 
 file(GLOB docs RELATIVE "${PROJECT_SOURCE_DIR}" "${PROJECT_SOURCE_DIR}/docs/*.md")
 list(REMOVE_ITEM docs docs/reference.md) # the first page of the reference
-list(APPEND docs README.md PointCollections/README.md)
+list(APPEND docs README.md CHANGELOG.md PointCollections/README.md fuzz/README.md)
 set(examples PointCollections/samples/continents.pcs PointCollections/samples/time-zone-cities.csv)
 
 if(TKM_DEBIAN_LAYOUT)
