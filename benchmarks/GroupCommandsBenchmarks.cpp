@@ -304,6 +304,57 @@ struct SortByValue : Sort<T> {
   }
 };
 
+/// All members of the first group go to the last.
+template <class T>
+struct AddAll {
+  static auto make(const std::shared_ptr<BenchmarkHost<T>>& host)
+  {
+    const auto& groups = host->getGroups();
+    return AddToTKGroupCmd<T>(host, groups.front().getGroupMembers(), groups.back().getId());
+  }
+};
+
+/// All members of the first group go to a new one.
+template <class T>
+struct CreateOfAll {
+  static auto make(const std::shared_ptr<BenchmarkHost<T>>& host)
+  {
+    return CreateTKGroupCmd<T>(host, host->getGroups().front().getGroupMembers(), "Group");
+  }
+};
+
+/// All members of the first group go in front of one of the last.
+template <class T>
+struct MoveAll {
+  static auto make(const std::shared_ptr<BenchmarkHost<T>>& host)
+  {
+    return MoveTKGroupElementsCmd<T>(host, host->getGroups().front().getGroupMembers(),
+                                     host->lastMember(), true);
+  }
+};
+
+/// All members of the first group leave it.
+template <class T>
+struct RemoveAll {
+  static auto make(const std::shared_ptr<BenchmarkHost<T>>& host)
+  {
+    return RemoveFromTKGroupCmd<T>(host, host->getGroups().front().getGroupMembers());
+  }
+};
+
+/// Every other group goes.
+template <class T>
+struct RemoveHalfOfTheGroups {
+  static auto make(const std::shared_ptr<BenchmarkHost<T>>& host)
+  {
+    std::vector<Identifier> ids;
+    const auto& groups = host->getGroups();
+    for (std::size_t i = 0; i < groups.size(); i += 2)
+      ids.push_back(groups[i].getId());
+    return RemoveTKGroupsCmd<T>(host, ids);
+  }
+};
+
 template <class Case, class T>
 void execute(benchmark::State& state)
 {
@@ -336,7 +387,7 @@ template <class Case, class T, bool listsMembers = true>
 void bareExecute(benchmark::State& state)
 {
   const auto host = hostOf<T>(state);
-  if (!listsMembers)
+  if constexpr (!listsMembers)
     host->listNoMembers();
   for (auto _ : state)
     Case::bareExecute(*host);
@@ -395,6 +446,29 @@ void addCreations(const std::string& kind)
   addBenchmark("create empty/two bare copies/" + kind, bareExecute<CreateEmpty<T>, T>);
 }
 
+/// What takes more than its share of time when much is selected at once.
+template <class T>
+void addSelections(const std::string& kind)
+{
+  const std::vector<std::pair<std::string, Function>> selections = {
+      {"AddToTKGroupCmd", execute<AddAll<T>, T>},
+      {"CreateTKGroupCmd", execute<CreateOfAll<T>, T>},
+      {"MoveTKGroupElementsCmd", execute<MoveAll<T>, T>},
+      {"RemoveFromTKGroupCmd", execute<RemoveAll<T>, T>}};
+  for (const auto& [command, function] : selections)
+    benchmark::RegisterBenchmark(("all of/" + command + '/' + kind).c_str(), function)
+        ->Args({2, 100})
+        ->Args({2, 1000})
+        ->Args({2, 10000})
+        ->Unit(benchmark::kMillisecond);
+  benchmark::RegisterBenchmark(("half of the groups/" + kind).c_str(),
+                               execute<RemoveHalfOfTheGroups<T>, T>)
+      ->Args({100, 100})
+      ->Args({1000, 1000})
+      ->Args({10000, 10})
+      ->Unit(benchmark::kMillisecond);
+}
+
 template <class T>
 void addBenchmarks(const std::string& kind)
 {
@@ -407,6 +481,7 @@ void addBenchmarks(const std::string& kind)
   addCommand<Sort<T>, T>("SortTKGroupsAlphabeticallyCmd", kind);
   addGroupSorts<T>(kind);
   addCreations<T>(kind);
+  addSelections<T>(kind);
 }
 
 /// Without this, giving pages back to the system and getting them again hides everything else.

@@ -9,6 +9,9 @@ function(tkm_configure_target target)
     CXX_VISIBILITY_PRESET hidden
     VISIBILITY_INLINES_HIDDEN ON)
   target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:tkm_warnings>)
+  if(MSVC)
+    target_link_options(${target} PRIVATE /PDBALTPATH:%_PDB%) # or it names the folder it is built in
+  endif()
 endfunction()
 
 # tkm_add_library(<Name> BASE_DIR <dir> SOURCES <file>... HEADERS <file>... [DEPENDS <target>...]):
@@ -52,8 +55,9 @@ endfunction()
 add_library(tkm_warnings INTERFACE)
 if(MSVC)
   # 4251 and 4275: exported classes with members and bases of the standard library, whose code all
-  # parts of a program share
-  target_compile_options(tkm_warnings INTERFACE /W4 /permissive- /utf-8 /wd4251 /wd4275
+  # parts of a program share. 4702: unreachable code, which it also finds in templates whose arguments
+  # always throw
+  target_compile_options(tkm_warnings INTERFACE /W4 /permissive- /utf-8 /wd4251 /wd4275 /wd4702
     $<$<BOOL:${TKM_WARNINGS_AS_ERRORS}>:/WX>)
   # it warns of functions of the standard that it has others for, and windows.h has macros instead of
   # std::min and std::max

@@ -564,7 +564,7 @@ BaseClassRegister PersistenceArchiver::recordOf()
 template <class Element>
 constexpr std::size_t PersistenceArchiver::leastSizeOf()
 {
-  constexpr std::size_t word = 4;
+  [[maybe_unused]] constexpr std::size_t word = 4;
   if constexpr (ArchivedNumber<Element>)
     return sizeof(Element);
   else if constexpr (StreamedClass<Element>)

@@ -16,7 +16,7 @@ protected:
   static constexpr bool hasIds = std::is_same_v<T, Identifier>;
   static inline const std::string kind = hasIds ? "Identifier" : "GUIdentifier";
   static inline const std::string saveMember =
-      "save " + kind + " in version " + (hasIds ? "12" : "13");
+      hasIds ? "save Identifier in version 12" : "save GUIdentifier in version 13";
 };
 TYPED_TEST_SUITE(GroupSaving, ElementIdentifiers, KindName);
 

@@ -35,7 +35,7 @@ TEST(AtExit, TheTranslatorAndTheClassRegistryStillAnswer)
 {
   EXPECT_EXIT(
       {
-        static const LateUser late; // built before anything of the platform is used
+        static const LateUser late{}; // built before anything of the platform is used
         Translator::installCatalogue(
             [](auto...) { return std::optional<std::string>("translated"); });
         std::exit(0);

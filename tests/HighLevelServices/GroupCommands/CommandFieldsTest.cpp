@@ -26,13 +26,14 @@ struct Field {
   std::size_t alignment;
 };
 
-/// Reads a pointer to a member as the Itanium C++ ABI lays it out.
+/// Reads a pointer to a member, which is the offset in the Itanium C++ ABI and for Visual C++;
+/// there it has 32 bits, of a machine that has the lowest ones first.
 template <class Class, class Type>
 Field fieldOf(Type Class::*member)
 {
   std::size_t offset = 0;
-  static_assert(sizeof member == sizeof offset);
-  std::memcpy(&offset, &member, sizeof offset);
+  static_assert(sizeof member <= sizeof offset);
+  std::memcpy(&offset, &member, sizeof member);
   return {offset, sizeof(Type), alignof(Type)};
 }
 

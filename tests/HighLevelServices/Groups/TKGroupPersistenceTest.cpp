@@ -28,7 +28,7 @@ protected:
 
   /// All classes that a group's bytes name.
   static inline const std::vector<TableEntry> classes = {
-      {groupClassName<T>(), 500001}, {"NameInterface"}, {kind}};
+      {groupClassName<T>(), 500001}, {"NameInterface"}, {KindName::GetName<T>(0)}};
 
   static TKGroup<T> loadedAgain(const TKGroup<T>& group)
   {

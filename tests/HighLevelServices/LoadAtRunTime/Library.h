@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <filesystem>
 #include <stdexcept>
 #include <string>
 
@@ -39,9 +40,13 @@ public:
 private:
 #if defined(_WIN32)
   using Handle = HMODULE;
+  static std::wstring path(const std::string& file) // these functions want backslashes
+  {
+    return std::filesystem::path(file).make_preferred().wstring();
+  }
   static Handle load(const std::string& file)
   {
-    return LoadLibraryA(file.c_str());
+    return LoadLibraryW(path(file).c_str());
   }
   static void unload(Handle handle)
   {
@@ -81,7 +86,7 @@ private:
 inline bool Library::isLoaded(const std::string& file)
 {
 #if defined(_WIN32)
-  return GetModuleHandleA(file.c_str()) != nullptr;
+  return GetModuleHandleW(path(file).c_str()) != nullptr;
 #else
   void* const handle = dlopen(file.c_str(), RTLD_LAZY | RTLD_NOLOAD);
   if (handle != nullptr)

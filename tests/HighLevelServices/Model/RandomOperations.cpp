@@ -28,7 +28,13 @@ public:
 
   bool once(int in) { return below(in) == 0; }
 
-  std::string name() { return groupNames.at(static_cast<std::size_t>(below(groupNames.size()))); }
+  template <class Choices>
+  auto oneOf(const Choices& choices)
+  {
+    return choices[static_cast<std::size_t>(below(static_cast<int>(choices.size())))];
+  }
+
+  std::string name() { return oneOf(groupNames); }
 
   int group()
   {
@@ -100,7 +106,7 @@ private:
   {
     constexpr std::array listings{Listing::AsTheyAre, Listing::AsTheyAre, Listing::Without,
                                   Listing::With, Listing::Twice};
-    return listings.at(static_cast<std::size_t>(below(listings.size())));
+    return oneOf(listings);
   }
 
   std::mt19937_64 m_numbers;

@@ -53,7 +53,7 @@ template <class Each>
 Operations simpler(const Each& operation)
 {
   Operations result;
-  const auto offer = [&](auto change) {
+  [[maybe_unused]] const auto offer = [&](auto change) {
     auto copy = operation;
     change(copy);
     result.push_back(copy);

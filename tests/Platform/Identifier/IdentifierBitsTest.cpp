@@ -146,7 +146,7 @@ TEST(Bits, SpreadEvenlyOverHashesWhenTheyAreSequential)
 
 TEST(Bits, SpreadEvenlyOverHashesWhereverTheyDiffer)
 {
-  constexpr IdentifierBits start{0x919108f752d18320, 0x9bacf847db4148a8};
+  const IdentifierBits start{0x919108f752d18320, 0x9bacf847db4148a8};
   for (unsigned int shift = 0; shift <= 48; ++shift) {
     const auto inHigh = spreadOf([&](std::uint64_t i) {
       return IdentifierBits{start.high ^ i << shift, start.low};

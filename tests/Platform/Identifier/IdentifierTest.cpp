@@ -42,7 +42,7 @@ T withBits(std::uint64_t high, std::uint64_t low)
 template <class T>
 std::string textOf(std::string digits)
 {
-  if (std::is_same_v<T, GUIdentifier>)
+  if constexpr (std::is_same_v<T, GUIdentifier>)
     for (const std::size_t hyphen : {20U, 16U, 12U, 8U})
       digits.insert(hyphen, 1, '-');
   return digits;
@@ -173,7 +173,7 @@ TYPED_TEST(Ids, WorkInSetsOfBothKinds)
 
 TYPED_TEST(Ids, HaveTheHashOfTheirBits)
 {
-  const std::hash<TypeParam> hash;
+  const std::hash<TypeParam> hash{};
 
   EXPECT_EQ(hash(TypeParam(knownBits)), hash(TypeParam(knownBits)));
   EXPECT_EQ(hash(TypeParam(knownBits)), knownBits.hash());

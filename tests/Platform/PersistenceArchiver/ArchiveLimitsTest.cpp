@@ -121,6 +121,8 @@ TEST(ArchiveLimit, KeepsAnArchiveWithAGapFromBeingFinished)
 
 constexpr std::size_t greatestSize = 0xffffffff;
 
+#if !defined(_MSC_VER) // it takes no arrays of more than 2 GiB
+
 TEST(ArchiveLimit, IsWherePositionsOf32BitsEnd)
 {
   const UntouchedMemory memory;
@@ -130,6 +132,8 @@ TEST(ArchiveLimit, IsWherePositionsOf32BitsEnd)
             "archive, byte 20: expected an archive of at most 4294967295 bytes, found 4294967276 "
             "bytes more to write; save less in one archive");
 }
+
+#endif
 
 TEST(ArchiveLimit, HoldsForReadingToo)
 {
