@@ -16,6 +16,19 @@
 #include <vector>
 
 namespace Tarvik {
+
+/// An object with stream operators that cannot be written now.
+struct UnreadyStreamed {
+  friend PersistenceArchiver& operator<<(PersistenceArchiver&, const UnreadyStreamed&)
+  {
+    throw std::runtime_error("not ready");
+  }
+  friend PersistenceArchiver& operator>>(PersistenceArchiver& archive, UnreadyStreamed&)
+  {
+    return archive;
+  }
+};
+
 namespace {
 
 /// A class of the program that cannot be saved now.
@@ -31,17 +44,6 @@ struct Unready {
     *static_cast<BaseClassRegister*>(out) = *registerClass<Unready, load, save>("Test.Unready", 1);
   }
 };
-
-/// The same with stream operators.
-struct UnreadyStreamed {};
-PersistenceArchiver& operator<<(PersistenceArchiver&, const UnreadyStreamed&)
-{
-  throw std::runtime_error("not ready");
-}
-PersistenceArchiver& operator>>(PersistenceArchiver& archive, UnreadyStreamed&)
-{
-  return archive;
-}
 
 struct Failure {
   std::string name;
