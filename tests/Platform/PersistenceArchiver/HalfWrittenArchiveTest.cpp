@@ -11,6 +11,7 @@
 
 #include <functional>
 #include <memory>
+#include <ostream>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -49,6 +50,11 @@ struct Failure {
   std::string name;
   std::function<void(PersistenceArchiver&)> write;
 };
+
+void PrintTo(const Failure& failure, std::ostream* out)
+{
+  *out << failure.name;
+}
 
 class HalfWrittenArchive : public ::testing::TestWithParam<Failure> {};
 
