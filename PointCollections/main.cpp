@@ -3,6 +3,7 @@
 #include "PointCollections/Session/DocumentFile.h"
 #include "PointCollections/Session/Runner.h"
 #include "PointCollections/Terminal/Terminal.h"
+#include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
 #include "PointCollections/Text/Utf8.h"
 
@@ -13,6 +14,8 @@
 #include <cstdlib>
 #include <exception>
 #include <iostream>
+#include <optional>
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -24,7 +27,7 @@ enum ExitStatus : int { Succeeded = 0, CommandFailed = 1, BadInput = 2 };
 
 struct Settings {
   std::string file;
-  std::string script;
+  std::optional<std::string> script;
   std::vector<std::string> commands;
   bool isQuiet = false;
   bool isPlain = false;
@@ -65,8 +68,9 @@ std::string welcome(const Session& session)
   return fmt::format("Opened {}.", documentInWords(session));
 }
 
-bool runOnTerminal(Session& session, Transcript& transcript)
+void runOnTerminal(Session& session, Transcript& transcript)
 {
+  ignoreInterrupts(); // one that comes while a command runs must not lose all work
   auto reader = isOutputTerminal()
                     ? makeEditingReader([&](auto line) { return complete(session, line); })
                     : nullptr;
@@ -74,42 +78,49 @@ bool runOnTerminal(Session& session, Transcript& transcript)
     reader = makePlainReader(std::cin, std::cout);
   transcript.result(welcome(session) + " Type help for the verbs, quit to leave.");
   runInteractively(session, transcript, *reader);
-  return true;
 }
 
 bool runBatch(Session& session, const Settings& settings, Transcript& transcript)
 {
   std::ifstream script;
-  if (!settings.script.empty())
-    script = openText(Utf8::toPath(settings.script));
+  if (settings.script)
+    script = openText(Utf8::toPath(*settings.script));
   if (!settings.isQuiet)
     transcript.result(welcome(session));
-  const bool readsInput = settings.script.empty() && settings.commands.empty();
+  const bool readsInput = !settings.script && settings.commands.empty();
   const bool isFine = readsInput ? runScript(session, transcript, std::cin, "<stdin>")
                                  : runCommands(session, transcript, settings.commands) &&
-                                       (settings.script.empty() ||
-                                        runScript(session, transcript, script, settings.script));
+                                       (!settings.script ||
+                                        runScript(session, transcript, script, *settings.script));
   tellOfUnsaved(session, transcript);
   return isFine;
 }
 
+/// Whether all that was printed has been taken.
+void requireOutput()
+{
+  std::cout.flush();
+  if (!std::cout)
+    throw std::runtime_error("standard output cannot be written");
+}
+
 ExitStatus run(const Settings& settings)
 {
-  const bool isInteractive =
-      settings.script.empty() && settings.commands.empty() && isInputTerminal();
+  const bool isInteractive = !settings.script && settings.commands.empty() && isInputTerminal();
   const bool hasColor = !settings.isPlain && std::getenv("NO_COLOR") == nullptr &&
                         isOutputTerminal() && isErrorTerminal();
   const auto detail = isInteractive || settings.isQuiet ? Transcript::Detail::ResultsOnly
                                                         : Transcript::Detail::Full;
   Session session = {PointDocument::create(), "", Style{hasColor}};
-  openDocument(session, Utf8::toPath(settings.file));
+  adopt(session, readDocument(*session.files, Utf8::toPath(settings.file)));
   Transcript transcript(std::cout, std::cerr, detail, session.style);
 
-  const bool isFine =
-      isInteractive ? runOnTerminal(session, transcript) : runBatch(session, settings, transcript);
-  std::cout.flush();
-  if (!transcript.isComplete())
-    throw std::runtime_error("standard output cannot be written");
+  bool isFine = true; // whatever a person does
+  if (isInteractive)
+    runOnTerminal(session, transcript);
+  else
+    isFine = runBatch(session, settings, transcript);
+  requireOutput();
   return isFine ? Succeeded : CommandFailed;
 }
 
@@ -121,8 +132,14 @@ int runProgram(std::vector<std::string> arguments)
   try {
     std::reverse(arguments.begin(), arguments.end()); // as CLI11 takes them
     app.parse(std::move(arguments));
+  } catch (const CLI::Success& helpOrVersion) {
+    app.exit(helpOrVersion);
+    requireOutput();
+    return Succeeded;
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? Succeeded : BadInput;
+    std::cerr << "point-collections: " << printable(error.what())
+              << "\nRun with --help for more information." << std::endl;
+    return BadInput;
   }
   return run(settings);
 }

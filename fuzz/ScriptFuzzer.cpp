@@ -43,7 +43,7 @@ public:
   explicit Run(const std::string& script) : m_script(script)
   {
     m_session.files = makeFiles();
-    openDocument(m_session, "points.csv");
+    adopt(m_session, readDocument(*m_session.files, "points.csv"));
     if (script.starts_with("## asked")) // a person answers with the lines that follow
       m_session.ask = [this](const std::string&) { return nextLine(); };
     start();

@@ -48,7 +48,11 @@ std::uintmax_t sizeToRead(const fs::path& file)
 
 class DiskFiles : public Files {
 public:
-  std::string readText(const fs::path& file) override { return PointCollections::readText(file); }
+  std::string readText(const fs::path& file) override
+  {
+    sizeToRead(file); // what has no end must not be waited for
+    return PointCollections::readText(file);
+  }
 
   std::vector<std::byte> readBytes(const fs::path& file) override
   {

@@ -17,7 +17,7 @@ namespace {
 
 std::string shown(const std::filesystem::path& path)
 {
-  return printable(Utf8::fromPath(path));
+  return path.empty() ? "\"\"" : printable(Utf8::fromPath(path));
 }
 
 [[noreturn]] void refuseNul(const std::filesystem::path& path, std::string_view text)

@@ -171,6 +171,10 @@ Completion completedWith(const Names& matches, const UnfinishedLine& line, Form 
   for (const auto& match : matches)
     result.candidates.push_back(areNames ? asTyped(match) : match);
   const auto common = commonStart(matches);
+  if (common.size() < line.last.text.size()) { // they match but for the case, each in its own way
+    result.from = line.size;
+    return result;
+  }
   if (matches.size() == 1 && !(form == Form::Path && common.ends_with('/')))
     result.text = result.candidates.front() + ' ';
   else if (!common.empty())

@@ -5,12 +5,14 @@
 #include "PointCollections/Project/ProjectFile.h"
 #include "PointCollections/Session/Interpreter.h"
 #include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/UserError.h"
 #include "PointCollections/Text/Utf8.h"
 #include "PointCollections/Text/Words.h"
 
 #include <fmt/format.h>
 
 #include <functional>
+#include <new>
 #include <numeric>
 #include <span>
 #include <string_view>
@@ -19,24 +21,9 @@
 namespace Tarvik::PointCollections {
 namespace {
 
-struct Opened {
-  std::shared_ptr<PointDocument> document;
-  std::filesystem::path projectFile;
-  std::size_t projectContent;
-};
-
 std::size_t hashOf(std::span<const std::byte> bytes)
 {
   return std::hash<std::string_view>()({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
-}
-
-Opened opened(const std::filesystem::path& file, Files& files)
-{
-  const auto name = printable(Utf8::fromPath(file));
-  if (!isProjectName(file))
-    return {PointDocument::create(parsePoints(files.readText(file), name)), {}, 0};
-  const auto bytes = files.readBytes(file);
-  return {loadProject(bytes, name), file, hashOf(bytes)};
 }
 
 std::size_t countPoints(const PointDocument& document)
@@ -47,7 +34,7 @@ std::size_t countPoints(const PointDocument& document)
   });
 }
 
-/// The first word of an answer; empty when it makes no sense at all.
+/// The first word of an answer; empty when there is none.
 std::string firstWord(const std::string& answer)
 {
   const auto start = answer.find_first_not_of(" \t");
@@ -58,15 +45,26 @@ std::string firstWord(const std::string& answer)
 
 }
 
-void openDocument(Session& session, const std::filesystem::path& file)
+OpenedDocument readDocument(Files& files, const std::filesystem::path& file)
 {
-  auto [document, projectFile, projectContent] = opened(file, *session.files);
-  auto title = Utf8::fromPath(file.filename());
+  const auto name = printable(Utf8::fromPath(file));
+  try {
+    auto title = Utf8::fromPath(file.filename());
+    if (!isProjectName(file))
+      return {PointDocument::create(parsePoints(files.readText(file), name)), std::move(title), {}};
+    const auto bytes = files.readBytes(file);
+    return {loadProject(bytes, name), std::move(title), file, hashOf(bytes)};
+  } catch (const std::bad_alloc&) {
+    throw UserError(fmt::format("{}: there is not enough memory for what is in this file", name));
+  }
+}
 
-  session.document = std::move(document);
-  session.title = std::move(title);
-  session.projectFile = std::move(projectFile);
-  session.projectContent = projectContent;
+void adopt(Session& session, OpenedDocument opened)
+{
+  session.document = std::move(opened.document);
+  session.title = std::move(opened.title);
+  session.projectFile = std::move(opened.projectFile);
+  session.projectContent = opened.projectContent;
   session.history.clear();
   session.history.markClean();
 }

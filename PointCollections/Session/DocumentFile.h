@@ -9,10 +9,21 @@
 /// How a session's document comes from a file and goes into one.
 namespace Tarvik::PointCollections {
 
-/// Makes the document in a file the session's: that of a project when the name ends in .tkpc, the
-/// points of a text otherwise. The history is forgotten. The file is read and checked before.
-/// @throws UserError when it is no good; the session is as it was then
-void openDocument(Session& session, const std::filesystem::path& file);
+/// A document that was read from a file.
+struct OpenedDocument {
+  std::shared_ptr<PointDocument> document;
+  std::string title;
+  std::filesystem::path projectFile; ///< empty when it comes from a text
+  std::size_t projectContent = 0;    ///< hash of the project's bytes
+};
+
+/// Reads and checks the document in a file: that of a project when the name ends in .tkpc, the
+/// points of a text otherwise.
+/// @throws UserError when it is no good
+OpenedDocument readDocument(Files& files, const std::filesystem::path& file);
+
+/// Makes the document the session's, and forgets the history.
+void adopt(Session& session, OpenedDocument opened);
 
 /// Saves the session's document as a project, which becomes the session's own file.
 /// @throws UserError when that fails; the session and what is in the file are as they were then

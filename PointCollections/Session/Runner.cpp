@@ -128,6 +128,8 @@ void runInteractively(Session& session, Transcript& transcript, LineReader& read
     };
     succeeds(transcript, "error", runNext);
   }
+  if (!session.isOver)
+    tellOfUnsaved(session, transcript);
 }
 
 void tellOfUnsaved(const Session& session, Transcript& transcript)

@@ -23,10 +23,12 @@ struct Session {
   std::shared_ptr<PointDocument> document; ///< never null
   std::string title;                       ///< what the document is called, usually its file name
   Style style = {};
-  CommandHistory history = CommandHistory(); ///< every change of the document goes through it
-  bool isOver = false;                       ///< set to leave the program
-  std::filesystem::path projectFile = {};    ///< where save goes; empty while there is none
-  std::size_t projectContent = 0;            ///< hash of what was read from or written to that file
+  CommandHistory history =
+      CommandHistory(1000);               ///< every change of the document goes through it;
+                                          ///< commands keep the groups, and memory has an end
+  bool isOver = false;                    ///< set to leave the program
+  std::filesystem::path projectFile = {}; ///< where save goes; empty while there is none
+  std::size_t projectContent = 0;         ///< hash of what was read from or written to that file
   std::shared_ptr<Files> files = diskFiles(); ///< never null
   Question ask = {};                          ///< empty where nobody can be asked, as in a script
 };

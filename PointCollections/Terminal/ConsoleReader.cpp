@@ -63,7 +63,6 @@ private:
 // NOLINTNEXTLINE(performance-unnecessary-value-param): other readers keep it
 std::unique_ptr<LineReader> makeEditingReader(Completer)
 {
-  SetConsoleCtrlHandler(nullptr, TRUE); // Ctrl-C must not lose all work
   return std::make_unique<ConsoleReader>(GetStdHandle(STD_INPUT_HANDLE));
 }
 

@@ -12,8 +12,8 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <clocale>
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -89,7 +89,11 @@ public:
     m_prompt = promptText;
     el_set(m_line.get(), EL_PREP_TERM, 1); // before the prompt invites the user to type
     int length = 0;
-    const char* text = el_gets(m_line.get(), &length);
+    const char* text = nullptr;
+    do {
+      errno = 0;
+      text = el_gets(m_line.get(), &length);
+    } while (text == nullptr && length < 0 && errno == EINTR); // a signal is no end of the input
     if (text == nullptr || length <= 0)
       return std::nullopt;
     std::string line(text, static_cast<std::size_t>(length));
@@ -177,7 +181,6 @@ std::unique_ptr<LineReader> makeEditingReader(Completer completer)
   if (terminal == nullptr || std::strcmp(terminal, "dumb") == 0)
     return nullptr;
   useUtf8();
-  std::signal(SIGINT, SIG_IGN); // one that comes while a command runs must not lose all work
   auto reader = std::make_unique<LibeditReader>(std::move(completer));
   return reader->isUsable() ? std::move(reader) : nullptr;
 }

@@ -21,7 +21,8 @@ public:
   LineReader& operator=(const LineReader&) = delete;
   virtual ~LineReader() = default;
 
-  /// The line that the user types, without its line end; nothing at the end of the input.
+  /// The line that the user types, without its line end; nothing at the end of the input, behind
+  /// which a terminal goes on.
   /// @throws UserError when the line cannot be taken
   virtual std::optional<std::string> readLine(const std::string& prompt) = 0;
 };

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <csignal>
 
 namespace Tarvik::PointCollections {
 
@@ -22,7 +23,15 @@ bool isErrorTerminal()
   return isatty(STDERR_FILENO) != 0;
 }
 
-void prepareTerminal() {}
+void prepareTerminal()
+{
+  std::signal(SIGPIPE, SIG_IGN); // or nothing would be said of changes that are not saved
+}
+
+void ignoreInterrupts()
+{
+  std::signal(SIGINT, SIG_IGN);
+}
 
 std::vector<std::string> programArguments(int argc, char** argv)
 {

@@ -17,8 +17,12 @@ bool isOutputTerminal();
 bool isErrorTerminal();
 
 /// Makes the terminal take and show UTF-8 and colours where that is not so anyway, and the standard
-/// streams pass on bytes as they are. To be called before anything is read or written.
+/// streams pass on bytes as they are. A reader of the output that goes away does not end the
+/// program. To be called before anything is read or written.
 void prepareTerminal();
+
+/// Lets Ctrl-C, which would end the program, at most drop the line that is being typed.
+void ignoreInterrupts();
 
 /// The arguments behind the program's name, in UTF-8 where the system knows their encoding.
 /// @param argc, argv  those of main()

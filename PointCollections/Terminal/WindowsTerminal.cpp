@@ -72,6 +72,11 @@ void prepareTerminal()
   enableColors(STD_ERROR_HANDLE);
 }
 
+void ignoreInterrupts()
+{
+  SetConsoleCtrlHandler(nullptr, TRUE);
+}
+
 /// Those of main() lack the characters that the system's old encoding does not have, and MinGW
 /// replaces stars in them by the names of files.
 std::vector<std::string> programArguments(int, char**)

@@ -152,6 +152,7 @@ UnfinishedLine splitUnfinished(std::string_view line)
   Scanner scanner(line);
   UnfinishedLine result;
   result.lastAt = line.size();
+  result.size = line.size();
   while (scanner.findWord()) {
     const std::size_t start = scanner.position();
     auto word = scanner.readWord();

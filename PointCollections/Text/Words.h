@@ -33,6 +33,7 @@ struct UnfinishedLine {
   std::vector<Word> words; ///< those in front of the last
   Word last;               ///< what is being typed; empty behind a blank
   std::size_t lastAt = 0;  ///< the byte at which the last word starts, quote included
+  std::size_t size = 0;    ///< of the whole line, in bytes
 };
 
 /// Splits a line that is not complete yet: the last word's quote may be open.

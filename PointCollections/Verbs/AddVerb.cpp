@@ -57,6 +57,25 @@ int insertIndex(PointDocument& document,
   return atTheEnd;
 }
 
+/// Whether the elements stand in front of that place of the group, or from it on, already.
+bool areInPlace(PointDocument& document,
+                const TKGroup<GUIdentifier>& group,
+                const std::vector<GUIdentifier>& elements,
+                int index)
+{
+  if (!std::all_of(elements.begin(), elements.end(),
+                   [&](const auto& id) { return document.holderOf(id) == &group; }))
+    return false;
+  const auto& members = group.getGroupMembers();
+  const auto place = index == atTheEnd ? members.size() : static_cast<std::size_t>(index);
+  const auto standFrom = [&](std::size_t start) {
+    return std::equal(elements.begin(), elements.end(),
+                      members.begin() + static_cast<std::ptrdiff_t>(start));
+  };
+  return (place >= elements.size() && standFrom(place - elements.size())) ||
+         (place + elements.size() <= members.size() && standFrom(place));
+}
+
 std::string add(Session& session, const Arguments& arguments)
 {
   auto& document = *session.document;
@@ -66,6 +85,8 @@ std::string add(Session& session, const Arguments& arguments)
   const int index = insertIndex(document, group, arguments);
   if (elements.empty())
     return fmt::format("Nothing to add; {} stays as it is.", name);
+  if (areInPlace(document, group, elements, index))
+    return "Nothing to add; this is the order already.";
 
   const auto movement = movementInWords(document, elements, &group);
   auto command =

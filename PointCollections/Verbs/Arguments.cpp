@@ -29,7 +29,8 @@ const Option& findOption(const Verb& verb, const Word& word)
   for (const Option& option : verb.options)
     names.push_back(option.name);
   const auto nearest = nearestName(word.text, names);
-  throw UserError(fmt::format("{} has no option {}; {}", verb.name, abbreviated(word.text, 60),
+  throw UserError(fmt::format("{} has no option {}; {}", verb.name,
+                              printable(abbreviated(word.text, 60)),
                               nearest ? "did you mean " + *nearest + '?' : "usage: " + verb.usage));
 }
 

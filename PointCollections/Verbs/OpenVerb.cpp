@@ -7,12 +7,17 @@
 
 #include <fmt/format.h>
 
+#include <utility>
+
 namespace Tarvik::PointCollections {
 namespace {
 
 std::string open(Session& session, const Arguments& arguments)
 {
-  const auto farewell = arguments.has("--discard") ? Farewell::Granted : askForFarewell(session);
+  const auto file = Utf8::toPath(arguments.at(0).text);
+  auto opened = readDocument(*session.files, file); // for a file that is no good nobody is asked
+  const bool isToAsk = !arguments.has("--discard") && !session.history.isClean();
+  const auto farewell = isToAsk ? askForFarewell(session) : Farewell::Granted;
   if (farewell == Farewell::Unanswered)
     throw UserError(fmt::format("{} has changes that are not saved; save them first, or add "
                                 "--discard to lose them",
@@ -20,7 +25,9 @@ std::string open(Session& session, const Arguments& arguments)
   if (farewell == Farewell::Refused)
     return fmt::format("Nothing opened; {} stays.", mentioned(session.title));
 
-  openDocument(session, Utf8::toPath(arguments.at(0).text));
+  if (isToAsk)
+    opened = readDocument(*session.files, file); // the changes may have been saved in it
+  adopt(session, std::move(opened));
   return fmt::format("Opened {}.", documentInWords(session));
 }
 

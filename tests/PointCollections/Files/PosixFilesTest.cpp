@@ -180,8 +180,9 @@ TEST_F(PosixFiles, AreNotPutInThePlaceOfSomethingElse)
 TEST_F(PosixFiles, AreNotReadFromADevice)
 {
   for (const char* const device : {"/dev/zero", "/dev/null"})
-    EXPECT_THAT(mistakeIn([&] { m_files->readBytes(device); }),
-                HasSubstr("this is a device or the like; expected a file"));
+    for (const auto& mistake : {mistakeIn([&] { m_files->readBytes(device); }),
+                                mistakeIn([&] { m_files->readText(device); })})
+      EXPECT_THAT(mistake, HasSubstr("this is a device or the like; expected a file"));
 }
 
 TEST_F(PosixFiles, AreNotReadWhenNoArchiveIsThatLarge)

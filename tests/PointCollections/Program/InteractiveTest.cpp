@@ -26,13 +26,14 @@ constexpr auto controlD = "\x04";
 /// The program on a terminal, with a person who types.
 class Terminal {
 public:
-  explicit Terminal(const std::string& points)
+  /// @param kind  what the terminal can do, as TERM tells it
+  explicit Terminal(const std::string& points, const char* kind = "vt100")
   {
     winsize size = {24, 200, 0, 0};
     m_child = forkpty(&m_terminal, nullptr, nullptr, &size);
     if (m_child != 0)
       return;
-    setenv("TERM", "vt100", 1);
+    setenv("TERM", kind, 1);
     setenv("LC_ALL", "C.UTF-8", 1);
     execl(POINT_COLLECTIONS_PROGRAM, "point-collections", "--no-color", points.c_str(), nullptr);
     _exit(127);
@@ -75,6 +76,9 @@ public:
     m_child = -1;
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
   }
+
+  /// Sends the program a signal.
+  void send(int signal) const { kill(m_child, signal); }
 
 private:
   void typeAndExpect(const std::string& keys, const std::string& text, const std::string& prompt)
@@ -121,14 +125,24 @@ private:
 
 class Person : public ::testing::Test {
 protected:
-  Person() { m_terminal.typeAndExpect("", "> "); }
+  explicit Person(const char* kind = "vt100") : m_terminal(m_points, kind)
+  {
+    m_terminal.typeAndExpect("", "> ");
+  }
 
   TemporaryFolder m_folder;
-  Terminal m_terminal{m_folder
-                          .write("points.csv",
-                                 "collection,x,y,z\nParis,1,2,3\nPrague,1,2,3\n"
-                                 "New York,4,5,6\nZürich,7,8,9\n")
-                          .string()};
+  std::string m_points = m_folder
+                             .write("points.csv",
+                                    "collection,x,y,z\nParis,1,2,3\nPrague,1,2,3\n"
+                                    "New York,4,5,6\nZürich,7,8,9\n")
+                             .string();
+  Terminal m_terminal;
+};
+
+/// On a terminal that cannot move its cursor.
+class PersonWithoutEditing : public Person {
+protected:
+  PersonWithoutEditing() : Person("dumb") {}
 };
 
 TEST_F(Person, IsToldHowToGetHelp)
@@ -199,6 +213,32 @@ TEST_F(Person, IsAskedBeforeChangesAreLostByControlD)
   m_terminal.typeAndExpect("cancel\r", "");
   m_terminal.typeAndBeAsked(controlD, "points.csv has changes that are not saved.");
   EXPECT_EQ(m_terminal.typeAndLeave(controlD), 0);
+}
+
+TEST_F(Person, GoesOnAfterASignal)
+{
+  m_terminal.typeAndExpect("create G\r", "Created G with 0 elements.");
+  for (int i = 0; i < 3; ++i) {
+    m_terminal.send(SIGINT);
+    m_terminal.typeAndExpect("show G\r", "G (0)");
+  }
+  m_terminal.typeAndBeAsked("quit\r", "points.csv has changes that are not saved.");
+  EXPECT_EQ(m_terminal.typeAndLeave("discard\r"), 0);
+}
+
+TEST_F(PersonWithoutEditing, IsAskedBeforeChangesAreLostByControlD)
+{
+  m_terminal.typeAndExpect("create G\r", "Created G with 0 elements.");
+  m_terminal.typeAndBeAsked(controlD, "points.csv has changes that are not saved.");
+  m_terminal.typeAndExpect("cancel\r", "");
+  m_terminal.typeAndBeAsked(controlD, "points.csv has changes that are not saved.");
+  EXPECT_EQ(m_terminal.typeAndLeave("discard\r"), 0);
+}
+
+TEST_F(PersonWithoutEditing, LosesNothingByControlC)
+{
+  m_terminal.typeAndExpect("create G\r", "Created G with 0 elements.");
+  m_terminal.typeAndExpect(std::string(controlC) + "show G\r", "G (0)");
 }
 
 TEST_F(Person, SavesWhenAsked)

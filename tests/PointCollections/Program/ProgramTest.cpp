@@ -198,7 +198,8 @@ TEST_F(Program, SaysSoWhenAScriptDoesNotSaveAndFailsForThatNotAtAll)
 
 TEST_F(Program, StopsAScriptThatWouldLoseChanges)
 {
-  const auto outcome = run({m_points, "--quiet"}, "create G a\nopen none.csv\n");
+  const auto outcome =
+      run({m_points, "--quiet"}, "create G a\nopen \"" + typed("points.csv") + "\"\n");
 
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.errors, "<stdin>:2: points.csv has changes that are not saved; save them "
@@ -260,7 +261,9 @@ TEST_F(Program, RefusesArgumentsItDoesNotHave)
   EXPECT_EQ(run({m_points, "--nonsense"}).status, 2);
   EXPECT_EQ(run({m_points, "more"}).status, 2);
   EXPECT_EQ(run({m_points, "--script"}).status, 2);
+  EXPECT_EQ(run({m_points, "--script", ""}).status, 2);
   EXPECT_THAT(run({m_points, "--nonsense"}).errors, HasSubstr("--nonsense"));
+  EXPECT_EQ(run({m_points, "\x1B[31mred"}).errors.find('\x1B'), std::string::npos);
 }
 
 TEST_F(Program, ExplainsItself)

@@ -187,6 +187,16 @@ TEST_F(CompletionOf, NothingInALineThatIsWrong)
     EXPECT_EQ(completed(line), line);
 }
 
+TEST_F(CompletionOf, KeepsWhatIsTypedWhenNamesMatchButForTheCase)
+{
+  run(m_session, {"create eUROPA"});
+
+  EXPECT_EQ(completed("add EU"), "add EU");
+  EXPECT_EQ(completed("add \"EU"), "add \"EU");
+  EXPECT_THAT(candidates("add EU"), ElementsAre("Europe", "eUROPA"));
+  EXPECT_EQ(completed("create A PAR"), "create A Par");
+}
+
 TEST_F(CompletionOf, KeepsAnOpenQuoteWhenNamesHaveNothingInCommon)
 {
   EXPECT_EQ(completed("add Europe \""), "add Europe \"");

@@ -40,7 +40,6 @@ TEST_F(Add, PutsElementsInFrontOfAMember)
 {
   EXPECT_EQ(groupsAfter("add G f e --before b"), "G(a f e b c) H(d)");
   EXPECT_EQ(groupsAfter("add G a --before c"), "G(b a c) H(d)");
-  EXPECT_EQ(groupsAfter("add G c --before c"), "G(a b c) H(d)");
 }
 
 TEST_F(Add, MovesMembersWithinTheGroup)
@@ -55,7 +54,18 @@ TEST_F(Add, AddsNothingWhenThereIsNothingToAdd)
   const auto entries = m_session.history.entries().size();
 
   EXPECT_EQ(run(m_session, {"add G"}), "Nothing to add; G stays as it is.");
+  for (const auto* line : {"add G c", "add G a b c", "add G b c --end", "add G a b --at 1",
+                           "add G a b --at 3", "add G a --before b", "add G c --before c"})
+    EXPECT_EQ(run(m_session, {line}), "Nothing to add; this is the order already.") << line;
+  EXPECT_EQ(groupsOf(m_session), "G(a b c) H(d)");
   EXPECT_EQ(m_session.history.entries().size(), entries);
+}
+
+TEST_F(Add, IsAChangeWhereOnlySomethingOfItIsAsItWas)
+{
+  EXPECT_EQ(groupsAfter("add G b a"), "G(c b a) H(d)");
+  EXPECT_EQ(groupsAfter("add G a c --at 1"), "G(a c b) H(d)");
+  EXPECT_EQ(groupsAfter("add G c d"), "G(a b c d) H()");
 }
 
 TEST_F(Add, TakesAGroupByItsPlace)

@@ -141,6 +141,29 @@ TEST_F(Open, SavesChangesWhenThePersonSaysSo)
   EXPECT_EQ(groupsOf(m_session), "G(b) H()");
 }
 
+TEST_F(Open, FindsWhatWasSavedWhenThePersonSavesInTheFileThatIsToBeOpened)
+{
+  Questions questions(m_session, {"save"});
+  run(m_session, {"create H", "open p.tkpc"});
+
+  EXPECT_EQ(groupsOf(m_session), "G(b) H()");
+  run(m_session, {"create I", "save"});
+  EXPECT_EQ(run(m_session, {"open p.tkpc"}),
+            "Opened p.tkpc: 2 elements with 2 points in 3 groups.");
+}
+
+TEST_F(Open, AsksNobodyForAFileThatIsNoGood)
+{
+  Questions questions(m_session, {"save other.tkpc"});
+  run(m_session, {"create H"});
+
+  for (const auto* file : {"bad.csv", "bad.tkpc", "none.csv"})
+    EXPECT_THAT(mistakeThatChangesNothing(std::string("open ") + file), StartsWith(file));
+
+  EXPECT_THAT(questions.asked, ElementsAre());
+  EXPECT_FALSE(m_session.history.isClean());
+}
+
 TEST_F(Open, AsksOnlyWhenThereAreChanges)
 {
   Questions questions(m_session, {});
