@@ -4,6 +4,9 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#if defined(__linux__)
+#include <sys/xattr.h>
+#endif
 
 #include <algorithm>
 #include <cerrno>
@@ -12,6 +15,7 @@
 #include <optional>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 namespace Tarvik::PointCollections {
 namespace {
@@ -57,14 +61,36 @@ int create(const char* path, mode_t mode)
   return file;
 }
 
-/// Whoever may not give the file to its old group must not let his own read it instead: that group
-/// may do what all others may.
-void takeRights(int file, const struct stat& model)
+/// Takes over the list of those who have rights of their own, in place of one that the folder gave.
+/// @return false when there is one that cannot be taken over
+bool takeAccessList(int file, const char* model)
 {
+#if defined(__linux__)
+  constexpr auto name = "system.posix_acl_access";
+  static_cast<void>(fremovexattr(file, name));
+  const auto size = getxattr(model, name, nullptr, 0);
+  if (size <= 0)
+    return size == 0 || errno == ENODATA || errno == ENOTSUP;
+  std::vector<char> list(static_cast<std::size_t>(size));
+  return getxattr(model, name, list.data(), list.size()) == size &&
+         fsetxattr(file, name, list.data(), list.size(), 0) == 0;
+#else
+  return true;
+#endif
+}
+
+/// Whoever may not give the file to its old group must not let his own read it instead: that group
+/// may do what all others may. With a list of rights, those of the group in the mode are only the
+/// most that any on the list has.
+void takeRights(int file, const char* path, const struct stat& model)
+{
+  constexpr mode_t groupRights = S_IRWXG;
   mode_t mode = model.st_mode & (S_IRWXU | S_IRWXG | S_IRWXO);
   if (fchown(file, model.st_uid, model.st_gid) != 0 &&
       fchown(file, static_cast<uid_t>(-1), model.st_gid) != 0)
-    mode = (mode & ~static_cast<mode_t>(S_IRWXG)) | (mode & S_IRWXO) << 3U;
+    mode = (mode & ~groupRights) | (mode & S_IRWXO) << 3U;
+  if (!takeAccessList(file, path))
+    mode &= ~groupRights;
   static_cast<void>(fchmod(file, mode)); // where that is not possible, the owner alone has rights
 }
 
@@ -93,7 +119,7 @@ NewFile::NewFile(std::filesystem::path path, const std::filesystem::path& model)
   const auto known = writableFile(model.c_str());
   m_handle = create(m_path.c_str(), known ? ownerOnly : usual);
   if (known)
-    takeRights(static_cast<int>(m_handle), *known);
+    takeRights(static_cast<int>(m_handle), model.c_str(), *known);
 }
 
 NewFile::~NewFile()

@@ -11,8 +11,15 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#if defined(__linux__)
+#include <sys/xattr.h>
+#endif
 
+#include <algorithm>
+#include <array>
+#include <cerrno>
 #include <csignal>
+#include <cstdint>
 
 namespace Tarvik::PointCollections {
 namespace {
@@ -176,6 +183,43 @@ TEST_F(PosixFiles, AreNotPutInThePlaceOfSomethingElse)
 
   EXPECT_TRUE(fs::is_fifo(pipe));
 }
+
+#if defined(__linux__)
+
+constexpr auto accessList = "system.posix_acl_access";
+
+/// The owner reads and writes, user 1234 reads, the group and others have no rights; as the system
+/// keeps it, the lowest byte first.
+constexpr std::array<std::uint32_t, 11> listOfRights{
+    2,                      // version
+    0x00060001, 0xFFFFFFFF, // owner: rw-
+    0x00040002, 1234,       // user 1234: r--
+    0x00000004, 0xFFFFFFFF, // group: ---
+    0x00040010, 0xFFFFFFFF, // at most: r--
+    0x00000020, 0xFFFFFFFF  // others: ---
+};
+
+std::string rightsListedFor(const fs::path& file)
+{
+  std::array<char, 1024> list{};
+  const auto size = getxattr(file.c_str(), accessList, list.data(), list.size());
+  return {list.data(), static_cast<std::size_t>(std::max<ssize_t>(size, 0))};
+}
+
+TEST_F(PosixFiles, KeepTheListOfThoseWhoHaveRights)
+{
+  const bool isSet =
+      setxattr(m_file.c_str(), accessList, listOfRights.data(), sizeof listOfRights, 0) == 0;
+  ASSERT_TRUE(isSet || errno == ENOTSUP) << "some kinds of disks have no such lists";
+  const auto before = rightsListedFor(m_file);
+
+  write(m_file, "new");
+
+  EXPECT_EQ(contentOf(m_file), "new");
+  EXPECT_EQ(rightsListedFor(m_file), before);
+}
+
+#endif
 
 TEST_F(PosixFiles, AreNotReadFromADevice)
 {
