@@ -26,7 +26,7 @@ Verb undoVerb()
           .usage = "undo [N]",
           .summary = "take the last change back, or the last N",
           .details = "N is from 1 to the number of changes in effect. Nothing is undone when "
-                     "there are fewer.",
+                     "there are fewer. The last 1000 changes are kept.",
           .example = "undo 2",
           .parameters = {{"N", ArgumentKind::Number, Occurrence::Optionally}},
           .options = {},

@@ -23,6 +23,17 @@ TEST_F(UndoAndRedo, GoOneStepUnlessToldOtherwise)
   EXPECT_EQ(groupsOf(m_session), "G(a b)");
 }
 
+TEST_F(UndoAndRedo, KnowTheLastThousandChanges)
+{
+  for (int i = 0; i < 600; ++i)
+    run(m_session, {"rename G F", "rename F G"});
+
+  run(m_session, {"undo 1000"});
+
+  EXPECT_EQ(mistake(m_session, "undo"), "there is nothing to undo");
+  EXPECT_EQ(groupsOf(m_session), "G(a) H(b)");
+}
+
 TEST_F(UndoAndRedo, GoAsManyStepsAsAsked)
 {
   EXPECT_EQ(run(m_session, {"undo 3"}),
