@@ -146,10 +146,11 @@ void load(PersistenceArchiver& archive, PointProject& project, unsigned int /*ve
     const auto position = archive.tellg();
     checks.take(project.collections.emplace_back(loadCollection(archive)), position);
   }
-  for (auto count = loadCount(archive); count > 0; --count) {
+  project.groups.resize(loadCount(archive));
+  for (auto& group : project.groups) {
     const auto position = archive.tellg();
-    archive >> project.groups.emplace_back();
-    checks.take(project.groups.back(), position);
+    archive >> group;
+    checks.take(group, position);
   }
   if (!archive.isAtEnd())
     throw ArchiveError(static_cast<std::size_t>(archive.tellg()),
