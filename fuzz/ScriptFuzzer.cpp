@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Any bytes as a script of the host program, on a small document and files that are on no disk.
-// What must hold behind each line is in run(), and behind each change in requireAll().
+// What must hold behind each line is in run(), and behind each change in requireAll(). A first line
+// "## asked" makes the lines that follow a question its answers; "## full" fills the disk from
+// there on, and "## room" makes room on it again.
 
 #include "PointCollections/Input/TextInput.h"
 #include "PointCollections/Session/Completion.h"
@@ -8,17 +10,21 @@
 #include "PointCollections/Session/Interpreter.h"
 #include "PointCollections/Support/MemoryFiles.h"
 #include "PointCollections/Text/UserError.h"
+#include "PointCollections/Text/Words.h"
 #include "Support/Documents.h"
 #include "Support/Require.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
+#include <map>
 #include <memory>
 #include <optional>
 #include <sstream>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Tarvik::PointCollections {
 namespace {
@@ -37,15 +43,59 @@ std::shared_ptr<MemoryFiles> makeFiles()
   return files;
 }
 
+/// What a change of the document or a step in its history alters.
+struct Edited {
+  std::shared_ptr<PointDocument> document;
+  DocumentState content;
+  std::vector<std::shared_ptr<CommandBase>> entries;
+  std::size_t position;
+  bool isOver;
+
+  friend bool operator==(const Edited& a, const Edited& b) = default;
+};
+
+/// What saving alters.
+struct Saved {
+  std::string title;
+  std::filesystem::path projectFile;
+  std::size_t projectContent;
+  bool isClean;
+  std::map<std::string, std::string> files;
+
+  friend bool operator==(const Saved& a, const Saved& b) = default;
+};
+
+std::string lastWord(std::string_view line)
+{
+  const auto split = splitUnfinished(line);
+  const bool isBehindIt = split.last.text.empty() && !split.words.empty();
+  return isBehindIt ? split.words.back().text : split.last.text;
+}
+
+/// The line can be replaced from there, by something that can be shown and in which the word that
+/// is being typed has not become shorter.
+void requireCompletion(std::string_view line, const Completion& completion)
+{
+  require(completion.from <= line.size(), "a completion from behind the end of the line");
+  std::ranges::for_each(completion.candidates, requireShowable);
+  if (completion.candidates.empty())
+    return;
+  requireShowable(completion.text);
+  const auto completed = std::string(line.substr(0, completion.from)) + completion.text;
+  require(lastWord(completed).size() >= splitUnfinished(line).last.text.size(),
+          "a completion that takes away what was typed");
+}
+
 /// Runs a script and knows what the document was like at both ends of its history.
 class Run {
 public:
   explicit Run(const std::string& script) : m_script(script)
   {
-    m_session.files = makeFiles();
-    adopt(m_session, readDocument(*m_session.files, "points.csv"));
+    m_session.files = m_files;
+    m_session.history.setLimit(CommandHistory::unlimited); // else the beginning would move along
+    adopt(m_session, readDocument(*m_files, "points.csv"));
     if (script.starts_with("## asked")) // a person answers with the lines that follow
-      m_session.ask = [this](const std::string&) { return nextLine(); };
+      m_session.ask = [this](const std::string& question) { return answerTo(question); };
     start();
   }
 
@@ -55,7 +105,8 @@ public:
       const auto line = nextLine();
       if (!line)
         return;
-      complete(m_session, *line);
+      m_files->isFull = *line == "## full" || (m_files->isFull && *line != "## room");
+      requireCompletion(*line, complete(m_session, *line));
       if (run(*line))
         requireAll();
     }
@@ -72,6 +123,25 @@ private:
     }
   }
 
+  std::optional<std::string> answerTo(const std::string& question)
+  {
+    requireShowable(question);
+    return nextLine();
+  }
+
+  Edited edited() const
+  {
+    const auto& history = m_session.history;
+    return {m_session.document, stateOf(*m_session.document), history.entries(), history.position(),
+            m_session.isOver};
+  }
+
+  Saved saved() const
+  {
+    return {m_session.title, m_session.projectFile, m_session.projectContent,
+            m_session.history.isClean(), m_files->contents};
+  }
+
   void start()
   {
     m_document = m_session.document;
@@ -83,21 +153,16 @@ private:
   /// @return whether anything has changed
   bool run(const std::string& line)
   {
-    const auto before = stateOf(*m_document);
-    const auto& history = m_session.history;
-    const auto entries = history.entries();
-    const auto position = history.position();
-    const auto isSame = [&] {
-      return m_session.document == m_document && stateOf(*m_document) == before &&
-             history.entries() == entries && history.position() == position;
-    };
+    const auto editedBefore = edited();
+    const auto savedBefore = saved();
     try {
       requireShowableLines(runLine(m_session, line));
     } catch (const UserError& error) {
       requireShowable(error.what());
-      require(isSame(), "a mistake that changes something");
+      require(edited() == editedBefore, "a mistake that changes the document or its history");
+      require(saved() == savedBefore, "a mistake that changes the title, the clean mark or a file");
     }
-    const bool isChanged = !isSame();
+    const bool isChanged = edited() != editedBefore;
     if (m_session.document != m_document)
       start();
     return isChanged;
@@ -158,6 +223,7 @@ private:
   }
 
   std::istringstream m_script;
+  std::shared_ptr<MemoryFiles> m_files = makeFiles();
   Session m_session = {PointDocument::create(), "points.csv"};
   std::shared_ptr<PointDocument> m_document; ///< the one that the history is of
   DocumentState m_first;                     ///< in front of the first entry of the history

@@ -2,7 +2,7 @@
 #include "Support/Documents.h"
 
 #include "PointCollections/Project/ProjectFile.h"
-#include "PointCollections/Text/Utf8.h"
+#include "PointCollections/Text/Quoting.h"
 #include "Support/Require.h"
 
 #include <algorithm>
@@ -43,13 +43,7 @@ void requireSavable(PointDocument& document)
 
 void requireShowable(std::string_view text)
 {
-  require(Utf8::findInvalid(text) == std::string_view::npos, "a text that is not UTF-8");
-  require(std::ranges::none_of(text,
-                               [](char c) {
-                                 const auto byte = static_cast<unsigned char>(c);
-                                 return byte < 0x20 || byte == 0x7F;
-                               }),
-          "a text with control characters");
+  require(printable(text) == text, "a text with control characters, or that is not UTF-8");
 }
 
 }

@@ -34,7 +34,7 @@ void requireWhole(const PointDocument& document);
 /// Saved and loaded, the document is equal, and so are its bytes when it is saved again.
 void requireSavable(PointDocument& document);
 
-/// The text is UTF-8 in one line without control characters.
+/// The text is UTF-8 in one line without control characters, those behind ASCII included.
 void requireShowable(std::string_view text);
 
 }

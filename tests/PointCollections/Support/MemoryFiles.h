@@ -2,6 +2,7 @@
 #pragma once
 
 #include "PointCollections/Files/Files.h"
+#include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
 #include "PointCollections/Text/Utf8.h"
 
@@ -33,7 +34,7 @@ public:
   void write(const std::filesystem::path& file, std::span<const std::byte> bytes) override
   {
     if (isFull)
-      throw UserError(nameOf(file) + ": the disk is full");
+      throw UserError(printable(nameOf(file)) + ": the disk is full");
     auto& content = contents[nameOf(file)];
     content.resize(bytes.size());
     std::ranges::copy(bytes, std::as_writable_bytes(std::span(content)).begin());
@@ -75,7 +76,7 @@ private:
   {
     const auto found = contents.find(nameOf(file));
     if (found == contents.end())
-      throw UserError(nameOf(file) + ": there is no such file");
+      throw UserError(printable(nameOf(file)) + ": there is no such file");
     return found->second;
   }
 };
