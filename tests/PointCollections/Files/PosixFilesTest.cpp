@@ -8,6 +8,7 @@
 
 #include <gmock/gmock.h>
 
+#include <grp.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -20,6 +21,8 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdint>
+#include <iostream>
+#include <vector>
 
 namespace Tarvik::PointCollections {
 namespace {
@@ -55,6 +58,34 @@ public:
 
 private:
   mode_t m_before;
+};
+
+constexpr uid_t someUser = 12345;
+constexpr gid_t groupOfUser = 23456;
+constexpr gid_t foreignGroup = 34567;
+
+/// Lets the administrator be a user in a single group while it lives.
+class ActingAsUser {
+public:
+  ActingAsUser() : m_groups(static_cast<std::size_t>(getgroups(0, nullptr)))
+  {
+    EXPECT_EQ(getgroups(static_cast<int>(m_groups.size()), m_groups.data()), m_groups.size());
+    EXPECT_EQ(setgroups(0, nullptr), 0);
+    EXPECT_EQ(setegid(groupOfUser), 0);
+    EXPECT_EQ(seteuid(someUser), 0);
+  }
+  ActingAsUser(const ActingAsUser&) = delete;
+  ActingAsUser& operator=(const ActingAsUser&) = delete;
+  ~ActingAsUser()
+  {
+    EXPECT_EQ(seteuid(0), 0);
+    EXPECT_EQ(setegid(m_group), 0);
+    EXPECT_EQ(setgroups(m_groups.size(), m_groups.data()), 0);
+  }
+
+private:
+  std::vector<gid_t> m_groups;
+  gid_t m_group = getegid();
 };
 
 struct stat statusOf(const fs::path& file)
@@ -136,6 +167,27 @@ TEST_F(PosixFiles, KeepTheirOwner)
   EXPECT_EQ(statusOf(m_file).st_uid, before.st_uid);
   EXPECT_EQ(statusOf(m_file).st_gid, before.st_gid);
   EXPECT_NE(statusOf(m_file).st_ino, before.st_ino);
+}
+
+/// Only the administrator can make a file whose group its owner does not belong to.
+TEST_F(PosixFiles, GiveTheirNewGroupNoMoreRightsThanAllOthersWhenTheyCannotKeepTheOldOne)
+{
+  if (geteuid() != 0) {
+    std::cout << "not tried: this user cannot give a file to a group of others\n";
+    return;
+  }
+  fs::permissions(m_folder.path(), fs::perms::all);
+  for (const auto& [before, after] :
+       {std::pair<mode_t, mode_t>(0664, 0644), {0660, 0600}, {0676, 0666}, {0604, 0644}}) {
+    ASSERT_EQ(chown(m_file.c_str(), someUser, foreignGroup), 0);
+    ASSERT_EQ(chmod(m_file.c_str(), before), 0);
+    {
+      const ActingAsUser user;
+      write(m_file, "new");
+    }
+    EXPECT_EQ(statusOf(m_file).st_gid, groupOfUser);
+    EXPECT_EQ(modeOf(m_file), after) << std::oct << "before: " << before;
+  }
 }
 
 TEST_F(PosixFiles, AreReplacedWhereALinkLeads)
