@@ -5,7 +5,12 @@
 #include "PointCollections/Session/Session.h"
 #include "PointCollections/Text/UserError.h"
 
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <filesystem>
 #include <initializer_list>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -48,12 +53,6 @@ std::string mistakeIn(Call&& call)
   return "no mistake";
 }
 
-/// What is wrong with the line, which must leave the session as it was.
-inline std::string mistake(Session& session, std::string_view line)
-{
-  return mistakeIn([&] { runLine(session, line); });
-}
-
 inline std::vector<std::string> namesOf(const PointDocument& document,
                                         const std::vector<GUIdentifier>& ids)
 {
@@ -85,6 +84,39 @@ inline std::string groupsOf(const Session& session)
     result += ')';
   }
   return result;
+}
+
+/// All of a session that a line can change.
+struct SessionState {
+  std::shared_ptr<PointDocument> document;
+  std::vector<GUIdentifier> order;
+  std::string groups;
+  std::vector<std::shared_ptr<CommandBase>> entries;
+  std::size_t position;
+  bool isClean;
+  bool isOver;
+  std::string title;
+  std::filesystem::path projectFile;
+  std::size_t projectContent;
+
+  friend bool operator==(const SessionState& a, const SessionState& b) = default;
+};
+
+inline SessionState stateOf(const Session& session)
+{
+  const auto& history = session.history;
+  return {session.document,    session.document->order(), groupsOf(session), history.entries(),
+          history.position(),  history.isClean(),         session.isOver,    session.title,
+          session.projectFile, session.projectContent};
+}
+
+/// What is wrong with the line, which must leave the session as it was.
+inline std::string mistake(Session& session, std::string_view line)
+{
+  const auto before = stateOf(session);
+  auto message = mistakeIn([&] { runLine(session, line); });
+  EXPECT_TRUE(stateOf(session) == before) << "this mistake changes the session: " << line;
+  return message;
 }
 
 }
