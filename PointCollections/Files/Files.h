@@ -25,7 +25,8 @@ public:
   /// All bytes of a file.
   virtual std::vector<std::byte> readBytes(const std::filesystem::path& file) = 0;
 
-  /// Makes these the bytes of a file, which need not exist. When that fails, the file is as it was.
+  /// Makes these the bytes of a file, which need not exist. When that fails, the file is as it was;
+  /// only where the disk fails in noting its name at last, it may be the new one already, whole.
   virtual void write(const std::filesystem::path& file, std::span<const std::byte> bytes) = 0;
 
   virtual bool exists(const std::filesystem::path& file) = 0;
