@@ -457,7 +457,6 @@ void addSelections(const std::string& kind)
       {"RemoveFromTKGroupCmd", execute<RemoveAll<T>, T>}};
   for (const auto& [command, function] : selections)
     benchmark::RegisterBenchmark(("all of/" + command + '/' + kind).c_str(), function)
-        ->Args({2, 100})
         ->Args({2, 1000})
         ->Args({2, 10000})
         ->Unit(benchmark::kMillisecond);
