@@ -26,7 +26,8 @@ OpenedDocument readDocument(Files& files, const std::filesystem::path& file);
 void adopt(Session& session, OpenedDocument opened);
 
 /// Saves the session's document as a project, which becomes the session's own file.
-/// @throws UserError when that fails; the session and what is in the file are as they were then, see
+/// @throws UserError when that fails; the session and what is in the file are as they were then,
+/// see
 ///         Files::write()
 void saveDocument(Session& session, const std::filesystem::path& file);
 
