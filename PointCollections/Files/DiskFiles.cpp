@@ -34,12 +34,18 @@ std::string inWords(const std::error_code& code)
                                                          : condition.message();
 }
 
-std::uintmax_t sizeToRead(const fs::path& file)
+/// What has no end must not be waited for.
+void refuseDevice(const fs::path& file)
 {
   std::error_code ignored;
   const auto status = fs::status(file, ignored);
   if (fs::exists(status) && !fs::is_directory(status) && !fs::is_regular_file(status))
     fail(file, "this is a device or the like; expected a file");
+}
+
+std::uintmax_t sizeToRead(const fs::path& file)
+{
+  std::error_code ignored;
   const auto size = fs::file_size(file, ignored);
   if (!ignored && size > greatestSize)
     fail(file, fmt::format("a file of {} bytes; expected {} at most", size, greatestSize));
@@ -50,12 +56,13 @@ class DiskFiles : public Files {
 public:
   std::string readText(const fs::path& file) override
   {
-    sizeToRead(file); // what has no end must not be waited for
+    refuseDevice(file);
     return PointCollections::readText(file);
   }
 
   std::vector<std::byte> readBytes(const fs::path& file) override
   {
+    refuseDevice(file);
     const auto size = sizeToRead(file);
     auto stream = openText(file);
     try {

@@ -130,6 +130,16 @@ protected:
     m_terminal.typeAndExpect("", "> ");
   }
 
+  /// Cancels the first time, and answers with the end of the input the second time.
+  void isAskedAtControlD()
+  {
+    m_terminal.typeAndExpect("create G\r", "Created G with 0 elements.");
+    m_terminal.typeAndBeAsked(controlD, "points.csv has changes that are not saved.");
+    m_terminal.typeAndExpect("cancel\r", "");
+    m_terminal.typeAndBeAsked(controlD, "points.csv has changes that are not saved.");
+    EXPECT_EQ(m_terminal.typeAndLeave(controlD), 0);
+  }
+
   TemporaryFolder m_folder;
   std::string m_points = m_folder
                              .write("points.csv",
@@ -208,11 +218,7 @@ TEST_F(Person, IsAskedBeforeChangesAreLostByQuit)
 
 TEST_F(Person, IsAskedBeforeChangesAreLostByControlD)
 {
-  m_terminal.typeAndExpect("create G\r", "Created G with 0 elements.");
-  m_terminal.typeAndBeAsked(controlD, "points.csv has changes that are not saved.");
-  m_terminal.typeAndExpect("cancel\r", "");
-  m_terminal.typeAndBeAsked(controlD, "points.csv has changes that are not saved.");
-  EXPECT_EQ(m_terminal.typeAndLeave(controlD), 0);
+  isAskedAtControlD();
 }
 
 TEST_F(Person, GoesOnAfterASignal)
@@ -228,11 +234,7 @@ TEST_F(Person, GoesOnAfterASignal)
 
 TEST_F(PersonWithoutEditing, IsAskedBeforeChangesAreLostByControlD)
 {
-  m_terminal.typeAndExpect("create G\r", "Created G with 0 elements.");
-  m_terminal.typeAndBeAsked(controlD, "points.csv has changes that are not saved.");
-  m_terminal.typeAndExpect("cancel\r", "");
-  m_terminal.typeAndBeAsked(controlD, "points.csv has changes that are not saved.");
-  EXPECT_EQ(m_terminal.typeAndLeave("discard\r"), 0);
+  isAskedAtControlD();
 }
 
 TEST_F(PersonWithoutEditing, LosesNothingByControlC)
