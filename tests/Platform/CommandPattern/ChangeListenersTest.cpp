@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the history's listeners promise is tested with the history; here is what it does not show.
+// Most of this is tested through the history's listeners. These tests are for the rest.
 #include "CommandPattern/ChangeListeners.h"
 
 #include "Support/Allocations.h"
@@ -12,7 +12,7 @@
 namespace Tarvik {
 namespace {
 
-TEST(ChangeListeners, LeaveNothingBehindWhenTheyUnsubscribe)
+TEST(ChangeListeners, AreReleasedWhenTheyUnsubscribe)
 {
   ChangeListeners listeners;
   const AllocationWatch watch;

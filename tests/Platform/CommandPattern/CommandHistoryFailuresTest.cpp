@@ -262,7 +262,7 @@ TEST_F(HistoryFailures, OfAllocationsLeaveNoCommandExecutedButNotKept)
       }
     }
 
-    EXPECT_EQ(added->inEffect, failed ? 0 : 1) << "behind " << kept << " commands";
+    EXPECT_EQ(added->inEffect, failed ? 0 : 1) << "after " << kept << " commands";
     EXPECT_EQ(subject.entries().size(), failed ? kept : kept + 1);
     EXPECT_EQ(subject.position(), subject.entries().size());
     failures += failed ? 1 : 0;

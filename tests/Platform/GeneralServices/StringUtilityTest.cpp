@@ -47,7 +47,7 @@ TEST(ToLower, LowersALongText)
   EXPECT_EQ(StringUtility::toLower(std::string(1'000'003, 'Q')), std::string(1'000'003, 'q'));
 }
 
-TEST(ToLower, GoesOnBehindAZeroByte)
+TEST(ToLower, ContinuesAfterAZeroByte)
 {
   EXPECT_EQ(StringUtility::toLower(std::string("A\0B\0", 4)), std::string("a\0b\0", 4));
 }
@@ -61,7 +61,7 @@ TEST(ToLower, LeavesItsArgumentAsItIs)
   EXPECT_EQ(text, "MIXED case, too long to be kept within the string");
 }
 
-/// Lower letters of a country that has no I: what toLower() must not care for.
+/// A locale without the letter I. toLower() must not care.
 class LettersOfItsOwn : public std::ctype<char> {
 protected:
   char do_tolower(char letter) const override { return letter == 'I' ? '1' : '?'; }
