@@ -56,8 +56,7 @@ void ChangeListeners::tell()
   ++m_tellingDepth;
   const auto subscribedBefore = m_subscribers.size(); // a listener may subscribe others
   for (std::size_t i = 0; i < subscribedBefore; ++i) {
-    const auto subscriber =
-        m_subscribers[i].lock(); // owned here: a listener may unsubscribe itself
+    const auto subscriber = m_subscribers[i].lock(); // a share: a listener may unsubscribe itself
     try {
       if (subscriber && subscriber->isSubscribed)
         subscriber->listener();

@@ -49,8 +49,7 @@ void CommandHistory::execute(std::shared_ptr<CommandBase> command)
   if (!command)
     throw std::invalid_argument("CommandHistory::execute: the command is null");
 
-  if (m_entries.capacity() ==
-      m_position) // allocate, which may fail, before the command changes anything
+  if (m_entries.capacity() == m_position) // allocation may fail: before the command's change
     m_entries.reserve(2 * m_position + 1);
   {
     const FlagScope running(m_isRunning);

@@ -18,8 +18,7 @@ namespace Tarvik {
 class TKM_COMMANDPATTERN_API MacroCommand : public CommandBase {
 public:
   /// @param commands     the sub-commands in the order in which they run
-  /// @param description  for the user; when empty, the macro has its first sub-command's
-  /// description
+  /// @param description  for the user; when empty, that of the first sub-command
   /// @throws std::invalid_argument when a sub-command is null
   explicit MacroCommand(std::list<std::shared_ptr<CommandBase>> commands,
                         std::string description = {});
