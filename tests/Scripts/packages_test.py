@@ -113,7 +113,7 @@ class Packages(unittest.TestCase):
 
                 with Lock(self.root / lock):
                     process = self.start("require_packages " + PACKAGE, timeout=60)
-                    time.sleep(3)
+                    time.sleep(2)
                     ended_early = process.poll() is not None
                     installed_early = self.installed()
                 output = "".join(process.communicate())
