@@ -42,7 +42,7 @@ TEST_F(HistoryJump, DoesNotLeadBeyondItsLastEntry)
   EXPECT_EQ(view(history), "* A | B");
 }
 
-TEST_F(HistoryJump, TellsWhichPositionsThereAre)
+TEST_F(HistoryJump, SaysWhichPositionIsTheLast)
 {
   execute("A B");
 

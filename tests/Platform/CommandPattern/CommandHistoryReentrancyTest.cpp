@@ -79,7 +79,7 @@ TEST_F(RunningHistory, RefusesToBeOperatedByACommandThatItRuns)
   }
 }
 
-TEST_F(RunningHistory, TellsWhichOperationACommandMustNotCall)
+TEST_F(RunningHistory, SaysWhichOperationACommandMustNotCall)
 {
   history.execute(std::make_shared<MeddlingCommand>([this] {
     try {

@@ -136,7 +136,7 @@ TEST_P(FailingMacro, CanBeRunAgainOnceNothingFails)
   EXPECT_EQ(document.text(), all());
 }
 
-TEST_P(FailingMacro, IsTakenBackAsAWholeWithinAnotherMacro)
+TEST_P(FailingMacro, IsReversedAsAWholeWithinAnotherMacro)
 {
   MacroCommand outer({append(document, "X"), macro(all()), append(document, "Y")});
 

@@ -35,7 +35,7 @@ TEST_F(MacroWithHooks, CallsNoHookWhenItUndoesAndRedoes)
   EXPECT_EQ(document.takeCalls(), "undo B, undo A, redo A, redo B");
 }
 
-TEST_F(MacroWithHooks, HandsTheVeryCommandToItsHooks)
+TEST_F(MacroWithHooks, PassesTheCommandItselfToItsHooks)
 {
   class Collector : public MacroCommand {
   public:

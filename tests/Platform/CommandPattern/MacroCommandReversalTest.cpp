@@ -96,7 +96,7 @@ TEST_F(ReversedMacro, UndoesCommandsThatAreNotRedoCapableWhenAnExecutionFails)
   EXPECT_EQ(document.text(), "");
 }
 
-TEST_F(ReversedMacro, LetsExceptionsOfAnyTypeThrough)
+TEST_F(ReversedMacro, PassesOnExceptionsOfAnyType)
 {
   class ThrowsANumber : public AppendCommand {
   public:

@@ -61,7 +61,7 @@ TEST_F(Macro, GoesBackAndForthAnyNumberOfTimes)
   }
 }
 
-TEST_F(Macro, RefusesANullCommandAndTellsItsPlace)
+TEST_F(Macro, RefusesANullCommandAndSaysWhichOneItIs)
 {
   const auto a = append(document, "A");
 

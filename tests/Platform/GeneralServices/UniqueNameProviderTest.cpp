@@ -74,7 +74,7 @@ TEST(UniqueName, CountsPastOneDigit)
   }
 }
 
-TEST(UniqueName, AddsToABaseWhoseDigitsAreNoNumberOfItsOwn)
+TEST(UniqueName, AddsToABaseWhoseDigitsAreNoSeparateNumber)
 {
   for (const std::string base : {"Group 02", "Group 0", "Group2", "Group-2", "Group\t2", "Group 2a",
                                  "Group 2.5", "Group -2", "2", " 2", "22"})

@@ -72,7 +72,7 @@ TEST_F(Translation, IsTheTextItselfWhereTheCatalogueHasNone)
   EXPECT_EQ(translated("no"), "no");
 }
 
-TEST_F(Translation, HandsAllArgumentsToTheCatalogue)
+TEST_F(Translation, PassesAllArgumentsToTheCatalogue)
 {
   struct Arguments {
     const char* context;
@@ -150,7 +150,7 @@ TEST_F(Translation, MayInstallAnotherCatalogueAndStillUsesItsOwn)
   EXPECT_EQ(answer.use_count(), 1) << "the old catalogue has not been released";
 }
 
-TEST_F(Translation, LetsTheExceptionOfACatalogueThroughAndGoesOn)
+TEST_F(Translation, PassesOnTheExceptionOfACatalogueAndStillWorks)
 {
   bool fails = true;
   Translator::installCatalogue([&fails](const char*, const char*, const char*, int) {
