@@ -2,7 +2,7 @@
 """Makes the tables and the chart of docs/performance.md from the results of Google Benchmark.
 
     performance.py RESULTS            prints the tables
-    performance.py RESULTS --renew    stores the tables in docs/performance.md, and the chart beside it
+    performance.py RESULTS --renew    stores the tables in docs/performance.md, and the chart in docs/images
 
 RESULTS is a folder with a JSON file for each benchmark program. Times are medians over the rounds;
 ratios are medians of the ratios in each round.
@@ -86,7 +86,7 @@ def shown_size(size):
 
 
 def commands_in(results):
-    """Every command that is measured beside the least that it could do."""
+    """Every command that is compared with the least."""
     return sorted({name.split("/")[0].removeprefix("bare ") for name in results.names() if name.startswith("bare ")})
 
 
@@ -182,7 +182,7 @@ def archive_table(results):
         yield ["constructing the members, of loading new groups, %s memory" % memory,
                *(times_as_long(results.ratio("construct members/%s/%s" % (memory, kind),
                                              "load new/archive/%s/%s" % (memory, kind))) for kind in KINDS)]
-    yield ["bytes beside the content, of the content",
+    yield ["bytes added to the content",
            *("%.2f %%" % float(results.label("save/archive/" + kind)) for kind in KINDS)]
     yield ["the checksum, best round",
            *("%.1f GB/s" % (results.best_speed("checksum/" + kind) / 1e9) for kind in KINDS)]

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""How scripts/lib/packages.sh installs packages, with the real apt-get in a folder of its own: a
+"""How scripts/lib/packages.sh installs packages, with the real apt-get in a temporary folder: a
 repository with one package, and a dpkg that only notes what it is to install."""
 
 import fcntl
