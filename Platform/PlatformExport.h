@@ -2,10 +2,10 @@
 #pragma once
 
 /// @file
-/// One macro per platform library, put in front of what the library shows to others.
+/// One macro per platform library. It marks what the library exports.
 ///
-/// CMake defines `TKMService_<Library>_EXPORTS` while it builds that library; everybody else
-/// imports. On ELF both are the same: all else is hidden.
+/// CMake defines `TKMService_<Library>_EXPORTS` while it builds that library; all others import. On
+/// ELF, exporting and importing are the same; everything without the mark is hidden.
 
 #if defined(_WIN32)
 #define TKM_EXPORT __declspec(dllexport)

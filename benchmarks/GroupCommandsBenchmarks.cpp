@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// What the commands cost, beside the least that their contract asks for: the copies of the list of
-// groups (before, after, and the host's own), the members that a deletion shifts, the comparisons
-// of a sort. Every benchmark "X/..." has its "bare X/..." that does only that, in the same run.
+// The time of the commands, compared with the least that their contract requires: the copies of the
+// list of groups (before, after, and the host's own), the groups that a deletion moves, the
+// comparisons of a sort. Each benchmark "X/..." has a "bare X/..." that does only that.
 
 #include "HighLevelServices/GroupCommands/AddToTKGroupCmd.h"
 #include "HighLevelServices/GroupCommands/CreateTKGroupCmd.h"
@@ -36,7 +36,7 @@ using Groups = std::vector<TKGroup<T>>;
 template <class T>
 using MemberNames = std::vector<std::pair<T, std::string>>;
 
-/// Names in no order: "Group 0937", ...
+/// Names in random order: "Group 937", ...
 std::vector<std::string> shuffledNames(const std::string& stem, std::size_t count)
 {
   std::vector<std::string> names;
@@ -59,8 +59,8 @@ Groups<T> makeGroups(std::size_t groupCount, std::size_t memberCount)
   return groups;
 }
 
-/// Hands out one list and takes copies of others into a second one, so that every round of a
-/// benchmark starts from the same groups.
+/// Keeps the lists that it is given apart from the list that it hands out, so that every iteration
+/// of a benchmark starts from the same groups.
 template <class T>
 class BenchmarkHost : public TKGroupProviderInterface<T> {
 public:
@@ -102,10 +102,10 @@ public:
   T middleMember() { return memberAt(m_groups.size() / 2); }
   T lastMember() { return memberAt(m_groups.size() - 1); }
 
-  /// From now on no group has members to sort: what is left of a sort is that of the groups.
+  /// From now on, lists no members for any group: a command then sorts the groups only.
   void listNoMembers() { m_listsMembers = false; }
 
-  /// From now on lists that are handed over are not copied: what is left is the command's.
+  /// From now on, copies no lists: all copies are then the command's.
   void takeNoLists() { m_takesLists = false; }
 
 private:
@@ -133,7 +133,7 @@ std::shared_ptr<BenchmarkHost<T>> hostOf(const benchmark::State& state)
                                             static_cast<std::size_t>(state.range(1)));
 }
 
-/// The least for a command that keeps the list before and the list after.
+/// The least for a snapshot command, which keeps a before list and an after list.
 template <class T>
 struct Snapshot {
   static void bareExecute(BenchmarkHost<T>& host)
@@ -164,7 +164,7 @@ struct Create : Snapshot<T> {
   }
 };
 
-/// A new group without members, for a host that takes no copy: two lists are all there is to copy.
+/// A new group without members, for a host that copies no lists: only the command copies.
 template <class T>
 struct CreateEmpty {
   static auto make(const std::shared_ptr<BenchmarkHost<T>>& host)
@@ -181,7 +181,7 @@ struct CreateEmpty {
   }
 };
 
-/// One member of the middle group goes in front of one of the last.
+/// One member of the middle group goes before one of the last.
 template <class T>
 struct Move : Snapshot<T> {
   static auto make(const std::shared_ptr<BenchmarkHost<T>>& host)
@@ -199,7 +199,7 @@ struct Remove : Snapshot<T> {
   }
 };
 
-/// The middle group goes, and those behind it move up.
+/// The middle group is deleted, and those after it move up.
 template <class T>
 struct RemoveGroups : Snapshot<T> {
   static auto make(const std::shared_ptr<BenchmarkHost<T>>& host)
@@ -236,7 +236,7 @@ bool isNamedBefore(const NameInterface& a, const NameInterface& b)
   return StringUtility::toLower(a.getName()) < StringUtility::toLower(b.getName());
 }
 
-/// The members of one group in the order of their names, as plainly as the contract allows.
+/// Sorts the members of one group by name, in the plainest way that the contract allows.
 template <class T>
 void sortMembers(BenchmarkHost<T>& host, TKGroup<T>& group)
 {
@@ -250,7 +250,7 @@ void sortMembers(BenchmarkHost<T>& host, TKGroup<T>& group)
     group.addGroupMember(member);
 }
 
-/// Groups and members by name. The least is sorting pointers and one copy of each group.
+/// Groups and members by name. The least is to sort pointers and copy each group once.
 template <class T>
 struct Sort : Snapshot<T> {
   static auto make(const std::shared_ptr<BenchmarkHost<T>>& host)
@@ -282,7 +282,7 @@ struct Sort : Snapshot<T> {
   }
 };
 
-/// The same for groups of which the host lists no members.
+/// The same with a host that lists no members.
 template <class T>
 struct SortGroupsOnly : Sort<T> {
   static auto make(const std::shared_ptr<BenchmarkHost<T>>& host)
@@ -292,7 +292,7 @@ struct SortGroupsOnly : Sort<T> {
   }
 };
 
-/// What sorting the groups by value would cost in place of their positions.
+/// Sorts the groups by value instead of their positions.
 template <class T>
 struct SortByValue : Sort<T> {
   static void bareExecute(BenchmarkHost<T>& host)
@@ -323,7 +323,7 @@ struct CreateOfAll {
   }
 };
 
-/// All members of the first group go in front of one of the last.
+/// All members of the first group go before one of the last.
 template <class T>
 struct MoveAll {
   static auto make(const std::shared_ptr<BenchmarkHost<T>>& host)
@@ -342,7 +342,7 @@ struct RemoveAll {
   }
 };
 
-/// Every other group goes.
+/// Every other group is deleted.
 template <class T>
 struct RemoveHalfOfTheGroups {
   static auto make(const std::shared_ptr<BenchmarkHost<T>>& host)
@@ -423,7 +423,7 @@ void addCommand(const std::string& name, const std::string& kind)
   addBenchmark("bare " + name + "/redo/" + kind, bareHandOver<Case, T>);
 }
 
-/// How the groups are put into order, without the members: ours, pointers, values.
+/// Three ways to sort the groups without their members: the command's, pointers, values.
 template <class T>
 void addGroupSorts(const std::string& kind)
 {
@@ -438,7 +438,7 @@ void addGroupSorts(const std::string& kind)
         ->Unit(benchmark::kMicrosecond);
 }
 
-/// What the command adds to the two copies of the list.
+/// The command, compared with the two copies of the list.
 template <class T>
 void addCreations(const std::string& kind)
 {
@@ -446,7 +446,7 @@ void addCreations(const std::string& kind)
   addBenchmark("create empty/two bare copies/" + kind, bareExecute<CreateEmpty<T>, T>);
 }
 
-/// What takes more than its share of time when much is selected at once.
+/// Large selections, which take more than their share of time.
 template <class T>
 void addSelections(const std::string& kind)
 {
@@ -483,7 +483,7 @@ void addBenchmarks(const std::string& kind)
   addSelections<T>(kind);
 }
 
-/// Without this, giving pages back to the system and getting them again hides everything else.
+/// Without this, the time to return pages to the system and get them again hides all other times.
 void keepPagesOfTheHeap()
 {
 #if defined(__GLIBC__)

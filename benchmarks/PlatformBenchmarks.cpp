@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the platform promises to do fast, beside the plainest code that does the same.
+// The operations of the platform that have to be fast, compared with the plainest code for the
+// same.
 
 #include "GeneralServices/SimpleNameSetProvider.h"
 #include "GeneralServices/StringUtility.h"
@@ -27,7 +28,7 @@ void construct(benchmark::State& state)
 BENCHMARK(construct<Identifier>)->Name("construct/Identifier");
 BENCHMARK(construct<GUIdentifier>)->Name("construct/GUIdentifier");
 
-/// As loading does it.
+/// As loading does.
 template <class T>
 void constructMany(benchmark::State& state)
 {

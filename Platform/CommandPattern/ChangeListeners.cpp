@@ -32,7 +32,7 @@ ChangeListeners::Subscription::~Subscription()
 void ChangeListeners::Subscription::cancel() noexcept
 {
   if (m_subscriber)
-    m_subscriber->isSubscribed = false; // the list may hold it, to tell it
+    m_subscriber->isSubscribed = false; // tell() may own it as well
   m_subscriber.reset();
 }
 
@@ -56,7 +56,7 @@ void ChangeListeners::tell()
   ++m_tellingDepth;
   const auto subscribedBefore = m_subscribers.size(); // a listener may subscribe others
   for (std::size_t i = 0; i < subscribedBefore; ++i) {
-    const auto subscriber = m_subscribers[i].lock(); // keeps one alive that unsubscribes itself
+    const auto subscriber = m_subscribers[i].lock(); // a share: a listener may unsubscribe itself
     try {
       if (subscriber && subscriber->isSubscribed)
         subscriber->listener();

@@ -10,39 +10,35 @@
 
 namespace Tarvik {
 
-/// Those who want to be told of the changes of one thing. One thread at a time.
+/// A list of functions to call after each change of an object. One thread at a time.
 class TKM_COMMANDPATTERN_API ChangeListeners {
 public:
-  /// What is called after a change.
+  /// A function to call after a change.
   using Listener = std::function<void()>;
 
 private:
-  /// Shared by a subscription and, while its listener is being told, by the list.
+  /// Owned by its subscription. While the listener runs, tell() owns it as well.
   struct Subscriber {
     Listener listener;
     bool isSubscribed = true;
   };
 
 public:
-  /// Keeps a listener subscribed for as long as it lives; may outlive the list. It may be destroyed
-  /// at any time, also while its listener is being told.
+  /// Keeps a listener subscribed until it is destroyed. May outlive the list. It may be destroyed
+  /// at any time, even while its listener runs.
   class TKM_COMMANDPATTERN_API Subscription {
   public:
-    /// A subscription to nothing.
-    Subscription() noexcept;
+    Subscription() noexcept; ///< subscribed to nothing
     Subscription(const Subscription&) = delete;
     Subscription& operator=(const Subscription&) = delete;
 
-    /// Takes the subscription over; the other is one to nothing then.
     Subscription(Subscription&& other) noexcept;
 
-    /// Ends the subscription that it had, and takes over the other.
+    /// Ends this subscription first.
     Subscription& operator=(Subscription&& other) noexcept;
-
-    /// Ends the subscription.
     ~Subscription();
 
-    /// Ends the subscription now. Does nothing when it has ended.
+    /// Ends the subscription. Does nothing when it has ended.
     void cancel() noexcept;
 
   private:
@@ -57,16 +53,16 @@ public:
   ChangeListeners& operator=(const ChangeListeners&) = delete;
   ~ChangeListeners();
 
-  /// Subscribes a listener, which is told from the next change on.
+  /// Adds a listener, to be called from the next tell() on.
   /// @param listener  not empty
   [[nodiscard]] Subscription subscribe(Listener listener);
 
-  /// Tells all listeners, which may subscribe and unsubscribe meanwhile, and make changes of which
-  /// all are told in their turn, but must not destroy this list. When listeners throw, all others
-  /// are still told, and the first exception goes on.
+  /// Calls all listeners. A listener may subscribe and unsubscribe, and may call tell() again; it
+  /// must not destroy this list. When listeners throw, the others are still called, and the caller
+  /// gets the first exception.
   void tell();
 
-  /// Tells all listeners while another exception is under way, which is the one to be seen.
+  /// Like tell(), but drops the listeners' exceptions. For use while another exception is handled.
   void tellQuietly() noexcept;
 
 private:

@@ -9,7 +9,7 @@ namespace Tarvik {
 
 namespace {
 
-/// Sets a flag for the time of a scope.
+/// Sets a flag until the end of the scope.
 class FlagScope {
 public:
   explicit FlagScope(bool& flag) noexcept : m_flag(flag) { flag = true; }
@@ -21,8 +21,8 @@ private:
   bool& m_flag;
 };
 
-/// Releases the entries from a position on. Each is out of the list before it is destroyed, since
-/// its destructor may lead to somebody who looks at the history.
+/// Releases the entries from a position on. Each is taken out of the list before it is destroyed:
+/// its destructor may run code that looks at the history.
 void releaseFrom(std::vector<std::shared_ptr<CommandBase>>& entries, std::size_t position) noexcept
 {
   while (entries.size() > position) {
@@ -40,7 +40,7 @@ CommandHistory::CommandHistory(std::size_t limit) : m_limit(limit) {}
 CommandHistory::~CommandHistory()
 {
   m_position = 0;
-  eraseBehind(0);
+  eraseAfter(0);
 }
 
 void CommandHistory::execute(std::shared_ptr<CommandBase> command)
@@ -49,13 +49,13 @@ void CommandHistory::execute(std::shared_ptr<CommandBase> command)
   if (!command)
     throw std::invalid_argument("CommandHistory::execute: the command is null");
 
-  if (m_entries.capacity() == m_position) // what can fail comes before the command's change
+  if (m_entries.capacity() == m_position) // allocation may fail: before the command's change
     m_entries.reserve(2 * m_position + 1);
   {
     const FlagScope running(m_isRunning);
     command->execute();
   }
-  eraseBehind(m_position);
+  eraseAfter(m_position);
   m_entries.push_back(std::move(command));
   ++m_position;
   trimToLimit();
@@ -178,7 +178,7 @@ void CommandHistory::clear()
     return;
   m_cleanPosition = isClean() ? std::optional<std::size_t>(0) : std::nullopt;
   m_position = 0;
-  eraseBehind(0);
+  eraseAfter(0);
   m_listeners.tell();
 }
 
@@ -197,7 +197,7 @@ void CommandHistory::stepBack()
   command.undo();
   --m_position;
   if (!redoCapable)
-    eraseBehind(m_position);
+    eraseAfter(m_position);
 }
 
 void CommandHistory::stepForward()
@@ -207,8 +207,8 @@ void CommandHistory::stepForward()
   ++m_position;
 }
 
-/// Goes back towards a position while a command's exception is under way; stops where a command
-/// throws again or has left the history.
+/// Goes back to a position while a command's exception is handled. Stops where another command
+/// throws or where an entry has been released.
 void CommandHistory::retrace(std::size_t position) noexcept
 {
   try {
@@ -216,7 +216,7 @@ void CommandHistory::retrace(std::size_t position) noexcept
       stepBack();
     while (m_position < std::min(position, m_entries.size()))
       stepForward();
-  } catch (...) { // NOLINT(bugprone-empty-catch): the first exception tells what went wrong
+  } catch (...) { // NOLINT(bugprone-empty-catch): the caller gets the first exception
   }
 }
 
@@ -234,10 +234,10 @@ void CommandHistory::trimToLimit() noexcept
     *m_cleanPosition -= oldest;
   releaseFrom(m_entries, m_entries.size() - oldest);
   if (m_entries.size() > m_limit)
-    eraseBehind(m_limit);
+    eraseAfter(m_limit);
 }
 
-void CommandHistory::eraseBehind(std::size_t position) noexcept
+void CommandHistory::eraseAfter(std::size_t position) noexcept
 {
   if (m_cleanPosition && *m_cleanPosition > position)
     m_cleanPosition.reset();

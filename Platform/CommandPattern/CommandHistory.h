@@ -15,29 +15,42 @@
 
 namespace Tarvik {
 
-/// The commands that a user has executed, and the way back and forth through them.
+/// Runs commands, and undoes and redoes them.
 ///
-/// The entries stand in the order in which they were executed. The position is the number of
-/// entries that are in effect: the entry in front of it is undone next, the one behind it redone
-/// next. Executing a command cuts off the entries behind the position.
+/// The entries are in the order in which they were executed. The position is the number of entries
+/// in effect: undo() undoes the entry before it, redo() redoes the entry after it. Executing a
+/// command releases the entries after the position.
 ///
-/// An operation that throws because a command threw leaves the history as it was, with the one
-/// exception that jumpTo() states. A command must not operate the history that runs it
-/// (std::logic_error), nor the one that it is released by; a listener may, but must not destroy it.
-/// One thread at a time.
+/// When a command throws, the exception reaches the caller and the history is as it was before the
+/// call; jumpTo() states the one exception to this. A GUI toolkit's event loop may not let
+/// exceptions through: catch them in the slot or handler that calls the history.
+///
+/// A command must not change the history that runs it (std::logic_error), nor the one that is
+/// releasing it. A listener may, but must not destroy it. One thread at a time.
+///
+/// Memory: a history without a limit keeps every command until it is cleared or destroyed. A
+/// command that keeps two lists of all groups takes 32 bytes for each member: with a million
+/// members in the groups, a thousand commands take 32 GB. Set a limit if the lists may become
+/// large.
+///
+/// Lifetime: commands usually share their host's provider. A provider must therefore not own the
+/// history of its commands: each would keep the other alive, and neither would be destroyed. Keep
+/// the history beside the provider, in the object that owns both, or clear() it before you release
+/// the provider.
 class TKM_COMMANDPATTERN_API CommandHistory {
 public:
-  /// Learns of every change of entries, position, clean mark or limit, after it has happened.
+  /// Called after every change of entries, position, clean mark or limit.
   using Listener = std::function<void(const CommandHistory&)>;
 
-  /// Keeps a listener subscribed for as long as it lives; may outlive the history.
+  /// Keeps a listener subscribed until it is destroyed. May outlive the history.
   using Subscription = ChangeListeners::Subscription;
 
-  /// No limit on the number of commands. Defined in the source file: MinGW's GCC exports no other.
+  /// No limit on the number of entries.
+  // Not inline: MinGW's GCC would not export it.
   static const std::size_t unlimited = (std::numeric_limits<std::size_t>::max)();
 
-  /// An empty history with the clean mark at its start.
-  /// @param limit  the most commands that it keeps
+  /// An empty history, whose state is clean.
+  /// @param limit  the greatest number of entries
   explicit CommandHistory(std::size_t limit = unlimited);
 
   CommandHistory(const CommandHistory&) = delete;
@@ -45,29 +58,31 @@ public:
   ~CommandHistory();
 
   /// Executes the command and keeps it as the last entry.
-  /// @throws std::invalid_argument when the command is null, and whatever its execute() throws;
-  /// nothing is kept or cut off then
+  /// @throws std::invalid_argument when the command is null, and whatever its execute() throws; the
+  /// entries are then unchanged
   void execute(std::shared_ptr<CommandBase> command);
 
-  /// Undoes the entry in front of the position. An entry that is not redo-capable then leaves the
-  /// history together with all behind it.
+  /// Undoes the entry before the position. If that entry is not redo-capable, it is then released,
+  /// with all entries after it.
   /// @return false when there is nothing to undo
   bool undo();
 
-  /// Redoes the entry behind the position.
+  /// Redoes the entry after the position.
   /// @return false when there is nothing to redo
   bool redo();
 
-  /// Undoes or redoes until the position is reached; listeners are told once. Entries that are not
-  /// redo-capable leave the history on the way, as in undo(). When a command throws, the steps
-  /// made so far are taken back, as far as redo-capable commands allow, and the exception goes on.
-  /// @throws std::out_of_range when `position` is greater than the number of entries
+  /// Undoes or redoes until the position is reached, then calls the listeners once. Entries that
+  /// are not redo-capable are released on the way, as in undo(). When a command throws, the steps
+  /// made so far are reversed, except where an entry has been released, and the caller gets the
+  /// exception.
+  /// @throws std::out_of_range when `position` is greater than the number of entries, and whatever
+  /// a command throws
   void jumpTo(std::size_t position);
 
-  /// Whether an entry stands in front of the position.
+  /// Whether there is an entry before the position.
   bool canUndo() const noexcept;
 
-  /// Whether an entry stands behind the position.
+  /// Whether there is an entry after the position.
   bool canRedo() const noexcept;
 
   /// The description of what undo() would undo; empty when there is nothing.
@@ -79,34 +94,33 @@ public:
   /// All entries, oldest first. The reference is valid until the next change.
   const std::vector<std::shared_ptr<CommandBase>>& entries() const noexcept;
 
-  /// How many of the entries are in effect, from 0 to their number.
+  /// How many entries are in effect: from 0 to entries().size().
   std::size_t position() const noexcept;
 
-  /// Marks the present state as clean, which usually means saved.
+  /// Marks the current state as clean, which usually means saved.
   void markClean();
 
-  /// Whether the present state is the one marked clean.
+  /// Whether the current state is the one marked clean.
   bool isClean() const noexcept;
 
-  /// The position that is marked clean; none once that state cannot be reached any more because
-  /// its branch was cut off or the limit took a command on the way to it.
+  /// The position that is marked clean. None when undo() and redo() cannot reach that state any
+  /// more, since a command on the way to it has been released.
   std::optional<std::size_t> cleanPosition() const noexcept;
 
-  /// The most commands that the history keeps.
+  /// The greatest number of entries.
   std::size_t limit() const noexcept;
 
-  /// Changes the most commands that the history keeps. The oldest commands go first; where all
-  /// that are left are undone, those that would be redone last go, since a command can only be
-  /// redone when all before it have been.
-  /// @param limit  0 keeps no command at all: everything executed is final
+  /// Changes the greatest number of entries. The oldest entries in effect are released first. When
+  /// only undone entries are left, the last ones are released, since redo() needs all before them.
+  /// @param limit  0: the history keeps no command, and nothing can be undone
   void setLimit(std::size_t limit);
 
-  /// Forgets all entries. A clean state stays clean; a clean mark elsewhere is lost.
+  /// Releases all entries. A clean state stays clean; a clean mark at another position is lost.
   void clear();
 
-  /// Subscribes a listener, which is told from the next change on. An exception of a listener
-  /// reaches whoever made the change, once all listeners have been told; the change stands. It
-  /// gives way to the exception of a command in jumpTo().
+  /// Calls the listener after every change from now on. If a listener throws, the others are still
+  /// called, the change remains, and the caller that made it gets the exception. In a jumpTo() that
+  /// fails, the caller gets the exception of the command instead.
   /// @throws std::invalid_argument when the listener is empty
   [[nodiscard]] Subscription subscribe(Listener listener);
 
@@ -115,7 +129,7 @@ private:
   void stepForward();
   void retrace(std::size_t position) noexcept;
   void trimToLimit() noexcept;
-  void eraseBehind(std::size_t position) noexcept;
+  void eraseAfter(std::size_t position) noexcept;
   void checkNotRunning(const char* operation) const;
 
   std::vector<std::shared_ptr<CommandBase>> m_entries;

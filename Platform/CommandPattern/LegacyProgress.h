@@ -3,9 +3,9 @@
 
 namespace Tarvik::LegacyProgress::Speed {
 
-/// How long a command is expected to keep the user waiting, from shortest to longest.
+/// How long a command is expected to take, from shortest to longest.
 ///
-/// A host reads it before it executes, undoes or redoes a command, to decide whether to show
+/// A host reads it before it executes, undoes or redoes a command, and decides whether to show
 /// nothing, a busy pointer or a progress bar.
 enum class Rate {
   Instant, ///< not noticed

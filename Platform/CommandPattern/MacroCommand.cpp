@@ -28,8 +28,8 @@ void redoIfCapable(CommandBase& command)
     command.redo();
 }
 
-/// Puts a command back while another one's exception is under way, which is the one that tells
-/// the caller what went wrong.
+/// Reverses a command while another command's exception is handled. Drops its own exceptions: the
+/// caller gets the first one.
 void reverseQuietly(Step reverse, CommandBase& command) noexcept
 {
   try {
@@ -38,8 +38,8 @@ void reverseQuietly(Step reverse, CommandBase& command) noexcept
   }
 }
 
-/// Runs `step` on each command of [first, last). When it throws, runs `reverse` on those that had
-/// finished, latest first, and lets the exception go on.
+/// Runs `step` on each command of [first, last). When it throws, runs `reverse` on those that have
+/// finished, latest first, and rethrows.
 template <class Iterator, class Function>
 void runAllOrNone(Iterator first, Iterator last, Function step, Step reverse)
 {
@@ -79,7 +79,7 @@ MacroCommand& MacroCommand::operator=(MacroCommand&& other) noexcept
     CommandBase::operator=(static_cast<CommandBase&&>(other));
     std::list<std::shared_ptr<CommandBase>> taken;
     taken.swap(other.m_commands);
-    m_commands.swap(taken); // what goes with `taken` may hold the last pointer to `other`
+    m_commands.swap(taken); // `taken` may hold the last share of `other`
   }
   return *this;
 }

@@ -11,22 +11,22 @@ namespace Tarvik {
 
 /// Several commands that the user sees as one.
 ///
-/// Nothing is half done: when a sub-command throws, those that had already run are reversed,
-/// latest first, and the exception goes on to the caller. Where a sub-command cannot be reversed
-/// (that throws as well, or it is not redo-capable), the others still are, and the caller sees the
-/// first exception. Macros nest. An empty macro does nothing.
+/// Nothing is half done: when a sub-command throws, those that have already run are reversed,
+/// latest first, and the caller gets the exception. If a sub-command cannot be reversed (its
+/// reversal throws, or it is not redo-capable), the others still are, and the caller gets the first
+/// exception. Macros nest. An empty macro does nothing.
 class TKM_COMMANDPATTERN_API MacroCommand : public CommandBase {
 public:
-  /// @param commands     the sub-commands in the order in which they run; shared with the caller
-  /// @param description  what the user reads; when empty, the first sub-command's description
+  /// @param commands     the sub-commands in the order in which they run
+  /// @param description  for the user; when empty, that of the first sub-command
   /// @throws std::invalid_argument when a sub-command is null
   explicit MacroCommand(std::list<std::shared_ptr<CommandBase>> commands,
                         std::string description = {});
 
-  /// Takes over description and sub-commands; the other is an empty macro then.
+  /// Moves the description and the sub-commands. Leaves `other` an empty macro.
   MacroCommand(MacroCommand&& other) noexcept;
 
-  /// As move construction; assigning a macro to itself changes nothing.
+  /// Like move construction. Assigning a macro to itself changes nothing.
   MacroCommand& operator=(MacroCommand&& other) noexcept;
   ~MacroCommand() override;
 
@@ -48,11 +48,11 @@ public:
   bool isRedoCapable() override;
 
 protected:
-  /// Called before a sub-command executes. Does nothing unless overridden; when it throws, the
-  /// sub-command does not run.
+  /// Called before a sub-command executes. Does nothing unless overridden. When it throws, the
+  /// sub-command is not executed.
   virtual void prepareExecute(std::shared_ptr<CommandBase> command);
 
-  /// Called after a sub-command has executed. Does nothing unless overridden; when it throws, the
+  /// Called after a sub-command has executed. Does nothing unless overridden. When it throws, the
   /// sub-command is undone like those before it.
   virtual void finalizeExecute(std::shared_ptr<CommandBase> command);
 

@@ -7,37 +7,33 @@
 
 namespace Tarvik {
 
-/// Gives the classes that derive from it a name for the user to read.
+/// Base class of objects with a name for the user.
 ///
-/// A name is any text, the empty one included; nothing keeps two objects from having the same.
-/// Copying an object copies its name and nothing else.
+/// A name is any text; it may be empty, and several objects may have the same.
 class TKM_GENERALSERVICES_API NameInterface {
 public:
-  /// An empty name.
-  NameInterface();
+  NameInterface(); ///< an empty name
 
-  /// The name as given, byte for byte.
+  /// The name, byte for byte.
   NameInterface(const std::string& name);
 
-  /// Copies the name.
   NameInterface(const NameInterface& other);
-
-  /// Takes over the name.
   NameInterface& operator=(const NameInterface& other);
 
   virtual ~NameInterface();
 
   /// Changes the name.
   /// @param name      may be the object's own name
-  /// @param verbatim  true: the name is taken as given, byte for byte; false: it is taken as
-  ///                  something that a person typed, and blanks and tabs at its ends are dropped
+  /// @param verbatim  true: keep every byte of the name; false: remove blanks and tabs at its ends,
+  ///                  as for a name that a person has typed
   void setName(const std::string& name, bool verbatim);
 
-  /// The name; the reference is valid as long as the object.
+  /// The name. The reference is valid until the object is destroyed.
   const std::string& getName() const { return m_name; }
 
-  /// Makes the class known to the archive, once, and tells how it is saved and loaded.
-  /// @param out  a BaseClassRegister, which is overwritten with the class's record
+  /// Copies the record of this class, which says how to save and load it. Registers it first if
+  /// needed.
+  /// @param out  the BaseClassRegister to overwrite
   static void serialization_register(void* out);
 
 private:

@@ -7,17 +7,12 @@
 
 namespace Tarvik {
 
-/// Answers which names are taken. Names are compared byte for byte.
+/// Knows which names are taken. Names are compared byte for byte.
 class TKM_GENERALSERVICES_API NameSetProvider {
 public:
   NameSetProvider();
-
-  /// Has nothing to copy itself, but lets the classes that derive from it be copied.
   NameSetProvider(const NameSetProvider& other);
-
-  /// As copy construction.
   NameSetProvider& operator=(const NameSetProvider& other);
-
   virtual ~NameSetProvider();
 
   /// Whether the name is taken.

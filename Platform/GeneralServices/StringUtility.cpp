@@ -7,7 +7,7 @@ namespace Tarvik {
 
 namespace {
 
-/// No branch, so that the compiler lowers many letters at a time.
+/// Without a branch, so that the compiler converts many letters at a time.
 constexpr char lowered(char letter)
 {
   const auto byte = static_cast<unsigned char>(letter);

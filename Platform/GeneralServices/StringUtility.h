@@ -7,13 +7,13 @@
 
 namespace Tarvik {
 
-/// Small helpers for texts.
+/// Operations on texts.
 class TKM_GENERALSERVICES_API StringUtility {
 public:
   StringUtility() = delete;
 
-  /// A copy of the text with the letters A to Z in lower case. All other bytes stay as they are,
-  /// those of letters outside ASCII included, whatever the locale.
+  /// A copy of the text with the letters A to Z in lower case. All other bytes are copied
+  /// unchanged, also those of letters outside ASCII. The locale makes no difference.
   static std::string toLower(const std::string& text);
 };
 

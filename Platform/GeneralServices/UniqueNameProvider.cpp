@@ -11,7 +11,7 @@ namespace Tarvik {
 
 namespace {
 
-/// The base without a blank and a number at its end, as createUniqueName() would have put there.
+/// The base without the blank and the number that createUniqueName() may have added.
 std::string_view withoutNumber(std::string_view base)
 {
   const auto lastOfText = base.find_last_not_of("0123456789");

@@ -15,7 +15,8 @@ const BaseClassRegister* registeredRecord()
   return registered;
 }
 
-/// An archive may hold identifiers before the program has touched one.
+/// Registers when the library is loaded: an archive may hold identifiers before the program has
+/// made one.
 [[maybe_unused]] const auto* const registeredAtLoad = registeredRecord();
 
 }
@@ -29,7 +30,8 @@ const GUIdentifier& GUIdentifier::getInvalidId()
 std::string GUIdentifier::toString() const
 {
   auto text = IdentifierText::toDigits(m_bits);
-  for (const std::size_t hyphen : {20U, 16U, 12U, 8U}) // from the back: the places stay right
+  for (const std::size_t hyphen :
+       {20U, 16U, 12U, 8U}) // from the back, so that the other positions stay right
     text.insert(hyphen, 1, '-');
   return text;
 }

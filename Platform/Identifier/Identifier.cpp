@@ -15,7 +15,8 @@ const BaseClassRegister* registeredRecord()
   return registered;
 }
 
-/// An archive may hold identifiers before the program has touched one.
+/// Registers when the library is loaded: an archive may hold identifiers before the program has
+/// made one.
 [[maybe_unused]] const auto* const registeredAtLoad = registeredRecord();
 
 }

@@ -10,7 +10,7 @@
 #include <cstdint>
 #include <string>
 
-/// How the identifiers of this library are saved and loaded. Not for others.
+/// Saves and loads the identifiers. Internal to this library.
 namespace Tarvik::IdentifierArchive {
 
 inline void write(PersistenceArchiver& archive, const IdentifierBits& bits)
@@ -37,7 +37,7 @@ void save(PersistenceArchiver& archive, const C& identifier, unsigned int /*vers
   write(archive, identifier.bits());
 }
 
-/// Registers one of the identifier classes under its name.
+/// Registers an identifier class under its name.
 template <class C>
 const BaseClassRegister* registerIdentifierClass(const std::string& name)
 {

@@ -20,14 +20,34 @@ namespace Tarvik {
 
 namespace {
 
+/// Each block of random bits gives one identifier fewer than this: a `low` that is a multiple of it
+/// means that the block is used up.
 constexpr std::uint64_t blockSize = 65536;
 
-/// The bits that the thread gives out next; it needs a new block when `low` is a multiple of the
-/// block size. Built without code, so that reaching it costs no check.
+/// The bits that the thread gives out next. Initialised without code, so that reading it costs no
+/// check.
 constinit thread_local IdentifierBits next{};
 
-// The system's source of randomness. Not std::random_device: it may ask the processor instead, and
-// some answer the same every time.
+// A UUID says in six of its bits how to read the others: RFC 9562, section 4.1 (the variant, the
+// two highest bits of the low word) and 4.2 (the version, the lowest bits of the high word but
+// twelve). Version 8, section 5.8, leaves all other bits to us.
+constexpr std::uint64_t versionField = 0xF000;
+constexpr std::uint64_t version8 = 0x8000;
+constexpr std::uint64_t variantField = 0xC000'0000'0000'0000;
+constexpr std::uint64_t variantOfTheRfc = 0x8000'0000'0000'0000;
+
+constexpr std::uint64_t withVersion(std::uint64_t high)
+{
+  return (high & ~versionField) | version8;
+}
+
+constexpr std::uint64_t withVariant(std::uint64_t low)
+{
+  return (low & ~variantField) | variantOfTheRfc;
+}
+
+// Reads the system's source of randomness. Not std::random_device: it may ask the processor
+// instead, and some processors always answer the same.
 #if defined(_WIN32)
 std::uint64_t randomWord()
 {
@@ -65,13 +85,13 @@ IdentifierBits takeNext()
 IdentifierBits takeFirstOfNewBlock()
 {
   const auto [high, low] = randomBits();
-  next.high = (high & ~0xF000ULL) | 0x8000ULL;                                 // version 8
-  next.low = ((low & ~(blockSize - 1)) & ~(3ULL << 62U)) | 1ULL << 63U | 1ULL; // variant 10
+  const auto startOfBlock = withVariant(low - low % blockSize);
+  next = {.high = withVersion(high), .low = startOfBlock + 1};
   return takeNext();
 }
 
 #if !defined(_WIN32)
-/// A forked child goes on with a copy of the forking thread's block, which the parent still uses.
+/// Ends the current block in a forked child: the child has a copy, and the parent still uses it.
 class ForkHandler {
 public:
   ForkHandler()

@@ -7,13 +7,13 @@
 #include <string>
 #include <string_view>
 
-/// How the identifiers of this library are written and read. Not for others.
+/// Writes and reads identifiers as text. Internal to this library.
 namespace Tarvik::IdentifierText {
 
-/// 32 hexadecimal digits, lower case, the highest first.
+/// 32 hexadecimal digits, lower case, most significant first.
 std::string toDigits(const IdentifierBits& bits);
 
-/// Reads 32 hexadecimal digits, lower or upper case; nothing when the text is anything else.
+/// Reads 32 hexadecimal digits, lower or upper case; nothing for any other text.
 std::optional<IdentifierBits> fromDigits(std::string_view text);
 
 }

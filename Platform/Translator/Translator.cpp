@@ -9,8 +9,8 @@ namespace Tarvik {
 
 namespace {
 
-/// The installed catalogue. Only the pointer is guarded: a catalogue is called, and destroyed,
-/// outside of the lock, so that it may translate or install in its turn.
+/// The installed catalogue. The lock guards the pointer only: catalogues are called and destroyed
+/// without it, so that they may translate or install themselves.
 class InstalledCatalogue {
 public:
   std::shared_ptr<const Translator::Catalogue> get()
@@ -30,7 +30,7 @@ private:
   std::shared_ptr<const Translator::Catalogue> m_catalogue;
 };
 
-/// Built when the library is loaded, and gone after everything that was loaded later.
+/// Constructed when the library is loaded, destroyed after everything that was loaded later.
 InstalledCatalogue installed;
 
 }

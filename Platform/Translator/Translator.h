@@ -9,16 +9,16 @@
 
 namespace Tarvik {
 
-/// Answers with a text in the user's language.
+/// Translates texts into the user's language.
 ///
 /// A program installs a catalogue when it starts, and another one whenever the user switches the
-/// language; texts that were translated before stay as they are. Without a catalogue every text
-/// stands for itself. All operations may be called from any thread at any time.
+/// language. Texts that have already been translated do not change. Without a catalogue, texts are
+/// not translated. All operations may be called from any thread at any time.
 class TKM_TRANSLATOR_API Translator {
 public:
-  /// Answers for one text, or nothing when it has no translation. The arguments are those of
-  /// translate(), null pointers included. It may be called from several threads at once, and once
-  /// more after another catalogue has been installed, by a call that was under way.
+  /// Returns the translation of one text, or nothing when it has none. Gets the arguments of
+  /// translate() unchanged; they may be null. May be called from several threads at once. May still
+  /// be running, or be called once more, after another catalogue has been installed.
   using Catalogue = std::function<std::optional<std::string>(
       const char* context, const char* text, const char* disambiguation, int count)>;
 
@@ -26,16 +26,16 @@ public:
 
   /// Translates a text with the installed catalogue.
   /// @param context         what the text belongs to, such as a class name; may be null
-  /// @param text            the text in the program's own language; null is taken as empty
-  /// @param disambiguation  tells equal texts of one context apart; may be null
-  /// @param count           the number that the text speaks of; negative when it speaks of none
-  /// @return the translation, or the text itself where the catalogue has none
-  /// @throws what the catalogue throws
+  /// @param text            the text in the program's own language; null means empty
+  /// @param disambiguation  distinguishes equal texts of one context; may be null
+  /// @param count           the number in the text, for plural forms; negative when there is none
+  /// @return the translation, or the text itself when the catalogue has none
+  /// @throws whatever the catalogue throws
   static std::string
   translate(const char* context, const char* text, const char* disambiguation, int count);
 
-  /// Makes the catalogue the one that answers from now on.
-  /// @param catalogue  an empty one means none
+  /// Uses this catalogue from now on.
+  /// @param catalogue  an empty function means no catalogue
   static void installCatalogue(Catalogue catalogue);
 };
 

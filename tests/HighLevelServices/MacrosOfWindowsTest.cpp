@@ -45,39 +45,7 @@
 #define ERROR 0
 #define DELETE (0x00010000L)
 
-#include "CommandPattern/ChangeListeners.h"
-#include "CommandPattern/CommandBase.h"
-#include "CommandPattern/CommandHistory.h"
-#include "CommandPattern/LegacyProgress.h"
-#include "CommandPattern/MacroCommand.h"
-#include "GeneralServices/NameInterface.h"
-#include "GeneralServices/NameSetProvider.h"
-#include "GeneralServices/SimpleNameSetProvider.h"
-#include "GeneralServices/StringUtility.h"
-#include "GeneralServices/UniqueNameProvider.h"
-#include "HighLevelServices/GroupCommands/AddToTKGroupCmd.h"
-#include "HighLevelServices/GroupCommands/CreateTKGroupCmd.h"
-#include "HighLevelServices/GroupCommands/GroupLists.h"
-#include "HighLevelServices/GroupCommands/MoveTKGroupElementsCmd.h"
-#include "HighLevelServices/GroupCommands/RemoveFromTKGroupCmd.h"
-#include "HighLevelServices/GroupCommands/RemoveTKGroupsCmd.h"
-#include "HighLevelServices/GroupCommands/RenameTKGroupCmd.h"
-#include "HighLevelServices/GroupCommands/SortTKGroupsAlphabeticallyCmd.h"
-#include "HighLevelServices/Groups/ElementIdentifier.h"
-#include "HighLevelServices/Groups/PointerMapContainer.h"
-#include "HighLevelServices/Groups/TKGroup.h"
-#include "HighLevelServices/Groups/TKGroupProviderInterface.h"
-#include "Identifier/GUIdentifier.h"
-#include "Identifier/Identifier.h"
-#include "Identifier/IdentifierBits.h"
-#include "PersistenceArchiver/ArchiveError.h"
-#include "PersistenceArchiver/BaseClassRegister.h"
-#include "PersistenceArchiver/Caster.h"
-#include "PersistenceArchiver/ClassRegistration.h"
-#include "PersistenceArchiver/LittleEndian.h"
-#include "PersistenceArchiver/MapContainer.h"
-#include "PersistenceArchiver/PersistenceArchiver.h"
-#include "Translator/Translator.h"
+#include "AllPublicHeaders.h" // generated
 
 namespace Tarvik {
 namespace {

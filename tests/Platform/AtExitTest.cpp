@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Objects that a program destroys when it ends may still use the platform: it goes after them.
+// Objects that a program destroys at its end may still use the platform, which is destroyed later.
 
 #include "Identifier/Identifier.h"
 #include "PersistenceArchiver/BaseClassRegister.h"
@@ -14,7 +14,7 @@
 namespace Tarvik {
 namespace {
 
-/// Uses the platform when it is destroyed, and ends the program with 3 when that goes wrong.
+/// Uses the platform in its destructor. Ends the program with 3 when that goes wrong.
 class LateUser {
 public:
   LateUser() = default;
@@ -35,7 +35,7 @@ TEST(AtExit, TheTranslatorAndTheClassRegistryStillAnswer)
 {
   EXPECT_EXIT(
       {
-        static const LateUser late{}; // built before anything of the platform is used
+        static const LateUser late{}; // constructed before anything of the platform is used
         Translator::installCatalogue(
             [](auto...) { return std::optional<std::string>("translated"); });
         std::exit(0);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the history's listeners promise is tested with the history; here is what it does not show.
+// Most of this is tested through the history's listeners. These tests are for the rest.
 #include "CommandPattern/ChangeListeners.h"
 
 #include "Support/Allocations.h"
@@ -12,7 +12,7 @@
 namespace Tarvik {
 namespace {
 
-TEST(ChangeListeners, LeaveNothingBehindWhenTheyUnsubscribe)
+TEST(ChangeListeners, AreReleasedWhenTheyUnsubscribe)
 {
   ChangeListeners listeners;
   const AllocationWatch watch;
@@ -20,7 +20,7 @@ TEST(ChangeListeners, LeaveNothingBehindWhenTheyUnsubscribe)
   for (int i = 0; i < 1000; ++i)
     const auto subscription = listeners.subscribe([] {});
 
-#if !defined(_MSC_VER) // the watch does not reach into DLLs there
+#if !defined(_MSC_VER) // allocations in DLLs cannot be counted there
   EXPECT_GE(watch.count(), 1000U);
   EXPECT_LE(watch.count() - watch.released(), 8U) << "the last one, and the list's own store";
 #endif
@@ -38,7 +38,7 @@ TEST(ChangeListeners, AreToldInTheOrderInWhichTheySubscribed)
   EXPECT_EQ(told, "ab");
 }
 
-TEST(ChangeListeners, AreToldQuietlyWhileAnotherExceptionIsUnderWay)
+TEST(ChangeListeners, AreToldQuietlyWhileAnotherExceptionIsHandled)
 {
   ChangeListeners listeners;
   int told = 0;

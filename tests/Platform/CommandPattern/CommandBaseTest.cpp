@@ -19,7 +19,7 @@ public:
   void redo() override {}
 };
 
-/// Overrides whatever a command may override.
+/// Overrides all that a command may override.
 class OwnWayCommand : public PlainCommand {
 public:
   OwnWayCommand(std::string& log) : PlainCommand("Base"), m_log(log) {}

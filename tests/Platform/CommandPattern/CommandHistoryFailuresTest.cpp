@@ -105,7 +105,7 @@ TEST_F(HistoryFailures, LeaveTheHistoryAsItWasAtEveryStepOfAJump)
       }
 }
 
-TEST_F(HistoryFailures, TakeAJumpBackAsFarAsCommandsCanBeRedone)
+TEST_F(HistoryFailures, ReverseAJumpAsFarAsCommandsCanBeRedone)
 {
   execute("A B C! D");
   document.failAt("undo A");
@@ -116,7 +116,7 @@ TEST_F(HistoryFailures, TakeAJumpBackAsFarAsCommandsCanBeRedone)
   EXPECT_EQ(document.text(), "A B");
 }
 
-TEST_F(HistoryFailures, StopTheWayBackOfAJumpWhereACommandFailsAgain)
+TEST_F(HistoryFailures, StopTheReversalOfAJumpWhereACommandFailsAgain)
 {
   execute("A B C D");
   document.failAt("undo A");
@@ -128,7 +128,7 @@ TEST_F(HistoryFailures, StopTheWayBackOfAJumpWhereACommandFailsAgain)
   EXPECT_EQ(document.text(), "A B");
 }
 
-TEST_F(HistoryFailures, TellListenersOfAJumpThatCouldNotBeTakenBack)
+TEST_F(HistoryFailures, CallListenersWhenAJumpIsNotWhollyReversed)
 {
   execute("A B C!");
   std::vector<std::string> views;
@@ -190,7 +190,7 @@ TEST_F(HistoryFailures, OfAnyTypeLeaveTheHistoryUsable)
   EXPECT_EQ(view(history), "* W A |");
 }
 
-#if !defined(_MSC_VER) // the watch does not reach into DLLs there
+#if !defined(_MSC_VER) // allocations in DLLs cannot be counted there
 
 /// Counts how often it is in effect, and takes no memory for it.
 class CountingCommand : public CommandBase {
@@ -262,7 +262,7 @@ TEST_F(HistoryFailures, OfAllocationsLeaveNoCommandExecutedButNotKept)
       }
     }
 
-    EXPECT_EQ(added->inEffect, failed ? 0 : 1) << "behind " << kept << " commands";
+    EXPECT_EQ(added->inEffect, failed ? 0 : 1) << "after " << kept << " commands";
     EXPECT_EQ(subject.entries().size(), failed ? kept : kept + 1);
     EXPECT_EQ(subject.position(), subject.entries().size());
     failures += failed ? 1 : 0;

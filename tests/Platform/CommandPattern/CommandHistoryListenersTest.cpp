@@ -19,13 +19,13 @@ namespace {
 
 class HistoryListeners : public HistoryTest {
 protected:
-  /// A listener that adds its name to what was told.
+  /// A listener that notes its name when it is called.
   CommandHistory::Subscription subscribe(const std::string& name)
   {
     return history.subscribe([this, name](const CommandHistory&) { told.push_back(name); });
   }
 
-  /// The names of those who were told since the last time.
+  /// The names noted since the last call.
   std::string takeTold() { return joined(std::exchange(told, {}), " "); }
 
   std::vector<std::string> told;
@@ -219,7 +219,7 @@ TEST_F(HistoryListeners, MayUnsubscribeThemselvesWhileBeingTold)
   const auto before = subscribe("1");
   own = history.subscribe([this, &own, name = std::string(100, 'x')](const CommandHistory&) {
     own.cancel();
-    told.push_back(name); // still there, though nobody but the history holds it
+    told.push_back(name); // it still exists: the history has a share
   });
   const auto after = subscribe("3");
 
@@ -253,7 +253,7 @@ TEST_F(HistoryListeners, MaySubscribeOthersWhoAreToldFromTheNextChangeOn)
   std::vector<CommandHistory::Subscription> added;
   const auto inviting = history.subscribe([&](const CommandHistory&) {
     told.emplace_back("inviting");
-    for (int i = 0; i < 20 && added.size() < 20; ++i) // more than what is kept aside for a few
+    for (int i = 0; i < 20 && added.size() < 20; ++i) // so many that the list has to grow
       added.push_back(subscribe("new"));
   });
   const auto second = subscribe("second");
@@ -279,7 +279,7 @@ TEST_F(HistoryListeners, MayOperateTheHistory)
   EXPECT_EQ(document.text(), "A");
 }
 
-TEST_F(HistoryListeners, AreNotToldOfWhatTheyDoAfterTheyUnsubscribed)
+TEST_F(HistoryListeners, AreNotToldAboutChangesThatTheyMakeAfterTheyUnsubscribed)
 {
   std::optional<CommandHistory::Subscription> own;
   for (const bool destroyed : {false, true}) {
@@ -322,7 +322,7 @@ TEST_F(HistoryListeners, MayDoEverythingAtOnce)
   EXPECT_EQ(takeTold(), "added");
 }
 
-TEST_F(HistoryListeners, AreAllToldThoughOneOfThemThrows)
+TEST_F(HistoryListeners, AreAllToldEvenIfOneOfThemThrows)
 {
   const auto before = subscribe("1");
   const auto throwing =

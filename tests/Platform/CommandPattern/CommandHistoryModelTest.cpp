@@ -15,8 +15,8 @@
 namespace Tarvik {
 namespace {
 
-/// What a history should do, told in the plainest way: names instead of commands, one step at a
-/// time, and -1 for a clean mark that is lost.
+/// What a history should do, in the plainest way: names instead of commands, one step at a time,
+/// and -1 for a clean mark that is lost.
 struct Model {
   using Names = std::vector<std::string>;
 
@@ -35,7 +35,7 @@ struct Model {
     if (failing == "execute " + name)
       return;
     document.push_back(name);
-    cutOffBehind(position);
+    cutOffAfter(position);
     entries.push_back(name);
     ++position;
     trim();
@@ -124,7 +124,7 @@ private:
     document.pop_back();
     --position;
     if (name.back() == '!')
-      cutOffBehind(position);
+      cutOffAfter(position);
     return true;
   }
 
@@ -138,7 +138,7 @@ private:
     return true;
   }
 
-  void cutOffBehind(int last)
+  void cutOffAfter(int last)
   {
     while (size() > last)
       entries.pop_back();
@@ -154,7 +154,7 @@ private:
         --position;
         clean = clean > 0 ? clean - 1 : -1;
       } else {
-        cutOffBehind(size() - 1);
+        cutOffAfter(size() - 1);
       }
   }
 };
@@ -174,7 +174,8 @@ protected:
     const auto quietly = [](auto action) {
       try {
         action();
-      } catch (const Failure&) { // NOLINT(bugprone-empty-catch): seen in what it leaves behind
+      } catch (
+          const Failure&) { // NOLINT(bugprone-empty-catch): the history and the document show it
       } catch (const std::out_of_range&) { // NOLINT(bugprone-empty-catch): as above
       }
     };

@@ -15,10 +15,10 @@
 #include <utility>
 #include <vector>
 
-/// Commands that change a small document, tell what was done with them, and fail where asked to.
+/// Commands that change a small document, note what is called, and fail on request.
 namespace Tarvik {
 
-/// Thrown by a call that was asked to fail; tells which.
+/// Thrown by a call that is to fail. Its text is that call.
 struct Failure : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
@@ -31,22 +31,22 @@ inline std::string joined(const std::vector<std::string>& parts, const std::stri
   return text;
 }
 
-/// What the commands of a test change: each puts its name at the end, and takes it off again.
+/// What the commands of a test change: each appends its name, and removes it again.
 class Document {
 public:
   /// The names of the commands in effect: "A B C".
   std::string text() const { return joined(m_names, " "); }
 
-  /// What was called since the last time, and which of it threw: "execute A, execute B failed".
+  /// The calls since the last takeCalls(), and which of them threw: "execute A, execute B failed".
   std::string takeCalls() { return joined(std::exchange(m_calls, {}), ", "); }
 
-  /// Lets a call fail, such as "undo B", from now on.
+  /// From now on, a call such as "undo B" fails.
   void failAt(const std::string& call) { m_failing.insert(call); }
 
   void failNowhere() { m_failing.clear(); }
 
   /// Notes a call.
-  /// @throws Failure when it was asked to fail
+  /// @throws Failure when it is to fail
   void note(const std::string& call)
   {
     const bool fails = m_failing.contains(call);
@@ -70,7 +70,7 @@ private:
   std::set<std::string> m_failing;
 };
 
-/// Its description is its name.
+/// Appends its name, which is also its description.
 class AppendCommand : public CommandBase {
 public:
   AppendCommand(Document& document, const std::string& name)
@@ -117,7 +117,7 @@ inline std::vector<std::string> words(const std::string& text)
   return result;
 }
 
-/// What an action throws as a Failure; "nothing" when it returns.
+/// The text of the Failure that an action throws; "nothing" when it throws none.
 template <class Action>
 std::string failureOf(Action action)
 {

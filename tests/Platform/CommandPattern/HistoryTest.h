@@ -12,7 +12,7 @@
 namespace Tarvik {
 
 /// All that a history shows, in one line: its entries, `|` at the position and `*` at the clean
-/// mark. "A * B | C": A and B are in effect, C can be redone, and the state behind A is clean.
+/// mark. "A * B | C": A and B are in effect, C can be redone, and the state after A is clean.
 inline std::string view(const CommandHistory& history)
 {
   std::vector<std::string> parts;
@@ -25,7 +25,7 @@ inline std::string view(const CommandHistory& history)
       parts.push_back(history.entries()[i]->getDescription());
   }
   if (history.cleanPosition() > history.entries().size())
-    parts.emplace_back("with a clean mark behind its end");
+    parts.emplace_back("with a clean mark after its end");
   return joined(parts, " ");
 }
 

@@ -31,7 +31,7 @@ TEST(NameSet, ContainsTheNamesThatWereAdded)
   EXPECT_FALSE(names.contains("Valves"));
 }
 
-TEST(NameSet, AnswersItselfSoThatCallsCanBeChained)
+TEST(NameSet, ReturnsItselfSoThatCallsCanBeChained)
 {
   SimpleNameSetProvider names;
 
@@ -55,7 +55,7 @@ TEST(NameSet, ComparesNamesByteForByte)
   EXPECT_TRUE(names.contains("Gr\xc3\xbc\xc3\x9f"));
 }
 
-TEST(NameSet, TakesAPartOfAText)
+TEST(NameSet, AcceptsAPartOfAText)
 {
   SimpleNameSetProvider names;
   names.addName("Pumps");

@@ -47,7 +47,7 @@ TEST(ToLower, LowersALongText)
   EXPECT_EQ(StringUtility::toLower(std::string(1'000'003, 'Q')), std::string(1'000'003, 'q'));
 }
 
-TEST(ToLower, GoesOnBehindAZeroByte)
+TEST(ToLower, ContinuesAfterAZeroByte)
 {
   EXPECT_EQ(StringUtility::toLower(std::string("A\0B\0", 4)), std::string("a\0b\0", 4));
 }
@@ -61,8 +61,8 @@ TEST(ToLower, LeavesItsArgumentAsItIs)
   EXPECT_EQ(text, "MIXED case, too long to be kept within the string");
 }
 
-/// Lower letters of a country that has no I: what toLower() must not care for.
-class LettersOfItsOwn : public std::ctype<char> {
+/// A locale without the letter I. It must not matter to toLower().
+class LocaleWithoutI : public std::ctype<char> {
 protected:
   char do_tolower(char letter) const override { return letter == 'I' ? '1' : '?'; }
   const char* do_tolower(char* begin, const char* end) const override
@@ -72,10 +72,10 @@ protected:
   }
 };
 
-TEST(ToLower, DoesNotCareForTheGlobalLocale)
+TEST(ToLower, DoesNotDependOnTheGlobalLocale)
 {
   const std::locale original =
-      std::locale::global(std::locale(std::locale::classic(), new LettersOfItsOwn));
+      std::locale::global(std::locale(std::locale::classic(), new LocaleWithoutI));
 
   const auto lowered = StringUtility::toLower("TITLE \xdc");
 
@@ -83,7 +83,7 @@ TEST(ToLower, DoesNotCareForTheGlobalLocale)
   EXPECT_EQ(lowered, "title \xdc");
 }
 
-TEST(ToLower, DoesNotCareForAnyInstalledLocaleOfTheCLibrary)
+TEST(ToLower, DoesNotDependOnAnyInstalledLocaleOfTheCLibrary)
 {
   const std::string original = std::setlocale(LC_ALL, nullptr);
   for (const auto* const locale : {"tr_TR.ISO-8859-9", "tr_TR.UTF-8", "de_DE.ISO-8859-1", "C"}) {
@@ -95,9 +95,9 @@ TEST(ToLower, DoesNotCareForAnyInstalledLocaleOfTheCLibrary)
   }
 }
 
-#if !defined(_MSC_VER) // the watch does not reach into DLLs there
+#if !defined(_MSC_VER) // allocations in DLLs cannot be counted there
 
-TEST(ToLower, TakesMemoryOnceAtMost)
+TEST(ToLower, AllocatesAtMostOnce)
 {
   for (const std::size_t length : {0U, 15U, 16U, 100U, 100'000U}) {
     const std::string text(length, 'Q');
@@ -111,7 +111,7 @@ TEST(ToLower, TakesMemoryOnceAtMost)
     }
 
     EXPECT_LE(allocations, 1U) << length << " bytes";
-    EXPECT_GE(allocations, length >= 100 ? 1U : 0U) << "the watch sees nothing of the library";
+    EXPECT_GE(allocations, length >= 100 ? 1U : 0U) << "allocations in the library are not counted";
     EXPECT_EQ(lettersLeft, length);
   }
 }

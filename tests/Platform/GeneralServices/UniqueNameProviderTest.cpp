@@ -32,7 +32,7 @@ TEST(UniqueName, IsTheBaseItselfWhenThatIsFree)
   EXPECT_EQ(unique("  Group\t02 ", {}), "  Group\t02 ");
 }
 
-TEST(UniqueName, HasTheLowestFreeNumberFromTwoUpBehindATakenBase)
+TEST(UniqueName, HasTheLowestFreeNumberFromTwoUpAfterATakenBase)
 {
   EXPECT_EQ(unique("Group", {"Group"}), "Group 2");
   EXPECT_EQ(unique("Group", {"Group", "Group 2"}), "Group 3");
@@ -74,7 +74,7 @@ TEST(UniqueName, CountsPastOneDigit)
   }
 }
 
-TEST(UniqueName, AddsToABaseWhoseDigitsAreNoNumberOfItsOwn)
+TEST(UniqueName, AddsToABaseWhoseDigitsAreNoSeparateNumber)
 {
   for (const std::string base : {"Group 02", "Group 0", "Group2", "Group-2", "Group\t2", "Group 2a",
                                  "Group 2.5", "Group -2", "2", " 2", "22"})
@@ -115,7 +115,7 @@ TEST(UniqueName, IsTheSameForEqualArguments)
   EXPECT_EQ(UniqueNameProvider::createUniqueName("Group", names), "Group 3");
 }
 
-/// "Group", "Group 2" and so on up to a last number, and a count of the questions.
+/// "Group", "Group 2" and so on up to a last number. Counts how often it is asked.
 class NumberedGroups : public NameSetProvider {
 public:
   explicit NumberedGroups(int last) : m_last(last) {}

@@ -98,7 +98,8 @@ TEST(Bits, DrawNewRandomnessAfterEveryBlock)
   std::set<std::uint64_t> highWords;
   for (const auto& block : blocks)
     highWords.insert(block.high);
-  for (std::size_t i = 1; i + 1 < blocks.size(); ++i) // the first had begun, the last goes on
+  for (std::size_t i = 1; i + 1 < blocks.size();
+       ++i) // the first block was not new, the last has not ended
     EXPECT_EQ(blocks[i].size, 65'535) << "block " << i;
   EXPECT_EQ(highWords.size(), blocks.size()) << "two blocks share their high word";
 }

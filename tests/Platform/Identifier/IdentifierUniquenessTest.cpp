@@ -94,7 +94,7 @@ TEST(UniqueIdsOfBothKinds, ShareNoBits)
 
 #if defined(__unix__) // Windows cannot fork
 
-/// A forked process that draws identifiers and sends them home.
+/// A forked process that creates identifiers and sends them to its parent.
 template <class T>
 class Child {
 public:
@@ -125,12 +125,12 @@ public:
       result.emplace_back(bits);
     int status = -1;
     ::waitpid(m_process, &status, 0);
-    EXPECT_EQ(status, 0) << "the child did not end well";
+    EXPECT_EQ(status, 0) << "the child failed";
     return result;
   }
 
 private:
-  /// Runs in the child, where nothing may be used that another thread could have locked.
+  /// Runs in the child. Must not use anything that another thread may have locked.
   static bool drawInto(int target, std::size_t count, bool forksAgain)
   {
     if (!send(target, count))

@@ -20,7 +20,7 @@ std::string translated(const char* text)
   return Translator::translate("Context", text, nullptr, -1);
 }
 
-/// A catalogue with one answer for everything.
+/// A catalogue with one translation for all texts.
 Translator::Catalogue answering(const std::string& answer)
 {
   return [answer](const char*, const char*, const char*, int) { return answer; };
@@ -72,7 +72,7 @@ TEST_F(Translation, IsTheTextItselfWhereTheCatalogueHasNone)
   EXPECT_EQ(translated("no"), "no");
 }
 
-TEST_F(Translation, HandsAllArgumentsToTheCatalogue)
+TEST_F(Translation, PassesAllArgumentsToTheCatalogue)
 {
   struct Arguments {
     const char* context;
@@ -147,10 +147,10 @@ TEST_F(Translation, MayInstallAnotherCatalogueAndStillUsesItsOwn)
 
   EXPECT_EQ(translated("text"), "of the old one");
   EXPECT_EQ(translated("text"), "of the new one");
-  EXPECT_EQ(answer.use_count(), 1) << "the old catalogue is still held";
+  EXPECT_EQ(answer.use_count(), 1) << "the old catalogue has not been released";
 }
 
-TEST_F(Translation, LetsTheExceptionOfACatalogueThroughAndGoesOn)
+TEST_F(Translation, PassesOnTheExceptionOfACatalogueAndStillWorks)
 {
   bool fails = true;
   Translator::installCatalogue([&fails](const char*, const char*, const char*, int) {
