@@ -12,12 +12,25 @@
 /// Steps that several commands take on a list of groups. Not for hosts.
 namespace Tarvik::GroupLists {
 
-/// Starts an edit: both lists become the provider's current list.
+/// Makes `list` a copy of `groups`. When that throws, `list` keeps what it had.
+/// @param room  how many groups will be appended; a list that grows later copies all its groups
+template <class T>
+void copyInto(std::vector<TKGroup<T>>& list,
+              const std::vector<TKGroup<T>>& groups,
+              std::size_t room = 0)
+{
+  std::vector<TKGroup<T>> copy;
+  copy.reserve(groups.size() + room);
+  copy = groups;
+  list.swap(copy);
+}
+
+/// Starts an edit: both lists become the provider's current list. When the copy fails, `after`
+/// keeps its groups, since redo() with an empty list would delete those of the host.
 /// @param provider  owner of the list
 /// @param before    for undo(); may be the provider's own list
 /// @param after     the one to be edited
-/// @param room      how many groups the edit will append; they are allowed for, since a list that
-///                  grows later copies all its groups once more
+/// @param room      how many groups the edit will append
 template <class T>
 void takeSnapshots(TKGroupProviderInterface<T>& provider,
                    std::vector<TKGroup<T>>& before,
@@ -25,9 +38,7 @@ void takeSnapshots(TKGroupProviderInterface<T>& provider,
                    std::size_t room = 0)
 {
   before = provider.getGroups(); // may be `before` itself: self-assignment changes nothing
-  after.clear();                 // or a larger store would take a copy of what is given up here
-  after.reserve(before.size() + room);
-  after = before;
+  copyInto(after, before, room);
 }
 
 /// The first group with that id, or the end of the list.

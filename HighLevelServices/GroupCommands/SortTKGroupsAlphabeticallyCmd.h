@@ -57,10 +57,10 @@ private:
 
 namespace GroupLists {
 
-/// Where the groups of a list stand when they are sorted by name. Groups have no move, so that
-/// swapping positions is a small part of what swapping groups would cost.
+/// A copy of the groups, in the order of their names. Positions are sorted rather than groups: a
+/// group cannot be moved, so each swap of two groups would copy both.
 template <class T>
-std::vector<std::size_t> positionsByName(const std::vector<TKGroup<T>>& groups)
+std::vector<TKGroup<T>> sortedByName(const std::vector<TKGroup<T>>& groups)
 {
   std::vector<std::size_t> positions(groups.size());
   std::iota(positions.begin(), positions.end(), std::size_t{0});
@@ -68,7 +68,23 @@ std::vector<std::size_t> positionsByName(const std::vector<TKGroup<T>>& groups)
     return StringUtility::toLower(groups[a].getName()) <
            StringUtility::toLower(groups[b].getName());
   });
-  return positions;
+
+  std::vector<TKGroup<T>> sorted;
+  sorted.reserve(groups.size());
+  for (const std::size_t position : positions)
+    sorted.push_back(groups[position]);
+  return sorted;
+}
+
+/// Makes `list` a copy of `groups` while an exception is handled. When the copy fails too, `list`
+/// keeps what it had, and the caller still sees the first exception.
+template <class T>
+void copyQuietly(std::vector<TKGroup<T>>& list, const std::vector<TKGroup<T>>& groups) noexcept
+{
+  try {
+    copyInto(list, groups);
+  } catch (...) { // NOLINT(bugprone-empty-catch): see above
+  }
 }
 
 /// Lowers a member's name byte by byte as the global locale of the moment does it. Groups' names
@@ -135,10 +151,12 @@ template <class T>
 void SortTKGroupsAlphabeticallyCmd<T>::initialize()
 {
   m_groupsBefore = m_provider->getGroups(); // may be m_groupsBefore itself
-  m_groupsAfter.clear();
-  m_groupsAfter.reserve(m_groupsBefore.size());
-  for (const std::size_t position : GroupLists::positionsByName(m_groupsBefore))
-    m_groupsAfter.push_back(m_groupsBefore[position]);
+  try {
+    GroupLists::sortedByName(m_groupsBefore).swap(m_groupsAfter);
+  } catch (...) {
+    GroupLists::copyQuietly(m_groupsAfter, m_groupsBefore); // redo() must not delete groups
+    throw;
+  }
   for (auto& group : m_groupsAfter)
     sortGroup(group);
 }

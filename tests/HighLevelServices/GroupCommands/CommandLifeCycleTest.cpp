@@ -7,7 +7,6 @@
 
 #include <memory>
 #include <optional>
-#include <stdexcept>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -264,50 +263,6 @@ TYPED_TEST(MovableCommand, StaysWhatItIsWhenAssignedToItself)
   command.execute();
   EXPECT_EQ(this->host->groups().size(), after.size()) << "the arguments are there as well";
   EXPECT_FALSE(identical(this->host->copyOfGroups(), this->before));
-}
-
-TYPED_TEST(EveryCommand, LeavesTheHostsGroupsAloneWhenTheHostFails)
-{
-  for (const auto& call : TypeParam::onExecute()) {
-    auto command = TypeParam::make(this->host);
-    this->host->failIn(call);
-
-    EXPECT_THROW(command.execute(), std::runtime_error) << call;
-
-    EXPECT_TRUE(identical(this->host->copyOfGroups(), this->before)) << call;
-  }
-}
-
-TYPED_TEST(EveryCommand, LeavesTheHostsGroupsAloneWhicheverAllocationFails)
-{
-  bool succeeded = false;
-  for (std::size_t successes = 0; !succeeded; ++successes) {
-    ASSERT_LT(successes, 10'000U);
-    auto command = TypeParam::make(this->host);
-    try {
-      const AllocationWatch watch(successes);
-      command.execute();
-      succeeded = !watch.hasFailed();
-    } catch (const std::bad_alloc&) {
-      EXPECT_TRUE(identical(this->host->copyOfGroups(), this->before)) << successes;
-    }
-  }
-  EXPECT_FALSE(identical(this->host->copyOfGroups(), this->before));
-}
-
-TYPED_TEST(EveryCommand, ReleasesTheHostWhicheverAllocationFailsInItsConstructor)
-{
-  bool succeeded = false;
-  for (std::size_t successes = 0; !succeeded; ++successes) {
-    ASSERT_LT(successes, 1'000U);
-    try {
-      const AllocationWatch watch(successes);
-      const auto command = TypeParam::make(this->host);
-      succeeded = !watch.hasFailed();
-    } catch (const std::bad_alloc&) {
-      EXPECT_EQ(this->host.use_count(), 1) << successes;
-    }
-  }
 }
 
 TYPED_TEST(EveryCommand, IsNeverCopied)

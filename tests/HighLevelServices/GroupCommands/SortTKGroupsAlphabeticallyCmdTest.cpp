@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "HighLevelServices/GroupCommands/SortTKGroupsAlphabeticallyCmd.h"
 
+#include "Support/GlobalLocale.h"
 #include "Support/RecordingHost.h"
 
 #include <gtest/gtest.h>
@@ -55,18 +56,6 @@ protected:
   }
 };
 TYPED_TEST_SUITE(SortGroups, ElementIdentifiers, KindName);
-
-/// Puts a global locale in place for a scope.
-class GlobalLocale {
-public:
-  explicit GlobalLocale(const std::locale& locale) : m_earlier(std::locale::global(locale)) {}
-  GlobalLocale(const GlobalLocale&) = delete;
-  GlobalLocale& operator=(const GlobalLocale&) = delete;
-  ~GlobalLocale() { std::locale::global(m_earlier); }
-
-private:
-  std::locale m_earlier;
-};
 
 /// Lowers single bytes only: 'z' comes out as '!', which sorts first. Ranges are left alone.
 class BytewiseLetters : public std::ctype<char> {
