@@ -59,6 +59,8 @@ private:
   T m_target;
   std::vector<T> m_elements;
   bool m_insertBefore;
+  /// Each operation holds a share of the macro while it runs: the host may release this command
+  /// or execute it again in the meantime.
   std::shared_ptr<MacroCommand> m_macroCommand;
 };
 
@@ -99,22 +101,22 @@ template <class T>
 void MoveTKGroupElementsCmd<T>::execute()
 {
   initialize();
-  if (m_macroCommand)
-    m_macroCommand->execute(); // not redo(): the sub-commands have to take their snapshots
+  if (const auto macro = m_macroCommand)
+    macro->execute(); // not redo(): the sub-commands must take their snapshots
 }
 
 template <class T>
 void MoveTKGroupElementsCmd<T>::undo()
 {
-  if (m_macroCommand)
-    m_macroCommand->undo();
+  if (const auto macro = m_macroCommand)
+    macro->undo();
 }
 
 template <class T>
 void MoveTKGroupElementsCmd<T>::redo()
 {
-  if (m_macroCommand)
-    m_macroCommand->redo();
+  if (const auto macro = m_macroCommand)
+    macro->redo();
 }
 
 template <class T>

@@ -38,6 +38,7 @@ public:
     m_received = &groups;
     auto copy = groups; // a copy that fails leaves the host's own list whole
     m_groups.swap(copy);
+    noteChange();
   }
 
   std::shared_ptr<CommandBase>
@@ -68,6 +69,7 @@ public:
       if (each.getId() == groupId)
         each.setName(name, true);
     }
+    noteChange();
   }
 
   std::string getElementName(const T& element) override
@@ -106,6 +108,9 @@ public:
     m_makeMoveCommand = std::move(function);
   }
 
+  /// From now on setGroups() and renameGroup() call the function at their end.
+  void afterChanges(std::function<void()> function) { m_afterChange = std::move(function); }
+
   /// Changes the groups behind the commands' back.
   void replaceGroups(std::vector<TKGroup<T>> groups) { m_groups = std::move(groups); }
 
@@ -139,12 +144,19 @@ private:
       throw std::runtime_error(call);
   }
 
+  void noteChange()
+  {
+    if (m_afterChange)
+      m_afterChange();
+  }
+
   std::vector<TKGroup<T>> m_groups;
   std::vector<TKGroup<T>>* m_handedOut = nullptr;
   const std::vector<TKGroup<T>>* m_received = nullptr;
   NamedElements m_names;
   std::function<NamedElements(const Identifier&)> m_listMembers;
   std::function<std::shared_ptr<CommandBase>(const T&, const std::vector<T>&)> m_makeMoveCommand;
+  std::function<void()> m_afterChange;
   std::vector<std::string> m_calls;
   std::string m_failing;
 };
