@@ -138,7 +138,8 @@ void MoveTKGroupElementsCmd<T>::initialize()
     if (const auto move = m_provider->createMoveCommand(m_target, elements, m_insertBefore))
       commands.push_back(move);
   }
-  m_macroCommand = std::make_shared<MacroCommand>(commands);
+  // NOLINTNEXTLINE(modernize-make-shared): `new` reaches a platform's own operator new
+  m_macroCommand = std::shared_ptr<MacroCommand>(new MacroCommand(commands));
 }
 
 extern template class TKM_HIGHLEVELSERVICES_DECLARE MoveTKGroupElementsCmd<Identifier>;
