@@ -41,7 +41,7 @@ void takeSnapshots(TKGroupProviderInterface<T>& provider,
   copyInto(after, before, room);
 }
 
-/// The first group with that id, or the end of the list.
+/// The first group with that id, or the end of the list. The group's id is the left operand.
 template <class Groups>
 auto findGroup(Groups& groups, const Identifier& id)
 {

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "CommandPattern/CommandBase.h"
-#include "HighLevelServices/GroupCommands/GroupLists.h"
 #include "HighLevelServices/Groups/TKGroup.h"
 #include "HighLevelServices/Groups/TKGroupProviderInterface.h"
 #include "HighLevelServices/HighLevelServicesExport.h"
@@ -112,10 +111,10 @@ void RenameTKGroupCmd<T>::initialize()
 template <class T>
 TKGroup<T>& RenameTKGroupCmd<T>::getGroup()
 {
-  auto& groups = m_provider->getGroups();
-  const auto found = GroupLists::findGroup(groups, m_groupId);
-  if (found != groups.end())
-    return *found;
+  for (auto& group : m_provider->getGroups()) {
+    if (m_groupId == group.getId()) // in this order, which a platform's own operator may see
+      return group;
+  }
   static TKGroup<T> fallback;
   return fallback;
 }
