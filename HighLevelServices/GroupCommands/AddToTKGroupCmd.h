@@ -73,7 +73,7 @@ AddToTKGroupCmd<T>::AddToTKGroupCmd(std::shared_ptr<TKGroupProviderInterface<T>>
                                     const std::vector<T>& elements,
                                     const Identifier& targetGroupId)
     : CommandBase(Translator::translate("AddToTKGroupCmd", "Add to Group", nullptr, -1)),
-      m_provider(std::move(provider)),
+      m_provider(provider),
       m_targetGroupId(targetGroupId),
       m_elements(elements)
 {}

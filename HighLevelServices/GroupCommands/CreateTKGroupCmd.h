@@ -64,7 +64,7 @@ CreateTKGroupCmd<T>::CreateTKGroupCmd(std::shared_ptr<TKGroupProviderInterface<T
                                       const std::vector<T>& elements,
                                       const std::string& name)
     : CommandBase(Translator::translate("CreateTKGroupCmd", "Create Group", nullptr, -1)),
-      m_provider(std::move(provider)),
+      m_provider(provider),
       m_name(name),
       m_elements(elements)
 {}

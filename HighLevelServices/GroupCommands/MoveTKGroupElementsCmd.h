@@ -71,7 +71,7 @@ MoveTKGroupElementsCmd<T>::MoveTKGroupElementsCmd(
     const T& target,
     bool insertBefore)
     : CommandBase(Translator::translate("MoveTKGroupElementsCmd", "Move Elements", nullptr, -1)),
-      m_provider(std::move(provider)),
+      m_provider(provider),
       m_target(target),
       m_elements(elements),
       m_insertBefore(insertBefore)

@@ -55,7 +55,7 @@ RemoveFromTKGroupCmd<T>::RemoveFromTKGroupCmd(std::shared_ptr<TKGroupProviderInt
                                               const std::vector<T>& elements)
     : CommandBase(Translator::translate(
           "RemoveFromTKGroupCmd", "Remove Point Collection(s) From Group", nullptr, -1)),
-      m_provider(std::move(provider)),
+      m_provider(provider),
       m_elements(elements)
 {}
 

@@ -50,7 +50,7 @@ template <class T>
 RemoveTKGroupsCmd<T>::RemoveTKGroupsCmd(std::shared_ptr<TKGroupProviderInterface<T>> provider,
                                         const std::vector<Identifier>& groupIds)
     : CommandBase(Translator::translate("RemoveTKGroupsCmd", "Remove Group", nullptr, -1)),
-      m_provider(std::move(provider)),
+      m_provider(provider),
       m_groupIds(groupIds)
 {}
 

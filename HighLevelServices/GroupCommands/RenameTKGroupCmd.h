@@ -58,7 +58,7 @@ RenameTKGroupCmd<T>::RenameTKGroupCmd(std::shared_ptr<TKGroupProviderInterface<T
                                       const Identifier& groupId,
                                       const std::string& newName)
     : CommandBase(Translator::translate("RenameTKGroupCmd", "Rename Group", nullptr, -1)),
-      m_provider(std::move(provider)),
+      m_provider(provider),
       m_groupId(groupId),
       m_newName(newName)
 {}

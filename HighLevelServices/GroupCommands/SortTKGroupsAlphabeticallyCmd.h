@@ -105,7 +105,7 @@ SortTKGroupsAlphabeticallyCmd<T>::SortTKGroupsAlphabeticallyCmd(
     std::shared_ptr<TKGroupProviderInterface<T>> provider)
     : CommandBase(
           Translator::translate("SortTKGroupsAlphabeticallyCmd", "Sort Groups", nullptr, -1)),
-      m_provider(std::move(provider))
+      m_provider(provider)
 {}
 
 template <class T>

@@ -2,6 +2,7 @@
 #include "Support/Allocations.h"
 #include "Support/CommandCases.h"
 #include "Support/VirtualSlots.h"
+#include "Support/WatchedIdentifier.h"
 
 #include <gtest/gtest.h>
 
@@ -151,6 +152,26 @@ TYPED_TEST(EveryCommand, SharesTheHostForAsLongAsItLives)
     EXPECT_GE(this->host.use_count(), 2);
   }
   EXPECT_EQ(this->host.use_count(), 1);
+}
+
+template <class Case>
+class CommandOfElements : public ::testing::Test {};
+using CasesThatCopyElements = ::testing::Types<AddToGroupCase<WatchedIdentifier>,
+                                               CreateGroupCase<WatchedIdentifier>,
+                                               MoveElementsCase<WatchedIdentifier>,
+                                               RemoveFromGroupCase<WatchedIdentifier>>;
+TYPED_TEST_SUITE(CommandOfElements, CasesThatCopyElements);
+
+TYPED_TEST(CommandOfElements, CopiesThePointerToTheHostBeforeItsElements)
+{
+  const auto host = hostForCommands<WatchedIdentifier>();
+  long shares = 0;
+  const CopyWatch watch([&] { shares = host.use_count(); });
+
+  const auto command = TypeParam::make(host);
+
+  EXPECT_EQ(shares, 3) << "the test's, the parameter's and the command's";
+  EXPECT_EQ(host.use_count(), 2);
 }
 
 TYPED_TEST(EveryCommand, KeepsTheHostAliveAlone)
