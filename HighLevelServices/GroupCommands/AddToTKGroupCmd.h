@@ -84,16 +84,14 @@ AddToTKGroupCmd<T>::AddToTKGroupCmd(AddToTKGroupCmd&& other) = default;
 template <class T>
 AddToTKGroupCmd<T>& AddToTKGroupCmd<T>::operator=(AddToTKGroupCmd&& other)
 {
-  if (this != &other) { // a vector that is moved to itself loses its contents
-    CommandBase::operator=(static_cast<CommandBase&&>(other));
-    m_provider = std::move(other.m_provider);
-    m_targetGroupId = other.m_targetGroupId;
-    m_elements = std::move(other.m_elements);
-    m_groupsAfter = std::move(other.m_groupsAfter);
-    m_groupsBefore = std::move(other.m_groupsBefore);
-    m_changed = other.m_changed;
-    m_insertIndex = other.m_insertIndex;
-  }
+  CommandBase::operator=(static_cast<CommandBase&&>(other));
+  m_provider = std::move(other.m_provider);
+  m_targetGroupId = other.m_targetGroupId;
+  GroupLists::takeOver(m_elements, other.m_elements);
+  GroupLists::takeOver(m_groupsAfter, other.m_groupsAfter);
+  GroupLists::takeOver(m_groupsBefore, other.m_groupsBefore);
+  m_changed = other.m_changed;
+  m_insertIndex = other.m_insertIndex;
   return *this;
 }
 

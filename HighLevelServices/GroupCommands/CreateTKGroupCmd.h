@@ -75,14 +75,12 @@ CreateTKGroupCmd<T>::CreateTKGroupCmd(CreateTKGroupCmd&& other) = default;
 template <class T>
 CreateTKGroupCmd<T>& CreateTKGroupCmd<T>::operator=(CreateTKGroupCmd&& other)
 {
-  if (this != &other) { // a vector that is moved to itself loses its contents
-    CommandBase::operator=(static_cast<CommandBase&&>(other));
-    m_provider = std::move(other.m_provider);
-    m_name = std::move(other.m_name);
-    m_elements = std::move(other.m_elements);
-    m_groupsAfter = std::move(other.m_groupsAfter);
-    m_groupsBefore = std::move(other.m_groupsBefore);
-  }
+  CommandBase::operator=(static_cast<CommandBase&&>(other));
+  m_provider = std::move(other.m_provider);
+  GroupLists::takeOver(m_name, other.m_name);
+  GroupLists::takeOver(m_elements, other.m_elements);
+  GroupLists::takeOver(m_groupsAfter, other.m_groupsAfter);
+  GroupLists::takeOver(m_groupsBefore, other.m_groupsBefore);
   return *this;
 }
 

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <utility>
 #include <vector>
 
 /// Steps that several commands take on a list of groups. Not for hosts.
@@ -39,6 +40,14 @@ void takeSnapshots(TKGroupProviderInterface<T>& provider,
 {
   before = provider.getGroups(); // may be `before` itself: self-assignment changes nothing
   copyInto(after, before, room);
+}
+
+/// Moves a list or a text. One that is moved to itself keeps its contents.
+template <class Container>
+void takeOver(Container& target, Container& source)
+{
+  if (&target != &source)
+    target = std::move(source);
 }
 
 /// The first group with that id, or the end of the list. The group's id is the left operand.

@@ -83,14 +83,12 @@ MoveTKGroupElementsCmd<T>::MoveTKGroupElementsCmd(MoveTKGroupElementsCmd&& other
 template <class T>
 MoveTKGroupElementsCmd<T>& MoveTKGroupElementsCmd<T>::operator=(MoveTKGroupElementsCmd&& other)
 {
-  if (this != &other) { // a vector that is moved to itself loses its contents
-    CommandBase::operator=(static_cast<CommandBase&&>(other));
-    m_provider = std::move(other.m_provider);
-    m_target = other.m_target;
-    m_elements = std::move(other.m_elements);
-    m_insertBefore = other.m_insertBefore;
-    m_macroCommand = std::move(other.m_macroCommand);
-  }
+  CommandBase::operator=(static_cast<CommandBase&&>(other));
+  m_provider = std::move(other.m_provider);
+  m_target = other.m_target;
+  GroupLists::takeOver(m_elements, other.m_elements);
+  m_insertBefore = other.m_insertBefore;
+  m_macroCommand = std::move(other.m_macroCommand);
   return *this;
 }
 

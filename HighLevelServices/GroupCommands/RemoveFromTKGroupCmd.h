@@ -65,13 +65,11 @@ RemoveFromTKGroupCmd<T>::RemoveFromTKGroupCmd(RemoveFromTKGroupCmd&& other) = de
 template <class T>
 RemoveFromTKGroupCmd<T>& RemoveFromTKGroupCmd<T>::operator=(RemoveFromTKGroupCmd&& other)
 {
-  if (this != &other) { // a vector that is moved to itself loses its contents
-    CommandBase::operator=(static_cast<CommandBase&&>(other));
-    m_provider = std::move(other.m_provider);
-    m_elements = std::move(other.m_elements);
-    m_groupsAfter = std::move(other.m_groupsAfter);
-    m_groupsBefore = std::move(other.m_groupsBefore);
-  }
+  CommandBase::operator=(static_cast<CommandBase&&>(other));
+  m_provider = std::move(other.m_provider);
+  GroupLists::takeOver(m_elements, other.m_elements);
+  GroupLists::takeOver(m_groupsAfter, other.m_groupsAfter);
+  GroupLists::takeOver(m_groupsBefore, other.m_groupsBefore);
   return *this;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "CommandPattern/CommandBase.h"
+#include "HighLevelServices/GroupCommands/GroupLists.h"
 #include "HighLevelServices/Groups/TKGroup.h"
 #include "HighLevelServices/Groups/TKGroupProviderInterface.h"
 #include "HighLevelServices/HighLevelServicesExport.h"
@@ -69,13 +70,11 @@ RenameTKGroupCmd<T>::RenameTKGroupCmd(RenameTKGroupCmd&& other) = default;
 template <class T>
 RenameTKGroupCmd<T>& RenameTKGroupCmd<T>::operator=(RenameTKGroupCmd&& other)
 {
-  if (this != &other) { // a text that is moved to itself loses its contents
-    CommandBase::operator=(static_cast<CommandBase&&>(other));
-    m_provider = std::move(other.m_provider);
-    m_groupId = other.m_groupId;
-    m_newName = std::move(other.m_newName);
-    m_oldName = std::move(other.m_oldName);
-  }
+  CommandBase::operator=(static_cast<CommandBase&&>(other));
+  m_provider = std::move(other.m_provider);
+  m_groupId = other.m_groupId;
+  GroupLists::takeOver(m_newName, other.m_newName);
+  GroupLists::takeOver(m_oldName, other.m_oldName);
   return *this;
 }
 

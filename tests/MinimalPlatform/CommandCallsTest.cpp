@@ -75,5 +75,21 @@ TYPED_TEST(CommandCalls, TakeTheMacrosMemoryFromThePlatform)
   EXPECT_EQ(std::count(calls.begin(), calls.end(), "new MacroCommand"), 1);
 }
 
+template <class Case>
+class AssignedCommand : public ::testing::Test {};
+TYPED_TEST_SUITE(AssignedCommand, MovableCommandCases, CaseName);
+
+TYPED_TEST(AssignedCommand, AssignsItsBaseEvenToItself)
+{
+  auto command = TypeParam::make(hostForCommands<typename TypeParam::Element>());
+  auto& alias = command;
+  const Recording recording;
+
+  command = std::move(alias);
+
+  const auto& calls = recording.calls();
+  EXPECT_EQ(std::count(calls.begin(), calls.end(), "CommandBase = itself"), 1);
+}
+
 }
 }
