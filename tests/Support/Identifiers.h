@@ -20,6 +20,10 @@ namespace Tarvik {
 /// Both kinds of element identifiers: `TYPED_TEST_SUITE(Suite, ElementIdentifiers, KindName)`.
 using ElementIdentifiers = ::testing::Types<Identifier, GUIdentifier>;
 
+/// Class templates for both kinds: `ForBothKinds<AddToTKGroupCmd, CreateTKGroupCmd>`.
+template <template <class> class... Templates>
+using ForBothKinds = ::testing::Types<Templates<Identifier>..., Templates<GUIdentifier>...>;
+
 struct KindName {
   template <class T>
   static std::string GetName(int)

@@ -10,23 +10,16 @@
 #include <cstddef>
 #include <new>
 #include <stdexcept>
-#include <vector>
 
 namespace Tarvik {
 namespace {
 
 template <class Case>
-class FailingCommand : public ::testing::Test {
-protected:
-  using Element = typename Case::Element;
-
-  std::shared_ptr<RecordingHost<Element>> host = hostForCommands<Element>();
-  std::vector<TKGroup<Element>> before = host->copyOfGroups();
-};
+class FailingCommand : public CommandTest<Case> {};
 TYPED_TEST_SUITE(FailingCommand, CommandCases, CaseName);
 
 template <class Case>
-class FailingSnapshotCommand : public FailingCommand<Case> {};
+class FailingSnapshotCommand : public CommandTest<Case> {};
 TYPED_TEST_SUITE(FailingSnapshotCommand, SnapshotCommandCases, CaseName);
 
 TYPED_TEST(FailingCommand, LeavesTheHostsGroupsAloneWhenTheHostFails)

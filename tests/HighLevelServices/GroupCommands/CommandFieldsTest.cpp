@@ -9,6 +9,7 @@
 #include "HighLevelServices/GroupCommands/RemoveTKGroupsCmd.h"
 #include "HighLevelServices/GroupCommands/RenameTKGroupCmd.h"
 #include "HighLevelServices/GroupCommands/SortTKGroupsAlphabeticallyCmd.h"
+#include "Support/Identifiers.h"
 
 #include <gtest/gtest.h>
 
@@ -148,22 +149,14 @@ template struct Fields<TKGroup<GUIdentifier>,
 
 template <class Class>
 class ObjectLayout : public ::testing::Test {};
-using Classes = ::testing::Types<AddToTKGroupCmd<Identifier>,
-                                 AddToTKGroupCmd<GUIdentifier>,
-                                 CreateTKGroupCmd<Identifier>,
-                                 CreateTKGroupCmd<GUIdentifier>,
-                                 MoveTKGroupElementsCmd<Identifier>,
-                                 MoveTKGroupElementsCmd<GUIdentifier>,
-                                 RemoveFromTKGroupCmd<Identifier>,
-                                 RemoveFromTKGroupCmd<GUIdentifier>,
-                                 RemoveTKGroupsCmd<Identifier>,
-                                 RemoveTKGroupsCmd<GUIdentifier>,
-                                 RenameTKGroupCmd<Identifier>,
-                                 RenameTKGroupCmd<GUIdentifier>,
-                                 SortTKGroupsAlphabeticallyCmd<Identifier>,
-                                 SortTKGroupsAlphabeticallyCmd<GUIdentifier>,
-                                 TKGroup<Identifier>,
-                                 TKGroup<GUIdentifier>>;
+using Classes = ForBothKinds<AddToTKGroupCmd,
+                             CreateTKGroupCmd,
+                             MoveTKGroupElementsCmd,
+                             RemoveFromTKGroupCmd,
+                             RemoveTKGroupsCmd,
+                             RenameTKGroupCmd,
+                             SortTKGroupsAlphabeticallyCmd,
+                             TKGroup>;
 TYPED_TEST_SUITE(ObjectLayout, Classes);
 
 template <class T>

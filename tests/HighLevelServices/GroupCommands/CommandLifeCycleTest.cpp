@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "Support/Allocations.h"
 #include "Support/CommandCases.h"
 #include "Support/VirtualSlots.h"
 #include "Support/WatchedIdentifier.h"
@@ -7,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <optional>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -17,24 +15,13 @@ namespace {
 
 /// What every command promises, whatever it does.
 template <class Case>
-class EveryCommand : public ::testing::Test {
-protected:
-  using Element = typename Case::Element;
-
-  std::shared_ptr<RecordingHost<Element>> host = hostForCommands<Element>();
-  std::vector<TKGroup<Element>> before = host->copyOfGroups();
-};
+class EveryCommand : public CommandTest<Case> {};
 TYPED_TEST_SUITE(EveryCommand, CommandCases, CaseName);
 
-/// What those promise that keep the list before and the list after.
+/// What those promise that keep the before list and the after list.
 template <class Case>
-class SnapshotCommand : public EveryCommand<Case> {};
+class SnapshotCommand : public CommandTest<Case> {};
 TYPED_TEST_SUITE(SnapshotCommand, SnapshotCommandCases, CaseName);
-
-/// What those promise that can be moved, which are all but one.
-template <class Case>
-class MovableCommand : public EveryCommand<Case> {};
-TYPED_TEST_SUITE(MovableCommand, MovableCommandCases, CaseName);
 
 TYPED_TEST(EveryCommand, IsDescribedInEnglishWithoutATranslation)
 {
@@ -189,109 +176,14 @@ TYPED_TEST(EveryCommand, KeepsTheHostAliveAlone)
   EXPECT_TRUE(watched.expired());
 }
 
-TYPED_TEST(MovableCommand, GoesOnWhereItWasMovedTo)
-{
-  auto source = TypeParam::make(this->host);
-  source.execute();
-  const auto after = this->host->copyOfGroups();
-
-  auto command = std::move(source);
-
-  EXPECT_EQ(command.getDescription(), TypeParam::description);
-  command.undo();
-  EXPECT_TRUE(identical(this->host->copyOfGroups(), this->before));
-  command.redo();
-  EXPECT_TRUE(identical(this->host->copyOfGroups(), after));
-}
-
-TYPED_TEST(MovableCommand, KeepsItsArgumentsWhenItIsMovedBeforeItIsExecuted)
-{
-  TypeParam::make(this->host).execute();
-  const auto expected = this->host->groups();
-  this->host->replaceGroups(this->before);
-
-  auto source = TypeParam::make(this->host);
-  auto target = TypeParam::make(hostForCommands<typename TypeParam::Element>());
-  target = std::move(source);
-  target.execute();
-
-  EXPECT_EQ(this->host->groups(), expected);
-}
-
-TYPED_TEST(MovableCommand, GoesOnWhereItWasAssignedTo)
-{
-  const auto otherHost = hostForCommands<typename TypeParam::Element>();
-  auto source = TypeParam::make(this->host);
-  auto target = TypeParam::make(otherHost);
-  source.execute();
-  target.execute();
-  const auto after = this->host->copyOfGroups();
-
-  auto& result = (target = std::move(source));
-
-  EXPECT_EQ(&result, &target);
-  EXPECT_EQ(otherHost.use_count(), 1) << "the host that the target had is released";
-  target.undo();
-  EXPECT_TRUE(identical(this->host->copyOfGroups(), this->before));
-  target.redo();
-  EXPECT_TRUE(identical(this->host->copyOfGroups(), after));
-}
-
-TYPED_TEST(MovableCommand, LeavesNothingInWhatItWasMovedFrom)
-{
-  auto source = std::make_optional(TypeParam::make(this->host));
-  source->execute();
-  const auto shares = this->host.use_count();
-  const auto moved = std::move(*source);
-  EXPECT_EQ(this->host.use_count(), shares) << "the share of the host has moved";
-
-  const AllocationWatch watch;
-  source.reset();
-
-  EXPECT_EQ(watch.released(), 0U) << "no list was left to release";
-}
-
-TYPED_TEST(MovableCommand, LeavesNothingInWhatItWasAssignedFrom)
-{
-  auto source = std::make_optional(TypeParam::make(this->host));
-  source->execute();
-  const auto shares = this->host.use_count();
-  auto target = TypeParam::make(hostForCommands<typename TypeParam::Element>());
-  target = std::move(*source);
-  EXPECT_EQ(this->host.use_count(), shares) << "the share of the host has moved";
-
-  const AllocationWatch watch;
-  source.reset();
-
-  EXPECT_LE(watch.released(), TypeParam::textsLeftBehind) << "no list was left to release";
-}
-
-TYPED_TEST(MovableCommand, StaysWhatItIsWhenAssignedToItself)
-{
-  auto command = TypeParam::make(this->host);
-  command.execute();
-  const auto after = this->host->copyOfGroups();
-  auto& alias = command;
-
-  command = std::move(alias);
-
-  EXPECT_EQ(command.getDescription(), TypeParam::description);
-  command.undo();
-  EXPECT_TRUE(identical(this->host->copyOfGroups(), this->before));
-  command.redo();
-  EXPECT_TRUE(identical(this->host->copyOfGroups(), after));
-  this->host->replaceGroups(this->before);
-  command.execute();
-  EXPECT_EQ(this->host->groups().size(), after.size()) << "the arguments are there as well";
-  EXPECT_FALSE(identical(this->host->copyOfGroups(), this->before));
-}
-
-TYPED_TEST(EveryCommand, IsNeverCopied)
+TYPED_TEST(EveryCommand, IsNeverCopiedAndMovedOnlyWhereItsCaseSaysSo)
 {
   using Command = typename TypeParam::Command;
 
   static_assert(!std::is_copy_constructible_v<Command>);
   static_assert(!std::is_copy_assignable_v<Command>);
+  static_assert(std::is_move_constructible_v<Command> == TypeParam::isMovable);
+  static_assert(std::is_move_assignable_v<Command> == TypeParam::isMovable);
   static_assert(std::has_virtual_destructor_v<Command>);
   static_assert(std::is_base_of_v<CommandBase, Command>);
 }

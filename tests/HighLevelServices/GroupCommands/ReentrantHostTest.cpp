@@ -7,26 +7,19 @@
 
 #include <memory>
 #include <utility>
-#include <vector>
 
 namespace Tarvik {
 namespace {
 
 template <class Case>
-class ReentrantHost : public ::testing::Test {
+class ReentrantHost : public CommandTest<Case> {
 protected:
-  using Element = typename Case::Element;
-
-  ReentrantHost() : command(new auto(Case::make(host))) {}
-
   void releaseTheCommandAfterTheNextChange()
   {
-    host->afterChanges([this] { command.reset(); });
+    this->host->afterChanges([this] { command.reset(); });
   }
 
-  std::shared_ptr<RecordingHost<Element>> host = hostForCommands<Element>();
-  std::vector<TKGroup<Element>> before = host->copyOfGroups();
-  std::shared_ptr<CommandBase> command;
+  std::shared_ptr<CommandBase> command{new auto(Case::make(this->host))};
 };
 TYPED_TEST_SUITE(ReentrantHost, CommandCases, CaseName);
 
