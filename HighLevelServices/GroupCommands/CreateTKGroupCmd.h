@@ -21,26 +21,23 @@ namespace Tarvik {
 
 /// Appends a new group to the list and moves elements into it.
 ///
-/// Each element leaves the first group that held it; groups that are emptied stay. Elements that
-/// no group holds are simply added, and one that is given twice comes in once. Call execute()
-/// once, then undo() and redo() in turn.
+/// Each element leaves its first holder; emptied groups stay. Ungrouped elements are simply added.
+/// An element that is given twice is added once. Call execute() once, then undo() and redo() in
+/// turn.
 template <class T>
 class CreateTKGroupCmd : public CommandBase {
 public:
   /// @param provider  owner of the groups, shared for the command's life; not null
-  /// @param elements  copied; the order in which they are to stand
-  /// @param name      the name asked for; when a group has it already, execute() makes a unique
-  ///                  one of it. The empty text stands for the translated default "Group"
+  /// @param elements  copied; in their new order
+  /// @param name      the requested name; execute() makes it unique among the groups. Empty: the
+  ///                  translated default, "Group"
   CreateTKGroupCmd(std::shared_ptr<TKGroupProviderInterface<T>> provider,
                    const std::vector<T>& elements,
                    const std::string& name);
 
-  /// Leaves the source without provider, elements and lists; it may only be destroyed or assigned.
+  /// The source keeps no provider, elements or lists: only destroy it or assign to it.
   CreateTKGroupCmd(CreateTKGroupCmd&& other);
-
-  /// As move construction; assigning a command to itself changes nothing.
   CreateTKGroupCmd& operator=(CreateTKGroupCmd&& other);
-
   ~CreateTKGroupCmd() override;
 
   void execute() override;

@@ -58,7 +58,7 @@ auto findGroup(Groups& groups, const Identifier& id)
                       [&id](const auto& group) { return group.getId() == id; });
 }
 
-/// Takes the element out of the first group that holds it, and only out of that one.
+/// Takes the element out of its first holder, and of no other.
 template <class T>
 void removeFromFirstHolder(std::vector<TKGroup<T>>& groups, const T& element)
 {
@@ -68,7 +68,7 @@ void removeFromFirstHolder(std::vector<TKGroup<T>>& groups, const T& element)
   }
 }
 
-/// The elements without repetitions, in the order of their first occurrence.
+/// The elements without duplicates, in the order of their first occurrence.
 template <class T>
 std::vector<T> distinct(const std::vector<T>& elements)
 {
@@ -83,13 +83,13 @@ std::vector<T> distinct(const std::vector<T>& elements)
 /// An insert index that means the end of a group.
 constexpr int endOfGroup = -1;
 
-/// A place to insert elements at.
+/// Where elements are inserted.
 struct Place {
   Identifier groupId; ///< invalid when there is no such place
   int index;          ///< counted from 0, or endOfGroup
 };
 
-/// The place in front of or behind an element, in the first group that holds it.
+/// The place before or after an element, in its first holder.
 template <class T>
 Place placeBeside(const std::vector<TKGroup<T>>& groups, const T& element, bool before)
 {

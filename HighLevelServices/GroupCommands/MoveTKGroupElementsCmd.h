@@ -20,32 +20,28 @@
 
 namespace Tarvik {
 
-/// Places elements in front of or behind another one.
+/// Moves elements to the place before or after another element.
 ///
 /// When a group holds the target, the elements go into that group. Otherwise they leave their
 /// groups, and the host's own command (`createMoveCommand()`) places them. Elements that are given
-/// twice count once; without elements nothing happens. Call execute() once, then undo() and redo()
+/// twice count once. Without elements nothing happens. Call execute() once, then undo() and redo()
 /// in turn.
 template <class T>
 class MoveTKGroupElementsCmd : public CommandBase {
 public:
   /// @param provider      owner of the groups, shared for the command's life; not null
-  /// @param elements      copied; the order in which they are to stand
-  /// @param target        the element beside which they go; its first place in the first group
-  ///                      that holds it counts. An invalid one counts as held by no group
-  /// @param insertBefore  true: in front of the target; false: behind it
+  /// @param elements      copied; in their new order
+  /// @param target        the element next to which they go; its first place in its first holder
+  ///                      counts. An invalid element has no holder
+  /// @param insertBefore  true: before the target; false: after it
   MoveTKGroupElementsCmd(std::shared_ptr<TKGroupProviderInterface<T>> provider,
                          const std::vector<T>& elements,
                          const T& target,
                          bool insertBefore);
 
-  /// Leaves the source without provider, elements and sub-commands; it may only be destroyed or
-  /// assigned.
+  /// The source keeps no provider, elements or sub-commands: only destroy it or assign to it.
   MoveTKGroupElementsCmd(MoveTKGroupElementsCmd&& other);
-
-  /// As move construction; assigning a command to itself changes nothing.
   MoveTKGroupElementsCmd& operator=(MoveTKGroupElementsCmd&& other);
-
   ~MoveTKGroupElementsCmd() override;
 
   void execute() override;

@@ -16,10 +16,10 @@
 
 namespace Tarvik {
 
-/// Takes elements out of the groups that hold them; emptied groups stay.
+/// Takes elements out of their groups; emptied groups stay.
 ///
-/// An element that two groups hold leaves the first only, unless it is given twice. Elements that
-/// no group holds are skipped. Call execute() once, then undo() and redo() in turn.
+/// An element with two holders leaves only the first, unless it is given twice. Ungrouped elements
+/// are skipped. Call execute() once, then undo() and redo() in turn.
 template <class T>
 class RemoveFromTKGroupCmd : public CommandBase {
 public:
@@ -28,12 +28,9 @@ public:
   RemoveFromTKGroupCmd(std::shared_ptr<TKGroupProviderInterface<T>> provider,
                        const std::vector<T>& elements);
 
-  /// Leaves the source without provider, elements and lists; it may only be destroyed or assigned.
+  /// The source keeps no provider, elements or lists: only destroy it or assign to it.
   RemoveFromTKGroupCmd(RemoveFromTKGroupCmd&& other);
-
-  /// As move construction; assigning a command to itself changes nothing.
   RemoveFromTKGroupCmd& operator=(RemoveFromTKGroupCmd&& other);
-
   ~RemoveFromTKGroupCmd() override;
 
   void execute() override;

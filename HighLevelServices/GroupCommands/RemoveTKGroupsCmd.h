@@ -16,10 +16,10 @@
 
 namespace Tarvik {
 
-/// Deletes groups from the list; their members leave the grouping with them.
+/// Deletes groups. Their members go with them, and into no other group.
 ///
-/// Each id deletes the first group that carries it; ids that no group carries are skipped. Call
-/// execute() once, then undo() and redo() in turn. Unlike the other commands it cannot be moved.
+/// Each id deletes the first group that has it; unknown ids are skipped. Call execute() once, then
+/// undo() and redo() in turn. Unlike the other commands, this one cannot be moved.
 template <class T>
 class RemoveTKGroupsCmd : public CommandBase {
 public:

@@ -18,25 +18,22 @@ namespace Tarvik {
 
 /// Gives a group another name.
 ///
-/// It keeps the two names rather than lists, and asks the provider to rename the group on execute,
-/// redo and undo; also for an id that no group carries, whose old name is empty. The name is passed
-/// on as it is, taken or empty. Call execute() once, then undo() and redo() in turn.
+/// Keeps two names instead of two lists, and asks the provider to rename the group on execute, undo
+/// and redo. It also asks for an unknown id, with an empty old name. Every name is passed on
+/// unchanged, also when it is empty or taken. Call execute() once, then undo() and redo() in turn.
 template <class T>
 class RenameTKGroupCmd : public CommandBase {
 public:
   /// @param provider  owner of the groups, shared for the command's life; not null
-  /// @param groupId   the group; of two groups with this id the first gives the old name
+  /// @param groupId   the group; the first of two groups with this id gives the old name
   /// @param newName   copied
   RenameTKGroupCmd(std::shared_ptr<TKGroupProviderInterface<T>> provider,
                    const Identifier& groupId,
                    const std::string& newName);
 
-  /// Leaves the source without provider; it may only be destroyed or assigned.
+  /// The source keeps no provider: only destroy it or assign to it.
   RenameTKGroupCmd(RenameTKGroupCmd&& other);
-
-  /// As move construction; assigning a command to itself changes nothing.
   RenameTKGroupCmd& operator=(RenameTKGroupCmd&& other);
-
   ~RenameTKGroupCmd() override;
 
   void execute() override;
@@ -106,7 +103,7 @@ void RenameTKGroupCmd<T>::initialize()
   m_oldName = getGroup().getName();
 }
 
-/// The provider's own group, or one that stands in for all that no provider has.
+/// The provider's own group; one shared fallback for all unknown ids.
 template <class T>
 TKGroup<T>& RenameTKGroupCmd<T>::getGroup()
 {
@@ -118,7 +115,8 @@ TKGroup<T>& RenameTKGroupCmd<T>::getGroup()
   return fallback;
 }
 
-/// Renames in the provider's list directly, without undo. Kept for the class's binary interface.
+/// Renames the group in the provider's list directly, without undo. Nothing calls it; the binary
+/// interface of the class has it.
 template <class T>
 void RenameTKGroupCmd<T>::setName(const std::string& name)
 {

@@ -22,24 +22,21 @@
 
 namespace Tarvik {
 
-/// Sorts the groups by name, and the members of each by the names that the host gives them.
+/// Sorts the groups by name, and the members of each group by the names that the host gives them.
 ///
-/// Names are compared byte by byte in lower case, without regard to language or to the numbers in
-/// them; where they are equal, either may come first. The host's list of member names decides the
-/// membership as well: a member that it does not list leaves the group. Call execute() once, then
-/// undo() and redo() in turn.
+/// Names are compared byte by byte in lower case, without regard to languages or numbers. When two
+/// are equal, either may come first. The host's list of member names decides the membership too: a
+/// member that it does not list leaves the group. Call execute() once, then undo() and redo() in
+/// turn.
 template <class T>
 class SortTKGroupsAlphabeticallyCmd : public CommandBase {
 public:
   /// @param provider  owner of the groups, shared for the command's life; not null
   explicit SortTKGroupsAlphabeticallyCmd(std::shared_ptr<TKGroupProviderInterface<T>> provider);
 
-  /// Leaves the source without provider and lists; it may only be destroyed or assigned.
+  /// The source keeps no provider or lists: only destroy it or assign to it.
   SortTKGroupsAlphabeticallyCmd(SortTKGroupsAlphabeticallyCmd&& other);
-
-  /// As move construction; assigning a command to itself changes nothing.
   SortTKGroupsAlphabeticallyCmd& operator=(SortTKGroupsAlphabeticallyCmd&& other);
-
   ~SortTKGroupsAlphabeticallyCmd() override;
 
   void execute() override;
@@ -87,13 +84,13 @@ void copyQuietly(std::vector<TKGroup<T>>& list, const std::vector<TKGroup<T>>& g
   }
 }
 
-/// Lowers a member's name byte by byte as the global locale of the moment does it. Groups' names
-/// are lowered in another way, which is meant.
+/// Lowers a member's name byte by byte with the current global locale. Names of groups are lowered
+/// in another way, on purpose.
 inline void lowerMemberName(std::string& name)
 {
   const std::locale global;
   const auto& letters = std::use_facet<std::ctype<char>>(global);
-  // one call per byte: the range form need not do the same for a facet of the program's own
+  // one call per byte: a program's own facet need not do the same for a range
   std::transform(name.begin(), name.end(), name.begin(),
                  [&letters](char letter) { return letters.tolower(letter); });
 }
