@@ -19,12 +19,12 @@
 #include <type_traits>
 #include <vector>
 
-/// One case per command: how it is built on a host with something to do for it, and what it asks
-/// of that host. Tests of what all commands promise run over lists of cases.
+/// One case per command: how to build it on a host on which it finds something to do, and what it
+/// asks of that host. The tests of what all commands promise run over lists of these cases.
 namespace Tarvik {
 
-/// Group names that do not fit into a std::string without an allocation: tests that count or fail
-/// allocations see them as well.
+/// Names that do not fit into a std::string without an allocation: tests that count or fail
+/// allocations see them too.
 inline const std::string longNameA = "the first group, with a name of some length";
 inline const std::string longNameB = "the second group, with a name of some length";
 inline const std::string longNameC = "another name for a group, of some length too";
@@ -44,6 +44,10 @@ struct SnapshotCommandCase {
   static constexpr bool keepsLists = true; ///< the before list and the after list
   static constexpr bool isMovable = true;
 
+  /// The most texts that a command may keep when another one was assigned from it: assigning a text
+  /// may swap the memory of the two.
+  static constexpr std::size_t textsLeftBehind = 0;
+
   static Calls onExecute() { return {"getGroups", "setGroups"}; }
   static Calls onUndo() { return {"setGroups"}; }
   static Calls onRedo() { return {"setGroups"}; }
@@ -55,7 +59,6 @@ struct AddToGroupCase : SnapshotCommandCase {
   using Command = AddToTKGroupCmd<T>;
   static constexpr const char* context = "AddToTKGroupCmd";
   static constexpr const char* description = "Add to Group";
-  static constexpr std::size_t textsLeftBehind = 0; // at the most, in what was assigned from
 
   template <class C = Command>
   static C make(const std::shared_ptr<RecordingHost<T>>& host)
@@ -70,7 +73,7 @@ struct CreateGroupCase : SnapshotCommandCase {
   using Command = CreateTKGroupCmd<T>;
   static constexpr const char* context = "CreateTKGroupCmd";
   static constexpr const char* description = "Create Group";
-  static constexpr std::size_t textsLeftBehind = 1; // a text that is assigned to swaps its memory
+  static constexpr std::size_t textsLeftBehind = 1; // the name
 
   template <class C = Command>
   static C make(const std::shared_ptr<RecordingHost<T>>& host)
@@ -117,7 +120,7 @@ struct RenameGroupCase {
   using Command = RenameTKGroupCmd<T>;
   static constexpr const char* context = "RenameTKGroupCmd";
   static constexpr const char* description = "Rename Group";
-  static constexpr std::size_t textsLeftBehind = 1; // as above
+  static constexpr std::size_t textsLeftBehind = 1; // one of the two names
 
   static Calls onExecute() { return {"getGroups", "renameGroup " + longNameC}; }
   static Calls onUndo() { return {"renameGroup " + longNameA}; }
@@ -137,7 +140,6 @@ struct MoveElementsCase : SnapshotCommandCase {
   using Command = MoveTKGroupElementsCmd<T>;
   static constexpr const char* context = "MoveTKGroupElementsCmd";
   static constexpr const char* description = "Move Elements";
-  static constexpr std::size_t textsLeftBehind = 0;
 
   static Calls onExecute() { return {"getGroups", "getGroups", "setGroups"}; }
 
@@ -155,7 +157,6 @@ struct SortGroupsCase : SnapshotCommandCase {
   using Command = SortTKGroupsAlphabeticallyCmd<T>;
   static constexpr const char* context = "SortTKGroupsAlphabeticallyCmd";
   static constexpr const char* description = "Sort Groups";
-  static constexpr std::size_t textsLeftBehind = 0;
 
   static Calls onExecute()
   {

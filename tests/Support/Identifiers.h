@@ -13,8 +13,8 @@
 #include <string>
 #include <vector>
 
-/// Identifiers for tests. They only use what every platform offers, so that the same tests run on
-/// any of them.
+/// Identifiers for tests. They use only what every platform offers, so the same tests run on any
+/// platform.
 namespace Tarvik {
 
 /// Both kinds of element identifiers: `TYPED_TEST_SUITE(Suite, ElementIdentifiers, KindName)`.

@@ -13,7 +13,7 @@
 namespace Tarvik {
 namespace {
 
-/// Adds elements to the group of that name, as a host does it.
+/// Adds elements to the group of that name, as a host would.
 template <class T>
 void addTo(const std::shared_ptr<RecordingHost<T>>& host,
            const std::string& targetName,
@@ -84,7 +84,7 @@ TYPED_TEST(AddToGroup, KeepsNamesAndIdsOfAllGroups)
   EXPECT_EQ(host->idOf("B"), idOfB);
 }
 
-TYPED_TEST(AddToGroup, InsertsInFrontOfTheMemberAtTheIndex)
+TYPED_TEST(AddToGroup, InsertsBeforeTheMemberAtTheIndex)
 {
   const auto [a, b, x, y] = distinct<TypeParam, 4>();
   const auto host = hostWith(group("A", {a, b}));
@@ -94,7 +94,7 @@ TYPED_TEST(AddToGroup, InsertsInFrontOfTheMemberAtTheIndex)
   EXPECT_EQ(host->groups(), list(group("A", {a, x, y, b})));
 }
 
-TYPED_TEST(AddToGroup, KeepsTheInsertionPointInFrontOfTheSameMember)
+TYPED_TEST(AddToGroup, KeepsTheInsertionPointBeforeTheSameMember)
 {
   const auto [a, b, c, d] = distinct<TypeParam, 4>();
   const auto host = hostWith(group("A", {a, b, c, d}));
@@ -104,7 +104,7 @@ TYPED_TEST(AddToGroup, KeepsTheInsertionPointInFrontOfTheSameMember)
   EXPECT_EQ(host->groups(), list(group("A", {a, c, b, d})));
 }
 
-TYPED_TEST(AddToGroup, LeavesTheIndexAloneForAMemberBehindIt)
+TYPED_TEST(AddToGroup, LeavesTheIndexAloneForAMemberAfterIt)
 {
   const auto [a, b, c, d] = distinct<TypeParam, 4>();
   const auto host = hostWith(group("A", {a, b, c, d}));
@@ -134,12 +134,12 @@ TYPED_TEST(AddToGroup, LowersTheIndexOnceForEachMemberBeforeIt)
   EXPECT_EQ(host->groups(), list(group("A", {a, b, c})));
 }
 
-TYPED_TEST(AddToGroup, LowersTheIndexForMembersBeforeItAndNotForThoseBehind)
+TYPED_TEST(AddToGroup, LowersTheIndexForMembersBeforeItAndNotForThoseAfterIt)
 {
   const auto [a, b, c, d, e] = distinct<TypeParam, 5>();
   const auto host = hostWith(group("A", {a, b, c, d, e}));
 
-  addTo(host, "A", {a, d, b}, 3); // the index falls to 2, where d stands by then, and then to 1
+  addTo(host, "A", {a, d, b}, 3); // the index falls to 2, where d is by then, and then to 1
 
   EXPECT_EQ(host->groups(), list(group("A", {c, a, d, b, e})));
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The private fields of the classes are part of their binary interface: a debugger view or a tool
-// that knows the layout finds them by name and place.
+// that knows the layout finds them by name and offset.
 
 #include "HighLevelServices/GroupCommands/AddToTKGroupCmd.h"
 #include "HighLevelServices/GroupCommands/CreateTKGroupCmd.h"
@@ -20,7 +20,7 @@
 namespace Tarvik {
 namespace {
 
-/// Where a field stands in its object.
+/// The place of a field in its object.
 struct Field {
   std::size_t offset;
   std::size_t size;

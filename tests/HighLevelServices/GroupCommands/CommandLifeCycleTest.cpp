@@ -195,7 +195,7 @@ TYPED_TEST(EveryCommand, OverridesOnlyExecuteUndoAndRedo)
 #if !defined(_MSC_VER) // its tables are laid out in another way
   EXPECT_EQ(virtualSlots(&Command::execute, &Command::undo, &Command::redo,
                          &Command::getDescription, &Command::getSpeedRate, &Command::isRedoCapable),
-            slotsBehindDestructor(6));
+            slotsAfterDestructor(6));
 #endif
   static_assert(std::is_same_v<decltype(&Command::getDescription),
                                const std::string& (CommandBase::*)() const>);

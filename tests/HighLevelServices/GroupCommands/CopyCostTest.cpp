@@ -22,7 +22,7 @@ constexpr std::size_t groupCount = 100;
 constexpr std::size_t memberCount = 10;
 constexpr std::size_t oneList = groupCount * memberCount;
 
-/// A host that looks at lists without copying them, so that only the command's copies count.
+/// A host that does not copy the lists that it is given, so that only the command's copies count.
 class LookingHost : public RecordingHost<WatchedIdentifier> {
 public:
   void setGroups(const std::vector<TKGroup<WatchedIdentifier>>&) override {}
@@ -50,7 +50,7 @@ protected:
   }
 
   std::shared_ptr<LookingHost> host = std::make_shared<LookingHost>();
-  std::size_t aFew = 2 * memberCount; // the elements at hand and the group that they go to
+  std::size_t aFew = 2 * memberCount; // the given elements and the group that gets them
 };
 
 TEST_F(CopyCost, OfAddingIsTwoLists)

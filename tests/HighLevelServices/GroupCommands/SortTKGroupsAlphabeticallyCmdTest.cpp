@@ -75,7 +75,7 @@ TYPED_TEST(SortGroups, ReadsDigitsAsBytesAndPutsAPrefixFirst)
             (Names{"Group", "Group1", "Group10", "Group9"}));
 }
 
-TYPED_TEST(SortGroups, PutsBytesOutsideAsciiBehindLettersAndDigits)
+TYPED_TEST(SortGroups, PutsBytesOutsideAsciiAfterLettersAndDigits)
 {
   EXPECT_EQ(this->sorted({"\xC3\x84pfel", "zebra", "9", "\x80"}),
             (Names{"9", "zebra", "\x80", "\xC3\x84pfel"}));
@@ -126,7 +126,7 @@ TYPED_TEST(SortGroups, LowersMembersNamesByteByByteWithTheGlobalLocale)
   EXPECT_EQ(this->sortedMembers({"a", "B", "z", "bz", "b"}), (Names{"z", "B", "a", "b", "bz"}));
 }
 
-TYPED_TEST(SortGroups, TakesTheLocaleAsItStandsWhenItIsExecuted)
+TYPED_TEST(SortGroups, UsesTheLocaleOfTheMomentOfExecution)
 {
   const auto [a, b] = distinct<TypeParam, 2>();
   const auto host = hostWith(group("A", {a, b}));

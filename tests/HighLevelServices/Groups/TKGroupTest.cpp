@@ -122,7 +122,7 @@ TYPED_TEST(Group, AnswersTheMemberAtAPosition)
   EXPECT_EQ(&ab.getGroupMemberAtIndex(1), &ab.getGroupMembers()[1]);
 }
 
-TYPED_TEST(Group, AnswersTheSharedInvalidIdBehindTheLastMember)
+TYPED_TEST(Group, AnswersTheSharedInvalidIdAfterTheLastMember)
 {
   const auto [a, b] = distinct<TypeParam, 2>();
   const auto ab = group("A", {a, b});
@@ -164,7 +164,7 @@ TYPED_TEST(Group, LeavesAMemberThatIsAddedAgainWhereItIs)
   EXPECT_EQ(ab.getGroupMembers(), (Members<TypeParam>{a, b}));
 }
 
-TYPED_TEST(Group, InsertsABlockInFrontOfTheMemberAtTheIndex)
+TYPED_TEST(Group, InsertsABlockBeforeTheMemberAtTheIndex)
 {
   const auto [a, b, c, x, y] = distinct<TypeParam, 5>();
   const std::vector<std::pair<int, Members<TypeParam>>> expectations = {
