@@ -2,16 +2,16 @@
 #pragma once
 
 /// @file
-/// What the library shows to others. Everything here is a template with its instantiations for
-/// `Identifier` and `GUIdentifier` in one source file, so the mark stands at the instantiations:
+/// The marks that export the library's classes. Each class is a template, instantiated for
+/// `Identifier` and `GUIdentifier` in one source file, so the instantiations carry the marks:
 ///
 /// - `TKM_HIGHLEVELSERVICES_DECLARE` in `extern template class ... X<Identifier>;` in a header,
 /// - `TKM_HIGHLEVELSERVICES_DEFINE` in `template class ... X<Identifier>;` in the source file.
 ///
-/// The compilers want it in different places while the library is built: MSVC exports at the
-/// definition and warns of an export at an extern declaration (C4910), GCC and Clang take the
-/// attribute from the first declaration and ignore it at the definition. Members must be defined
-/// outside of the class body: MinGW's GCC exports no others.
+/// While the library is built, compilers want the mark in different places. MSVC exports at the
+/// definition, and warns about an export at an extern declaration (C4910). GCC and Clang take the
+/// attribute from the first declaration, and ignore it at the definition. Define members outside
+/// the class body: MinGW's GCC exports no others.
 
 #if !defined(_WIN32)
 #define TKM_HIGHLEVELSERVICES_DECLARE __attribute__((visibility("default")))

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The code of the library: every class for both kinds of identifiers.
+// The code of the library: every class, for both kinds of identifiers.
 
 #include "HighLevelServices/GroupCommands/AddToTKGroupCmd.h"
 #include "HighLevelServices/GroupCommands/CreateTKGroupCmd.h"

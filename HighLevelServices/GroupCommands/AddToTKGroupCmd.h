@@ -17,37 +17,33 @@
 
 namespace Tarvik {
 
-/// Puts elements into a group, at a given place or at its end, and takes each out of the first
-/// group that held it.
+/// Puts elements into a group, at a given place or at its end. Each leaves its first holder.
 ///
-/// Elements that the target group still holds then stay where they are in it; others that are given
-/// twice come in twice. With an unknown target group the command does nothing, and undo() and
-/// redo() do nothing either. Call execute() once, then undo() and redo() in turn.
+/// Elements that are still members of the target after that stay where they are in it; others that
+/// are given twice are inserted twice. When the target is unknown, nothing happens, also on undo()
+/// and redo(). Call execute() once, then undo() and redo() in turn.
 template <class T>
 class AddToTKGroupCmd : public CommandBase {
 public:
   /// @param provider       owner of the groups, shared for the command's life; not null
-  /// @param elements       copied; the order in which they are to stand
-  /// @param targetGroupId  the group that gets them
+  /// @param elements       copied; in their new order
+  /// @param targetGroupId  the group that they go to, the target
   AddToTKGroupCmd(std::shared_ptr<TKGroupProviderInterface<T>> provider,
                   const std::vector<T>& elements,
                   const Identifier& targetGroupId);
 
-  /// Leaves the source without provider, elements and lists; it may only be destroyed or assigned.
+  /// The source keeps no provider, elements or lists: only destroy it or assign to it.
   AddToTKGroupCmd(AddToTKGroupCmd&& other);
-
-  /// As move construction; assigning a command to itself changes nothing.
   AddToTKGroupCmd& operator=(AddToTKGroupCmd&& other);
-
   ~AddToTKGroupCmd() override;
 
-  /// Sets the place of the elements; call it before execute().
-  /// @param index  the member of the target group in front of which they go, counted from 0 in the
-  ///               group as it is before execute(), members that are to be moved included; when
-  ///               negative (the default is -1) or behind the last member, the end. An element
-  ///               that an earlier group holds as well leaves that one instead; the place is then
-  ///               one further to the front. execute() counts it down: set it again before you
-  ///               execute the command once more
+  /// Sets the place of the elements. Call it before execute(), and again before any further
+  /// execute(), which starts from the lowered index.
+  /// @param index  the position of the member of the target before which the elements go. It is
+  ///               counted from 0 in the group before execute(), moved members included. Negative
+  ///               (as by default, -1) or past the last member: the end. When an element of the
+  ///               target before that place leaves an earlier holder instead, the place is one
+  ///               closer to the front
   void setInsertIndex(int index);
 
   void execute() override;
@@ -73,7 +69,7 @@ AddToTKGroupCmd<T>::AddToTKGroupCmd(std::shared_ptr<TKGroupProviderInterface<T>>
                                     const std::vector<T>& elements,
                                     const Identifier& targetGroupId)
     : CommandBase(Translator::translate("AddToTKGroupCmd", "Add to Group", nullptr, -1)),
-      m_provider(std::move(provider)),
+      m_provider(provider),
       m_targetGroupId(targetGroupId),
       m_elements(elements)
 {}
@@ -84,16 +80,14 @@ AddToTKGroupCmd<T>::AddToTKGroupCmd(AddToTKGroupCmd&& other) = default;
 template <class T>
 AddToTKGroupCmd<T>& AddToTKGroupCmd<T>::operator=(AddToTKGroupCmd&& other)
 {
-  if (this != &other) { // a vector that is moved to itself loses its contents
-    CommandBase::operator=(static_cast<CommandBase&&>(other));
-    m_provider = std::move(other.m_provider);
-    m_targetGroupId = other.m_targetGroupId;
-    m_elements = std::move(other.m_elements);
-    m_groupsAfter = std::move(other.m_groupsAfter);
-    m_groupsBefore = std::move(other.m_groupsBefore);
-    m_changed = other.m_changed;
-    m_insertIndex = other.m_insertIndex;
-  }
+  CommandBase::operator=(static_cast<CommandBase&&>(other));
+  m_provider = std::move(other.m_provider);
+  m_targetGroupId = other.m_targetGroupId;
+  GroupLists::takeOver(m_elements, other.m_elements);
+  GroupLists::takeOver(m_groupsAfter, other.m_groupsAfter);
+  GroupLists::takeOver(m_groupsBefore, other.m_groupsBefore);
+  m_changed = other.m_changed;
+  m_insertIndex = other.m_insertIndex;
   return *this;
 }
 
@@ -136,7 +130,7 @@ void AddToTKGroupCmd<T>::initialize()
 
   auto& target = *GroupLists::findGroup(m_groupsAfter, m_targetGroupId);
   for (const T& element : m_elements) {
-    // Keeps the place in front of the same member when one before it is taken out. It counts also
+    // Keep the place before the same member when an earlier one is taken out. This counts also for
     // an element that removeFromGroups() then takes out of an earlier group instead.
     const auto& members = target.getGroupMembers();
     const auto found = std::find(members.begin(), members.end(), element);

@@ -21,26 +21,23 @@ namespace Tarvik {
 
 /// Appends a new group to the list and moves elements into it.
 ///
-/// Each element leaves the first group that held it; groups that are emptied stay. Elements that
-/// no group holds are simply added, and one that is given twice comes in once. Call execute()
-/// once, then undo() and redo() in turn.
+/// Each element leaves its first holder; emptied groups stay. Ungrouped elements are simply added.
+/// An element that is given twice is added once. Call execute() once, then undo() and redo() in
+/// turn.
 template <class T>
 class CreateTKGroupCmd : public CommandBase {
 public:
   /// @param provider  owner of the groups, shared for the command's life; not null
-  /// @param elements  copied; the order in which they are to stand
-  /// @param name      the name asked for; when a group has it already, execute() makes a unique
-  ///                  one of it. The empty text stands for the translated default "Group"
+  /// @param elements  copied; in their new order
+  /// @param name      the requested name; execute() makes it unique among the groups. Empty: the
+  ///                  translated default, "Group"
   CreateTKGroupCmd(std::shared_ptr<TKGroupProviderInterface<T>> provider,
                    const std::vector<T>& elements,
                    const std::string& name);
 
-  /// Leaves the source without provider, elements and lists; it may only be destroyed or assigned.
+  /// The source keeps no provider, elements or lists: only destroy it or assign to it.
   CreateTKGroupCmd(CreateTKGroupCmd&& other);
-
-  /// As move construction; assigning a command to itself changes nothing.
   CreateTKGroupCmd& operator=(CreateTKGroupCmd&& other);
-
   ~CreateTKGroupCmd() override;
 
   void execute() override;
@@ -64,7 +61,7 @@ CreateTKGroupCmd<T>::CreateTKGroupCmd(std::shared_ptr<TKGroupProviderInterface<T
                                       const std::vector<T>& elements,
                                       const std::string& name)
     : CommandBase(Translator::translate("CreateTKGroupCmd", "Create Group", nullptr, -1)),
-      m_provider(std::move(provider)),
+      m_provider(provider),
       m_name(name),
       m_elements(elements)
 {}
@@ -75,14 +72,12 @@ CreateTKGroupCmd<T>::CreateTKGroupCmd(CreateTKGroupCmd&& other) = default;
 template <class T>
 CreateTKGroupCmd<T>& CreateTKGroupCmd<T>::operator=(CreateTKGroupCmd&& other)
 {
-  if (this != &other) { // a vector that is moved to itself loses its contents
-    CommandBase::operator=(static_cast<CommandBase&&>(other));
-    m_provider = std::move(other.m_provider);
-    m_name = std::move(other.m_name);
-    m_elements = std::move(other.m_elements);
-    m_groupsAfter = std::move(other.m_groupsAfter);
-    m_groupsBefore = std::move(other.m_groupsBefore);
-  }
+  CommandBase::operator=(static_cast<CommandBase&&>(other));
+  m_provider = std::move(other.m_provider);
+  GroupLists::takeOver(m_name, other.m_name);
+  GroupLists::takeOver(m_elements, other.m_elements);
+  GroupLists::takeOver(m_groupsAfter, other.m_groupsAfter);
+  GroupLists::takeOver(m_groupsBefore, other.m_groupsBefore);
   return *this;
 }
 

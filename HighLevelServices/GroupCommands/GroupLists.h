@@ -7,17 +7,31 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <utility>
 #include <vector>
 
 /// Steps that several commands take on a list of groups. Not for hosts.
 namespace Tarvik::GroupLists {
 
-/// Starts an edit: both lists become the provider's current list.
+/// Makes `list` a copy of `groups`. When that throws, `list` keeps what it had.
+/// @param room  how many groups will be appended; a list that grows later copies all its groups
+template <class T>
+void copyInto(std::vector<TKGroup<T>>& list,
+              const std::vector<TKGroup<T>>& groups,
+              std::size_t room = 0)
+{
+  std::vector<TKGroup<T>> copy;
+  copy.reserve(groups.size() + room);
+  copy = groups;
+  list.swap(copy);
+}
+
+/// Starts an edit: both lists become the provider's current list. When the copy fails, `after`
+/// keeps its groups, since redo() with an empty list would delete those of the host.
 /// @param provider  owner of the list
 /// @param before    for undo(); may be the provider's own list
 /// @param after     the one to be edited
-/// @param room      how many groups the edit will append; they are allowed for, since a list that
-///                  grows later copies all its groups once more
+/// @param room      how many groups the edit will append
 template <class T>
 void takeSnapshots(TKGroupProviderInterface<T>& provider,
                    std::vector<TKGroup<T>>& before,
@@ -25,12 +39,18 @@ void takeSnapshots(TKGroupProviderInterface<T>& provider,
                    std::size_t room = 0)
 {
   before = provider.getGroups(); // may be `before` itself: self-assignment changes nothing
-  after.clear();                 // or a larger store would take a copy of what is given up here
-  after.reserve(before.size() + room);
-  after = before;
+  copyInto(after, before, room);
 }
 
-/// The first group with that id, or the end of the list.
+/// Moves a list or a text. One that is moved to itself keeps its contents.
+template <class Container>
+void takeOver(Container& target, Container& source)
+{
+  if (&target != &source)
+    target = std::move(source);
+}
+
+/// The first group with that id, or the end of the list. The group's id is the left operand.
 template <class Groups>
 auto findGroup(Groups& groups, const Identifier& id)
 {
@@ -38,7 +58,7 @@ auto findGroup(Groups& groups, const Identifier& id)
                       [&id](const auto& group) { return group.getId() == id; });
 }
 
-/// Takes the element out of the first group that holds it, and only out of that one.
+/// Takes the element out of its first holder, and of no other.
 template <class T>
 void removeFromFirstHolder(std::vector<TKGroup<T>>& groups, const T& element)
 {
@@ -48,7 +68,7 @@ void removeFromFirstHolder(std::vector<TKGroup<T>>& groups, const T& element)
   }
 }
 
-/// The elements without repetitions, in the order of their first occurrence.
+/// The elements without duplicates, in the order of their first occurrence.
 template <class T>
 std::vector<T> distinct(const std::vector<T>& elements)
 {
@@ -63,13 +83,13 @@ std::vector<T> distinct(const std::vector<T>& elements)
 /// An insert index that means the end of a group.
 constexpr int endOfGroup = -1;
 
-/// A place to insert elements at.
+/// Where elements are inserted.
 struct Place {
   Identifier groupId; ///< invalid when there is no such place
   int index;          ///< counted from 0, or endOfGroup
 };
 
-/// The place in front of or behind an element, in the first group that holds it.
+/// The place before or after an element, in its first holder.
 template <class T>
 Place placeBeside(const std::vector<TKGroup<T>>& groups, const T& element, bool before)
 {

@@ -20,32 +20,28 @@
 
 namespace Tarvik {
 
-/// Places elements in front of or behind another one.
+/// Moves elements to the place before or after another element.
 ///
 /// When a group holds the target, the elements go into that group. Otherwise they leave their
 /// groups, and the host's own command (`createMoveCommand()`) places them. Elements that are given
-/// twice count once; without elements nothing happens. Call execute() once, then undo() and redo()
+/// twice count once. Without elements nothing happens. Call execute() once, then undo() and redo()
 /// in turn.
 template <class T>
 class MoveTKGroupElementsCmd : public CommandBase {
 public:
   /// @param provider      owner of the groups, shared for the command's life; not null
-  /// @param elements      copied; the order in which they are to stand
-  /// @param target        the element beside which they go; its first place in the first group
-  ///                      that holds it counts. An invalid one counts as held by no group
-  /// @param insertBefore  true: in front of the target; false: behind it
+  /// @param elements      copied; in their new order
+  /// @param target        the element next to which they go; its first place in its first holder
+  ///                      counts. An invalid element has no holder
+  /// @param insertBefore  true: before the target; false: after it
   MoveTKGroupElementsCmd(std::shared_ptr<TKGroupProviderInterface<T>> provider,
                          const std::vector<T>& elements,
                          const T& target,
                          bool insertBefore);
 
-  /// Leaves the source without provider, elements and sub-commands; it may only be destroyed or
-  /// assigned.
+  /// The source keeps no provider, elements or sub-commands: only destroy it or assign to it.
   MoveTKGroupElementsCmd(MoveTKGroupElementsCmd&& other);
-
-  /// As move construction; assigning a command to itself changes nothing.
   MoveTKGroupElementsCmd& operator=(MoveTKGroupElementsCmd&& other);
-
   ~MoveTKGroupElementsCmd() override;
 
   void execute() override;
@@ -59,6 +55,8 @@ private:
   T m_target;
   std::vector<T> m_elements;
   bool m_insertBefore;
+  /// Each operation holds a share of the macro while it runs: the host may release this command
+  /// or execute it again in the meantime.
   std::shared_ptr<MacroCommand> m_macroCommand;
 };
 
@@ -69,7 +67,7 @@ MoveTKGroupElementsCmd<T>::MoveTKGroupElementsCmd(
     const T& target,
     bool insertBefore)
     : CommandBase(Translator::translate("MoveTKGroupElementsCmd", "Move Elements", nullptr, -1)),
-      m_provider(std::move(provider)),
+      m_provider(provider),
       m_target(target),
       m_elements(elements),
       m_insertBefore(insertBefore)
@@ -81,14 +79,12 @@ MoveTKGroupElementsCmd<T>::MoveTKGroupElementsCmd(MoveTKGroupElementsCmd&& other
 template <class T>
 MoveTKGroupElementsCmd<T>& MoveTKGroupElementsCmd<T>::operator=(MoveTKGroupElementsCmd&& other)
 {
-  if (this != &other) { // a vector that is moved to itself loses its contents
-    CommandBase::operator=(static_cast<CommandBase&&>(other));
-    m_provider = std::move(other.m_provider);
-    m_target = other.m_target;
-    m_elements = std::move(other.m_elements);
-    m_insertBefore = other.m_insertBefore;
-    m_macroCommand = std::move(other.m_macroCommand);
-  }
+  CommandBase::operator=(static_cast<CommandBase&&>(other));
+  m_provider = std::move(other.m_provider);
+  m_target = other.m_target;
+  GroupLists::takeOver(m_elements, other.m_elements);
+  m_insertBefore = other.m_insertBefore;
+  m_macroCommand = std::move(other.m_macroCommand);
   return *this;
 }
 
@@ -99,22 +95,22 @@ template <class T>
 void MoveTKGroupElementsCmd<T>::execute()
 {
   initialize();
-  if (m_macroCommand)
-    m_macroCommand->execute(); // not redo(): the sub-commands have to take their snapshots
+  if (const auto macro = m_macroCommand)
+    macro->execute(); // not redo(): the sub-commands must take their snapshots
 }
 
 template <class T>
 void MoveTKGroupElementsCmd<T>::undo()
 {
-  if (m_macroCommand)
-    m_macroCommand->undo();
+  if (const auto macro = m_macroCommand)
+    macro->undo();
 }
 
 template <class T>
 void MoveTKGroupElementsCmd<T>::redo()
 {
-  if (m_macroCommand)
-    m_macroCommand->redo();
+  if (const auto macro = m_macroCommand)
+    macro->redo();
 }
 
 template <class T>
@@ -136,7 +132,8 @@ void MoveTKGroupElementsCmd<T>::initialize()
     if (const auto move = m_provider->createMoveCommand(m_target, elements, m_insertBefore))
       commands.push_back(move);
   }
-  m_macroCommand = std::make_shared<MacroCommand>(commands);
+  // NOLINTNEXTLINE(modernize-make-shared): `new` reaches a platform's own operator new
+  m_macroCommand = std::shared_ptr<MacroCommand>(new MacroCommand(commands));
 }
 
 extern template class TKM_HIGHLEVELSERVICES_DECLARE MoveTKGroupElementsCmd<Identifier>;

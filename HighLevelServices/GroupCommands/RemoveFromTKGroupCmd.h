@@ -16,10 +16,10 @@
 
 namespace Tarvik {
 
-/// Takes elements out of the groups that hold them; emptied groups stay.
+/// Takes elements out of their groups; emptied groups stay.
 ///
-/// An element that two groups hold leaves the first only, unless it is given twice. Elements that
-/// no group holds are skipped. Call execute() once, then undo() and redo() in turn.
+/// An element with two holders leaves only the first, unless it is given twice. Ungrouped elements
+/// are skipped. Call execute() once, then undo() and redo() in turn.
 template <class T>
 class RemoveFromTKGroupCmd : public CommandBase {
 public:
@@ -28,12 +28,9 @@ public:
   RemoveFromTKGroupCmd(std::shared_ptr<TKGroupProviderInterface<T>> provider,
                        const std::vector<T>& elements);
 
-  /// Leaves the source without provider, elements and lists; it may only be destroyed or assigned.
+  /// The source keeps no provider, elements or lists: only destroy it or assign to it.
   RemoveFromTKGroupCmd(RemoveFromTKGroupCmd&& other);
-
-  /// As move construction; assigning a command to itself changes nothing.
   RemoveFromTKGroupCmd& operator=(RemoveFromTKGroupCmd&& other);
-
   ~RemoveFromTKGroupCmd() override;
 
   void execute() override;
@@ -55,7 +52,7 @@ RemoveFromTKGroupCmd<T>::RemoveFromTKGroupCmd(std::shared_ptr<TKGroupProviderInt
                                               const std::vector<T>& elements)
     : CommandBase(Translator::translate(
           "RemoveFromTKGroupCmd", "Remove Point Collection(s) From Group", nullptr, -1)),
-      m_provider(std::move(provider)),
+      m_provider(provider),
       m_elements(elements)
 {}
 
@@ -65,13 +62,11 @@ RemoveFromTKGroupCmd<T>::RemoveFromTKGroupCmd(RemoveFromTKGroupCmd&& other) = de
 template <class T>
 RemoveFromTKGroupCmd<T>& RemoveFromTKGroupCmd<T>::operator=(RemoveFromTKGroupCmd&& other)
 {
-  if (this != &other) { // a vector that is moved to itself loses its contents
-    CommandBase::operator=(static_cast<CommandBase&&>(other));
-    m_provider = std::move(other.m_provider);
-    m_elements = std::move(other.m_elements);
-    m_groupsAfter = std::move(other.m_groupsAfter);
-    m_groupsBefore = std::move(other.m_groupsBefore);
-  }
+  CommandBase::operator=(static_cast<CommandBase&&>(other));
+  m_provider = std::move(other.m_provider);
+  GroupLists::takeOver(m_elements, other.m_elements);
+  GroupLists::takeOver(m_groupsAfter, other.m_groupsAfter);
+  GroupLists::takeOver(m_groupsBefore, other.m_groupsBefore);
   return *this;
 }
 

@@ -16,10 +16,10 @@
 
 namespace Tarvik {
 
-/// Deletes groups from the list; their members leave the grouping with them.
+/// Deletes groups. Their members go with them, and into no other group.
 ///
-/// Each id deletes the first group that carries it; ids that no group carries are skipped. Call
-/// execute() once, then undo() and redo() in turn. Unlike the other commands it cannot be moved.
+/// Each id deletes the first group that has it; unknown ids are skipped. Call execute() once, then
+/// undo() and redo() in turn. Unlike the other commands, this one cannot be moved.
 template <class T>
 class RemoveTKGroupsCmd : public CommandBase {
 public:
@@ -50,7 +50,7 @@ template <class T>
 RemoveTKGroupsCmd<T>::RemoveTKGroupsCmd(std::shared_ptr<TKGroupProviderInterface<T>> provider,
                                         const std::vector<Identifier>& groupIds)
     : CommandBase(Translator::translate("RemoveTKGroupsCmd", "Remove Group", nullptr, -1)),
-      m_provider(std::move(provider)),
+      m_provider(provider),
       m_groupIds(groupIds)
 {}
 

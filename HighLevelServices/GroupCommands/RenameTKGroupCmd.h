@@ -18,25 +18,22 @@ namespace Tarvik {
 
 /// Gives a group another name.
 ///
-/// It keeps the two names rather than lists, and asks the provider to rename the group on execute,
-/// redo and undo; also for an id that no group carries, whose old name is empty. The name is passed
-/// on as it is, taken or empty. Call execute() once, then undo() and redo() in turn.
+/// Keeps two names instead of two lists, and asks the provider to rename the group on execute, undo
+/// and redo. It also asks for an unknown id, with an empty old name. Every name is passed on
+/// unchanged, also when it is empty or taken. Call execute() once, then undo() and redo() in turn.
 template <class T>
 class RenameTKGroupCmd : public CommandBase {
 public:
   /// @param provider  owner of the groups, shared for the command's life; not null
-  /// @param groupId   the group; of two groups with this id the first gives the old name
+  /// @param groupId   the group; the first of two groups with this id gives the old name
   /// @param newName   copied
   RenameTKGroupCmd(std::shared_ptr<TKGroupProviderInterface<T>> provider,
                    const Identifier& groupId,
                    const std::string& newName);
 
-  /// Leaves the source without provider; it may only be destroyed or assigned.
+  /// The source keeps no provider: only destroy it or assign to it.
   RenameTKGroupCmd(RenameTKGroupCmd&& other);
-
-  /// As move construction; assigning a command to itself changes nothing.
   RenameTKGroupCmd& operator=(RenameTKGroupCmd&& other);
-
   ~RenameTKGroupCmd() override;
 
   void execute() override;
@@ -59,7 +56,7 @@ RenameTKGroupCmd<T>::RenameTKGroupCmd(std::shared_ptr<TKGroupProviderInterface<T
                                       const Identifier& groupId,
                                       const std::string& newName)
     : CommandBase(Translator::translate("RenameTKGroupCmd", "Rename Group", nullptr, -1)),
-      m_provider(std::move(provider)),
+      m_provider(provider),
       m_groupId(groupId),
       m_newName(newName)
 {}
@@ -70,13 +67,11 @@ RenameTKGroupCmd<T>::RenameTKGroupCmd(RenameTKGroupCmd&& other) = default;
 template <class T>
 RenameTKGroupCmd<T>& RenameTKGroupCmd<T>::operator=(RenameTKGroupCmd&& other)
 {
-  if (this != &other) { // a text that is moved to itself loses its contents
-    CommandBase::operator=(static_cast<CommandBase&&>(other));
-    m_provider = std::move(other.m_provider);
-    m_groupId = other.m_groupId;
-    m_newName = std::move(other.m_newName);
-    m_oldName = std::move(other.m_oldName);
-  }
+  CommandBase::operator=(static_cast<CommandBase&&>(other));
+  m_provider = std::move(other.m_provider);
+  m_groupId = other.m_groupId;
+  GroupLists::takeOver(m_newName, other.m_newName);
+  GroupLists::takeOver(m_oldName, other.m_oldName);
   return *this;
 }
 
@@ -108,19 +103,20 @@ void RenameTKGroupCmd<T>::initialize()
   m_oldName = getGroup().getName();
 }
 
-/// The provider's own group, or one that stands in for all that no provider has.
+/// The provider's own group; one shared fallback for all unknown ids.
 template <class T>
 TKGroup<T>& RenameTKGroupCmd<T>::getGroup()
 {
-  auto& groups = m_provider->getGroups();
-  const auto found = GroupLists::findGroup(groups, m_groupId);
-  if (found != groups.end())
-    return *found;
+  for (auto& group : m_provider->getGroups()) {
+    if (m_groupId == group.getId()) // in this order, which a platform's own operator may see
+      return group;
+  }
   static TKGroup<T> fallback;
   return fallback;
 }
 
-/// Renames in the provider's list directly, without undo. Kept for the class's binary interface.
+/// Renames the group in the provider's list directly, without undo. Nothing calls it; the binary
+/// interface of the class has it.
 template <class T>
 void RenameTKGroupCmd<T>::setName(const std::string& name)
 {

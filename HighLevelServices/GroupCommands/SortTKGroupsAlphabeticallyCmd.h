@@ -22,24 +22,21 @@
 
 namespace Tarvik {
 
-/// Sorts the groups by name, and the members of each by the names that the host gives them.
+/// Sorts the groups by name, and the members of each group by the names that the host gives them.
 ///
-/// Names are compared byte by byte in lower case, without regard to language or to the numbers in
-/// them; where they are equal, either may come first. The host's list of member names decides the
-/// membership as well: a member that it does not list leaves the group. Call execute() once, then
-/// undo() and redo() in turn.
+/// Names are compared byte by byte in lower case, without regard to languages or numbers. When two
+/// are equal, either may come first. The host's list of member names decides the membership too: a
+/// member that it does not list leaves the group. Call execute() once, then undo() and redo() in
+/// turn.
 template <class T>
 class SortTKGroupsAlphabeticallyCmd : public CommandBase {
 public:
   /// @param provider  owner of the groups, shared for the command's life; not null
   explicit SortTKGroupsAlphabeticallyCmd(std::shared_ptr<TKGroupProviderInterface<T>> provider);
 
-  /// Leaves the source without provider and lists; it may only be destroyed or assigned.
+  /// The source keeps no provider or lists: only destroy it or assign to it.
   SortTKGroupsAlphabeticallyCmd(SortTKGroupsAlphabeticallyCmd&& other);
-
-  /// As move construction; assigning a command to itself changes nothing.
   SortTKGroupsAlphabeticallyCmd& operator=(SortTKGroupsAlphabeticallyCmd&& other);
-
   ~SortTKGroupsAlphabeticallyCmd() override;
 
   void execute() override;
@@ -57,10 +54,10 @@ private:
 
 namespace GroupLists {
 
-/// Where the groups of a list stand when they are sorted by name. Groups have no move, so that
-/// swapping positions is a small part of what swapping groups would cost.
+/// A copy of the groups, in the order of their names. Positions are sorted rather than groups: a
+/// group cannot be moved, so each swap of two groups would copy both.
 template <class T>
-std::vector<std::size_t> positionsByName(const std::vector<TKGroup<T>>& groups)
+std::vector<TKGroup<T>> sortedByName(const std::vector<TKGroup<T>>& groups)
 {
   std::vector<std::size_t> positions(groups.size());
   std::iota(positions.begin(), positions.end(), std::size_t{0});
@@ -68,16 +65,32 @@ std::vector<std::size_t> positionsByName(const std::vector<TKGroup<T>>& groups)
     return StringUtility::toLower(groups[a].getName()) <
            StringUtility::toLower(groups[b].getName());
   });
-  return positions;
+
+  std::vector<TKGroup<T>> sorted;
+  sorted.reserve(groups.size());
+  for (const std::size_t position : positions)
+    sorted.push_back(groups[position]);
+  return sorted;
 }
 
-/// Lowers a member's name byte by byte as the global locale of the moment does it. Groups' names
-/// are lowered in another way, which is meant.
+/// Makes `list` a copy of `groups` while an exception is handled. When the copy fails too, `list`
+/// keeps what it had, and the caller still sees the first exception.
+template <class T>
+void copyQuietly(std::vector<TKGroup<T>>& list, const std::vector<TKGroup<T>>& groups) noexcept
+{
+  try {
+    copyInto(list, groups);
+  } catch (...) { // NOLINT(bugprone-empty-catch): see above
+  }
+}
+
+/// Lowers a member's name byte by byte with the current global locale. Names of groups are lowered
+/// in another way, on purpose.
 inline void lowerMemberName(std::string& name)
 {
   const std::locale global;
   const auto& letters = std::use_facet<std::ctype<char>>(global);
-  // one call per byte: the range form need not do the same for a facet of the program's own
+  // one call per byte: a program's own facet need not do the same for a range
   std::transform(name.begin(), name.end(), name.begin(),
                  [&letters](char letter) { return letters.tolower(letter); });
 }
@@ -89,7 +102,7 @@ SortTKGroupsAlphabeticallyCmd<T>::SortTKGroupsAlphabeticallyCmd(
     std::shared_ptr<TKGroupProviderInterface<T>> provider)
     : CommandBase(
           Translator::translate("SortTKGroupsAlphabeticallyCmd", "Sort Groups", nullptr, -1)),
-      m_provider(std::move(provider))
+      m_provider(provider)
 {}
 
 template <class T>
@@ -100,12 +113,10 @@ template <class T>
 SortTKGroupsAlphabeticallyCmd<T>&
 SortTKGroupsAlphabeticallyCmd<T>::operator=(SortTKGroupsAlphabeticallyCmd&& other)
 {
-  if (this != &other) { // a vector that is moved to itself loses its contents
-    CommandBase::operator=(static_cast<CommandBase&&>(other));
-    m_provider = std::move(other.m_provider);
-    m_groupsAfter = std::move(other.m_groupsAfter);
-    m_groupsBefore = std::move(other.m_groupsBefore);
-  }
+  CommandBase::operator=(static_cast<CommandBase&&>(other));
+  m_provider = std::move(other.m_provider);
+  GroupLists::takeOver(m_groupsAfter, other.m_groupsAfter);
+  GroupLists::takeOver(m_groupsBefore, other.m_groupsBefore);
   return *this;
 }
 
@@ -135,10 +146,12 @@ template <class T>
 void SortTKGroupsAlphabeticallyCmd<T>::initialize()
 {
   m_groupsBefore = m_provider->getGroups(); // may be m_groupsBefore itself
-  m_groupsAfter.clear();
-  m_groupsAfter.reserve(m_groupsBefore.size());
-  for (const std::size_t position : GroupLists::positionsByName(m_groupsBefore))
-    m_groupsAfter.push_back(m_groupsBefore[position]);
+  try {
+    GroupLists::sortedByName(m_groupsBefore).swap(m_groupsAfter);
+  } catch (...) {
+    GroupLists::copyQuietly(m_groupsAfter, m_groupsBefore); // redo() must not delete groups
+    throw;
+  }
   for (auto& group : m_groupsAfter)
     sortGroup(group);
 }

@@ -9,14 +9,14 @@ namespace Tarvik {
 
 /// Converts pointers between a class and its base by two plain functions.
 ///
-/// Other code reads the fields where they lie, so they stay as they are, in their order.
+/// Other code reads the fields at their offsets: keep the fields and their order.
 template <class Base, class Derived, unsigned int, unsigned int>
 class CasterAccess : public Caster {
 public:
   using Conversion = void* (*)(void*);
 
-  /// @param derivedToBase  takes a `Derived*`, gives a `Base*`
-  /// @param baseToDerived  takes a `Base*`, gives a `Derived*`, or null when the object is none
+  /// @param derivedToBase  takes a `Derived*`, returns a `Base*`
+  /// @param baseToDerived  takes a `Base*`, returns a `Derived*`, or null when the object is none
   CasterAccess(Conversion derivedToBase, Conversion baseToDerived);
 
   void* toBase(void* derived) const override;

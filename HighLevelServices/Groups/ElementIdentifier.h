@@ -6,11 +6,11 @@
 
 namespace Tarvik {
 
-/// What groups and commands need of the type that identifies a host's elements.
+/// What groups and commands require of the identifiers of a host's elements.
 ///
-/// A default-constructed one is a new identifier; `getInvalidId()` gives a reference that stays
-/// valid while the library is loaded, to a value that is not valid. Copying is all that is needed:
-/// no move, no order, no hash.
+/// A default-constructed identifier is a new one. `getInvalidId()` returns an identifier that is
+/// not valid; the reference must stay usable while the library is loaded. Identifiers are copied
+/// and compared for equality: they need no move, no order and no hash.
 // clang-format off
 template <class T>
 concept ElementIdentifier =

@@ -13,8 +13,8 @@ template class GroupRegistration<GUIdentifier>;
 
 namespace {
 
-/// Makes both kinds of groups known to the archive while the library is loaded. The order of static
-/// members of templates is nobody's to rely on; here it is plain to see.
+/// Registers both kinds of groups while the library is loaded, in this order: static members of
+/// templates have no order that we could rely on.
 struct RegistrationAtLoad {
   RegistrationAtLoad()
   {
@@ -27,7 +27,7 @@ struct RegistrationAtLoad {
     TKGroup<GUIdentifier>::s_force_serialization_registration =
         GUIdGroup::registerClass() != nullptr;
 
-    // the archive keeps each caster: saving and loading have one of their own
+    // the archive owns each caster, so saving and loading need one each
     IdGroup::s_isParentRegisteredForSaving = IdGroup::registerCaster();
     IdGroup::s_isParentRegisteredForLoading = IdGroup::registerCaster();
     GUIdGroup::s_isParentRegisteredForSaving = GUIdGroup::registerCaster();

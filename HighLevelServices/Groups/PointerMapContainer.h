@@ -14,27 +14,25 @@
 
 namespace Tarvik {
 
-/// Shared pointers under numbers: what the archive uses to keep shared groups apart while it loads.
+/// Maps numbers to shared pointers. The archive keeps shared groups in it while it loads.
 template <class C>
 class PointerMapContainer : public PointerMapContainerBase<C> {
 public:
-  /// An empty container.
   PointerMapContainer();
 
   PointerMapContainer(const PointerMapContainer&) = delete;
   PointerMapContainer& operator=(const PointerMapContainer&) = delete;
 
-  /// Releases every pointer.
   ~PointerMapContainer() override;
 
-  /// Keeps the pointer under the key, unless the key is taken: the first pointer stays.
+  /// Stores the pointer under the key. When the key is taken, the first pointer stays.
   void addPointer(unsigned int key, std::shared_ptr<C> pointer) override;
 
-  /// The pointer kept under the key; null when there is none.
+  /// The pointer stored under the key; null when there is none.
   std::shared_ptr<C> getPointer(unsigned int key) override;
 
-  /// Forgets the pointer kept under the key.
-  /// @return how many pointers were forgotten, 0 or 1
+  /// Releases the pointer stored under the key.
+  /// @return how many pointers were released, 0 or 1
   std::size_t removePointer(unsigned int key) override;
 
 private:

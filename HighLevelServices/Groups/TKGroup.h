@@ -19,11 +19,11 @@ class PersistenceArchiver;
 template <class T>
 class GroupRegistration;
 
-/// A named list of element identifiers, in the order that the user gave it.
+/// A named, ordered list of elements with its own id.
 ///
-/// A plain value: hosts keep groups in vectors and hand whole lists over. Members are found by
-/// their `operator==`, from the front. The group's own id is an Identifier whatever its members
-/// are; a new group gets a new one, and only copy assignment and loading ever change it.
+/// A plain value: hosts keep groups in vectors and pass whole lists. Members are searched for with
+/// `operator==`, from the first on. The id is an Identifier, whatever type the members have. Every
+/// new group has a new id; only copy assignment and loading change it.
 template <class T>
 class TKGroup : public NameInterface {
   static_assert(ElementIdentifier<T>, "see HighLevelServices/Groups/ElementIdentifier.h");
@@ -38,7 +38,7 @@ public:
   /// Copies name, members and id. There is no move: a group is always copied.
   TKGroup(const TKGroup& other);
 
-  /// Takes over name, id and members, in this order.
+  /// Copies name, id and members, in this order.
   TKGroup& operator=(const TKGroup& other);
 
   ~TKGroup() override;
@@ -46,52 +46,49 @@ public:
   /// The group's own id.
   const Identifier& getId() const;
 
-  /// How many members there are, each as often as it stands in the group.
+  /// The number of members; duplicates count.
   unsigned long long numberOfGroupMembers() const;
 
-  /// The members in their order; valid until the group changes.
+  /// The members in order; valid until the group changes.
   const std::vector<T>& getGroupMembers() const;
 
-  /// The member at a position counted from 0, or `T::getInvalidId()` behind the last one.
+  /// The member at a position counted from 0, or `T::getInvalidId()` after the last one.
   const T& getGroupMemberAtIndex(unsigned long long index) const;
 
-  /// Whether one of the members equals the identifier.
+  /// Whether the element is a member.
   bool isInGroup(const T& id) const;
 
-  /// Appends an identifier; one that is a member already stays where it is.
+  /// Appends an element. One that is already a member stays where it is.
   void addGroupMember(const T& id);
 
-  /// Inserts those of the identifiers that are not members yet, as one block in their order.
+  /// Inserts the elements that are not members yet, as one block.
   ///
-  /// Only the members from before the call count: an identifier that stands in `ids` twice comes
-  /// in twice.
-  /// @param ids    the identifiers, in the order in which they are to stand
-  /// @param index  the member in front of which the block goes; when negative, or not less than
-  ///               the number of members, the block goes to the end
+  /// Only the members from before the call count: an element that is given twice is inserted twice.
+  /// @param ids    the elements in their new order
+  /// @param index  the position of the member before which the block goes; when negative, or not
+  ///               less than the number of members, the block goes to the end
   void addGroupMembersAtIndex(const std::vector<T>& ids, int index);
 
-  /// Removes the first member equal to the identifier; the others keep their order.
+  /// Removes the first member that equals the element; the others keep their order.
   /// @return whether there was one
   bool removeGroupMember(const T& id);
 
   /// Removes all members; name and id stay.
   void clear();
 
-  /// Makes the class known to the archive, if it is not yet, and tells how groups are saved and
-  /// loaded: under the class name "TKIdGroup" or "TKGUIdGroup", in version 500001.
-  /// @param out  a BaseClassRegister, which is overwritten with the class's record; left alone when
-  ///             the archive did not take the class
+  /// Registers the class with the archive, unless that is done, and copies its class record. The
+  /// class name is "TKIdGroup" or "TKGUIdGroup", the version 500001.
+  /// @param out  a BaseClassRegister to overwrite; left alone when the archive refused the class
   static void serialization_register(void* out);
 
-  /// Whether the archive took the class when the library was loaded.
+  /// Whether the archive accepted the class when the library was loaded.
   static bool s_force_serialization_registration;
 
 private:
-  friend class GroupRegistration<T>; // makes record entries of these two
+  friend class GroupRegistration<T>; // the entries of its record call these two
 
-  /// The entries of the class's record.
-  /// @throws std::exception "Parent not registered" when the archive did not take the conversion
-  ///         between groups and their base; nothing is written or changed then
+  /// @throws std::exception "Parent not registered" when the archive refused the caster between
+  ///         groups and their base; nothing is written or changed then
   void save(PersistenceArchiver& archive, unsigned int version) const;
   void load(PersistenceArchiver& archive, unsigned int version);
 

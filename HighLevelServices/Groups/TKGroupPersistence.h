@@ -15,15 +15,16 @@
 /// @file
 /// How groups are registered, saved and loaded: the part of TKGroup that only the library compiles.
 ///
-/// A group's bytes: a block with the name, the id, a block with the members. What differs between
-/// the blocks differs on purpose, and so does that the id goes through the stream operators and the
-/// members through their class's entries: archives of other programs depend on it.
+/// A group's bytes: a frame with the name, the id, a frame with the members. The two frames are
+/// read in different ways; the id goes through the stream operators, the members through the
+/// entries of their class. Keep these differences: archives of other programs depend on them.
 ///
-/// What the stream operators return is dropped aloud, since a platform may mark it [[nodiscard]].
+/// The casts to void say that the result is ignored on purpose: a platform may mark it
+/// [[nodiscard]].
 
 namespace Tarvik {
 
-/// The library was loaded without the archive taking the conversion between groups and names.
+/// The archive refused the caster between groups and names when the library was loaded.
 class ParentNotRegistered : public std::exception {
 public:
   const char* what() const noexcept override { return "Parent not registered"; }
@@ -33,7 +34,7 @@ namespace GroupPersistence {
 
 constexpr unsigned int classVersion = 500001;
 
-/// Stands for no version: of a class that asks for none of its own, or that is not in the archive.
+/// No version: the class asks for none, or is not in the archive.
 constexpr unsigned int noVersion = 0xFFFFFFFF;
 
 template <class T>
@@ -43,7 +44,7 @@ inline constexpr const char* className<Identifier> = "TKIdGroup";
 template <>
 inline constexpr const char* className<GUIdentifier> = "TKGUIdGroup";
 
-/// The version that a class is registered in when it asks for this one.
+/// The version to register a class in; the archive's current one when the class asks for none.
 unsigned int versionOrCurrent(unsigned int requested);
 
 inline unsigned int typeNameHash(const std::type_info& type)
@@ -51,7 +52,7 @@ inline unsigned int typeNameHash(const std::type_info& type)
   return PersistenceArchiver::getHashForName(type.name());
 }
 
-/// The class that the archive knows for the type, or else the hash of the type's name.
+/// The class hash registered for the type, or else the hash of the type's name.
 inline unsigned int classOrNameHash(const std::type_info& type)
 {
   const auto nameHash = typeNameHash(type);
@@ -67,20 +68,20 @@ BaseClassRegister recordOf()
   return record;
 }
 
-/// A record points to what is saved as to what is loaded; the save entry leaves it as it is.
+/// A record holds one pointer, for saving and for loading. A save entry does not change the object.
 template <class C>
 void* objectPointer(const C& object)
 {
   return const_cast<C*>(&object); // NOLINT(cppcoreguidelines-pro-type-const-cast)
 }
 
-/// Positions are cut to 32 bits, as the archive's frames have them.
-inline unsigned int blockStart(PersistenceArchiver& archive)
+/// Frames hold positions of 32 bits.
+inline unsigned int frameStart(PersistenceArchiver& archive)
 {
   return static_cast<unsigned int>(archive.tellp() + 4);
 }
 
-inline unsigned int blockEnd(PersistenceArchiver& archive)
+inline unsigned int frameEnd(PersistenceArchiver& archive)
 {
   return static_cast<unsigned int>(archive.tellp());
 }
@@ -92,18 +93,18 @@ inline unsigned int readVersionOf(const BaseClassRegister& met)
 
 inline void saveName(PersistenceArchiver& archive, const NameInterface& named)
 {
-  const auto start = blockStart(archive);
+  const auto start = frameStart(archive);
   auto record = recordOf<NameInterface>();
   record.object = objectPointer(named);
   archive.mark_object_start(start, record.classHash);
   record.save(archive, record);
-  archive.mark_object_end(start, blockEnd(archive));
+  archive.mark_object_end(start, frameEnd(archive));
 }
 
 template <class T>
 void saveMembers(PersistenceArchiver& archive, const std::vector<T>& members)
 {
-  const auto start = blockStart(archive);
+  const auto start = frameStart(archive);
   auto record = recordOf<T>();
   archive.mark_object_start(start, record.classHash);
   static_cast<void>(archive << static_cast<unsigned int>(members.size()));
@@ -111,7 +112,7 @@ void saveMembers(PersistenceArchiver& archive, const std::vector<T>& members)
     record.object = objectPointer(member);
     record.save(archive, record);
   }
-  archive.mark_object_end(start, blockEnd(archive));
+  archive.mark_object_end(start, frameEnd(archive));
 }
 
 inline void loadName(PersistenceArchiver& archive, NameInterface& named)
@@ -161,19 +162,19 @@ void loadMembers(PersistenceArchiver& archive, std::vector<T>& members)
 
 }
 
-/// What the archive was told of one kind of groups.
+/// The registration of one kind of groups with the archive.
 template <class T>
 class GroupRegistration {
 public:
-  /// Makes the class known, if it is not yet.
-  /// @return its record; null when the archive does not take the class
+  /// Registers the class, unless that is done.
+  /// @return its record; null when the archive refuses the class
   static BaseClassRegister* registerClass();
 
-  /// The class's hash, or the unknown one when the archive does not take the class.
+  /// The class's hash, or the unknown one when the archive refuses the class.
   static unsigned int registeredClassHash();
 
-  /// Makes the conversion between groups and names known, with a caster of its own at each call.
-  /// @return whether the archive took it
+  /// Registers a new caster between groups and names.
+  /// @return whether the archive accepted it
   static bool registerCaster();
 
   static inline unsigned int s_classHash = 0;

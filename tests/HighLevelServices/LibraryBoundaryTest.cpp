@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What only a program's own part knows passes through the libraries and back as what it is: errors
-// by their type, objects to their own destructor. All parts share one C++ runtime for that.
+// Errors and objects that only the program knows pass through the libraries and back: errors keep
+// their type, objects reach their own destructor. All parts share one C++ runtime for that.
 
 #include "CommandPattern/CommandHistory.h"
 #include "HighLevelServices/GroupCommands/CreateTKGroupCmd.h"
@@ -34,7 +34,7 @@ public:
   }
 };
 
-/// A command of the host's that tells when it is destroyed.
+/// A host's own command that calls a function when it is destroyed.
 class MoveOfTheHost : public CommandBase {
 public:
   explicit MoveOfTheHost(std::function<void()> destroyed)

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Programs for Windows include our headers behind windows.h, whose macros they may not be able to
-// do without.
+// Programs for Windows include our headers after windows.h, and may need its macros.
 
 #include <gtest/gtest.h>
 
@@ -34,8 +33,8 @@
 #include <utility>
 #include <vector>
 
-// Those of windows.h that are spelled like names of C++. The standard library's headers come first:
-// of them only Visual C++'s get along with the macros.
+// The macros of windows.h that are spelled like names of C++. The standard library's headers come
+// first: only those of Visual C++ compile with the macros.
 #define min(a, b) (((a) < (b)) ? (a) : (b))
 #define max(a, b) (((a) > (b)) ? (a) : (b))
 #define near
@@ -50,7 +49,7 @@
 namespace Tarvik {
 namespace {
 
-TEST(Headers, GetAlongWithTheMacrosOfWindows)
+TEST(Headers, CompileWithTheMacrosOfWindows)
 {
   PersistenceArchiver archive;
   archive << std::vector<Identifier>(2);

@@ -19,6 +19,11 @@ Recording::~Recording()
   active = nullptr;
 }
 
+bool Recording::isActive()
+{
+  return active != nullptr;
+}
+
 void Recording::note(const std::string& operation, const std::string& argument)
 {
   if (active != nullptr)

@@ -16,6 +16,9 @@ public:
 
   const std::vector<std::string>& calls() const { return m_calls; }
 
+  /// Whether there is a recording.
+  static bool isActive();
+
   /// Writes a call down, when there is a recording.
   static void note(const std::string& operation, const std::string& argument = "");
 

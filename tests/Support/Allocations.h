@@ -6,11 +6,11 @@
 
 namespace Tarvik {
 
-/// Counts what the calling thread takes with `operator new` and gives back while it lives, and can
-/// let one of these allocations fail. One at a time in each thread.
+/// Counts the calling thread's uses of `operator new` and `operator delete` while it lives, and can
+/// make one allocation fail. Use one watch at a time in each thread.
 ///
-/// It reaches into the libraries on Linux and, with MinGW, on Windows. With MSVC it sees what the
-/// program itself takes, since each DLL has operators of its own there.
+/// It sees the allocations of the libraries on Linux and, with MinGW, on Windows. With MSVC it sees
+/// only those of the program, since each DLL has its own operators there.
 class AllocationWatch {
 public:
   static constexpr std::size_t none = std::numeric_limits<std::size_t>::max();
@@ -21,16 +21,16 @@ public:
   AllocationWatch& operator=(const AllocationWatch&) = delete;
   ~AllocationWatch();
 
-  /// How many allocations were asked for, the failed one included.
+  /// The number of allocations, including the failed one.
   static std::size_t count();
 
-  /// How many allocations were given back, those from before included.
+  /// The number of releases, also of memory that was allocated before.
   static std::size_t released();
 
-  /// Whether the failing allocation has come.
+  /// Whether the failing allocation has happened.
   static bool hasFailed();
 
-  /// The most bytes that were asked for at once.
+  /// The largest allocation, in bytes.
   static std::size_t largest();
 };
 

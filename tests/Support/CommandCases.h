@@ -15,14 +15,16 @@
 #include <cstddef>
 #include <memory>
 #include <string>
+#include <tuple>
+#include <type_traits>
 #include <vector>
 
-/// One case per command: how it is built on a host with something to do for it, and what it asks
-/// of that host. Tests of what all commands promise run over lists of cases.
+/// One case per command: how to build it on a host on which it finds something to do, and what it
+/// asks of that host. The tests of what all commands promise run over lists of these cases.
 namespace Tarvik {
 
-/// Group names that do not fit into a std::string without an allocation: tests that count or fail
-/// allocations see them as well.
+/// Names that do not fit into a std::string without an allocation: tests that count or fail
+/// allocations see them too.
 inline const std::string longNameA = "the first group, with a name of some length";
 inline const std::string longNameB = "the second group, with a name of some length";
 inline const std::string longNameC = "another name for a group, of some length too";
@@ -37,20 +39,26 @@ std::shared_ptr<RecordingHost<T>> hostForCommands()
   return host;
 }
 
-/// What most commands ask of the host.
-struct SnapshotCalls {
+/// What most commands are, and what they ask of the host.
+struct SnapshotCommandCase {
+  static constexpr bool keepsLists = true; ///< the before list and the after list
+  static constexpr bool isMovable = true;
+
+  /// The most texts that a command may keep when another one was assigned from it: assigning a text
+  /// may swap the memory of the two.
+  static constexpr std::size_t textsLeftBehind = 0;
+
   static Calls onExecute() { return {"getGroups", "setGroups"}; }
   static Calls onUndo() { return {"setGroups"}; }
   static Calls onRedo() { return {"setGroups"}; }
 };
 
 template <class T>
-struct AddToGroupCase : SnapshotCalls {
+struct AddToGroupCase : SnapshotCommandCase {
   using Element = T;
   using Command = AddToTKGroupCmd<T>;
   static constexpr const char* context = "AddToTKGroupCmd";
   static constexpr const char* description = "Add to Group";
-  static constexpr std::size_t textsLeftBehind = 0; // at the most, in what was assigned from
 
   template <class C = Command>
   static C make(const std::shared_ptr<RecordingHost<T>>& host)
@@ -60,12 +68,12 @@ struct AddToGroupCase : SnapshotCalls {
 };
 
 template <class T>
-struct CreateGroupCase : SnapshotCalls {
+struct CreateGroupCase : SnapshotCommandCase {
   using Element = T;
   using Command = CreateTKGroupCmd<T>;
   static constexpr const char* context = "CreateTKGroupCmd";
   static constexpr const char* description = "Create Group";
-  static constexpr std::size_t textsLeftBehind = 1; // a text that is assigned to swaps its memory
+  static constexpr std::size_t textsLeftBehind = 1; // the name
 
   template <class C = Command>
   static C make(const std::shared_ptr<RecordingHost<T>>& host)
@@ -75,7 +83,7 @@ struct CreateGroupCase : SnapshotCalls {
 };
 
 template <class T>
-struct RemoveFromGroupCase : SnapshotCalls {
+struct RemoveFromGroupCase : SnapshotCommandCase {
   using Element = T;
   using Command = RemoveFromTKGroupCmd<T>;
   static constexpr const char* context = "RemoveFromTKGroupCmd";
@@ -90,7 +98,8 @@ struct RemoveFromGroupCase : SnapshotCalls {
 };
 
 template <class T>
-struct RemoveGroupsCase : SnapshotCalls {
+struct RemoveGroupsCase : SnapshotCommandCase {
+  static constexpr bool isMovable = false;
   using Element = T;
   using Command = RemoveTKGroupsCmd<T>;
   static constexpr const char* context = "RemoveTKGroupsCmd";
@@ -105,11 +114,13 @@ struct RemoveGroupsCase : SnapshotCalls {
 
 template <class T>
 struct RenameGroupCase {
+  static constexpr bool keepsLists = false;
+  static constexpr bool isMovable = true;
   using Element = T;
   using Command = RenameTKGroupCmd<T>;
   static constexpr const char* context = "RenameTKGroupCmd";
   static constexpr const char* description = "Rename Group";
-  static constexpr std::size_t textsLeftBehind = 1; // as above
+  static constexpr std::size_t textsLeftBehind = 1; // one of the two names
 
   static Calls onExecute() { return {"getGroups", "renameGroup " + longNameC}; }
   static Calls onUndo() { return {"renameGroup " + longNameA}; }
@@ -123,12 +134,12 @@ struct RenameGroupCase {
 };
 
 template <class T>
-struct MoveElementsCase : SnapshotCalls {
+struct MoveElementsCase : SnapshotCommandCase {
+  static constexpr bool keepsLists = false;
   using Element = T;
   using Command = MoveTKGroupElementsCmd<T>;
   static constexpr const char* context = "MoveTKGroupElementsCmd";
   static constexpr const char* description = "Move Elements";
-  static constexpr std::size_t textsLeftBehind = 0;
 
   static Calls onExecute() { return {"getGroups", "getGroups", "setGroups"}; }
 
@@ -141,12 +152,11 @@ struct MoveElementsCase : SnapshotCalls {
 };
 
 template <class T>
-struct SortGroupsCase : SnapshotCalls {
+struct SortGroupsCase : SnapshotCommandCase {
   using Element = T;
   using Command = SortTKGroupsAlphabeticallyCmd<T>;
   static constexpr const char* context = "SortTKGroupsAlphabeticallyCmd";
   static constexpr const char* description = "Sort Groups";
-  static constexpr std::size_t textsLeftBehind = 0;
 
   static Calls onExecute()
   {
@@ -160,45 +170,31 @@ struct SortGroupsCase : SnapshotCalls {
   }
 };
 
-/// All commands for both kinds of identifiers, and those that hold something in common.
-using CommandCases = ::testing::Types<AddToGroupCase<Identifier>,
-                                      AddToGroupCase<GUIdentifier>,
-                                      CreateGroupCase<Identifier>,
-                                      CreateGroupCase<GUIdentifier>,
-                                      MoveElementsCase<Identifier>,
-                                      MoveElementsCase<GUIdentifier>,
-                                      RemoveFromGroupCase<Identifier>,
-                                      RemoveFromGroupCase<GUIdentifier>,
-                                      RemoveGroupsCase<Identifier>,
-                                      RemoveGroupsCase<GUIdentifier>,
-                                      RenameGroupCase<Identifier>,
-                                      RenameGroupCase<GUIdentifier>,
-                                      SortGroupsCase<Identifier>,
-                                      SortGroupsCase<GUIdentifier>>;
+/// All commands. The lists below are derived from this one.
+using CommandCases = ForBothKinds<AddToGroupCase,
+                                  CreateGroupCase,
+                                  MoveElementsCase,
+                                  RemoveFromGroupCase,
+                                  RemoveGroupsCase,
+                                  RenameGroupCase,
+                                  SortGroupsCase>;
 
-using MovableCommandCases = ::testing::Types<AddToGroupCase<Identifier>,
-                                             AddToGroupCase<GUIdentifier>,
-                                             CreateGroupCase<Identifier>,
-                                             CreateGroupCase<GUIdentifier>,
-                                             MoveElementsCase<Identifier>,
-                                             MoveElementsCase<GUIdentifier>,
-                                             RemoveFromGroupCase<Identifier>,
-                                             RemoveFromGroupCase<GUIdentifier>,
-                                             RenameGroupCase<Identifier>,
-                                             RenameGroupCase<GUIdentifier>,
-                                             SortGroupsCase<Identifier>,
-                                             SortGroupsCase<GUIdentifier>>;
+template <class... Cases>
+::testing::Types<Cases...> asTypes(const std::tuple<Cases...>& cases);
 
-using SnapshotCommandCases = ::testing::Types<AddToGroupCase<Identifier>,
-                                              AddToGroupCase<GUIdentifier>,
-                                              CreateGroupCase<Identifier>,
-                                              CreateGroupCase<GUIdentifier>,
-                                              RemoveFromGroupCase<Identifier>,
-                                              RemoveFromGroupCase<GUIdentifier>,
-                                              RemoveGroupsCase<Identifier>,
-                                              RemoveGroupsCase<GUIdentifier>,
-                                              SortGroupsCase<Identifier>,
-                                              SortGroupsCase<GUIdentifier>>;
+template <bool Condition, class Case>
+using KeptIf = std::conditional_t<Condition, std::tuple<Case>, std::tuple<>>;
+
+template <class... Cases>
+auto movable(const ::testing::Types<Cases...>* cases)
+    -> decltype(asTypes(std::tuple_cat(KeptIf<Cases::isMovable, Cases>()...)));
+
+template <class... Cases>
+auto keepingLists(const ::testing::Types<Cases...>* cases)
+    -> decltype(asTypes(std::tuple_cat(KeptIf<Cases::keepsLists, Cases>()...)));
+
+using MovableCommandCases = decltype(movable(static_cast<CommandCases*>(nullptr)));
+using SnapshotCommandCases = decltype(keepingLists(static_cast<CommandCases*>(nullptr)));
 
 struct CaseName {
   template <class Case>
@@ -206,6 +202,16 @@ struct CaseName {
   {
     return std::string(Case::context) + KindName::GetName<typename Case::Element>(0);
   }
+};
+
+/// A host with something to do for the command, and its groups from before.
+template <class Case>
+class CommandTest : public ::testing::Test {
+protected:
+  using Element = typename Case::Element;
+
+  std::shared_ptr<RecordingHost<Element>> host = hostForCommands<Element>();
+  std::vector<TKGroup<Element>> before = host->copyOfGroups();
 };
 
 }

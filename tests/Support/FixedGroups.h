@@ -22,9 +22,9 @@ T fixed(std::uint64_t low)
   return T(IdentifierBits{0x0807060504030201, low});
 }
 
-/// Writes a block of the class around what the action writes.
+/// Writes a frame of the class around what the action writes.
 template <class C, class Action>
-void inBlockOf(PersistenceArchiver& archive, Action action)
+void inFrameOf(PersistenceArchiver& archive, Action action)
 {
   const auto start = static_cast<unsigned int>(archive.tellp() + 4);
   archive.mark_object_start(start, recordOf<C>().classHash);
@@ -38,10 +38,10 @@ TKGroup<T>
 fixedGroup(const Identifier& id, const std::string& name, const std::vector<T>& members = {})
 {
   PersistenceArchiver writer;
-  inBlockOf<TKGroup<T>>(writer, [&] {
-    inBlockOf<NameInterface>(writer, [&] { writer << name; });
+  inFrameOf<TKGroup<T>>(writer, [&] {
+    inFrameOf<NameInterface>(writer, [&] { writer << name; });
     writer << id;
-    inBlockOf<T>(writer, [&] {
+    inFrameOf<T>(writer, [&] {
       writer << static_cast<unsigned int>(members.size());
       for (const auto& member : members)
         writer << member.bits().high << member.bits().low;

@@ -9,7 +9,7 @@
 #include <type_traits>
 #include <typeinfo>
 
-/// How tests reach what the archive knows of groups. Only what every platform offers.
+/// How tests reach the class records of groups, on any platform.
 namespace Tarvik {
 
 /// The record that a class fills; in its default state when it fills none.
@@ -27,14 +27,14 @@ std::string groupClassName()
   return std::is_same_v<T, Identifier> ? "TKIdGroup" : "TKGUIdGroup";
 }
 
-/// The hash that stands for a type while it is not known which class it is.
+/// The hash of a type's name.
 template <class C>
 unsigned int typeNameHash()
 {
   return PersistenceArchiver::getHashForName(typeid(C).name());
 }
 
-/// What the archive takes the object at hand for.
+/// The class hash that the record finds for the object.
 template <class C>
 unsigned int runtimeClassOf(const BaseClassRegister& asked, C& object)
 {

@@ -13,12 +13,16 @@
 #include <string>
 #include <vector>
 
-/// Identifiers for tests. They only use what every platform offers, so that the same tests run on
-/// any of them.
+/// Identifiers for tests. They use only what every platform offers, so the same tests run on any
+/// platform.
 namespace Tarvik {
 
 /// Both kinds of element identifiers: `TYPED_TEST_SUITE(Suite, ElementIdentifiers, KindName)`.
 using ElementIdentifiers = ::testing::Types<Identifier, GUIdentifier>;
+
+/// Class templates for both kinds: `ForBothKinds<AddToTKGroupCmd, CreateTKGroupCmd>`.
+template <template <class> class... Templates>
+using ForBothKinds = ::testing::Types<Templates<Identifier>..., Templates<GUIdentifier>...>;
 
 struct KindName {
   template <class T>

@@ -20,14 +20,14 @@ inline HMODULE module(const std::string& name)
   return result;
 }
 
-/// What lies so many bytes behind the start of the DLL.
+/// What is at that offset in the DLL.
 template <class T>
 T* at(HMODULE dll, std::size_t offset)
 {
   return reinterpret_cast<T*>(reinterpret_cast<std::byte*>(dll) + offset);
 }
 
-/// The first of the libraries that the DLL imports from; behind the last one is an empty entry.
+/// The first of the libraries that the DLL imports from; an empty entry follows the last one.
 inline const IMAGE_IMPORT_DESCRIPTOR* firstLibrary(HMODULE dll)
 {
   const auto* const headers =
@@ -45,7 +45,7 @@ inline std::vector<std::string> libraries(HMODULE dll)
   return names;
 }
 
-/// Where the DLL keeps the address of a function that it imports.
+/// The place where the DLL keeps the address of an imported function.
 inline ULONGLONG& entry(HMODULE dll, ULONGLONG function)
 {
   for (const auto* library = firstLibrary(dll); library->FirstThunk != 0; ++library)
@@ -56,7 +56,7 @@ inline ULONGLONG& entry(HMODULE dll, ULONGLONG function)
   throw std::logic_error("the DLL does not import the function");
 }
 
-/// Lets a DLL call another function instead of one that it imports.
+/// Makes a DLL call another function instead of an imported one.
 template <class Function>
 void redirect(HMODULE user, HMODULE owner, const char* name, Function* replacement)
 {

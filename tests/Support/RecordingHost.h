@@ -14,7 +14,7 @@
 
 namespace Tarvik {
 
-/// A host that owns groups, writes down what the commands ask of it, and fails on demand.
+/// A host that owns groups, records what the commands ask of it, and fails on demand.
 template <class T>
 class RecordingHost : public TKGroupProviderInterface<T> {
 public:
@@ -38,12 +38,13 @@ public:
     m_received = &groups;
     auto copy = groups; // a copy that fails leaves the host's own list whole
     m_groups.swap(copy);
+    noteChange();
   }
 
   std::shared_ptr<CommandBase>
   createMoveCommand(const T& target, const std::vector<T>& elements, bool insertBefore) override
   {
-    note(insertBefore ? "createMoveCommand before" : "createMoveCommand behind");
+    note(insertBefore ? "createMoveCommand before" : "createMoveCommand after");
     return m_makeMoveCommand ? m_makeMoveCommand(target, elements) : nullptr;
   }
 
@@ -68,6 +69,7 @@ public:
       if (each.getId() == groupId)
         each.setName(name, true);
     }
+    noteChange();
   }
 
   std::string getElementName(const T& element) override
@@ -93,32 +95,35 @@ public:
 
   void nameElements(NamedElements names) { m_names = std::move(names); }
 
-  /// From now on getGroupMemberNames() answers with what the function answers.
+  /// From now on getGroupMemberNames() returns what the function returns.
   void listMembersBy(std::function<NamedElements(const Identifier&)> function)
   {
     m_listMembers = std::move(function);
   }
 
-  /// From now on createMoveCommand() answers with what the function answers.
+  /// From now on createMoveCommand() returns what the function returns.
   void makeMoveCommandBy(
       std::function<std::shared_ptr<CommandBase>(const T&, const std::vector<T>&)> function)
   {
     m_makeMoveCommand = std::move(function);
   }
 
-  /// Changes the groups behind the commands' back.
+  /// From now on setGroups() and renameGroup() call the function at their end.
+  void afterChanges(std::function<void()> function) { m_afterChange = std::move(function); }
+
+  /// Replaces the groups without a command.
   void replaceGroups(std::vector<TKGroup<T>> groups) { m_groups = std::move(groups); }
 
-  /// The list that the last setGroups() was given, where it stands in the command.
+  /// The list that the last setGroups() was given: a field of the command.
   const std::vector<TKGroup<T>>* receivedList() const { return m_received; }
 
-  /// From now on getGroups() answers with a list that belongs to somebody else.
+  /// From now on getGroups() returns this list, which is not the host's own.
   void handOut(const std::vector<TKGroup<T>>* list)
   {
     m_handedOut = const_cast<std::vector<TKGroup<T>>*>(list); // NOLINT: nobody writes to it
   }
 
-  /// From now on the operation throws std::runtime_error with its own name.
+  /// From now on the operation throws a std::runtime_error with the operation's name.
   void failIn(const std::string& operation) { m_failing = operation; }
 
   /// The calls since the last time.
@@ -139,12 +144,19 @@ private:
       throw std::runtime_error(call);
   }
 
+  void noteChange()
+  {
+    if (m_afterChange)
+      m_afterChange();
+  }
+
   std::vector<TKGroup<T>> m_groups;
   std::vector<TKGroup<T>>* m_handedOut = nullptr;
   const std::vector<TKGroup<T>>* m_received = nullptr;
   NamedElements m_names;
   std::function<NamedElements(const Identifier&)> m_listMembers;
   std::function<std::shared_ptr<CommandBase>(const T&, const std::vector<T>&)> m_makeMoveCommand;
+  std::function<void()> m_afterChange;
   std::vector<std::string> m_calls;
   std::string m_failing;
 };

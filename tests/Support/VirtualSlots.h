@@ -7,8 +7,8 @@
 #include <numeric>
 #include <vector>
 
-/// Where virtual operations stand in their class's table: their order is part of the binary
-/// interface. Reads pointers to members as the Itanium C++ ABI lays them out, which GCC and Clang
+/// The slots of virtual operations in the table of their class: their order is part of the binary
+/// interface. Reads pointers to members as laid out by the Itanium C++ ABI, which GCC and Clang
 /// follow on Linux and on Windows.
 namespace Tarvik {
 
@@ -17,15 +17,15 @@ template <class... Operations>
 std::vector<std::size_t> virtualSlots(Operations... operations)
 {
   const auto slotOf = [](auto operation) {
-    std::uintptr_t offset = 0; // with its lowest bit set where that tells a virtual operation
+    std::uintptr_t offset = 0; // in some ABIs the lowest bit marks a virtual operation
     std::memcpy(&offset, &operation, sizeof offset);
     return static_cast<std::size_t>(offset / sizeof(void*));
   };
   return {slotOf(operations)...};
 }
 
-/// The first `count` slots behind a virtual destructor, which takes two.
-inline std::vector<std::size_t> slotsBehindDestructor(std::size_t count)
+/// The first `count` slots after a virtual destructor, which takes two.
+inline std::vector<std::size_t> slotsAfterDestructor(std::size_t count)
 {
   std::vector<std::size_t> slots(count);
   std::iota(slots.begin(), slots.end(), std::size_t{2});

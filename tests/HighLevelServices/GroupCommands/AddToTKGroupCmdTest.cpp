@@ -1,30 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "HighLevelServices/GroupCommands/AddToTKGroupCmd.h"
 
+#include "HighLevelServices/GroupCommands/AddTo.h"
 #include "Support/RecordingHost.h"
 
 #include <gtest/gtest.h>
 
-#include <limits>
-#include <memory>
-#include <optional>
+#include <utility>
 #include <vector>
 
 namespace Tarvik {
 namespace {
-
-/// Adds elements to the group of that name, as a host does it.
-template <class T>
-void addTo(const std::shared_ptr<RecordingHost<T>>& host,
-           const std::string& targetName,
-           const std::vector<T>& elements,
-           std::optional<int> insertIndex = std::nullopt)
-{
-  AddToTKGroupCmd<T> command(host, elements, host->idOf(targetName));
-  if (insertIndex)
-    command.setInsertIndex(*insertIndex);
-  command.execute();
-}
 
 template <class T>
 class AddToGroup : public ::testing::Test {};
@@ -84,88 +70,6 @@ TYPED_TEST(AddToGroup, KeepsNamesAndIdsOfAllGroups)
   EXPECT_EQ(host->idOf("B"), idOfB);
 }
 
-TYPED_TEST(AddToGroup, InsertsInFrontOfTheMemberAtTheIndex)
-{
-  const auto [a, b, x, y] = distinct<TypeParam, 4>();
-  const auto host = hostWith(group("A", {a, b}));
-
-  addTo(host, "A", {x, y}, 1);
-
-  EXPECT_EQ(host->groups(), list(group("A", {a, x, y, b})));
-}
-
-TYPED_TEST(AddToGroup, KeepsTheInsertionPointInFrontOfTheSameMember)
-{
-  const auto [a, b, c, d] = distinct<TypeParam, 4>();
-  const auto host = hostWith(group("A", {a, b, c, d}));
-
-  addTo(host, "A", {b}, 3);
-
-  EXPECT_EQ(host->groups(), list(group("A", {a, c, b, d})));
-}
-
-TYPED_TEST(AddToGroup, LeavesTheIndexAloneForAMemberBehindIt)
-{
-  const auto [a, b, c, d] = distinct<TypeParam, 4>();
-  const auto host = hostWith(group("A", {a, b, c, d}));
-
-  addTo(host, "A", {d}, 1);
-
-  EXPECT_EQ(host->groups(), list(group("A", {a, d, b, c})));
-}
-
-TYPED_TEST(AddToGroup, LeavesTheIndexAloneForTheMemberAtIt)
-{
-  const auto [a, b, c] = distinct<TypeParam, 3>();
-  const auto host = hostWith(group("A", {a, b, c}));
-
-  addTo(host, "A", {b}, 1);
-
-  EXPECT_EQ(host->groups(), list(group("A", {a, b, c})));
-}
-
-TYPED_TEST(AddToGroup, LowersTheIndexOnceForEachMemberBeforeIt)
-{
-  const auto [a, b, c] = distinct<TypeParam, 3>();
-  const auto host = hostWith(group("A", {a, b, c}));
-
-  addTo(host, "A", {a, b}, 2);
-
-  EXPECT_EQ(host->groups(), list(group("A", {a, b, c})));
-}
-
-TYPED_TEST(AddToGroup, LowersTheIndexForMembersBeforeItAndNotForThoseBehind)
-{
-  const auto [a, b, c, d, e] = distinct<TypeParam, 5>();
-  const auto host = hostWith(group("A", {a, b, c, d, e}));
-
-  addTo(host, "A", {a, d, b}, 3); // the index falls to 2, where d stands by then, and then to 1
-
-  EXPECT_EQ(host->groups(), list(group("A", {c, a, d, b, e})));
-}
-
-TYPED_TEST(AddToGroup, InsertsAtTheFrontForIndexZero)
-{
-  const auto [a, b, c] = distinct<TypeParam, 3>();
-  const auto host = hostWith(group("A", {a, b, c}));
-
-  addTo(host, "A", {a, c}, 0);
-
-  EXPECT_EQ(host->groups(), list(group("A", {a, c, b})));
-}
-
-TYPED_TEST(AddToGroup, AppendsForAnIndexOutsideOfTheGroup)
-{
-  const auto [a, b, c] = distinct<TypeParam, 3>();
-
-  for (const int index :
-       {-1, -7, std::numeric_limits<int>::min(), 3, 4, std::numeric_limits<int>::max()}) {
-    const auto host = hostWith(group("A", {a, b, c}));
-    addTo(host, "A", {b}, index);
-    EXPECT_EQ(host->groups(), list(group("A", {a, c, b}))) << "index " << index;
-  }
-}
-
 TYPED_TEST(AddToGroup, TakesAnElementOutOfItsFirstHolderOnly)
 {
   const auto [a, x, y] = distinct<TypeParam, 3>();
@@ -185,26 +89,6 @@ TYPED_TEST(AddToGroup, LeavesTheTargetAsItIsWhenAnEarlierGroupGivesTheElement)
   addTo(host, "Target", {x}, 0);
 
   EXPECT_EQ(host->groups(), list(group<TypeParam>("Earlier", {}), group("Target", {a, x, b})));
-}
-
-TYPED_TEST(AddToGroup, LowersTheIndexEvenWhenAnEarlierGroupGivesTheElement)
-{
-  const auto [a, b, c, z] = distinct<TypeParam, 4>();
-  const auto host = hostWith(group("Earlier", {b}), group("Target", {a, b, c}));
-
-  addTo(host, "Target", {b, z}, 2);
-
-  EXPECT_EQ(host->groups(), list(group<TypeParam>("Earlier", {}), group("Target", {a, z, b, c})));
-}
-
-TYPED_TEST(AddToGroup, TakesTheElementOutOfTheTargetBeforeALaterGroup)
-{
-  const auto [a, b, x] = distinct<TypeParam, 3>();
-  const auto host = hostWith(group("Target", {x, a, b}), group("Later", {x}));
-
-  addTo(host, "Target", {x}, 2);
-
-  EXPECT_EQ(host->groups(), list(group("Target", {a, x, b}), group("Later", {x})));
 }
 
 TYPED_TEST(AddToGroup, InsertsTwiceWhatIsGivenTwice)
@@ -277,21 +161,6 @@ TYPED_TEST(AddToGroup, DoesNothingOnUndoAndRedoBeforeItIsExecuted)
 
   EXPECT_EQ(host->takeCalls(), Calls{});
   EXPECT_EQ(host->groups(), list(group("A", {a})));
-}
-
-TYPED_TEST(AddToGroup, KeepsTheLoweredIndexForASecondExecute)
-{
-  const auto [a, b, c] = distinct<TypeParam, 3>();
-  const auto host = hostWith(group("A", {a, b, c}));
-  AddToTKGroupCmd<TypeParam> command(host, {a}, host->idOf("A"));
-  command.setInsertIndex(2);
-  command.execute();
-  ASSERT_EQ(host->groups(), list(group("A", {b, a, c})));
-  command.undo();
-
-  command.execute(); // starts from index 1
-
-  EXPECT_EQ(host->groups(), list(group("A", {a, b, c})));
 }
 
 TYPED_TEST(AddToGroup, GoesOnHandingListsOverOnceItHasChangedOne)

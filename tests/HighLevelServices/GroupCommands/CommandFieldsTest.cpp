@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The private fields of the classes are part of their binary interface: a debugger view or a tool
-// that knows the layout finds them by name and place.
+// that knows the layout finds them by name and offset.
 
 #include "HighLevelServices/GroupCommands/AddToTKGroupCmd.h"
 #include "HighLevelServices/GroupCommands/CreateTKGroupCmd.h"
@@ -9,6 +9,7 @@
 #include "HighLevelServices/GroupCommands/RemoveTKGroupsCmd.h"
 #include "HighLevelServices/GroupCommands/RenameTKGroupCmd.h"
 #include "HighLevelServices/GroupCommands/SortTKGroupsAlphabeticallyCmd.h"
+#include "Support/Identifiers.h"
 
 #include <gtest/gtest.h>
 
@@ -19,7 +20,7 @@
 namespace Tarvik {
 namespace {
 
-/// Where a field stands in its object.
+/// The place of a field in its object.
 struct Field {
   std::size_t offset;
   std::size_t size;
@@ -148,22 +149,14 @@ template struct Fields<TKGroup<GUIdentifier>,
 
 template <class Class>
 class ObjectLayout : public ::testing::Test {};
-using Classes = ::testing::Types<AddToTKGroupCmd<Identifier>,
-                                 AddToTKGroupCmd<GUIdentifier>,
-                                 CreateTKGroupCmd<Identifier>,
-                                 CreateTKGroupCmd<GUIdentifier>,
-                                 MoveTKGroupElementsCmd<Identifier>,
-                                 MoveTKGroupElementsCmd<GUIdentifier>,
-                                 RemoveFromTKGroupCmd<Identifier>,
-                                 RemoveFromTKGroupCmd<GUIdentifier>,
-                                 RemoveTKGroupsCmd<Identifier>,
-                                 RemoveTKGroupsCmd<GUIdentifier>,
-                                 RenameTKGroupCmd<Identifier>,
-                                 RenameTKGroupCmd<GUIdentifier>,
-                                 SortTKGroupsAlphabeticallyCmd<Identifier>,
-                                 SortTKGroupsAlphabeticallyCmd<GUIdentifier>,
-                                 TKGroup<Identifier>,
-                                 TKGroup<GUIdentifier>>;
+using Classes = ForBothKinds<AddToTKGroupCmd,
+                             CreateTKGroupCmd,
+                             MoveTKGroupElementsCmd,
+                             RemoveFromTKGroupCmd,
+                             RemoveTKGroupsCmd,
+                             RenameTKGroupCmd,
+                             SortTKGroupsAlphabeticallyCmd,
+                             TKGroup>;
 TYPED_TEST_SUITE(ObjectLayout, Classes);
 
 template <class T>

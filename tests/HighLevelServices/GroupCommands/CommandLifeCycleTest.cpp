@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "Support/Allocations.h"
 #include "Support/CommandCases.h"
 #include "Support/VirtualSlots.h"
+#include "Support/WatchedIdentifier.h"
 
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <optional>
-#include <stdexcept>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -17,24 +15,13 @@ namespace {
 
 /// What every command promises, whatever it does.
 template <class Case>
-class EveryCommand : public ::testing::Test {
-protected:
-  using Element = typename Case::Element;
-
-  std::shared_ptr<RecordingHost<Element>> host = hostForCommands<Element>();
-  std::vector<TKGroup<Element>> before = host->copyOfGroups();
-};
+class EveryCommand : public CommandTest<Case> {};
 TYPED_TEST_SUITE(EveryCommand, CommandCases, CaseName);
 
-/// What those promise that keep the list before and the list after.
+/// What those promise that keep the before list and the after list.
 template <class Case>
-class SnapshotCommand : public EveryCommand<Case> {};
+class SnapshotCommand : public CommandTest<Case> {};
 TYPED_TEST_SUITE(SnapshotCommand, SnapshotCommandCases, CaseName);
-
-/// What those promise that can be moved, which are all but one.
-template <class Case>
-class MovableCommand : public EveryCommand<Case> {};
-TYPED_TEST_SUITE(MovableCommand, MovableCommandCases, CaseName);
 
 TYPED_TEST(EveryCommand, IsDescribedInEnglishWithoutATranslation)
 {
@@ -154,6 +141,26 @@ TYPED_TEST(EveryCommand, SharesTheHostForAsLongAsItLives)
   EXPECT_EQ(this->host.use_count(), 1);
 }
 
+template <class Case>
+class CommandOfElements : public ::testing::Test {};
+using CasesThatCopyElements = ::testing::Types<AddToGroupCase<WatchedIdentifier>,
+                                               CreateGroupCase<WatchedIdentifier>,
+                                               MoveElementsCase<WatchedIdentifier>,
+                                               RemoveFromGroupCase<WatchedIdentifier>>;
+TYPED_TEST_SUITE(CommandOfElements, CasesThatCopyElements);
+
+TYPED_TEST(CommandOfElements, CopiesThePointerToTheHostBeforeItsElements)
+{
+  const auto host = hostForCommands<WatchedIdentifier>();
+  long shares = 0;
+  const CopyWatch watch([&] { shares = host.use_count(); });
+
+  const auto command = TypeParam::make(host);
+
+  EXPECT_EQ(shares, 3) << "the test's, the parameter's and the command's";
+  EXPECT_EQ(host.use_count(), 2);
+}
+
 TYPED_TEST(EveryCommand, KeepsTheHostAliveAlone)
 {
   const std::weak_ptr<RecordingHost<typename TypeParam::Element>> watched = this->host;
@@ -169,153 +176,14 @@ TYPED_TEST(EveryCommand, KeepsTheHostAliveAlone)
   EXPECT_TRUE(watched.expired());
 }
 
-TYPED_TEST(MovableCommand, GoesOnWhereItWasMovedTo)
-{
-  auto source = TypeParam::make(this->host);
-  source.execute();
-  const auto after = this->host->copyOfGroups();
-
-  auto command = std::move(source);
-
-  EXPECT_EQ(command.getDescription(), TypeParam::description);
-  command.undo();
-  EXPECT_TRUE(identical(this->host->copyOfGroups(), this->before));
-  command.redo();
-  EXPECT_TRUE(identical(this->host->copyOfGroups(), after));
-}
-
-TYPED_TEST(MovableCommand, KeepsItsArgumentsWhenItIsMovedBeforeItIsExecuted)
-{
-  TypeParam::make(this->host).execute();
-  const auto expected = this->host->groups();
-  this->host->replaceGroups(this->before);
-
-  auto source = TypeParam::make(this->host);
-  auto target = TypeParam::make(hostForCommands<typename TypeParam::Element>());
-  target = std::move(source);
-  target.execute();
-
-  EXPECT_EQ(this->host->groups(), expected);
-}
-
-TYPED_TEST(MovableCommand, GoesOnWhereItWasAssignedTo)
-{
-  const auto otherHost = hostForCommands<typename TypeParam::Element>();
-  auto source = TypeParam::make(this->host);
-  auto target = TypeParam::make(otherHost);
-  source.execute();
-  target.execute();
-  const auto after = this->host->copyOfGroups();
-
-  auto& result = (target = std::move(source));
-
-  EXPECT_EQ(&result, &target);
-  EXPECT_EQ(otherHost.use_count(), 1) << "the host that the target had is released";
-  target.undo();
-  EXPECT_TRUE(identical(this->host->copyOfGroups(), this->before));
-  target.redo();
-  EXPECT_TRUE(identical(this->host->copyOfGroups(), after));
-}
-
-TYPED_TEST(MovableCommand, LeavesNothingInWhatItWasMovedFrom)
-{
-  auto source = std::make_optional(TypeParam::make(this->host));
-  source->execute();
-  const auto shares = this->host.use_count();
-  const auto moved = std::move(*source);
-  EXPECT_EQ(this->host.use_count(), shares) << "the share of the host has moved";
-
-  const AllocationWatch watch;
-  source.reset();
-
-  EXPECT_EQ(watch.released(), 0U) << "no list was left to release";
-}
-
-TYPED_TEST(MovableCommand, LeavesNothingInWhatItWasAssignedFrom)
-{
-  auto source = std::make_optional(TypeParam::make(this->host));
-  source->execute();
-  const auto shares = this->host.use_count();
-  auto target = TypeParam::make(hostForCommands<typename TypeParam::Element>());
-  target = std::move(*source);
-  EXPECT_EQ(this->host.use_count(), shares) << "the share of the host has moved";
-
-  const AllocationWatch watch;
-  source.reset();
-
-  EXPECT_LE(watch.released(), TypeParam::textsLeftBehind) << "no list was left to release";
-}
-
-TYPED_TEST(MovableCommand, StaysWhatItIsWhenAssignedToItself)
-{
-  auto command = TypeParam::make(this->host);
-  command.execute();
-  const auto after = this->host->copyOfGroups();
-  auto& alias = command;
-
-  command = std::move(alias);
-
-  EXPECT_EQ(command.getDescription(), TypeParam::description);
-  command.undo();
-  EXPECT_TRUE(identical(this->host->copyOfGroups(), this->before));
-  command.redo();
-  EXPECT_TRUE(identical(this->host->copyOfGroups(), after));
-  this->host->replaceGroups(this->before);
-  command.execute();
-  EXPECT_EQ(this->host->groups().size(), after.size()) << "the arguments are there as well";
-  EXPECT_FALSE(identical(this->host->copyOfGroups(), this->before));
-}
-
-TYPED_TEST(EveryCommand, LeavesTheHostsGroupsAloneWhenTheHostFails)
-{
-  for (const auto& call : TypeParam::onExecute()) {
-    auto command = TypeParam::make(this->host);
-    this->host->failIn(call);
-
-    EXPECT_THROW(command.execute(), std::runtime_error) << call;
-
-    EXPECT_TRUE(identical(this->host->copyOfGroups(), this->before)) << call;
-  }
-}
-
-TYPED_TEST(EveryCommand, LeavesTheHostsGroupsAloneWhicheverAllocationFails)
-{
-  bool succeeded = false;
-  for (std::size_t successes = 0; !succeeded; ++successes) {
-    ASSERT_LT(successes, 10'000U);
-    auto command = TypeParam::make(this->host);
-    try {
-      const AllocationWatch watch(successes);
-      command.execute();
-      succeeded = !watch.hasFailed();
-    } catch (const std::bad_alloc&) {
-      EXPECT_TRUE(identical(this->host->copyOfGroups(), this->before)) << successes;
-    }
-  }
-  EXPECT_FALSE(identical(this->host->copyOfGroups(), this->before));
-}
-
-TYPED_TEST(EveryCommand, ReleasesTheHostWhicheverAllocationFailsInItsConstructor)
-{
-  bool succeeded = false;
-  for (std::size_t successes = 0; !succeeded; ++successes) {
-    ASSERT_LT(successes, 1'000U);
-    try {
-      const AllocationWatch watch(successes);
-      const auto command = TypeParam::make(this->host);
-      succeeded = !watch.hasFailed();
-    } catch (const std::bad_alloc&) {
-      EXPECT_EQ(this->host.use_count(), 1) << successes;
-    }
-  }
-}
-
-TYPED_TEST(EveryCommand, IsNeverCopied)
+TYPED_TEST(EveryCommand, IsNeverCopiedAndMovedOnlyWhereItsCaseSaysSo)
 {
   using Command = typename TypeParam::Command;
 
   static_assert(!std::is_copy_constructible_v<Command>);
   static_assert(!std::is_copy_assignable_v<Command>);
+  static_assert(std::is_move_constructible_v<Command> == TypeParam::isMovable);
+  static_assert(std::is_move_assignable_v<Command> == TypeParam::isMovable);
   static_assert(std::has_virtual_destructor_v<Command>);
   static_assert(std::is_base_of_v<CommandBase, Command>);
 }
@@ -327,7 +195,7 @@ TYPED_TEST(EveryCommand, OverridesOnlyExecuteUndoAndRedo)
 #if !defined(_MSC_VER) // its tables are laid out in another way
   EXPECT_EQ(virtualSlots(&Command::execute, &Command::undo, &Command::redo,
                          &Command::getDescription, &Command::getSpeedRate, &Command::isRedoCapable),
-            slotsBehindDestructor(6));
+            slotsAfterDestructor(6));
 #endif
   static_assert(std::is_same_v<decltype(&Command::getDescription),
                                const std::string& (CommandBase::*)() const>);

@@ -12,7 +12,7 @@
 namespace Tarvik {
 namespace {
 
-/// The name that a taken one is turned into, as the platform at hand does it.
+/// What the platform makes of a name that is taken.
 std::string uniqueName(const std::string& base, const std::vector<std::string>& taken)
 {
   SimpleNameSetProvider names;
@@ -132,7 +132,7 @@ TYPED_TEST(CreateGroup, MakesATakenNameUnique)
   EXPECT_NE(name, "A");
 }
 
-TYPED_TEST(CreateGroup, ComparesNamesAsTheyStand)
+TYPED_TEST(CreateGroup, ComparesNamesUnchanged)
 {
   const auto host = hostWith(group<TypeParam>("group", {}), group<TypeParam>(" A ", {}));
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the bundled platform's macro does for a move that fails half way.
+// What the bundled platform's macro does when a move fails halfway.
 
 #include "HighLevelServices/GroupCommands/MoveTKGroupElementsCmd.h"
 

@@ -15,7 +15,7 @@ namespace Tarvik {
 namespace {
 
 constexpr bool before = true;
-constexpr bool behind = false;
+constexpr bool after = false;
 
 template <class T>
 class MoveElements : public ::testing::Test {
@@ -44,7 +44,7 @@ private:
   std::function<void(const std::string&)> m_note;
 };
 
-TYPED_TEST(MoveElements, PlacesThemInFrontOfAMemberOfTheSameGroup)
+TYPED_TEST(MoveElements, PlacesThemBeforeAMemberOfTheSameGroup)
 {
   const auto [a, b, c] = distinct<TypeParam, 3>();
   const auto host = hostWith(group("G", {a, b, c}));
@@ -54,27 +54,27 @@ TYPED_TEST(MoveElements, PlacesThemInFrontOfAMemberOfTheSameGroup)
   EXPECT_EQ(host->groups(), list(group("G", {a, c, b})));
 }
 
-TYPED_TEST(MoveElements, PlacesThemBehindAMemberOfTheSameGroup)
+TYPED_TEST(MoveElements, PlacesThemAfterAMemberOfTheSameGroup)
 {
   const auto [a, b, c] = distinct<TypeParam, 3>();
   const auto host = hostWith(group("G", {a, b, c}));
 
-  this->move(host, {a}, b, behind);
+  this->move(host, {a}, b, after);
 
   EXPECT_EQ(host->groups(), list(group("G", {b, a, c})));
 }
 
-TYPED_TEST(MoveElements, PlacesThemBehindTheLastMember)
+TYPED_TEST(MoveElements, PlacesThemAfterTheLastMember)
 {
   const auto [a, b, c] = distinct<TypeParam, 3>();
   const auto host = hostWith(group("G", {a, b, c}));
 
-  this->move(host, {a, b}, c, behind);
+  this->move(host, {a, b}, c, after);
 
   EXPECT_EQ(host->groups(), list(group("G", {c, a, b})));
 }
 
-TYPED_TEST(MoveElements, PlacesThemInFrontOfTheFirstMember)
+TYPED_TEST(MoveElements, PlacesThemBeforeTheFirstMember)
 {
   const auto [a, b, c] = distinct<TypeParam, 3>();
   const auto host = hostWith(group("G", {a, b, c}));
@@ -109,7 +109,7 @@ TYPED_TEST(MoveElements, CountsTheFirstGroupThatHoldsTheTarget)
   const auto [a, b, t, x] = distinct<TypeParam, 4>();
   const auto host = hostWith(group("A", {a, t, b}), group("B", {t}));
 
-  this->move(host, {x}, t, behind);
+  this->move(host, {x}, t, after);
 
   EXPECT_EQ(host->groups(), list(group("A", {a, t, x, b}), group("B", {t})));
 }
@@ -131,7 +131,7 @@ TYPED_TEST(MoveElements, MovesTheTargetItselfLikeAnyOther)
   const auto [a, b, c] = distinct<TypeParam, 3>();
   const auto host = hostWith(group("G", {a, b, c}));
 
-  this->move(host, {c, b}, b, before); // in front of place 1, which none of them stands before
+  this->move(host, {c, b}, b, before); // before position 1: none of them is earlier
 
   EXPECT_EQ(host->groups(), list(group("G", {a, c, b})));
 }
@@ -156,11 +156,11 @@ TYPED_TEST(MoveElements, TakesThemOutOfTheirGroupsWhenNoGroupHoldsTheTarget)
   const auto [a, x, y, t] = distinct<TypeParam, 4>();
   const auto host = hostWith(group("A", {x, a}), group("B", {y}));
   const auto groupsBefore = host->copyOfGroups();
-  MoveTKGroupElementsCmd<TypeParam> command(host, {y, x, y}, t, behind);
+  MoveTKGroupElementsCmd<TypeParam> command(host, {y, x, y}, t, after);
 
   command.execute();
   EXPECT_EQ(host->takeCalls(),
-            (Calls{"getGroups", "createMoveCommand behind", "getGroups", "setGroups"}));
+            (Calls{"getGroups", "createMoveCommand after", "getGroups", "setGroups"}));
   EXPECT_EQ(host->groups(), list(group("A", {a}), group<TypeParam>("B", {})));
 
   command.undo();
@@ -169,7 +169,7 @@ TYPED_TEST(MoveElements, TakesThemOutOfTheirGroupsWhenNoGroupHoldsTheTarget)
   EXPECT_EQ(host->groups(), list(group("A", {a}), group<TypeParam>("B", {})));
 }
 
-TYPED_TEST(MoveElements, RunsTheHostsCommandBehindTheRemoval)
+TYPED_TEST(MoveElements, RunsTheHostsCommandAfterTheRemoval)
 {
   const auto [a, x, t] = distinct<TypeParam, 3>();
   const auto host = hostWith(group("A", {a, x}));
@@ -256,7 +256,7 @@ TYPED_TEST(MoveElements, TakesItsArgumentsAlongWhenItIsAssigned)
 {
   const auto [a, b, c] = distinct<TypeParam, 3>();
   const auto host = hostWith(group("A", {a, b, c}));
-  MoveTKGroupElementsCmd<TypeParam> source(host, {a}, b, behind);
+  MoveTKGroupElementsCmd<TypeParam> source(host, {a}, b, after);
   MoveTKGroupElementsCmd<TypeParam> target(host, {c}, a, before);
 
   target = std::move(source);

@@ -152,17 +152,17 @@ TYPED_TEST(RenameGroup, RenamesInTheHostsListWithoutAskingWhenItIsToldTo)
   EXPECT_EQ(host->groups().front().name, "Direct");
 }
 
-TYPED_TEST(RenameGroup, SharesOneStandInForAllUnknownGroups)
+TYPED_TEST(RenameGroup, SharesOneFallbackForAllUnknownGroups)
 {
   const auto host = emptyHost<TypeParam>();
   RenameTKGroupCmd<TypeParam> one(host, Identifier(), "Beta");
   RenameTKGroupCmd<TypeParam> other(emptyHost<TypeParam>(), Identifier(), "Beta");
 
-  renameDirectly(other, "stand-in");
+  renameDirectly(other, "fallback");
   one.execute();
   host->takeCalls();
   one.undo();
-  EXPECT_EQ(host->takeCalls(), Calls{"renameGroup stand-in"});
+  EXPECT_EQ(host->takeCalls(), Calls{"renameGroup fallback"});
 
   renameDirectly(other, ""); // as the other tests expect it
 }

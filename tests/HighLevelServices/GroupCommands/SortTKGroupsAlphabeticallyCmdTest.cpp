@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "HighLevelServices/GroupCommands/SortTKGroupsAlphabeticallyCmd.h"
 
+#include "Support/GlobalLocale.h"
 #include "Support/RecordingHost.h"
 
 #include <gtest/gtest.h>
@@ -56,18 +57,6 @@ protected:
 };
 TYPED_TEST_SUITE(SortGroups, ElementIdentifiers, KindName);
 
-/// Puts a global locale in place for a scope.
-class GlobalLocale {
-public:
-  explicit GlobalLocale(const std::locale& locale) : m_earlier(std::locale::global(locale)) {}
-  GlobalLocale(const GlobalLocale&) = delete;
-  GlobalLocale& operator=(const GlobalLocale&) = delete;
-  ~GlobalLocale() { std::locale::global(m_earlier); }
-
-private:
-  std::locale m_earlier;
-};
-
 /// Lowers single bytes only: 'z' comes out as '!', which sorts first. Ranges are left alone.
 class BytewiseLetters : public std::ctype<char> {
 protected:
@@ -86,7 +75,7 @@ TYPED_TEST(SortGroups, ReadsDigitsAsBytesAndPutsAPrefixFirst)
             (Names{"Group", "Group1", "Group10", "Group9"}));
 }
 
-TYPED_TEST(SortGroups, PutsBytesOutsideAsciiBehindLettersAndDigits)
+TYPED_TEST(SortGroups, PutsBytesOutsideAsciiAfterLettersAndDigits)
 {
   EXPECT_EQ(this->sorted({"\xC3\x84pfel", "zebra", "9", "\x80"}),
             (Names{"9", "zebra", "\x80", "\xC3\x84pfel"}));
@@ -137,7 +126,7 @@ TYPED_TEST(SortGroups, LowersMembersNamesByteByByteWithTheGlobalLocale)
   EXPECT_EQ(this->sortedMembers({"a", "B", "z", "bz", "b"}), (Names{"z", "B", "a", "b", "bz"}));
 }
 
-TYPED_TEST(SortGroups, TakesTheLocaleAsItStandsWhenItIsExecuted)
+TYPED_TEST(SortGroups, UsesTheLocaleOfTheMomentOfExecution)
 {
   const auto [a, b] = distinct<TypeParam, 2>();
   const auto host = hostWith(group("A", {a, b}));

@@ -99,7 +99,7 @@ TYPED_TEST(PointerMap, KeepsTheOrderOfItsVirtualOperations)
 
 #if !defined(_MSC_VER) // its tables are laid out in another way
   EXPECT_EQ(virtualSlots(&Base::addPointer, &Base::getPointer, &Base::removePointer),
-            slotsBehindDestructor(3));
+            slotsAfterDestructor(3));
 #endif
   static_assert(std::is_base_of_v<MapContainer, Base>);
   static_assert(std::is_base_of_v<Base, PointerMapContainer<TKGroup<TypeParam>>>);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a release has written is loaded for ever: golden/README.md.
+// What a release has written can be loaded forever: see golden/README.md.
 
 #include "HighLevelServices/golden/GoldenGroups.h"
 #include "Platform/Support/Bytes.h"

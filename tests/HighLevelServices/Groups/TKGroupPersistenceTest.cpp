@@ -74,7 +74,7 @@ TYPED_TEST(ArchivedGroup, TakesHardlyMoreThanItsContent)
   EXPECT_LE(archive.size(), content + content / 200); // half a percent
 }
 
-TYPED_TEST(ArchivedGroup, StandsInTheClassTableInVersion500001)
+TYPED_TEST(ArchivedGroup, IsInTheClassTableInVersion500001)
 {
   const auto archive = archived(TKGroup<TypeParam>());
   PersistenceArchiver reader(archive);
@@ -253,15 +253,15 @@ TYPED_TEST(ArchivedGroup, RefusesACountOfMembersThatTheBytesCannotHold)
   EXPECT_EQ(loaded.getId(), fixed<Identifier>(0x1a));
 }
 
-TYPED_TEST(ArchivedGroup, SkipsWhatIsBehindTheNameAndTheMembersInTheirBlocks)
+TYPED_TEST(ArchivedGroup, SkipsWhatFollowsTheNameAndTheMembersInTheirFrames)
 {
-  const std::string behind = " aa bb cc";
+  const std::string more = " aa bb cc";
   const auto archive =
       archiveAround("43 00 00 00 " + hashText(groupClassName<TypeParam>()) + " 0c 00 00 00 " +
-                        hashText("NameInterface") + " 01 00 00 00 41" + behind +
+                        hashText("NameInterface") + " 01 00 00 00 41" + more +
                         " 01 02 03 04 05 06 07 08 1a 00 00 00 00 00 00 00" + " 1b 00 00 00 " +
                         hashText(this->kind) + " 01 00 00 00" +
-                        " 01 02 03 04 05 06 07 08 2b 00 00 00 00 00 00 00" + behind,
+                        " 01 02 03 04 05 06 07 08 2b 00 00 00 00 00 00 00" + more,
                     this->classes);
 
   const auto loaded = loadedFrom<TKGroup<TypeParam>>(archive);

@@ -72,7 +72,7 @@ TYPED_TEST(GroupProvider, KeepsTheOrderOfItsVirtualOperations)
                          &Interface::setGroups, &Interface::createMoveCommand,
                          &Interface::getGroupMemberNames, &Interface::renameGroup,
                          &Interface::getElementName),
-            slotsBehindDestructor(7));
+            slotsAfterDestructor(7));
 #endif
 }
 

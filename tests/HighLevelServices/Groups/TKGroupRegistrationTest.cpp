@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the archive is told of groups while the library is loaded.
+// The registration of groups while the library is loaded.
 
 #include "HighLevelServices/Groups/PointerMapContainer.h"
 #include "HighLevelServices/Groups/TKGroup.h"

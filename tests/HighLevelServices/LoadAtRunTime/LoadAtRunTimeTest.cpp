@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A program that is not linked with the libraries may load and unload them as often as it likes.
-// Built with AddressSanitizer, it also tells of what an unloaded library has not given back.
+// A program that is not linked with the libraries may load and unload them any number of times.
+// With AddressSanitizer, the test also reports memory that an unloaded library has not released.
 
 #include "HighLevelServices/LoadAtRunTime/Library.h"
 #include "HighLevelServices/LoadAtRunTime/OccupiedPlace.h"
@@ -95,6 +95,7 @@ TEST(LibraryAtRunTime, MayBeUnloadedBeforeAThreadThatUsedIt)
     thread.join();
   }
 }
+
 std::vector<void*> placesOfCode(const Library& loadedPlugIn)
 {
   std::vector<void*> places;
@@ -102,8 +103,8 @@ std::vector<void*> placesOfCode(const Library& loadedPlugIn)
   return places;
 }
 
-/// The archive's registry then keeps what it was told by libraries that are gone. Each time they
-/// are loaded to another place than the last time, where now nothing is.
+/// The registry then keeps records of libraries that are gone. The libraries are loaded to another
+/// place each time, and nothing is at their last place any more.
 TEST(LibraryAtRunTime, SavesAndLoadsEachTimeWhileTheArchiveStays)
 {
   const Library archive(persistenceArchiver);

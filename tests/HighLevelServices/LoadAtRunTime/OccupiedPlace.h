@@ -14,7 +14,7 @@ namespace Tarvik {
 /// The memory around an address, taken so that no library is loaded there.
 class OccupiedPlace {
 public:
-  /// @throws std::runtime_error when it is not free
+  /// @throws std::runtime_error when the memory is not free
   explicit OccupiedPlace(void* address) : m_memory(take(address))
   {
     if (m_memory == nullptr)

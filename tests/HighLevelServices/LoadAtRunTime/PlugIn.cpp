@@ -78,7 +78,7 @@ void* placeOf()
   return reinterpret_cast<void*>(record.save);
 }
 
-/// A catalogue of the plug-in's own, which must not stay longer than the plug-in does.
+/// The plug-in's own catalogue, which must not outlive the plug-in.
 class InstalledCatalogue {
 public:
   InstalledCatalogue()
@@ -97,7 +97,7 @@ bool allWorks()
          isRegistered<GUIdentifier>();
 }
 
-/// Groups as a document has them: by value, and shared by what they are and by their name.
+/// Groups as a document has them: by value, and shared as groups and as names.
 struct SavedGroups {
   std::vector<TKGroup<Identifier>> groups;
   std::shared_ptr<TKGroup<GUIdentifier>> shared;
@@ -150,7 +150,7 @@ PLUG_IN_EXPORT bool useTheLibraries()
 }
 
 /// Loads the groups that an earlier call has saved, if there was one, and saves some.
-/// @param bytes  what the earlier call has left here, or nothing; gets what is saved
+/// @param bytes  what the earlier call saved, or nothing; gets what this call saves
 /// @return whether it worked
 PLUG_IN_EXPORT bool loadAndSaveGroups(std::vector<std::byte>& bytes)
 {
@@ -166,7 +166,7 @@ PLUG_IN_EXPORT bool loadAndSaveGroups(std::vector<std::byte>& bytes)
   }
 }
 
-/// @param places  gets the addresses of code that the archive was told of
+/// @param places  gets the addresses of code that is registered with the archive
 PLUG_IN_EXPORT void tellPlaces(std::vector<void*>& places)
 {
   using namespace Tarvik;

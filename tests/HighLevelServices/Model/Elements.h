@@ -5,8 +5,8 @@
 #include <cstddef>
 #include <string>
 
-/// The elements that random operations work on, by number. Their names differ in lower case as
-/// well, so that sorting by name has one outcome.
+/// The elements that random operations work on, by number. Their names differ in lower case too, so
+/// that sorting by name has one outcome.
 namespace Tarvik::Modelling {
 
 /// The host knows the first ones; the last is the invalid identifier.
@@ -22,8 +22,8 @@ inline std::string elementName(int number)
   return elementNames.at(static_cast<std::size_t>(number));
 }
 
-/// The name under which a host that lists members twice shows one for the second time: in front of
-/// all others for some elements, behind them for the rest.
+/// The second name of an element on a host that lists members twice: before all other names for
+/// some elements, after them for the rest.
 inline std::string secondName(const std::string& name)
 {
   return (name.size() % 2 == 0 ? "#" : "\xFF") + name;

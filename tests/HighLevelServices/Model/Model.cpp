@@ -90,7 +90,7 @@ Group* find(Groups& groups, GroupKey key)
   return nullptr;
 }
 
-/// Only the first group that holds the element loses it, and it loses one of it.
+/// Only the first holder loses the element, and only one occurrence of it.
 void takeOut(Groups& groups, const std::string& element)
 {
   for (auto& group : groups) {
@@ -101,7 +101,7 @@ void takeOut(Groups& groups, const std::string& element)
   }
 }
 
-/// The name without a blank and a number behind it; a number does not begin with 0.
+/// The name without a blank and a number at its end; a number does not begin with 0.
 std::string withoutNumber(const std::string& name)
 {
   auto stem = name;
@@ -135,9 +135,9 @@ void add(Groups& groups, const Names& elements, GroupKey key, int index)
     return;
 
   for (const auto& element : elements) {
-    const bool standsInFront =
+    const bool isBefore =
         contains(target->members, element) && positionOf(target->members, element) < index;
-    if (standsInFront)
+    if (isBefore)
       --index;
     takeOut(groups, element);
   }
@@ -157,8 +157,8 @@ void remove(Groups& groups, const Names& elements)
     takeOut(groups, element);
 }
 
-/// What the host's own command does: it moves what it knows and what is in no group, to the front
-/// or to the end when the target is none of what then remains.
+/// What the host's own command does: it moves the ungrouped elements that the host knows. They go
+/// to the front or to the end when the target is not among the other elements.
 void moveInOrder(State& state, const std::string& target, const Names& elements, bool before)
 {
   Names block;
@@ -298,7 +298,7 @@ GroupKey Model::keyOf(int group) const
                         : groups[static_cast<std::size_t>(group) % groups.size()].key;
 }
 
-void Model::takeOverOrderOfTies(const State& found)
+void Model::adoptOrderOfTies(const State& found)
 {
   auto& groups = m_states[m_position].groups;
   if (found.groups.size() != groups.size())

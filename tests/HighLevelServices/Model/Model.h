@@ -7,13 +7,13 @@
 #include <string>
 #include <vector>
 
-/// What the commands should do, told in the plainest way: lists of names, and a history that keeps
-/// every state whole.
+/// What the commands should do, in the simplest form: lists of names, and a history that keeps
+/// every state.
 namespace Tarvik::Modelling {
 
 using Names = std::vector<std::string>;
 
-/// Stands for a group's id: groups get 0, 1, 2, ... in the order in which they come into being.
+/// Represents a group's id: groups get 0, 1, 2, ... in the order of their creation.
 using GroupKey = int;
 
 struct Group {
@@ -26,7 +26,7 @@ struct Group {
 
 struct State {
   std::vector<Group> groups;
-  Names order; ///< all elements that the host knows, in its order; those in no group are ungrouped
+  Names order; ///< all elements that the host knows, in its order
 
   friend bool operator==(const State&, const State&) = default;
 };
@@ -47,15 +47,15 @@ public:
 
   std::size_t position() const { return m_position; }
 
-  /// The position that a jump means.
+  /// The position that a jump leads to.
   std::size_t destination(const JumpTo& jump) const;
 
-  /// The key of the group that an operation means: negative when there is none.
+  /// The key of the group that an operation refers to; negative when there is none.
   GroupKey keyOf(int group) const;
 
-  /// Groups whose names are equal in lower case may stand in any order once they are sorted: takes
-  /// over the one that was found, where it differs in nothing else.
-  void takeOverOrderOfTies(const State& found);
+  /// After a sort, groups whose names are equal in lower case may be in any order: adopts the order
+  /// that was found, unless something else differs.
+  void adoptOrderOfTies(const State& found);
 
 private:
   void perform(const HaveGroup& have);

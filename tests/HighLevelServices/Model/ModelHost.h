@@ -20,8 +20,8 @@ namespace Tarvik::Modelling {
 template <class T>
 class HostMoveCmd;
 
-/// A host with named elements, some groups and an order of its own. It lists members and makes
-/// move commands as it is told to. Of several groups with one id it means the first.
+/// A host with named elements, some groups and an order of its elements. Tests decide how it lists
+/// members and whether it makes move commands. When groups share an id, it uses the first.
 template <class T>
 class ModelHost : public TKGroupProviderInterface<T> {
 public:
@@ -101,10 +101,10 @@ public:
                         [&](const auto& group) { return group.isInGroup(element); });
   }
 
-  /// From now on getGroupMemberNames() answers like that.
+  /// From now on getGroupMemberNames() lists members like this.
   void listMembers(const SortGroups& listing) { m_listing = listing; }
 
-  /// Whether createMoveCommand() makes one from now on.
+  /// Whether createMoveCommand() makes a command from now on.
   void makeMoveCommands(bool make) { m_makesMoveCommands = make; }
 
   /// Notes something that a command must not have done.
@@ -127,10 +127,10 @@ private:
   std::string m_complaint;
 };
 
-/// The host's command: places those of the elements that it knows, and that no group holds when it
-/// executes, beside the target; at the front or at the end of the order when that is not there.
+/// The host's command: moves the ungrouped elements that the host knows next to the target, or to
+/// the front or the end of the order when the target is not among the others.
 ///
-/// It complains when it is undone or redone while the groups are not what they were.
+/// Complains when it is undone or redone while the groups differ from those that it found.
 template <class T>
 class HostMoveCmd : public CommandBase {
 public:
@@ -181,7 +181,7 @@ private:
   void checkTurn(const std::string& what)
   {
     if (!identical(m_groups, m_host.getGroups()))
-      m_host.complain("the host's command was " + what + " out of its turn");
+      m_host.complain("the host's command was " + what + " out of turn");
   }
 
   ModelHost<T>& m_host;

@@ -42,7 +42,7 @@ std::optional<Difference> differenceAfter(const Operations& operations)
   return run<T>(operations, std::make_shared<ModelHost<T>>());
 }
 
-/// Says everything about a failure that one needs to see it again.
+/// All that somebody needs to see the failure again.
 template <class T>
 std::string report(const Operations& failing, std::uint64_t seed, std::size_t length)
 {

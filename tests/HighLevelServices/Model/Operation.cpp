@@ -69,7 +69,7 @@ std::string lineOf(const RenameGroup& rename)
 
 std::string lineOf(const MoveElements& move)
 {
-  return "move " + elementsText(move.elements) + (move.before ? " before " : " behind ") +
+  return "move " + elementsText(move.elements) + (move.before ? " before " : " after ") +
          elementName(move.target) + (move.hostHasCommand ? "" : ", the host has no command");
 }
 

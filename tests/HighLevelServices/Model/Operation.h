@@ -6,14 +6,14 @@
 #include <variant>
 #include <vector>
 
-/// What a user or a host does, as plain values that mean something in any order and in any
-/// subsequence: elements are numbers (see Elements.h), groups are positions in the list as it is
-/// then, modulo its length.
+/// What a user or a host does, as plain values that make sense in any order and any subsequence:
+/// elements are numbers (see Elements.h), groups are positions in the current list, modulo its
+/// length.
 namespace Tarvik::Modelling {
 
 using Elements = std::vector<int>;
 
-/// Stand for groups that the list does not have.
+/// Groups that are not in the list.
 inline constexpr int unknownGroup = -1;
 inline constexpr int invalidGroup = -2;
 
@@ -55,7 +55,7 @@ struct MoveElements {
   bool hostHasCommand; ///< whether createMoveCommand() makes one
 };
 
-/// Which members the host lists for a group, besides those that it knows.
+/// How the host changes the list of a group's known members.
 enum class Listing { AsTheyAre, Without, With, Twice };
 
 struct SortGroups {

@@ -68,6 +68,9 @@ public:
     return {name(), elements(), once(6) ? std::optional(below(4)) : std::nullopt};
   }
 
+  /// The bounds below give each kind its weight: of 100 operations, 12 create a group, 16 add
+  /// elements, and so on. Adding and moving have the most rules, so they are the most frequent. A
+  /// new kind takes its share from the others; every seed then gives other operations.
   Operation operation()
   {
     const int kind = below(100);

@@ -11,8 +11,9 @@ namespace Tarvik::Modelling {
 /// Some groups to begin with and then as many other operations. Equal arguments give equal
 /// operations, on any platform.
 ///
-/// Awkward arguments are frequent: elements given twice, held by two groups or unknown to the host,
-/// groups that do not exist or share an id, names that are taken, empty or differ in case only.
+/// Awkward arguments are frequent: elements that are given twice, have two holders or are unknown
+/// to the host; groups that do not exist or share an id; names that are taken, are empty or differ
+/// only in case.
 Operations randomOperations(std::uint64_t seed, std::size_t length);
 
 }

@@ -41,13 +41,13 @@ class Library {
 public:
   explicit Library(std::shared_ptr<ModelHost<T>> host) : m_host(std::move(host)) {}
 
-  /// @param model  tells which groups and positions the operation means
+  /// @param model  knows which groups and positions the operation refers to
   void run(const Operation& operation, const Model& model)
   {
     std::visit([&](const auto& each) { perform(each, model); }, operation);
   }
 
-  /// What the host has, in the terms of the model.
+  /// The state of the host, in the terms of the model.
   State state()
   {
     State result;
@@ -177,7 +177,7 @@ private:
   Identifier m_unknownId;
 };
 
-/// A library and a model that do the same, one operation at a time.
+/// Runs each operation on the library and on the model, and compares the two.
 template <class T>
 class Comparison {
 public:
@@ -197,7 +197,7 @@ public:
     m_model.run(operation);
     const auto found = m_library.state();
     if (std::holds_alternative<SortGroups>(operation))
-      m_model.takeOverOrderOfTies(found);
+      m_model.adoptOrderOfTies(found);
     if (found != m_model.state())
       m_difference = Difference{0, moment, text(m_model.state()), text(found)};
     else if (!m_library.complaint().empty())
@@ -216,7 +216,7 @@ public:
       run(Redo{}, "redoing everything");
   }
 
-  /// Groups that have to be the same in every respect.
+  /// Checks that the groups are the same in every respect.
   void expectIdentical(const std::vector<TKGroup<T>>& groups, const std::string& moment)
   {
     if (!m_difference && !identical(groups, m_library.groups()))

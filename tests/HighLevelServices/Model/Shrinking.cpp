@@ -48,7 +48,7 @@ Operations withoutPairs(Operations operations, const Check& fails)
   return operations;
 }
 
-/// Everything that is a step simpler than the operation; none of it leads back to it.
+/// All operations that are one step simpler; no number of such steps leads back.
 template <class Each>
 Operations simpler(const Each& operation)
 {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// write-golden-groups FILE: writes the archive that README.md tells of. Overwrites nothing.
+// write-golden-groups FILE: writes the archive that README.md describes. Overwrites nothing.
 
 #include "GoldenGroups.h"
 

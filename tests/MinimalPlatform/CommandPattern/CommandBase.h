@@ -2,20 +2,24 @@
 #pragma once
 
 #include "CommandPattern/LegacyProgress.h"
+#include "Recording.h"
 
 #include <string>
 #include <utility>
 
 namespace Tarvik {
 
-/// The least that a platform may offer; its moves are not promised not to throw.
+/// The least that a platform may offer; its moves are not promised not to throw. Writes down that
+/// it is assigned to.
 class CommandBase {
 public:
   explicit CommandBase(std::string description) : m_description(std::move(description)) {}
   CommandBase(CommandBase&& other) : m_description(std::move(other.m_description)) {}
   CommandBase& operator=(CommandBase&& other)
   {
-    m_description = std::move(other.m_description);
+    Recording::note("CommandBase = ", &other == this ? "itself" : "another");
+    if (&other != this)
+      m_description = std::move(other.m_description);
     return *this;
   }
   virtual ~CommandBase() = default;

@@ -2,8 +2,10 @@
 #pragma once
 
 #include "CommandPattern/CommandBase.h"
+#include "Recording.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <list>
 #include <memory>
 #include <string>
@@ -11,8 +13,16 @@
 
 namespace Tarvik {
 
+/// Writes down that memory is taken for it.
 class MacroCommand : public CommandBase {
 public:
+  static void* operator new(std::size_t size)
+  {
+    Recording::note("new MacroCommand");
+    return ::operator new(size);
+  }
+  static void operator delete(void* memory) { ::operator delete(memory); }
+
   explicit MacroCommand(std::list<std::shared_ptr<CommandBase>> commands)
       : CommandBase(std::string()), m_commands(std::move(commands))
   {}

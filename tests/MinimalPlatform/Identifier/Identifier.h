@@ -3,11 +3,13 @@
 
 #include "Recording.h"
 
+#include <string>
+
 namespace Tarvik {
 
 class PersistenceArchiver;
 
-/// A number. Writes down that it is assigned to.
+/// A number. Writes down that it is assigned to and what it is compared with.
 class Identifier {
 public:
   Identifier();
@@ -27,6 +29,8 @@ public:
 
   friend bool operator==(const Identifier& a, const Identifier& b)
   {
+    if (Recording::isActive())
+      Recording::note(std::to_string(a.m_number), " == " + std::to_string(b.m_number));
     return a.m_number == b.m_number;
   }
 
