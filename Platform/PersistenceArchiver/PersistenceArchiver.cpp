@@ -85,6 +85,35 @@ struct PersistenceArchiver::SharedObjects {
   std::map<unsigned int, std::unique_ptr<MapContainer>> pointers; ///< while reading, by class
 };
 
+BaseClassRegister* PersistenceArchiver::registerFactory(const std::string& name,
+                                                        const BaseClassRegister& record,
+                                                        unsigned int version)
+{
+  return ClassRegistry::registerClass(name, record, version);
+}
+
+unsigned int PersistenceArchiver::getHashForName(const std::string& name)
+{
+  return ClassRegistry::hashOf(name);
+}
+
+void PersistenceArchiver::registerHash(unsigned int typeNameHash, unsigned int classHash)
+{
+  ClassRegistry::registerType(typeNameHash, classHash);
+}
+
+unsigned int PersistenceArchiver::getHashForType(unsigned int typeNameHash)
+{
+  return ClassRegistry::classOfType(typeNameHash);
+}
+
+bool PersistenceArchiver::registerCaster(unsigned int parentHash,
+                                         unsigned int childHash,
+                                         Caster* caster)
+{
+  return ClassRegistry::registerCaster(parentHash, childHash, caster);
+}
+
 unsigned int PersistenceArchiver::getCurrentVersion(unsigned int /*reserved*/)
 {
   return formatVersion;
