@@ -47,7 +47,7 @@ void expectBytes(const std::vector<KnownNumber<Number>>& known)
   }
 }
 
-TEST(ArchivedNumbers, OfOneByteStandAsTheyAre)
+TEST(ArchivedNumbers, OfOneByteAreWrittenAsTheyAre)
 {
   expectBytes<std::uint8_t>({{0, "00"}, {1, "01"}, {0x7f, "7f"}, {0x80, "80"}, {0xff, "ff"}});
   expectBytes<std::int8_t>({{0, "00"}, {1, "01"}, {127, "7f"}, {-128, "80"}, {-1, "ff"}});
@@ -91,12 +91,12 @@ TEST(ArchivedNumbers, OfEightBytesHaveTheirLowestByteFirst)
                              {-2, "fe ff ff ff ff ff ff ff"}});
 }
 
-TEST(ArchivedNumbers, AreTruthsInOneByte)
+TEST(ArchivedNumbers, AreBooleansInOneByte)
 {
   expectBytes<bool>({{false, "00"}, {true, "01"}});
 }
 
-TEST(ArchivedNumbers, AreNoTruthsBeyondZeroAndOne)
+TEST(ArchivedNumbers, AreNoBooleansBeyondZeroAndOne)
 {
   for (int value = 2; value < 256; ++value) {
     const auto archive = archiveAround(Bytes{std::byte{1}, static_cast<std::byte>(value)});
@@ -135,7 +135,7 @@ TEST(ArchivedNumbers, KeepTheBitsThatComparisonsDoNotSee)
   }
 }
 
-TEST(ArchivedNumbers, StandOneBehindTheOtherWithoutGaps)
+TEST(ArchivedNumbers, FollowOneAnotherWithoutGaps)
 {
   PersistenceArchiver archive;
 
@@ -168,7 +168,7 @@ TEST(ArchivedNumbers, AreReadBackInTheirOrder)
   EXPECT_TRUE(source.isAtEnd());
 }
 
-TEST(ArchivedNumbers, OfAFixedCountStandWithoutIt)
+TEST(ArchivedNumbers, OfAFixedCountAreWrittenWithoutIt)
 {
   EXPECT_EQ(written(std::array<std::uint64_t, 2>{1, 2}),
             "01 00 00 00 00 00 00 00 02 00 00 00 00 00 00 00");
