@@ -16,8 +16,12 @@ public:
   /// @param message   what was expected and what was found
   ArchiveError(std::size_t position, const std::string& message);
 
+  /// @{
+  /// The copies share the message, so that copying does not throw.
   ArchiveError(const ArchiveError& other) noexcept;
   ArchiveError& operator=(const ArchiveError& other) noexcept;
+  /// @}
+
   ~ArchiveError() override;
 
   /// The byte of the archive that it is about, counted from 0.

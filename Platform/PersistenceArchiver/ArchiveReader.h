@@ -44,12 +44,16 @@ public:
   /// The number of bytes up to the end of the frame, or of the body.
   std::size_t remaining() const noexcept { return static_cast<std::size_t>(m_end - m_position); }
 
+  /// Reads a number.
+  /// @throws ArchiveError when fewer bytes remain, as all that reads
   template <ArchivedNumber Number>
   Number take();
 
+  /// Reads as many numbers as the span has, without a count.
   template <ArchivedNumber Number>
   void take(std::span<Number> numbers);
 
+  /// Reads a length and as many bytes.
   std::string takeText();
 
   /// Takes a count of elements for which the remaining bytes suffice.
@@ -65,11 +69,13 @@ public:
   /// @param end  frameEnd()
   void leaveFrame(std::size_t end);
 
+  /// The position at which the frame, or the body, ends.
   std::size_t frameEnd() const noexcept { return position() + remaining(); }
 
   /// The class hash of the frame that was entered last.
   unsigned int frameClass() const { return m_frames.back().classHash; }
 
+  /// The number of frames that were entered and not left.
   std::size_t depth() const noexcept { return m_frames.size(); }
 
 private:

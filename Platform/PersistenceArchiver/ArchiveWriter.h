@@ -40,26 +40,34 @@ public:
   /// In bytes from the beginning of the archive.
   std::size_t position() const noexcept;
 
+  /// Appends a number.
+  /// @throws ArchiveError when it does not fit into the limit, as all that appends
   template <ArchivedNumber Number>
   void append(Number number);
 
-  /// The numbers without their count.
+  /// Appends the numbers without their count.
   template <ArchivedNumber Number>
   void append(std::span<const Number> numbers);
 
+  /// Appends the length and the bytes.
   void append(const std::string& text);
 
+  /// Appends a count of elements or bytes.
   /// @throws ArchiveError when the count takes more than 32 bits
   TKM_PERSISTENCEARCHIVER_API void appendCount(std::size_t count);
 
-  /// @param start  position() + 4
+  /// Begins a frame, whose length closeFrame() writes.
+  /// @param start      position() + 4
+  /// @param classHash  the first word in it
   void openFrame(std::size_t start, unsigned int classHash);
 
+  /// Ends a frame.
   /// @param start  that of the frame that was opened last
   /// @param end    position()
   void closeFrame(std::size_t start, std::size_t end);
 
   /// Appends the class table and the checksum, and closes the writer.
+  /// @param classes  those that are registered are written, the others erased
   /// @return the archive; the same one when it is called again
   std::span<const std::byte> finish(ClassTable::Records& classes);
 
@@ -69,6 +77,7 @@ public:
   /// Begins another archive in the same memory.
   void clear();
 
+  /// Lets the archive grow to this many bytes and no more.
   void limitSize(std::size_t bytes);
 
 private:

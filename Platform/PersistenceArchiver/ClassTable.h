@@ -10,9 +10,10 @@ class ArchiveReader;
 class ArchiveWriter;
 }
 
-/// The classes met in one archive, by class hash. Not for hosts.
+/// The classes met in one archive. Not for hosts.
 namespace Tarvik::ClassTable {
 
+/// By class hash.
 using Records = std::map<unsigned int, BaseClassRegister>;
 
 /// Adds a class, if it is registered.

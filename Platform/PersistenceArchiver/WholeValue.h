@@ -9,6 +9,7 @@ namespace Tarvik {
 /// called, the writer gives up its archive, which lacks the other steps. Not for hosts.
 class WholeValue {
 public:
+  /// @param writer  must outlive the guard
   explicit WholeValue(ArchiveWriter& writer) noexcept : m_writer(writer) {}
   WholeValue(const WholeValue&) = delete;
   WholeValue& operator=(const WholeValue&) = delete;
@@ -18,6 +19,7 @@ public:
       m_writer.giveUp();
   }
 
+  /// The last step is done.
   void complete() noexcept { m_isComplete = true; }
 
 private:

@@ -221,7 +221,7 @@ TEST(ArchivedNumbers, AreOfTheSameSizeOnEveryMachine)
                 !Writable<long double> && !Writable<Plain> && !Writable<Scoped>);
   static_assert(!Readable<char> && !Readable<wchar_t> && !Readable<float> &&
                 !Readable<long double> && !Readable<Plain> && !Readable<Scoped>);
-  // one of the two has the size of another type, and none of its own
+  // the one of long and long long that is not std::int64_t, though perhaps of the same size
   using Other = std::conditional_t<std::is_same_v<std::int64_t, long>, long long, long>;
   static_assert(!Writable<Other> && !Readable<Other>);
   static_assert(!Writable<std::make_unsigned_t<Other>>);
