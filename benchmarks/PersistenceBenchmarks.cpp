@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-// What saving and loading a thousand groups of a thousand members costs, beside what moves the same
-// bytes otherwise: cereal's binary archive, which goes element by element through a stream as ours
-// does through entries, and a bare memcpy of the finished archive.
+// The cost of saving and loading a thousand groups of a thousand members, compared with two other
+// ways to move the same bytes: cereal's binary archive, which sends each element through a stream
+// as ours sends it through an entry, and a plain memcpy of the finished archive.
 //
-// What is loaded goes into objects that are kept from round to round, or into new ones. The memory
-// of new ones is recycled by the heap, or fresh from the system, as it is for a program that has
-// just started; then the page faults cost more than all else. What frees memory is not measured.
+// Loading goes into objects that are kept from round to round, or into new ones. The heap recycles
+// the memory of new ones, or gets it fresh from the system, as in a program that has just started;
+// then the page faults cost more than everything else. Freeing memory is not measured.
 
 #include "HighLevelServices/Groups/TKGroup.h"
 #include "PersistenceArchiver/Crc32c.h"
@@ -35,7 +35,7 @@
 
 namespace Tarvik {
 
-/// What cereal asks of a class of its own; it finds these by the class's namespace.
+/// What cereal needs for a class; it finds these functions in the class's namespace.
 template <class Archive, ElementIdentifier T>
 void save(Archive& archive, const T& identifier)
 {
@@ -60,7 +60,7 @@ using Groups = std::vector<TKGroup<T>>;
 
 using Bytes = std::vector<std::byte>;
 
-/// A group as cereal fills one: a TKGroup has no way to set its id.
+/// A group that cereal can fill: the id of a TKGroup cannot be set.
 template <class T>
 struct PlainGroup {
   std::string name;
@@ -108,7 +108,7 @@ Bytes savedGroups()
   return {bytes.begin(), bytes.end()};
 }
 
-/// The bytes of names, ids and members.
+/// The number of bytes of names, ids and members.
 template <class T>
 std::size_t contentSize(const Groups<T>& groups)
 {
@@ -119,11 +119,11 @@ std::size_t contentSize(const Groups<T>& groups)
                          });
 }
 
-/// Where new objects get their memory from.
+/// Where the memory of new objects comes from.
 enum class Heap { Recycles, AsksTheSystem };
 
-/// glibc would learn from the blocks that are freed what to keep, so that the order of the
-/// benchmarks would matter. It stops to learn when it is told.
+/// Without these settings glibc learns from freed blocks how much to keep, so that the order of the
+/// benchmarks would matter.
 void setHeap([[maybe_unused]] Heap heap)
 {
 #if defined(__GLIBC__)
@@ -144,7 +144,7 @@ void unmeasured(benchmark::State& state, Action action)
   state.ResumeTiming();
 }
 
-/// Its label is the size of all but the content, in percent of the content.
+/// Its label is the size of everything but the content, in percent of the content.
 template <class T>
 void saveGroups(benchmark::State& state)
 {
@@ -297,7 +297,7 @@ void computeChecksum(benchmark::State& state)
   state.SetBytesProcessed(static_cast<std::int64_t>(bytes.size()) * state.iterations());
 }
 
-/// What the members of new groups are before they are loaded.
+/// Constructs the members of new groups, as happens before they are loaded.
 template <class T, Heap heap>
 void constructMembers(benchmark::State& state)
 {

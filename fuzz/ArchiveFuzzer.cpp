@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Any bytes as an archive: what loads saves again to something that loads equal, and what does not
-// load is an ArchiveError.
+// Arbitrary bytes as an archive: if they load, they can be saved and loaded again with an equal
+// result; if not, that is an ArchiveError.
 
 #include "HighLevelServices/Groups/TKGroup.h"
 #include "PersistenceArchiver/ArchiveError.h"
@@ -44,7 +44,7 @@ bool areEqual(const NameInterface& a, const NameInterface& b)
   return typeid(a) == typeid(b) && a.getName() == b.getName();
 }
 
-/// Of numbers and circles the bytes tell enough.
+/// For numbers and circular nodes, comparing the bytes is enough.
 bool areEqual(double, double)
 {
   return true;
@@ -75,7 +75,8 @@ bool areEqual(const std::vector<Element>& a, const std::vector<Element>& b)
 }
 
 /// @{
-/// Gives an object content that is hardly that of any archive: what a loader leaves of it is found.
+/// Gives an object a content that hardly any archive has, so that a loader which leaves some of it
+/// is found.
 void fill(double& number)
 {
   number = 4.5;
@@ -138,21 +139,21 @@ void check(std::span<const std::byte> bytes)
   try {
     PersistenceArchiver(bytes) >> value;
   } catch (const ArchiveError& error) {
-    require(error.position() <= bytes.size(), "an error behind the end of the archive");
+    require(error.position() <= bytes.size(), "an error after the end of the archive");
     return;
   }
 
   const auto again = saved(value);
   Value reloaded{};
   PersistenceArchiver(again) >> reloaded;
-  require(areEqual(value, reloaded), "saved and loaded again, it is another value");
-  require(saved(reloaded) == again, "saved and loaded again, its bytes are others");
+  require(areEqual(value, reloaded), "saved and loaded again, the value is different");
+  require(saved(reloaded) == again, "saved and loaded again, the bytes are different");
 
   Value other{};
   fill(other);
   PersistenceArchiver(bytes) >> other;
-  require(areEqual(value, other), "loaded into what was there, it is another value");
-  require(saved(other) == again, "loaded into what was there, its bytes are others");
+  require(areEqual(value, other), "loaded into an object with content, the value is different");
+  require(saved(other) == again, "loaded into an object with content, the bytes are different");
 }
 
 void checkArchive(std::span<const std::byte> bytes)
@@ -160,7 +161,7 @@ void checkArchive(std::span<const std::byte> bytes)
   try {
     const PersistenceArchiver opened(bytes);
   } catch (const ArchiveError& error) {
-    require(error.position() <= bytes.size(), "an error behind the end of the archive");
+    require(error.position() <= bytes.size(), "an error after the end of the archive");
     return;
   }
 
@@ -178,7 +179,7 @@ void checkArchive(std::span<const std::byte> bytes)
   check<std::shared_ptr<Node>>(bytes);
   check<std::vector<std::vector<std::string>>>(bytes);
   check<std::vector<double>>(bytes);
-  require(Node::takeApart() == 0, "nodes that nobody can reach");
+  require(Node::takeApart() == 0, "nodes that are leaked");
 }
 
 void checkAny(std::span<const std::byte> bytes)
@@ -186,7 +187,7 @@ void checkAny(std::span<const std::byte> bytes)
   static const std::vector<std::string> classes = {
       "TKIdGroup", "TKGUIdGroup", "NameInterface", "Identifier", "GUIdentifier", "Box", "Node"};
   checkArchive(bytes);
-  checkArchive(RawArchive::looksLikeOne(bytes) ? RawArchive::mended(bytes)
+  checkArchive(RawArchive::looksLikeOne(bytes) ? RawArchive::repaired(bytes)
                                                : RawArchive::around(bytes, classes));
 }
 

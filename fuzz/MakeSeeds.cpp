@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Writes the binary seeds below the folder that is named: make-seeds fuzz/corpus
+// Writes the binary seeds into a corpus folder: make-seeds fuzz/corpus
 
 #include "HighLevelServices/Groups/TKGroup.h"
 #include "PersistenceArchiver/PersistenceArchiver.h"
@@ -34,7 +34,7 @@ void writeFile(const Folder& file, std::span<const std::byte> bytes)
     throw std::runtime_error(file.string() + ": cannot be written");
 }
 
-/// The archive as it is, and its body for a fuzzer to put into an archive again.
+/// Writes the archive, and its body, from which a fuzzer makes an archive again.
 template <class Value>
 void writeArchive(const Folder& folder, const std::string& name, const Value& value)
 {

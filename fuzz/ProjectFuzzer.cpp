@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Any bytes as a project file: what loads saves again to something that loads equal, and what does
-// not load is a UserError that can be shown.
+// Arbitrary bytes as a project file: if they load, the project can be saved and loaded again with
+// an equal result; if not, that is a UserError that can be shown.
 
 #include "PersistenceArchiver/LittleEndian.h"
 #include "PersistenceArchiver/PersistenceArchiver.h"
@@ -50,7 +50,8 @@ Bytes projectAround(std::span<const std::byte> content)
 void checkAny(std::span<const std::byte> bytes)
 {
   checkProject(bytes);
-  checkProject(RawArchive::looksLikeOne(bytes) ? RawArchive::mended(bytes) : projectAround(bytes));
+  checkProject(RawArchive::looksLikeOne(bytes) ? RawArchive::repaired(bytes)
+                                               : projectAround(bytes));
 }
 
 }

@@ -9,18 +9,18 @@
 
 namespace Tarvik {
 
-/// The bytes of an archive are not what its reader needs, or a value cannot be written.
+/// The bytes of an archive are not what its reader needs, or a value does not fit into an archive.
 class TKM_PERSISTENCEARCHIVER_API ArchiveError : public std::runtime_error {
 public:
   /// @param position  the byte of the archive that it is about, counted from 0
   /// @param message   what was expected and what was found
   ArchiveError(std::size_t position, const std::string& message);
 
-  /// Shares the message, as the standard library's errors do.
+  /// @{
+  /// The copies share the message, so that copying does not throw.
   ArchiveError(const ArchiveError& other) noexcept;
-
-  /// As copy construction.
   ArchiveError& operator=(const ArchiveError& other) noexcept;
+  /// @}
 
   ~ArchiveError() override;
 

@@ -6,12 +6,12 @@ namespace Tarvik {
 class MapContainer;
 class PersistenceArchiver;
 
-/// What the archive knows of one class, and of the object of that class at hand.
+/// A class record: what the archive knows of one class, and the object that is saved or loaded.
 ///
-/// A class fills one record and hands it to PersistenceArchiver::registerFactory(). Whoever saves
-/// or loads an object takes a copy, sets `object`, and calls the entry.
+/// A class fills one record and gives it to PersistenceArchiver::registerFactory(). To save or load
+/// an object, take a copy, set `object`, and call the entry.
 struct BaseClassRegister {
-  /// An operation on the record's object.
+  /// Saves or loads the record's object.
   using Entry = void (*)(PersistenceArchiver&, BaseClassRegister&);
 
   /// The class hash that no class has.

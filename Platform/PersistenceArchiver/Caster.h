@@ -6,8 +6,7 @@
 namespace Tarvik {
 
 /// Converts pointers between a class and one of its bases, for code that knows both only by hash.
-///
-/// Whoever knows both classes makes one and gives it to PersistenceArchiver::registerCaster().
+/// Register it with PersistenceArchiver::registerCaster().
 class TKM_PERSISTENCEARCHIVER_API Caster {
 public:
   Caster();
@@ -20,7 +19,7 @@ public:
   virtual void* toBase(void* derived) const = 0;
 
   /// @param base  points to an object of the base class; may be null
-  /// @return the same object as one of the derived class; null when it is none
+  /// @return the same object as one of the derived class; null when it is not one
   virtual void* toDerived(void* base) const = 0;
 };
 

@@ -16,7 +16,7 @@
 
 namespace Tarvik {
 
-/// The container of shared pointers that classes get from registerClass().
+/// The container for shared pointers that registerClass() gives a class.
 template <class C>
 class SharedPointerContainer : public PointerMapContainerBase<C> {
 public:
@@ -28,7 +28,7 @@ private:
   std::unordered_map<unsigned int, std::shared_ptr<C>> m_pointers;
 };
 
-/// The caster that registerBase() makes.
+/// The caster that registerBase() registers.
 template <class Base, class Derived>
 class BaseCaster : public Caster {
 public:
@@ -36,34 +36,34 @@ public:
   void* toDerived(void* base) const override;
 };
 
-/// What an entry does: reads or writes one object.
-/// @param version  of the class: the one that the object was saved in, or is saved in
+/// Reads or writes the content of one object.
+/// @param version  of the class: the one in which the object was saved, or is saved
 template <class C>
 using LoadOperation = void (*)(PersistenceArchiver&, C& object, unsigned int version);
 template <class C>
 using SaveOperation = void (*)(PersistenceArchiver&, const C& object, unsigned int version);
 
-/// Registers a class whose objects an archive is to save and load. A class calls it once, from a
-/// variable that is initialised when the program starts, and hands the record out through its
-/// `static void serialization_register(void* out)`, where `out` points to a BaseClassRegister.
+/// Registers a class, so that archives can save and load its objects. Call it once for each class,
+/// from a variable that is initialised when the program starts. The class's
+/// `static void serialization_register(void* out)` copies the record to `out`, which points to a
+/// BaseClassRegister.
 ///
-/// The archive knows types by their names, so a class in an unnamed namespace needs a name that no
-/// other such class of the program has. Objects of a class without a default constructor are loaded
-/// in place only, not by shared pointers.
+/// The archive knows types by their names: a class in an unnamed namespace needs a name that no
+/// other such class of the program has. Objects of a class without a default constructor can be
+/// loaded in place, but not by shared pointers.
 ///
-/// Raise the version when what `save` writes changes, and let `load` tell by its argument which
-/// version it reads; archives in a higher version are refused by themselves.
+/// When `save` writes something else, raise the version; `load` gets the version that it reads.
+/// Archives with a higher version than the program's are refused when they are opened.
 /// @tparam load       a LoadOperation
 /// @tparam save       a SaveOperation
-/// @param name        unique among the classes of the program; stands in every archive
+/// @param name        unique among the classes of the program; never change it, archives hold it
 /// @param leastSize   the fewest bytes that `save` writes
-/// @return the registered record, which stays valid; null when the name's hash stands for another
-///         class already
+/// @return the registered record, which stays valid; null when another class has the same hash
 template <class C, LoadOperation<C> load, SaveOperation<C> save>
 const BaseClassRegister*
 registerClass(const std::string& name, unsigned int version, unsigned int leastSize = 1);
 
-/// Lets objects of a registered class be loaded and saved by shared pointers to a registered base.
+/// Lets shared pointers to a registered base save and load objects of a registered class.
 template <class Base, class Derived>
 void registerBase();
 

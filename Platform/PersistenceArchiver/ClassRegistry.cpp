@@ -2,8 +2,8 @@
 #include "PersistenceArchiver/ClassRegistry.h"
 
 #include "PersistenceArchiver/Caster.h"
-#include "PersistenceArchiver/PersistenceArchiver.h"
 
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -19,7 +19,7 @@ namespace {
 
 constexpr auto unknownClassHash = BaseClassRegister::unknownClassHash;
 
-/// Gives back the memory of an object and runs no destructor, whose code may have been unloaded.
+/// Frees the memory of an object without its destructor, whose code may have been unloaded.
 struct ReleaseMemory {
   void operator()(void* object) const { ::operator delete(object); }
 };
@@ -32,7 +32,7 @@ struct Registry {
   std::vector<std::unique_ptr<void, ReleaseMemory>> casterMemory;
 };
 
-/// Built when the library is loaded, and gone after everything that was loaded later.
+/// Constructed when the library is loaded, destroyed after everything that was loaded later.
 Registry registry;
 
 bool haveSameEntries(const BaseClassRegister& a, const BaseClassRegister& b)
@@ -43,7 +43,8 @@ bool haveSameEntries(const BaseClassRegister& a, const BaseClassRegister& b)
 
 using Casters = std::vector<const Caster*>;
 
-/// The casters that lead from the child up to the parent, in this order; nothing when none do.
+/// The casters that lead from the child up to the parent, in this order; nothing when there is no
+/// way.
 /// The registry must be locked.
 std::optional<Casters>
 castersFrom(unsigned int childHash, unsigned int parentHash, std::set<unsigned int>& visited)
@@ -70,16 +71,26 @@ std::optional<Casters> castersFrom(unsigned int childHash, unsigned int parentHa
 
 }
 
-BaseClassRegister* PersistenceArchiver::registerFactory(const std::string& name,
-                                                        const BaseClassRegister& record,
-                                                        unsigned int version)
+namespace ClassRegistry {
+
+unsigned int hashOf(const std::string& name)
 {
-  const auto hash = getHashForName(name);
+  // FNV-1a: short, well known, and spreads names that differ in one letter
+  std::uint32_t hash = 2166136261U;
+  for (const char letter : name)
+    hash = (hash ^ static_cast<unsigned char>(letter)) * 16777619U;
+  return hash;
+}
+
+BaseClassRegister*
+registerClass(const std::string& name, const BaseClassRegister& record, unsigned int version)
+{
+  const auto hash = hashOf(name);
   if (hash == unknownClassHash)
     return nullptr;
 
-  ClassRegistry::RegisteredClass added{name, version, record};
-  added.record.classHash = hash; // now, since a registered record may be read without the lock
+  RegisteredClass added{name, version, record};
+  added.record.classHash = hash; // now: a registered record may be read without the lock
 
   const std::lock_guard lock(registry.mutex);
   auto& entry = registry.classes.try_emplace(hash, added).first->second;
@@ -90,43 +101,30 @@ BaseClassRegister* PersistenceArchiver::registerFactory(const std::string& name,
   return &entry.record;
 }
 
-unsigned int PersistenceArchiver::getHashForName(const std::string& name)
-{
-  // FNV-1a: short, well known, and spreads names that differ in one letter
-  std::uint32_t hash = 2166136261U;
-  for (const char letter : name)
-    hash = (hash ^ static_cast<unsigned char>(letter)) * 16777619U;
-  return hash;
-}
-
-void PersistenceArchiver::registerHash(unsigned int typeNameHash, unsigned int classHash)
+void registerType(unsigned int typeNameHash, unsigned int classHash)
 {
   const std::lock_guard lock(registry.mutex);
   registry.classHashesOfTypes.insert_or_assign(typeNameHash, classHash);
 }
 
-unsigned int PersistenceArchiver::getHashForType(unsigned int typeNameHash)
+unsigned int classOfType(unsigned int typeNameHash)
 {
   const std::lock_guard lock(registry.mutex);
   const auto found = registry.classHashesOfTypes.find(typeNameHash);
   return found != registry.classHashesOfTypes.end() ? found->second : unknownClassHash;
 }
 
-bool PersistenceArchiver::registerCaster(unsigned int parentHash,
-                                         unsigned int childHash,
-                                         Caster* caster)
+bool registerCaster(unsigned int parentHash, unsigned int childHash, Caster* caster)
 {
   std::unique_ptr<Caster> owned(caster);
   if (!owned || parentHash == unknownClassHash || childHash == unknownClassHash)
     return false;
   const std::lock_guard lock(registry.mutex);
   registry.casterMemory.emplace_back(dynamic_cast<void*>(owned.get()));
-  // a known pair as well: the caster that it has may be of a library that was unloaded
+  // also for a known pair: its caster may be from a library that was unloaded
   registry.casters.insert_or_assign({childHash, parentHash}, owned.release());
   return true;
 }
-
-namespace ClassRegistry {
 
 const RegisteredClass* find(unsigned int classHash)
 {

@@ -5,8 +5,12 @@
 
 #include <string>
 
-/// What the archive asks of the registry that PersistenceArchiver's static operations fill. Not for
-/// others. May be used from any thread.
+namespace Tarvik {
+class Caster;
+}
+
+/// The registry of the program: its classes, their types, and the casters between them. The static
+/// operations of PersistenceArchiver fill it. Not for others. May be used from any thread.
 namespace Tarvik::ClassRegistry {
 
 struct RegisteredClass {
@@ -14,6 +18,22 @@ struct RegisteredClass {
   unsigned int version = 0;
   BaseClassRegister record;
 };
+
+/// As PersistenceArchiver::getHashForName().
+unsigned int hashOf(const std::string& name);
+
+/// As PersistenceArchiver::registerFactory().
+BaseClassRegister*
+registerClass(const std::string& name, const BaseClassRegister& record, unsigned int version);
+
+/// As PersistenceArchiver::registerHash().
+void registerType(unsigned int typeNameHash, unsigned int classHash);
+
+/// As PersistenceArchiver::getHashForType().
+unsigned int classOfType(unsigned int typeNameHash);
+
+/// As PersistenceArchiver::registerCaster().
+bool registerCaster(unsigned int parentHash, unsigned int childHash, Caster* caster);
 
 /// The class, valid as long as the library is loaded; null when there is none with that hash.
 const RegisteredClass* find(unsigned int classHash);
@@ -25,11 +45,11 @@ std::string describe(unsigned int classHash);
 /// class, or a base of a base.
 bool isBase(unsigned int parentHash, unsigned int childHash);
 
-/// Converts a pointer to an object of the class `childHash`; null when no caster leads there.
+/// Converts a pointer to an object of the class `childHash`; null when no casters lead there.
 void* toBase(void* object, unsigned int childHash, unsigned int parentHash);
 
-/// Converts a pointer to an object of the class `parentHash`; null when no caster leads there, or
-/// the object is none of that class.
+/// Converts a pointer to an object of the class `parentHash`; null when no casters lead there, or
+/// when the object is not of the class `childHash`.
 void* toDerived(void* object, unsigned int parentHash, unsigned int childHash);
 
 }

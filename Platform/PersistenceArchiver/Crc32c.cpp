@@ -36,7 +36,7 @@ constexpr std::array<Table, sliceCount> makeTables()
 
 constexpr auto tables = makeTables();
 
-/// The contribution of four bytes of which `following` more follow in the same step.
+/// What four bytes contribute when `following` more bytes follow them in the same step.
 inline std::uint32_t slice(std::uint32_t word, std::size_t following)
 {
   return tables[following + 3][word & 0xFFU] ^ tables[following + 2][word >> 8U & 0xFFU] ^
@@ -58,13 +58,18 @@ std::uint32_t proceed(std::uint32_t crc, std::span<const std::byte> bytes)
   return crc;
 }
 
-// Long inputs are folded to a short one that has the same remainder, by nothing but exclusive ors.
+// Long inputs are folded to a short one that has the same remainder, with nothing but exclusive
+// ors (the method of Sam Russell, "Chorba: A novel CRC32 implementation", arXiv:2412.16398).
+//
 // The polynomial divides
 //   x^209 + x^144 + x^54 + x^39 + x^14 + 1
-// and, since squaring a sum modulo 2 doubles its exponents, the same sum of powers of x^512, which
-// is what a block of 64 bytes shifts by. So a block can be left out when it is added to the blocks
-// that are 209, 209 - 14, 209 - 39, 209 - 54 and 209 - 144 places behind it.
+// A search of all sums of powers up to 209 gave this one: no other sum of six powers or fewer with
+// so low a degree is a multiple of the polynomial. Squaring a sum modulo 2 doubles its exponents,
+// so the polynomial also divides the same sum of powers of x^512, and a block of 64 bytes shifts by
+// x^512. A block can therefore be left out when it is added to the blocks that come 209, 209 - 14,
+// 209 - 39, 209 - 54 and 209 - 144 places after it.
 constexpr std::size_t foldDistance = 209;
+constexpr std::array<std::size_t, 5> lowerPowers = {0, 14, 39, 54, 144};
 
 constexpr std::uint32_t remainderOfPower(std::size_t exponent)
 {
@@ -74,8 +79,15 @@ constexpr std::uint32_t remainderOfPower(std::size_t exponent)
   return remainder;
 }
 
-static_assert((remainderOfPower(foldDistance) ^ remainderOfPower(144) ^ remainderOfPower(54) ^
-               remainderOfPower(39) ^ remainderOfPower(14) ^ remainderOfPower(0)) == 0);
+constexpr bool isMultipleOfPolynomial()
+{
+  auto remainder = remainderOfPower(foldDistance);
+  for (const auto power : lowerPowers)
+    remainder ^= remainderOfPower(power);
+  return remainder == 0;
+}
+
+static_assert(isMultipleOfPolynomial());
 
 using Block = std::array<std::uint64_t, 8>;
 constexpr std::size_t windowSize = 256; ///< a power of two above foldDistance
@@ -84,7 +96,7 @@ constexpr std::size_t leastFolded = 4 * foldDistance * sizeof(Block);
 /// As proceed(), for whole blocks, more than foldDistance of them.
 std::uint32_t proceedFolded(std::uint32_t crc, std::span<const std::byte> blocks)
 {
-  std::array<Block, windowSize> window{}; // what has been left out, by its place
+  std::array<Block, windowSize> window{}; // the blocks that were left out, by place
   const auto count = blocks.size() / sizeof(Block);
   const auto end = count - foldDistance;
   for (std::size_t i = 0; i < count; ++i) {
@@ -94,11 +106,11 @@ std::uint32_t proceedFolded(std::uint32_t crc, std::span<const std::byte> blocks
       storeLittleEndian(std::as_writable_bytes(std::span(block)).data(),
                         std::exchange(crc, 0) ^ loadLittleEndian<std::uint32_t>(blocks.data()));
 
-    const auto& a = window[(i - foldDistance) % windowSize];
-    const auto& b = window[(i - foldDistance + 14) % windowSize];
-    const auto& c = window[(i - foldDistance + 39) % windowSize];
-    const auto& d = window[(i - foldDistance + 54) % windowSize];
-    const auto& e = window[(i - foldDistance + 144) % windowSize];
+    const auto& a = window[(i - foldDistance + lowerPowers[0]) % windowSize];
+    const auto& b = window[(i - foldDistance + lowerPowers[1]) % windowSize];
+    const auto& c = window[(i - foldDistance + lowerPowers[2]) % windowSize];
+    const auto& d = window[(i - foldDistance + lowerPowers[3]) % windowSize];
+    const auto& e = window[(i - foldDistance + lowerPowers[4]) % windowSize];
     for (std::size_t k = 0; k < block.size(); ++k)
       block[k] ^= a[k] ^ b[k] ^ c[k] ^ d[k] ^ e[k];
 

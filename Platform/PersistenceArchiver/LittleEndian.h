@@ -8,7 +8,7 @@
 
 namespace Tarvik {
 
-/// Numbers as they stand in an archive: the lowest byte first, on every machine. The place need not
+/// Numbers as they are in an archive: the lowest byte first, on every machine. The place need not
 /// be aligned.
 template <class Number>
 Number loadLittleEndian(const std::byte* place);

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-/// What must hold of every document and of every text that the user reads.
+/// What must be true of every document and of every text that the user reads.
 namespace Tarvik::PointCollections {
 
 /// All of a document that commands change.
@@ -34,7 +34,7 @@ void requireWhole(const PointDocument& document);
 /// Saved and loaded, the document is equal, and so are its bytes when it is saved again.
 void requireSavable(PointDocument& document);
 
-/// The text is UTF-8 in one line without control characters, those behind ASCII included.
+/// The text is UTF-8 in one line without control characters, including those beyond ASCII.
 void requireShowable(std::string_view text);
 
 }

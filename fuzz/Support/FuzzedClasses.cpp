@@ -70,7 +70,7 @@ Node::~Node()
 
 std::size_t Node::takeApart()
 {
-  std::vector<std::shared_ptr<Node>> shares; // none ends before all are taken apart
+  std::vector<std::shared_ptr<Node>> shares; // no node is destroyed before all are taken apart
   for (Node* const node : liveNodes()) {
     shares.insert(shares.end(), node->neighbours.begin(), node->neighbours.end());
     node->neighbours.clear();

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-/// Classes with what groups do not have: objects in objects, and shared ones that lead in circles.
+/// Classes with what groups do not have: objects in objects, and shared objects in circles.
 namespace Tarvik {
 
 struct Box {
@@ -29,8 +29,8 @@ struct Node {
 
   static void serialization_register(void* out);
 
-  /// Nodes that share each other live for ever: takes all apart.
-  /// @return how many are left
+  /// Nodes that share each other live forever: removes all neighbours.
+  /// @return how many nodes are left
   static std::size_t takeApart();
 };
 

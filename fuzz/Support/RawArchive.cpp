@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Support/RawArchive.h"
 
+#include "PersistenceArchiver/ArchiveFormat.h"
 #include "PersistenceArchiver/Crc32c.h"
 #include "PersistenceArchiver/LittleEndian.h"
 #include "PersistenceArchiver/PersistenceArchiver.h"
@@ -9,24 +10,17 @@
 #include <cstdint>
 
 namespace Tarvik::RawArchive {
-namespace {
 
-constexpr std::size_t magicSize = 8;
-constexpr std::size_t sizePlace = 12;
-constexpr std::size_t tablePlace = 16;
-constexpr std::size_t headerSize = 20;
-constexpr std::size_t checksumSize = 4;
-
-}
+using namespace ArchiveFormat;
 
 bool looksLikeOne(std::span<const std::byte> bytes)
 {
   static const auto empty = around({}, {});
   return bytes.size() >= empty.size() &&
-         std::ranges::equal(bytes.first(magicSize), std::span(empty).first(magicSize));
+         std::ranges::equal(bytes.first(magic.size()), std::span(empty).first(magic.size()));
 }
 
-Bytes mended(std::span<const std::byte> archive)
+Bytes repaired(std::span<const std::byte> archive)
 {
   Bytes bytes(archive.begin(), archive.end());
   const auto checked = std::span(bytes).first(bytes.size() - checksumSize);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Stands in for the fuzzer: gives a target the files that are named, or stand in folders that are
-// named, one after the other.
+// Replaces the fuzzer: gives a target each of the files, and each file in the folders, that the
+// command line names.
 
 #include <algorithm>
 #include <cstddef>
@@ -39,7 +39,7 @@ void replay(const std::filesystem::path& file)
   if (!stream)
     throw std::runtime_error(file.string() + ": cannot be read");
   const std::string bytes(std::istreambuf_iterator<char>(stream), {});
-  // an array of its own: what reads behind its end is found by AddressSanitizer
+  // exactly as long as the input: AddressSanitizer finds what reads beyond its end
   const std::vector<std::uint8_t> data(bytes.begin(), bytes.end());
   LLVMFuzzerTestOneInput(data.data(), data.size());
 }

@@ -7,8 +7,7 @@
 
 namespace Tarvik {
 
-/// Ends the program when something does not hold: a fuzzer keeps the input then, and a replay
-/// fails.
+/// Ends the program when something is not true: a fuzzer then keeps the input, and a replay fails.
 inline void require(bool holds, std::string_view what)
 {
   if (holds)

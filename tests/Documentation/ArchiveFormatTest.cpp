@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// What docs/archive-format.md says of groups is what the code does.
+// docs/archive-format.md is true: its example of a group, its tables and its limits.
 
+#include "PersistenceArchiver/ArchiveFormat.h"
 #include "HighLevelServices/Groups/TKGroup.h"
 #include "PersistenceArchiver/BaseClassRegister.h"
 #include "PersistenceArchiver/PersistenceArchiver.h"
@@ -54,7 +55,7 @@ std::vector<Cells> tableUnder(const std::string& heading)
   return {rows.begin() + 2, rows.end()};
 }
 
-/// The archive of the example, its parts put together.
+/// The archive of the example.
 Bytes exampleArchive()
 {
   Bytes archive;
@@ -101,6 +102,34 @@ TEST(ArchiveFormatDocument, ShowsAGroupAsItIsWritten)
   archive << group;
 
   EXPECT_EQ(hex(archive.finish()), hex(example));
+}
+
+TEST(ArchiveFormatDocument, HasTheHeaderOfTheCode)
+{
+  const auto rows = tableUnder("## The whole");
+  ASSERT_GE(rows.size(), 5U);
+
+  EXPECT_EQ(rows[0].at(1), std::to_string(ArchiveFormat::magic.size()));
+  EXPECT_EQ(rows[1].at(0), std::to_string(ArchiveFormat::versionPlace));
+  EXPECT_EQ(rows[1].at(2), "format version: " + std::to_string(ArchiveFormat::version));
+  EXPECT_EQ(rows[2].at(0), std::to_string(ArchiveFormat::sizePlace));
+  EXPECT_EQ(rows[3].at(0), std::to_string(ArchiveFormat::tablePlace));
+  EXPECT_EQ(rows[4].at(0), std::to_string(ArchiveFormat::headerSize));
+}
+
+TEST(ArchiveFormatDocument, HasTheLimitsOfTheCode)
+{
+  const auto rows = tableUnder("## Limits");
+  ASSERT_EQ(rows.size(), 3U);
+  const auto limit = [&](std::size_t row) {
+    auto text = rows[row].at(1);
+    std::erase(text, ',');
+    return std::stoull(text);
+  };
+
+  EXPECT_EQ(limit(0), ArchiveFormat::greatestArchiveSize);
+  EXPECT_EQ(limit(1), ArchiveFormat::greatestCount);
+  EXPECT_EQ(limit(2), ArchiveFormat::greatestDepth);
 }
 
 TEST(ArchiveFormatDocument, ListsTheClassesOfGroups)

@@ -17,7 +17,7 @@ namespace {
 constexpr std::size_t greatestDepth = 250;
 constexpr unsigned int someHash = 0x12345678;
 
-/// Opens a frame where the archive is.
+/// Opens a frame at the write position.
 unsigned int start(PersistenceArchiver& archive, unsigned int classHash = someHash)
 {
   const auto place = static_cast<unsigned int>(archive.tellp() + 4);
@@ -30,7 +30,7 @@ void end(PersistenceArchiver& archive, unsigned int place)
   archive.mark_object_end(place, static_cast<unsigned int>(archive.tellp()));
 }
 
-/// What entering a frame tells.
+/// What is known of a frame that was entered.
 struct Entered {
   unsigned int address = 0;
   unsigned int marker = 0;
@@ -56,7 +56,7 @@ TEST(ArchiveFrames, AreTheirLengthAndClassHash)
   EXPECT_EQ(bodyOf(archive), "06 00 00 00 78 56 34 12 06 05");
 }
 
-TEST(ArchiveFrames, MayStandInFramesAndBesideThem)
+TEST(ArchiveFrames, MayBeInFramesAndBesideThem)
 {
   PersistenceArchiver archive;
 
@@ -139,7 +139,7 @@ TEST(ArchiveFrames, AreNotReadBeyondTheirEnd)
   EXPECT_EQ(number, 5U);
 }
 
-TEST(ArchiveFrames, DoNotReachBeyondWhatTheyStandIn)
+TEST(ArchiveFrames, DoNotReachBeyondWhatContainsThem)
 {
   for (const std::uint32_t length : {0U, 1U, 3U, 9U, 0x7fffffffU, 0x80000000U, 0xffffffffU}) {
     const auto archive = archiveAround(wordText(length) + " 78 56 34 12 a1 a2 a3 a4");
@@ -235,7 +235,8 @@ TEST(ArchiveFrames, MayBeAsDeepAgainAfterOthers)
 
 TEST(ArchiveFrames, HoldAsManyElementsAsTheirClassNeedsRoomFor)
 {
-  for (const std::uint32_t room : {16U, 23U}) { // for two points of 8 bytes, just or amply
+  for (const std::uint32_t room :
+       {16U, 23U}) { // for two points of 8 bytes, exactly and with 7 bytes more
     Bytes body;
     appendWord(body, 8 + room);
     appendWord(body, PersistenceArchiver::getHashForName("Test.Point"));

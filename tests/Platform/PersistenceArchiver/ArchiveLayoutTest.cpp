@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The bytes around what is written: header, class table and checksum.
+// The bytes around the body: header, class table and checksum.
 
 #include "PersistenceArchiver/PersistenceArchiver.h"
 
@@ -32,7 +32,7 @@ TEST(ArchiveLayout, OfAnEmptyArchiveIsHeaderTableAndChecksum)
                               wordText(bitwiseCrc32c(std::span(archive).first(24))));
 }
 
-TEST(ArchiveLayout, PutsWhatIsWrittenBehindTheHeader)
+TEST(ArchiveLayout, PutsWhatIsWrittenAfterTheHeader)
 {
   const auto archive = archived(0x01020304U, std::string("Az"));
 
@@ -169,7 +169,7 @@ TEST(ArchiveLayout, AllowsForClassesInAnyOrder)
   EXPECT_EQ(refusalToOpen(archiveAround("", others)), "nothing was refused");
 }
 
-TEST(Archive, TellsTheClassesThatItHolds)
+TEST(Archive, KnowsTheClassesThatItHolds)
 {
   const auto hash = PersistenceArchiver::getHashForName("Test.Point");
   PersistenceArchiver archive;

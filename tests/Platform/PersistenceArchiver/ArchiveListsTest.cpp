@@ -16,7 +16,7 @@
 namespace Tarvik {
 namespace {
 
-/// A class with stream operators of its own, and nothing for the class registry.
+/// A class with its own stream operators, not registered.
 struct StreamedWord {
   std::uint16_t value = 0;
   friend bool operator==(const StreamedWord&, const StreamedWord&) = default;

@@ -47,7 +47,7 @@ void expectBytes(const std::vector<KnownNumber<Number>>& known)
   }
 }
 
-TEST(ArchivedNumbers, OfOneByteStandAsTheyAre)
+TEST(ArchivedNumbers, OfOneByteAreWrittenAsTheyAre)
 {
   expectBytes<std::uint8_t>({{0, "00"}, {1, "01"}, {0x7f, "7f"}, {0x80, "80"}, {0xff, "ff"}});
   expectBytes<std::int8_t>({{0, "00"}, {1, "01"}, {127, "7f"}, {-128, "80"}, {-1, "ff"}});
@@ -91,12 +91,12 @@ TEST(ArchivedNumbers, OfEightBytesHaveTheirLowestByteFirst)
                              {-2, "fe ff ff ff ff ff ff ff"}});
 }
 
-TEST(ArchivedNumbers, AreTruthsInOneByte)
+TEST(ArchivedNumbers, AreBooleansInOneByte)
 {
   expectBytes<bool>({{false, "00"}, {true, "01"}});
 }
 
-TEST(ArchivedNumbers, AreNoTruthsBeyondZeroAndOne)
+TEST(ArchivedNumbers, AreNoBooleansBeyondZeroAndOne)
 {
   for (int value = 2; value < 256; ++value) {
     const auto archive = archiveAround(Bytes{std::byte{1}, static_cast<std::byte>(value)});
@@ -135,7 +135,7 @@ TEST(ArchivedNumbers, KeepTheBitsThatComparisonsDoNotSee)
   }
 }
 
-TEST(ArchivedNumbers, StandOneBehindTheOtherWithoutGaps)
+TEST(ArchivedNumbers, FollowOneAnotherWithoutGaps)
 {
   PersistenceArchiver archive;
 
@@ -168,7 +168,7 @@ TEST(ArchivedNumbers, AreReadBackInTheirOrder)
   EXPECT_TRUE(source.isAtEnd());
 }
 
-TEST(ArchivedNumbers, OfAFixedCountStandWithoutIt)
+TEST(ArchivedNumbers, OfAFixedCountAreWrittenWithoutIt)
 {
   EXPECT_EQ(written(std::array<std::uint64_t, 2>{1, 2}),
             "01 00 00 00 00 00 00 00 02 00 00 00 00 00 00 00");
@@ -221,7 +221,7 @@ TEST(ArchivedNumbers, AreOfTheSameSizeOnEveryMachine)
                 !Writable<long double> && !Writable<Plain> && !Writable<Scoped>);
   static_assert(!Readable<char> && !Readable<wchar_t> && !Readable<float> &&
                 !Readable<long double> && !Readable<Plain> && !Readable<Scoped>);
-  // one of the two has the size of another type, and none of its own
+  // the one of long and long long that is not std::int64_t, though perhaps of the same size
   using Other = std::conditional_t<std::is_same_v<std::int64_t, long>, long long, long>;
   static_assert(!Writable<Other> && !Readable<Other>);
   static_assert(!Writable<std::make_unsigned_t<Other>>);

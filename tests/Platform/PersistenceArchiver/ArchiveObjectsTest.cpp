@@ -15,7 +15,7 @@
 namespace Tarvik {
 namespace {
 
-/// A point of whose class the archive knows nothing.
+/// A point of a class that the archive does not know.
 struct InheritingPoint : Point {};
 
 /// Its record has no entries.
@@ -29,12 +29,12 @@ struct WithoutEntries {
   }
 };
 
-/// The archive did not take it.
+/// The registry refused it.
 struct Refused {
   static void serialization_register(void*) {}
 };
 
-/// There is none without a value.
+/// Has no default constructor.
 struct WithoutDefault {
   explicit WithoutDefault(std::uint32_t given) : value(given) {}
   std::uint32_t value;
@@ -56,7 +56,7 @@ struct WithoutDefault {
   }
 };
 
-/// Leaves a frame open that it has entered.
+/// Does not leave a frame that it has entered.
 struct Careless {
   static void load(PersistenceArchiver& archive, Careless&, unsigned int)
   {
@@ -79,7 +79,7 @@ struct Careless {
 
 const std::string pointHash = hashText("Test.Point");
 
-TEST(ArchivedObjects, StandInAFrameOfTheirClass)
+TEST(ArchivedObjects, AreInAFrameOfTheirClass)
 {
   EXPECT_EQ(written(Point{1, -1}), "0c 00 00 00 " + pointHash + " 01 00 00 00 ff ff ff ff");
 }
@@ -183,10 +183,10 @@ TEST(ArchivedObjects, AreOfAClassInTheTable)
 {
   const auto archive =
       archiveAround("0c 00 00 00 " + pointHash + " 01 00 00 00 02 00 00 00", {{"Test.Node"}});
-  for (const bool asOthersLeaveIt : {false, true}) {
+  for (const bool hasEmptyEntry : {false, true}) {
     PersistenceArchiver source(archive);
     Point point{3, 4};
-    if (asOthersLeaveIt) // an entry made by asking for one
+    if (hasEmptyEntry) // as a look-up leaves one
       source.classTable()[PersistenceArchiver::getHashForName("Test.Point")];
 
     EXPECT_EQ(refusalOf([&] { source >> point; }),
@@ -201,8 +201,7 @@ TEST(ArchivedObjects, AreOfAClassInTheTable)
 TEST(ArchivedObjects, AreNotOfADerivedClassThatIsNotRegistered)
 {
   const std::string complaint = std::string("the class ") + typeid(InheritingPoint).name() +
-                                " is not registered; a derived class needs a registration of its "
-                                "own";
+                                " is not registered; a derived class needs its own registration";
   const auto bytes = archived(Point());
   PersistenceArchiver archive;
   PersistenceArchiver source(bytes);
@@ -215,13 +214,13 @@ TEST(ArchivedObjects, AreNotOfADerivedClassThatIsNotRegistered)
   EXPECT_EQ(complaintOf([&] { source >> point; }), complaint);
 }
 
-TEST(ArchivedObjects, AreNotOfAClassThatTheArchiveDidNotTake)
+TEST(ArchivedObjects, AreNotOfAClassThatTheRegistryRefused)
 {
   PersistenceArchiver archive;
 
   EXPECT_EQ(complaintOf([&] { archive << Refused(); }),
             std::string("the class ") + typeid(Refused).name() +
-                " is not registered; a derived class needs a registration of its own");
+                " is not registered; a derived class needs its own registration");
 }
 
 TEST(ArchivedObjects, NeedTheEntriesOfTheirClass)

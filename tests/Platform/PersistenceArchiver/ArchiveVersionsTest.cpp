@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What becomes of archives that older and newer programs wrote, and of a class table that is wrong.
+// Archives that older and newer programs wrote, and wrong class tables.
 
 #include "PersistenceArchiver/PersistenceArchiver.h"
 
@@ -64,7 +64,7 @@ TEST(ClassVersions, AreWrittenWithTheClass)
                                             {{"Test.Parcel", 3}})));
 }
 
-TEST(ClassVersions, ThatAreOlderAreToldToTheLoadEntry)
+TEST(ClassVersions, ThatAreOlderArePassedToTheLoadEntry)
 {
   const auto load = [](unsigned int version, const std::string& fields) {
     const auto length = fields.empty() ? 4U : 4U + static_cast<unsigned int>(fields.size()) / 3;
@@ -86,7 +86,7 @@ TEST(ClassVersions, ThatAreOlderAreToldToTheLoadEntry)
   EXPECT_EQ(third.label, "A");
 }
 
-TEST(ClassVersions, ThatAreOlderAreToldForSharedObjectsToo)
+TEST(ClassVersions, ThatAreOlderArePassedForSharedObjectsToo)
 {
   const auto archive = archiveAround(
       "01 00 00 00 08 00 00 00 " + hashText("Test.Parcel") + " 05 00 00 00", {{"Test.Parcel", 1}});
@@ -133,7 +133,7 @@ TEST(FormatVersions, ThatAreOthersAreRefused)
   for (const unsigned int version : {0U, 2U, 0xffffffffU}) {
     auto archive = archived(7U);
     setWordAt(archive, 8, version);
-    mendChecksum(archive);
+    setChecksum(archive);
 
     EXPECT_EQ(refusalToOpen(archive),
               "archive, byte 8: expected format version 1, found " + std::to_string(version) +
@@ -141,7 +141,7 @@ TEST(FormatVersions, ThatAreOthersAreRefused)
   }
 }
 
-TEST(FormatVersions, AreToldOfArchivesThatAreBuiltInAnotherWayToo)
+TEST(FormatVersions, AreCheckedBeforeTheRestOfTheArchive)
 {
   auto archive = archived(7U);
   setWordAt(archive, 8, 2);
@@ -151,7 +151,7 @@ TEST(FormatVersions, AreToldOfArchivesThatAreBuiltInAnotherWayToo)
             "archive, byte 8: expected format version 1, found 2; us");
 }
 
-// A class table that is wrong
+// Wrong class tables
 
 TEST(ClassTables, HaveTheHashOfEachName)
 {
@@ -173,7 +173,7 @@ TEST(ClassTables, HaveNoMoreEntriesThanFit)
   for (const unsigned int count : {2U, 0x15555556U, 0x80000000U, 0xffffffffU}) {
     auto archive = archiveAround("", {{"Test.Parcel", 3}});
     setWordAt(archive, bodyStart, count);
-    mendChecksum(archive);
+    setChecksum(archive);
 
     EXPECT_EQ(refusalToOpen(archive), "archive, byte 20: expected a count of at most 1, found " +
                                           std::to_string(count) +
@@ -185,7 +185,7 @@ TEST(ClassTables, HaveNamesThatFit)
 {
   auto archive = archiveAround("", {{"Test.Parcel", 3}});
   setWordAt(archive, parcelEntry + 8, 12);
-  mendChecksum(archive);
+  setChecksum(archive);
 
   EXPECT_EQ(refusalToOpen(archive),
             "archive, byte 32: expected a count of at most 11, found 12 with 11 bytes left; the "
@@ -196,20 +196,20 @@ TEST(ClassTables, EndWithTheirLastEntry)
 {
   auto archive = archiveAround("", {{"Test.Parcel", 3}});
   setWordAt(archive, bodyStart, 0);
-  mendChecksum(archive);
+  setChecksum(archive);
 
   EXPECT_EQ(refusalToOpen(archive),
             "archive, byte 24: expected the end of the class table, found 23 bytes more; the "
             "archive is damaged");
 }
 
-TEST(ClassTables, StandBehindTheHeaderAndBeforeTheChecksum)
+TEST(ClassTables, AreAfterTheHeaderAndBeforeTheChecksum)
 {
-  const auto intact = archived(7U, 8U); // the checksum stands at 32
+  const auto intact = archived(7U, 8U); // the checksum is at 32
   for (const unsigned int position : {0U, 19U, 33U, 36U, 0x80000000U, 0xffffffffU}) {
     auto archive = intact;
     setWordAt(archive, 16, position);
-    mendChecksum(archive);
+    setChecksum(archive);
 
     EXPECT_EQ(refusalToOpen(archive),
               "archive, byte 16: expected the position of the class table, found " +
@@ -222,7 +222,7 @@ TEST(ClassTables, HaveRoomForTheirCount)
   for (const unsigned int position : {29U, 30U, 31U, 32U}) {
     auto archive = archived(7U, 8U);
     setWordAt(archive, 16, position);
-    mendChecksum(archive);
+    setChecksum(archive);
 
     EXPECT_EQ(refusalToOpen(archive),
               "archive, byte " + std::to_string(position) + ": expected 4 bytes more, found " +

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The registry of casters shows in what becomes of shared objects.
+// Casters, and the registry of casters, which saving and loading shared objects uses.
 
 #include "PersistenceArchiver/Caster.h"
 
@@ -28,7 +28,7 @@ unsigned int hashOf()
   return record.classHash;
 }
 
-/// A class of this test's own, saved as nothing.
+/// A class without content.
 template <class Base, int number>
 struct Level : Base {
   static void load(PersistenceArchiver&, Level&, unsigned int) {}
@@ -53,7 +53,7 @@ using Bottom = Level<Middle, 3>;
 using Lowest = Level<Bottom, 4>;
 using Stranger = Level<Ground, 5>;
 
-/// Counts what it is asked for, and whether it has been destroyed.
+/// Counts its uses, and records its destruction.
 class CountingCaster : public BaseCaster<Top, Middle> {
 public:
   CountingCaster(int& uses, bool& isDestroyed) : m_uses(uses), m_isDestroyed(isDestroyed) {}
@@ -100,7 +100,7 @@ TEST(Casters, CannotBeCopied)
   static_assert(std::has_virtual_destructor_v<Caster>);
 }
 
-TEST(CasterRegistry, LeadsOverSeveralBases)
+TEST(CasterRegistry, FindsAWayOverSeveralBases)
 {
   registerBase<Bottom, Lowest>();
   registerBase<Middle, Bottom>();
@@ -112,7 +112,7 @@ TEST(CasterRegistry, LeadsOverSeveralBases)
   EXPECT_NE(dynamic_cast<const Lowest*>(loaded.get()), nullptr);
 }
 
-TEST(CasterRegistry, ComesToAnEndInCircles)
+TEST(CasterRegistry, StopsInCircles)
 {
   registerBase<Top, Middle>();
   const auto top = hashOf<Top>();
@@ -149,7 +149,7 @@ TEST(CasterRegistry, UsesTheNewestCasterAndLeavesTheOthersAlone)
   EXPECT_GT(newerUses, 0);
   EXPECT_EQ(olderUses, 0);
 
-  registerBase<Top, Middle>(); // the counters end with this test
+  registerBase<Top, Middle>(); // since the counters end with this test
   EXPECT_FALSE(isOlderDestroyed);
   EXPECT_FALSE(isNewerDestroyed);
 }
@@ -178,7 +178,7 @@ TEST(CasterRegistry, LeavesCastersAloneWhenTheProgramEnds)
       ::testing::ExitedWithCode(0), "");
 }
 
-TEST(CasterRegistry, DestroysCastersThatItDoesNotTake)
+TEST(CasterRegistry, DestroysCastersThatItRefuses)
 {
   constexpr auto unknown = BaseClassRegister::unknownClassHash;
   int uses = 0;
@@ -194,7 +194,7 @@ TEST(CasterRegistry, DestroysCastersThatItDoesNotTake)
   EXPECT_TRUE(isDestroyed);
 }
 
-TEST(CasterRegistry, TakesNothingForACaster)
+TEST(CasterRegistry, RefusesNullForACaster)
 {
   EXPECT_FALSE(PersistenceArchiver::registerCaster(hashOf<Top>(), hashOf<Middle>(), nullptr));
 }
@@ -203,7 +203,7 @@ TEST(CasterRegistry, TakesNothingForACaster)
 
 TEST(CasterRegistry, IsAsItWasWhenThereIsNoMemoryForACaster)
 {
-  constexpr unsigned int child = 0x5eed0000; // a class that nobody has
+  constexpr unsigned int child = 0x5eed0000; // no class
   const auto top = hashOf<Top>();
   unsigned int failures = 0;
   bool isRegistered = false;

@@ -12,8 +12,8 @@
 namespace Tarvik {
 namespace {
 
-// Classes stay registered until the program ends: every test has names of its own, and passes
-// again when it is repeated.
+// Classes stay registered until the program ends: every test has its own names, and passes again
+// when it is repeated.
 
 void loadOne(PersistenceArchiver&, BaseClassRegister&) {}
 void loadOther(PersistenceArchiver&, BaseClassRegister&) {}

@@ -71,7 +71,7 @@ TEST(Crc32c, IsThatOfTheDefinitionForManyBytes)
     EXPECT_EQ(crc32c(part), bitwiseCrc32c(part)) << length << " bytes from " << start;
   };
 
-  // around four blocks of 209 times 64 bytes, from where on it is computed in another way
+  // around 4 times 209 blocks of 64 bytes, from which on longer inputs are folded
   for (std::size_t length = 53'504 - 2; length <= 53'504 + 66; ++length)
     expectEqual(length % 9, length);
   for (const std::size_t length : {1'000U, 10'000U, 53'000U, 65'536U, 100'001U, 119'999U})

@@ -32,7 +32,7 @@ TEST(DamagedArchive, IsRefusedWhereverItIsCutOff)
   ASSERT_EQ(refusalToOpen(intact), "nothing was refused");
 
   for (std::size_t length = 0; length < intact.size(); ++length) {
-    // memory of its own: reading behind its end does not go unnoticed
+    // exactly as long: sanitizers notice what reads beyond its end
     const Bytes cutOff(intact.begin(), intact.begin() + static_cast<std::ptrdiff_t>(length));
     const auto size = std::to_string(length) + (length == 1 ? " byte" : " bytes");
 
@@ -88,7 +88,7 @@ TEST(DamagedArchive, IsRefusedWhenTwoBytesAreSwapped)
   }
 }
 
-TEST(DamagedArchive, IsToldFromOtherFiles)
+TEST(DamagedArchive, IsDistinguishedFromOtherFiles)
 {
   const std::string text(100, 'x');
   const Bytes zeros(100);
@@ -104,7 +104,7 @@ TEST(DamagedArchive, IsToldFromOtherFiles)
             "no archive, or cut off");
 }
 
-TEST(DamagedArchive, TellsTheChecksumThatItShouldHave)
+TEST(DamagedArchive, NamesTheChecksumThatItShouldHave)
 {
   auto archive = archived(7U);
   const auto intact = wordAt(archive, archive.size() - 4);

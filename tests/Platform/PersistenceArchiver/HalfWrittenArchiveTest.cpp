@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What something threw out of is half written, and no archive is to be made of it.
+// When writing throws, the archive is half written and cannot be finished.
 
 #include "PersistenceArchiver/ClassRegistration.h"
 #include "PersistenceArchiver/PersistenceArchiver.h"
@@ -18,7 +18,7 @@
 
 namespace Tarvik {
 
-/// An object with stream operators that cannot be written now.
+/// A class with stream operators that throws when it is written.
 struct UnreadyStreamed {
   friend PersistenceArchiver& operator<<(PersistenceArchiver&, const UnreadyStreamed&)
   {
@@ -32,7 +32,7 @@ struct UnreadyStreamed {
 
 namespace {
 
-/// A class of the program that cannot be saved now.
+/// A registered class that throws when it is saved.
 struct Unready {
   static void load(PersistenceArchiver&, Unready&, unsigned int) {}
   static void save(PersistenceArchiver& archive, const Unready&, unsigned int)
@@ -58,7 +58,7 @@ void PrintTo(const Failure& failure, std::ostream* out)
 
 class HalfWrittenArchive : public ::testing::TestWithParam<Failure> {};
 
-TEST_P(HalfWrittenArchive, IsNotFinishedUntilItIsBegunAnew)
+TEST_P(HalfWrittenArchive, CannotBeFinishedUntilItIsCleared)
 {
   PersistenceArchiver archive;
   archive << std::string("whole");

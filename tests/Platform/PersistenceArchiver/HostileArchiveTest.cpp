@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Bytes that somebody made up, with a checksum that is right: whatever they are, they do no harm.
+// Forged bytes with a right checksum do no harm, whatever they are.
 
 #include "PersistenceArchiver/PersistenceArchiver.h"
 
@@ -22,7 +22,7 @@
 namespace Tarvik {
 namespace {
 
-/// Everything that an archive may hold.
+/// Every kind of value that an archive may hold.
 struct Contents {
   unsigned int number = 7;
   bool truth = true;
@@ -54,7 +54,7 @@ void readContents(const Bytes& archive)
       contents.figure >> contents.circles >> contents.labelled;
 }
 
-/// The most memory that is taken at once while the action succeeds or refuses the bytes.
+/// The largest allocation while the action succeeds or refuses the bytes.
 template <class Action>
 std::size_t memoryFor(Action action)
 {
@@ -77,7 +77,7 @@ TEST(HostileArchive, DoesNoHarmWhicheverBitIsOther)
     for (unsigned int bit = 0; bit < 8; ++bit) {
       auto archive = intact;
       archive[place] ^= static_cast<std::byte>(1U << bit);
-      mendChecksum(archive);
+      setChecksum(archive);
 
       const auto memory = memoryFor([&] { readContents(archive); });
 
@@ -94,7 +94,7 @@ TEST(HostileArchive, DoesNoHarmWhicheverWordIsOther)
                                      0xfffffffcU, static_cast<std::uint32_t>(intact.size())}) {
       auto archive = intact;
       setWordAt(archive, place, word);
-      mendChecksum(archive);
+      setChecksum(archive);
 
       const auto memory = memoryFor([&] { readContents(archive); });
 
@@ -111,7 +111,7 @@ TEST(HostileArchive, DoesNoHarmWhereverItsBodyEnds)
     archive.insert(archive.end(), intact.begin() + table, intact.end());
     setWordAt(archive, 12, static_cast<std::uint32_t>(archive.size()));
     setWordAt(archive, 16, static_cast<std::uint32_t>(length));
-    mendChecksum(archive);
+    setChecksum(archive);
 
     EXPECT_NE(refusalOf([&] { readContents(archive); }), "nothing was refused") << length;
   }
@@ -133,7 +133,7 @@ TEST(HostileArchive, DoesNoHarmWithAnyBytes)
 
 // Counts
 
-/// Larger than what it takes in an archive.
+/// Larger in memory than in an archive.
 struct Wide {
   std::array<char, 1000> room{};
 
@@ -152,8 +152,8 @@ struct Wide {
   }
 };
 
-/// The most memory taken at once to read a list that claims so many elements, of a body in which
-/// the same byte follows again and again.
+/// The largest allocation while a list is read that claims this many elements, and whose body is
+/// one byte repeated.
 template <class Element>
 std::size_t memoryForList(std::uint32_t count, std::size_t bodySize, std::byte filling)
 {

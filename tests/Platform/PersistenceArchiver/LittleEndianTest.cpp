@@ -13,7 +13,7 @@
 namespace Tarvik {
 namespace {
 
-/// Stores and loads a number at every place of a word: what is beside it stays.
+/// Stores and loads a number at every place of a word; the bytes beside it are unchanged.
 template <class Number>
 void expectBytes(Number number, const std::string& bytes)
 {

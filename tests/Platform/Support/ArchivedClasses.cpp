@@ -86,7 +86,7 @@ void saveSign(PersistenceArchiver& archive, const Sign& sign, unsigned int)
   archive << sign.label << sign.colour;
 }
 
-/// An archive may be read before the program has touched one of the classes.
+/// A program may read an archive before it uses one of the classes.
 [[maybe_unused]] const bool areRegistered = [] {
   BaseClassRegister record;
   Point::serialization_register(&record);

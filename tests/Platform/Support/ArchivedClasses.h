@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-/// Classes that take part in the tests' archives, registered as "Test.<Name>" in version 1.
+/// Classes for the archives of tests, registered as "Test.<Name>" in version 1.
 namespace Tarvik {
 
 struct Point {
@@ -17,7 +17,7 @@ struct Point {
   friend bool operator==(const Point&, const Point&) = default;
 };
 
-/// May lead to others, to itself, or back.
+/// May point to others, to itself, or back.
 struct Node {
   std::uint32_t value = 0;
   std::shared_ptr<Node> next;
@@ -34,7 +34,7 @@ struct Figure {
   virtual double area() const = 0;
 
   std::uint32_t colour = 0;
-  static int s_count; ///< of all figures that live
+  static int s_count; ///< of the figures that exist
 
   static void serialization_register(void* out);
 };
@@ -47,7 +47,7 @@ struct Circle : Figure {
   static void serialization_register(void* out);
 };
 
-/// A figure by way of the circle.
+/// A figure with the circle in between.
 struct Ring : Circle {
   double area() const override;
 
@@ -72,7 +72,7 @@ struct Sign : Labelled, Circle {
   static void serialization_register(void* out);
 };
 
-/// A ring of which the archive does not know.
+/// A ring of a class that the archive does not know.
 struct SecretRing : Ring {};
 
 }

@@ -16,11 +16,11 @@
 #include <string_view>
 #include <vector>
 
-/// Archives as tests need them: put together and taken apart by the description of the format,
-/// without help from the code that is tested.
+/// Archives for tests: put together and taken apart by the description of the format, without help
+/// from the code under test.
 namespace Tarvik {
 
-/// Where the first value of an archive stands.
+/// The position of the first value of an archive.
 inline constexpr std::size_t bodyStart = 20;
 
 inline std::uint32_t wordAt(std::span<const std::byte> bytes, std::size_t place)
@@ -58,7 +58,7 @@ inline std::string wordText(std::uint32_t word)
   return hex(bytes);
 }
 
-/// The class hash as it stands in an archive.
+/// The class hash as it is in an archive.
 inline std::string hashText(const std::string& className)
 {
   return wordText(PersistenceArchiver::getHashForName(className));
@@ -76,7 +76,7 @@ inline std::uint32_t bitwiseCrc32c(std::span<const std::byte> bytes)
   return ~remainder;
 }
 
-inline void mendChecksum(Bytes& archive)
+inline void setChecksum(Bytes& archive)
 {
   const auto place = archive.size() - 4;
   setWordAt(archive, place, bitwiseCrc32c(std::span(archive).first(place)));
@@ -86,7 +86,7 @@ inline void mendChecksum(Bytes& archive)
 struct TableEntry {
   std::string name;
   unsigned int version = 1;
-  std::optional<unsigned int> hash = std::nullopt; ///< when it is to be another than the name's
+  std::optional<unsigned int> hash = std::nullopt; ///< when it is not that of the name
 };
 
 /// An archive around these bytes.
@@ -103,7 +103,7 @@ inline Bytes archiveAround(const Bytes& body, const std::vector<TableEntry>& cla
   }
   appendWord(archive, 0);
   setWordAt(archive, 12, static_cast<std::uint32_t>(archive.size()));
-  mendChecksum(archive);
+  setChecksum(archive);
   return archive;
 }
 
@@ -145,7 +145,7 @@ Value loadedFrom(std::span<const std::byte> archive)
   PersistenceArchiver source(archive);
   Value value{};
   source >> value;
-  EXPECT_TRUE(source.isAtEnd()) << "something is left behind the value";
+  EXPECT_TRUE(source.isAtEnd()) << "something is left after the value";
   return value;
 }
 

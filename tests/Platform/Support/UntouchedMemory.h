@@ -15,7 +15,7 @@
 
 namespace Tarvik {
 
-/// 4 GiB that take no memory as long as nobody reads more than their first page.
+/// 4 GiB that take no memory as long as only the first page is read.
 class UntouchedMemory {
 public:
   static constexpr std::size_t size = std::size_t{1} << 32U;

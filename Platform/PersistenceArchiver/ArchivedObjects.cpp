@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: MIT
+// How PersistenceArchiver saves and loads objects and shared objects, by their records.
+
+#include "PersistenceArchiver/ArchiveComplaints.h"
+#include "PersistenceArchiver/ArchiveFormat.h"
+#include "PersistenceArchiver/ClassRegistry.h"
+#include "PersistenceArchiver/LoadedObjects.h"
+#include "PersistenceArchiver/PersistenceArchiver.h"
+#include "PersistenceArchiver/SavedObjects.h"
+
+namespace Tarvik {
+
+using ArchiveComplaints::complain;
+using ArchiveComplaints::damaged;
+using ArchiveComplaints::refuse;
+using ClassRegistry::describe;
+
+namespace {
+
+/// Whether an object of the class may be made for a pointer to the declared class. Without virtual
+/// operations there, it would be destroyed as one of the declared class.
+bool mayStandFor(const BaseClassRegister& declared, unsigned int classHash)
+{
+  if (declared.runtimeClass == nullptr)
+    return classHash == declared.classHash;
+  return ClassRegistry::isBase(declared.classHash, classHash);
+}
+
+/// @param next  the number of the object that comes for the first time
+unsigned int takeObjectNumber(ArchiveReader& reader, std::size_t next)
+{
+  const auto place = reader.position();
+  const auto number = reader.take<std::uint32_t>();
+  if (number > next)
+    refuse(place, "the number of a shared object, at most " + std::to_string(next),
+           std::to_string(number), damaged);
+  return number;
+}
+
+/// The record of the class of the frame that comes next, which is entered.
+const BaseClassRegister& enterObjectFor(const BaseClassRegister& declared, ArchiveReader& reader)
+{
+  reader.enterFrame();
+  const auto place = reader.position();
+  const auto classHash = reader.frameClass();
+  const auto* const known = ClassRegistry::find(classHash);
+  if (known == nullptr || !mayStandFor(declared, classHash))
+    refuse(place,
+           "an object of the class " + describe(declared.classHash) + " or one derived from it",
+           "one of the class " + describe(classHash));
+  if (known->record.create == nullptr || known->record.load == nullptr)
+    refuse(place, "an object of a class that makes and loads objects",
+           "one of the class " + describe(classHash));
+  return known->record;
+}
+
+/// The object as one of the declared class.
+void* convert(const LoadedObject& object,
+              const BaseClassRegister& declared,
+              const ArchiveReader& reader)
+{
+  auto* const converted =
+      ClassRegistry::toBase(object.object, object.classHash, declared.classHash);
+  if (converted == nullptr)
+    refuse(reader.position() - ArchiveFormat::wordSize,
+           "a shared object of the class " + describe(declared.classHash),
+           "one of the class " + describe(object.classHash));
+  return converted;
+}
+
+/// Loads the record's object from the frame that was entered, and leaves the frame.
+void callLoadEntry(PersistenceArchiver& archive, ArchiveReader& reader, BaseClassRegister& record)
+{
+  if (record.load == nullptr)
+    complain("the class " + describe(record.classHash) + " has no load entry");
+  const auto& classes = archive.classTable();
+  const auto known = classes.find(record.classHash);
+  if (known == classes.end() || known->second.classHash != record.classHash)
+    refuse(reader.position(), "a class of the class table",
+           "the class " + describe(record.classHash), damaged);
+  record.readVersion = known->second.readVersion;
+
+  const auto depth = reader.depth();
+  const auto end = reader.frameEnd();
+  static_cast<void>(reader.take<std::uint32_t>()); // the class hash
+  record.load(archive, record);
+  if (reader.depth() != depth) // a frame within may have the same end
+    complain("the load entry of the class " + describe(record.classHash) +
+             " leaves other frames than it enters");
+  reader.leaveFrame(end);
+}
+
+}
+
+void PersistenceArchiver::requireRegistered(const BaseClassRegister& record,
+                                            const std::type_info& type)
+{
+  if (record.classHash == BaseClassRegister::unknownClassHash ||
+      record.classHash != getHashForType(getHashForName(type.name())))
+    complain(std::string("the class ") + type.name() +
+             " is not registered; a derived class needs its own registration");
+}
+
+void PersistenceArchiver::saveObject(BaseClassRegister& record)
+{
+  if (record.save == nullptr)
+    complain("the class " + describe(record.classHash) + " has no save entry");
+  const auto start = static_cast<unsigned int>(m_writer.position() + ArchiveFormat::wordSize);
+  mark_object_start(start, record.classHash);
+  record.save(*this, record);
+  m_writer.closeFrame(start, m_writer.position());
+}
+
+void PersistenceArchiver::loadObject(BaseClassRegister& record)
+{
+  m_reader.enterFrame();
+  if (const auto found = m_reader.frameClass(); found != record.classHash)
+    refuse(m_reader.position(), "an object of the class " + describe(record.classHash),
+           "one of the class " + describe(found));
+  callLoadEntry(*this, m_reader, record);
+}
+
+void PersistenceArchiver::saveShared(const BaseClassRegister& declared,
+                                     const std::shared_ptr<void>& object)
+{
+  if (object == nullptr) {
+    m_writer.append(ArchiveFormat::noObject);
+    return;
+  }
+
+  auto asked = declared;
+  asked.object = object.get();
+  const auto classHash =
+      declared.runtimeClass != nullptr ? declared.runtimeClass(asked) : declared.classHash;
+  const auto* const known = ClassRegistry::find(classHash);
+  auto* const asItself = ClassRegistry::toDerived(object.get(), declared.classHash, classHash);
+  if (known == nullptr || asItself == nullptr)
+    complain("a shared object saved as one of the class " + describe(declared.classHash) +
+             " is of a derived class that is not registered, or has no caster");
+
+  const auto number = m_savedObjects->numberOf(object, asItself, classHash);
+  m_writer.append(number.value);
+  if (!number.isNew)
+    return;
+  auto record = known->record;
+  record.object = asItself;
+  saveObject(record);
+}
+
+std::shared_ptr<void> PersistenceArchiver::loadShared(const BaseClassRegister& declared,
+                                                      const SharedPointerAccess& access)
+{
+  auto& objects = *m_loadedObjects;
+  const auto number = takeObjectNumber(m_reader, objects.count() + 1);
+  if (number == ArchiveFormat::noObject)
+    return nullptr;
+
+  auto& pointers = objects.pointersTo(declared);
+  if (auto pointer = access.get(pointers, number))
+    return pointer;
+
+  if (number <= objects.count()) { // so far handed out as another class
+    const auto& known = objects[number];
+    std::shared_ptr<void> pointer(known.owner, convert(known, declared, m_reader));
+    access.add(pointers, number, pointer);
+    return pointer;
+  }
+
+  auto record = enterObjectFor(declared, m_reader);
+  auto& created = objects.create(record);
+  record.object = created.object;
+  auto pointer = access.own(convert(created, declared, m_reader));
+  created.owner = pointer;
+  access.add(pointers, number, pointer); // before it is loaded: it may lead back to itself
+  callLoadEntry(*this, m_reader, record);
+  return pointer;
+}
+
+}

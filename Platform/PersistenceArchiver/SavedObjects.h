@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+namespace Tarvik {
+
+/// The shared objects that one archive has saved: gives each its number, 1 for the first, and keeps
+/// a share of it, so that its address does not become another object's. Not for others.
+class SavedObjects {
+public:
+  struct Number {
+    unsigned int value;
+    bool isNew; ///< the object is to follow
+  };
+
+  /// @param object     points to it as one of its own class
+  /// @param classHash  its own class, since an object begins where its first member does
+  Number numberOf(const std::shared_ptr<void>& owner, const void* object, unsigned int classHash);
+
+private:
+  struct Key {
+    const void* object;
+    unsigned int classHash;
+    friend bool operator==(const Key&, const Key&) = default;
+  };
+  struct Hash {
+    std::size_t operator()(const Key& key) const;
+  };
+
+  std::vector<std::shared_ptr<void>> m_owners;
+  std::unordered_map<Key, unsigned int, Hash> m_numbers;
+};
+
+}
