@@ -4,13 +4,13 @@
 // "## asked" makes the lines that follow a question its answers; "## full" fills the disk from
 // there on, and "## room" makes room on it again.
 
+#include "PointCollections/Console/Session/DocumentFile.h"
+#include "PointCollections/Console/Shell/Completion.h"
+#include "PointCollections/Console/Shell/Interpreter.h"
+#include "PointCollections/Console/Text/Words.h"
 #include "PointCollections/Input/TextInput.h"
-#include "PointCollections/Session/Completion.h"
-#include "PointCollections/Session/DocumentFile.h"
-#include "PointCollections/Session/Interpreter.h"
 #include "PointCollections/Support/MemoryFiles.h"
 #include "PointCollections/Text/UserError.h"
-#include "PointCollections/Text/Words.h"
 #include "Support/Documents.h"
 #include "Support/Require.h"
 

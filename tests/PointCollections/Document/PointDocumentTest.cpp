@@ -2,7 +2,7 @@
 #include "PointCollections/Document/PointDocument.h"
 
 #include "HighLevelServices/GroupCommands/MoveTKGroupElementsCmd.h"
-#include "PointCollections/Support/Sessions.h"
+#include "PointCollections/Support/Documents.h"
 #include "Support/Groups.h"
 
 #include <gmock/gmock.h>

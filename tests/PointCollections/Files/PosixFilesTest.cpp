@@ -3,8 +3,8 @@
 // has not or has in another way, see WindowsFilesTest.cpp.
 
 #include "PointCollections/Files/Files.h"
+#include "PointCollections/Support/Documents.h"
 #include "PointCollections/Support/Files.h"
-#include "PointCollections/Support/Sessions.h"
 
 #include <gmock/gmock.h>
 

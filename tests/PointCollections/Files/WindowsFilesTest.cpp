@@ -4,8 +4,8 @@
 // into no folder whose path has more than four.
 
 #include "PointCollections/Files/Files.h"
+#include "PointCollections/Support/Documents.h"
 #include "PointCollections/Support/Files.h"
-#include "PointCollections/Support/Sessions.h"
 #include "Support/ImportTable.h"
 
 #include <gmock/gmock.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Input/CsvReader.h"
 
-#include "PointCollections/Support/Sessions.h"
+#include "PointCollections/Support/Documents.h"
 
 #include <gmock/gmock.h>
 

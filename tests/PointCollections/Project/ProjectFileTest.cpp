@@ -3,7 +3,7 @@
 
 #include "HighLevelServices/GroupCommands/CreateTKGroupCmd.h"
 #include "PersistenceArchiver/PersistenceArchiver.h"
-#include "PointCollections/Support/Sessions.h"
+#include "PointCollections/Support/Documents.h"
 
 #include <gmock/gmock.h>
 
