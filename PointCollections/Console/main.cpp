@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "PointCollections/Console/Session/DocumentFile.h"
+#include "PointCollections/Console/Shell/Completion.h"
 #include "PointCollections/Console/Shell/Runner.h"
+#include "PointCollections/Console/Shell/UnsavedChanges.h"
 #include "PointCollections/Console/Terminal/Terminal.h"
 #include "PointCollections/Input/TextInput.h"
 #include "PointCollections/Text/Quoting.h"
@@ -34,49 +35,52 @@ struct Settings {
 };
 
 constexpr auto purpose =
-    "Groups point collections: opens a file of points and carries out commands on them.";
+    "Puts point collections into named groups: opens a file of points and runs commands on it.";
 
 constexpr auto remarks =
-    "FILE is a project that the command save has written when its name ends in .tkpc, and\n"
-    "otherwise comma-separated UTF-8 text with the header collection,x,y,z.\n\n"
+    "If the name of FILE ends in .tkpc, it is a project that the command save has written.\n"
+    "Otherwise it is comma-separated UTF-8 text with the header collection,x,y,z. Each\n"
+    "point collection in it is an element that can be put into groups.\n\n"
     "Commands come from --command, then from --script. Without either they are read from\n"
-    "standard input: with line editing, history and completion when it is a terminal. The\n"
-    "command help explains them. Except on a terminal, the first mistake ends the program.\n\n"
-    "Changes are kept by the command save only. On a terminal the program asks before changes\n"
-    "are lost; at the end of a script it says so on standard error, which is no failure.\n\n"
-    "Exit status: 0 all went well; 1 a command failed or the output could not be written;\n"
-    "2 the arguments, FILE or the script were no good.";
+    "standard input; on a terminal with line editing, recall of earlier lines and completion.\n"
+    "The command help explains them. Except on a terminal, the first mistake ends the\n"
+    "program.\n\n"
+    "Changes are only kept by the command save. On a terminal, the program asks before\n"
+    "changes are lost. After a script, it warns of unsaved changes on standard error; that is\n"
+    "not a failure.\n\n"
+    "Exit status: 0 success; 1 a command failed or the output could not be written; 2 the\n"
+    "arguments, FILE or the script were not valid.";
 
 void declare(CLI::App& app, Settings& settings)
 {
   app.footer(remarks);
-  app.allow_windows_style_options(false); // they would hide files whose paths start with a slash
+  app.allow_windows_style_options(false); // a file may have a path that starts with a slash
   app.set_version_flag("--version", "point-collections " POINT_COLLECTIONS_VERSION);
   app.add_option("FILE", settings.file, "The project (.tkpc) or points (.csv) to open")->required();
   app.add_option("--script", settings.script, "Read commands from a file")->type_name("FILE");
-  app.add_option("--command", settings.commands, "Carry out a command; may be repeated")
+  app.add_option("--command", settings.commands, "Run a command; may be repeated")
       ->type_name("TEXT")
       ->allow_extra_args(false);
   app.add_flag("--quiet", settings.isQuiet, "Print results only: no commands, no comments");
   app.add_flag("--no-color", settings.isPlain,
-               "Do not use colours, which are used on a terminal only, and not when the\n"
+               "Do not use colours. They are only used on a terminal, and not if the\n"
                "environment variable NO_COLOR is set");
 }
 
 std::string welcome(const Session& session)
 {
-  return fmt::format("Opened {}.", documentInWords(session));
+  return fmt::format("Opened {}.", summaryOf(session.editor));
 }
 
 void runOnTerminal(Session& session, Transcript& transcript)
 {
-  ignoreInterrupts(); // one that comes while a command runs must not lose all work
+  ignoreInterrupts(); // Ctrl-C while a command runs must not lose all work
   auto reader = isOutputTerminal()
                     ? makeEditingReader([&](auto line) { return complete(session, line); })
                     : nullptr;
   if (!reader)
     reader = makePlainReader(std::cin, std::cout);
-  transcript.result(welcome(session) + " Type help for the verbs, quit to leave.");
+  transcript.result(welcome(session) + " Type help for the commands, quit to leave.");
   runInteractively(session, transcript, *reader);
 }
 
@@ -92,11 +96,11 @@ bool runBatch(Session& session, const Settings& settings, Transcript& transcript
                                  : runCommands(session, transcript, settings.commands) &&
                                        (!settings.script ||
                                         runScript(session, transcript, script, *settings.script));
-  tellOfUnsaved(session, transcript);
+  warnOfUnsavedChanges(session, transcript);
   return isFine;
 }
 
-/// Whether all that was printed has been taken.
+/// @throws std::runtime_error if any output could not be written
 void requireOutput()
 {
   std::cout.flush();
@@ -111,11 +115,12 @@ ExitStatus run(const Settings& settings)
                         isOutputTerminal() && isErrorTerminal();
   const auto detail = isInteractive || settings.isQuiet ? Transcript::Detail::ResultsOnly
                                                         : Transcript::Detail::Full;
-  Session session = {PointDocument::create(), "", Style{hasColor}};
-  adopt(session, readDocument(*session.files, Utf8::toPath(settings.file)));
+  const auto files = diskFiles();
+  Session session = {.editor = Editor(openDocument(*files, Utf8::toPath(settings.file)), files),
+                     .style = Style{hasColor}};
   Transcript transcript(std::cout, std::cerr, detail, session.style);
 
-  bool isFine = true; // whatever a person does
+  bool isFine = true; // mistakes on a terminal are no failure
   if (isInteractive)
     runOnTerminal(session, transcript);
   else
@@ -130,7 +135,7 @@ int runProgram(std::vector<std::string> arguments)
   CLI::App app(purpose, "point-collections");
   declare(app, settings);
   try {
-    std::reverse(arguments.begin(), arguments.end()); // as CLI11 takes them
+    std::reverse(arguments.begin(), arguments.end()); // the order that CLI11 expects
     app.parse(std::move(arguments));
   } catch (const CLI::Success& helpOrVersion) {
     app.exit(helpOrVersion);

@@ -75,7 +75,7 @@ void checkHeader(CsvReader& csv, std::vector<std::string>& fields)
 void checkRow(const CsvReader& csv, const std::vector<std::string>& fields)
 {
   if (fields.size() != columns.size())
-    csv.fail(fmt::format("{}; expected {} ({})", counted(fields.size(), "field"), columns.size(),
+    csv.fail(fmt::format("{}; expected {} ({})", pluralize(fields.size(), "field"), columns.size(),
                          header));
   if (fields[0].empty())
     csv.fail("the collection has no name; expected one, such as Berlin");

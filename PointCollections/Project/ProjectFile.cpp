@@ -44,9 +44,9 @@ public:
       refuse("expected the name of an element, found an empty one");
     checkText(collection.name, "an element");
     if (!m_names.insert(collection.name).second)
-      refuse("expected each name once, found a second element " + mentioned(collection.name));
+      refuse("expected each name once, found a second element " + displayName(collection.name));
     if (!std::ranges::all_of(collection.points, &Checks::isFinite))
-      refuse("expected finite coordinates, found others in " + mentioned(collection.name));
+      refuse("expected finite coordinates, found others in " + displayName(collection.name));
   }
 
   void take(const TKGroup<GUIdentifier>& group, std::uint64_t position)
@@ -74,7 +74,7 @@ private:
   void checkText(const std::string& name, const std::string& owner) const
   {
     if (Utf8::findInvalid(name) != std::string_view::npos || name.find('\0') != std::string::npos)
-      refuse("expected the name of " + owner + " in UTF-8 without NUL, found " + mentioned(name));
+      refuse("expected the name of " + owner + " in UTF-8 without NUL, found " + displayName(name));
   }
 
   [[noreturn]] void refuse(const std::string& message) const

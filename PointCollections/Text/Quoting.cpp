@@ -78,7 +78,7 @@ std::string asTyped(std::string_view name)
   return needsQuotes(name) ? inQuotes(name) : std::string(name);
 }
 
-std::string mentioned(std::string_view name)
+std::string displayName(std::string_view name)
 {
   const auto start = Utf8::prefix(name, longestMention);
   if (start.size() == name.size())
@@ -92,7 +92,7 @@ std::string abbreviated(std::string_view text, std::size_t characters)
   return std::string(start) + (start.size() < text.size() ? "…" : "");
 }
 
-std::string counted(std::size_t number, std::string_view noun)
+std::string pluralize(std::size_t number, std::string_view noun)
 {
   return fmt::format("{} {}{}", number, noun, number == 1 ? "" : "s");
 }

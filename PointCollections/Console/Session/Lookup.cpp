@@ -25,10 +25,10 @@ bool isPlace(const Word& word)
 std::size_t givenPlace(const Word& word, std::size_t groups)
 {
   const Word number = {word.text.substr(1), false};
-  const std::size_t place = positiveNumber(number, "the place of a group behind @");
+  const std::size_t place = positiveNumber(number, "the place of a group after @");
   if (place > groups)
     throw UserError(fmt::format("there is no group at place {}; there {} {}", number.text,
-                                groups == 1 ? "is" : "are", counted(groups, "group")));
+                                groups == 1 ? "is" : "are", pluralize(groups, "group")));
   return place - 1;
 }
 
@@ -40,14 +40,14 @@ std::size_t givenPlace(const Word& word, std::size_t groups)
       places += fmt::format("{}@{}", places.empty() ? "" : " or ", i + 1);
   }
   throw UserError(fmt::format(
-      "{} is the name of {}; write {} to tell which you mean", mentioned(name),
-      counted(static_cast<std::size_t>(std::count(names.begin(), names.end(), name)), "group"),
+      "{} is the name of {}; write {} to say which you mean", displayName(name),
+      pluralize(static_cast<std::size_t>(std::count(names.begin(), names.end(), name)), "group"),
       places));
 }
 
 using WordIterator = std::vector<Word>::const_iterator;
 
-/// Tells of a name with blanks that was typed without quotes.
+/// Reports a name with blanks that was typed without quotes.
 void checkForMissingQuotes(const PointDocument& document, WordIterator word, WordIterator end)
 {
   constexpr std::ptrdiff_t mostParts = 8;
@@ -91,7 +91,7 @@ std::vector<std::string> memberNames(PointDocument& document)
   return names;
 }
 
-std::size_t groupPlace(PointDocument& document, const Word& word)
+std::size_t groupIndex(PointDocument& document, const Word& word)
 {
   const auto names = groupNames(document);
   if (isPlace(word))
@@ -100,7 +100,7 @@ std::size_t groupPlace(PointDocument& document, const Word& word)
   const auto found = std::find(names.begin(), names.end(), word.text);
   if (found == names.end())
     throw UserError(
-        fmt::format("there is no group named {}{}", mentioned(word.text),
+        fmt::format("there is no group named {}{}", displayName(word.text),
                     suggestion(word.text, names,
                                names.empty() ? "create makes one" : "show lists the groups")));
   if (std::find(std::next(found), names.end(), word.text) != names.end())
@@ -110,7 +110,7 @@ std::size_t groupPlace(PointDocument& document, const Word& word)
 
 const TKGroup<GUIdentifier>& groupNamed(PointDocument& document, const Word& word)
 {
-  return document.getGroups()[groupPlace(document, word)];
+  return document.getGroups()[groupIndex(document, word)];
 }
 
 std::vector<Identifier> groupsNamed(PointDocument& document, const std::vector<Word>& words)
@@ -120,7 +120,7 @@ std::vector<Identifier> groupsNamed(PointDocument& document, const std::vector<W
     const auto& group = groupNamed(document, word);
     if (std::find(ids.begin(), ids.end(), group.getId()) != ids.end())
       throw UserError(
-          fmt::format("{} is given twice; name each group once", mentioned(group.getName())));
+          fmt::format("{} is given twice; name each group once", displayName(group.getName())));
     ids.push_back(group.getId());
   }
   return ids;
@@ -131,7 +131,7 @@ GUIdentifier elementNamed(const PointDocument& document, const Word& word)
   const PointCollection* found = document.findByName(word.text);
   if (found == nullptr)
     throw UserError(
-        fmt::format("there is no element named {}{}", mentioned(word.text),
+        fmt::format("there is no element named {}{}", displayName(word.text),
                     suggestion(word.text, elementNames(document), "show --all lists them")));
   return found->id;
 }
@@ -147,7 +147,7 @@ std::vector<GUIdentifier> elementsNamed(const PointDocument& document,
     elements.push_back(elementNamed(document, *word));
     if (!seen.insert(elements.back()).second)
       throw UserError(
-          fmt::format("{} is given twice; name each element once", mentioned(word->text)));
+          fmt::format("{} is given twice; name each element once", displayName(word->text)));
   }
   return elements;
 }
@@ -161,7 +161,7 @@ std::size_t positiveNumber(const Word& word, const std::string& what)
     return std::numeric_limits<std::size_t>::max();
   if (error != std::errc() || stop != end || value == 0)
     throw UserError(
-        fmt::format("{} is {}; expected a whole number from 1 up", what, mentioned(word.text)));
+        fmt::format("{} is {}; expected a whole number from 1 up", what, displayName(word.text)));
   return value;
 }
 

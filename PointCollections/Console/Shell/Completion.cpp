@@ -18,15 +18,15 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-/// What separates folders; Windows takes both.
+/// What separates folders. Windows accepts both.
 constexpr auto folderEnds = std::filesystem::path::preferred_separator == '/' ? "/" : "/\\";
 
-/// What stands behind the verb, in front of the word to complete.
+/// The words before the one to complete.
 struct Context {
   const Verb* verb = nullptr;
   Names arguments;
   Names options;
-  std::optional<ArgumentKind> awaited; ///< by the option in front of the word
+  std::optional<ArgumentKind> awaited; ///< the kind of value, if the last word is an option
 };
 
 const Option* findOption(const Verb& verb, const Word& word)
@@ -41,7 +41,7 @@ const Option* findOption(const Verb& verb, const Word& word)
 Context contextOf(const std::vector<Word>& words)
 {
   Context context;
-  context.verb = &verbNamed(words.front().text);
+  context.verb = &verbNamed(allVerbs(), words.front().text);
   for (auto word = words.begin() + 1; word != words.end(); ++word) {
     const Option* option = context.awaited ? nullptr : findOption(*context.verb, *word);
     if (option != nullptr)
@@ -77,8 +77,8 @@ Names without(const Names& names, Names excluded)
   return result;
 }
 
-/// What stands in the folder that the start of a path leads to: folders, and files that can be
-/// opened. Hidden ones are for those who start to type their names.
+/// The names in the folder that the start of a path leads to: folders, and files that can be
+/// opened. Hidden ones are listed only if the user has typed the dot.
 Names fileNames(Files& files, const std::string& start)
 {
   const auto folder = start.substr(0, start.find_last_of(folderEnds) + 1);
@@ -95,19 +95,19 @@ Names fileNames(Files& files, const std::string& start)
   return names;
 }
 
-Names namesOf(Session& session, ArgumentKind kind, const std::string& start)
+Names namesOfKind(Session& session, ArgumentKind kind, const std::string& start)
 {
   switch (kind) {
   case ArgumentKind::Group:
-    return groupNames(*session.document);
+    return groupNames(*session.editor.document());
   case ArgumentKind::Element:
-    return elementNames(*session.document);
+    return elementNames(*session.editor.document());
   case ArgumentKind::Member:
-    return memberNames(*session.document);
+    return memberNames(*session.editor.document());
   case ArgumentKind::Verb:
-    return verbNames();
+    return namesOf(allVerbs());
   case ArgumentKind::File:
-    return fileNames(*session.files, start);
+    return fileNames(session.editor.files(), start);
   case ArgumentKind::Text:
   case ArgumentKind::Number:
     break;
@@ -115,11 +115,11 @@ Names namesOf(Session& session, ArgumentKind kind, const std::string& start)
   return {};
 }
 
-/// The value of an option may repeat an argument; arguments name everything once.
+/// An argument must not repeat another one; the value of an option may.
 Names namesExpected(Session& session, const Context& context, const std::string& start)
 {
   const auto kind = kindExpected(context).value_or(ArgumentKind::Text);
-  const auto names = namesOf(session, kind, start);
+  const auto names = namesOfKind(session, kind, start);
   return context.awaited ? names : without(names, context.arguments);
 }
 
@@ -147,7 +147,7 @@ std::string_view commonStart(const Names& names)
   return common.substr(0, Utf8::findInvalid(common));
 }
 
-/// The start of a name as it is typed, its quote still open.
+/// The start of a name as the user types it, with the quote still open.
 std::string unfinished(std::string_view start, bool isQuoted)
 {
   auto text = isQuoted ? inQuotes(start) : asTyped(start);
@@ -157,9 +157,9 @@ std::string unfinished(std::string_view start, bool isQuoted)
 }
 
 enum class Form {
-  Word, ///< typed as it stands
-  Name, ///< in quotes where it needs them
-  Path  ///< a name that goes on where it ends in a slash
+  Word, ///< never in quotes
+  Name, ///< in quotes if it needs them
+  Path  ///< like Name, but one that ends in a slash can go on
 };
 
 Completion completedWith(const Names& matches, const UnfinishedLine& line, Form form)
@@ -171,7 +171,7 @@ Completion completedWith(const Names& matches, const UnfinishedLine& line, Form 
   for (const auto& match : matches)
     result.candidates.push_back(areNames ? asTyped(match) : match);
   const auto common = commonStart(matches);
-  if (common.size() < line.last.text.size()) { // they match but for the case, each in its own way
+  if (common.size() < line.last.text.size()) { // they differ in the case of letters
     result.from = line.size;
     return result;
   }
@@ -188,7 +188,7 @@ Completion completeLine(Session& session, const UnfinishedLine& line)
 {
   const std::string& start = line.last.text;
   if (line.words.empty())
-    return completedWith(startingWith(start, verbNames()), line, Form::Word);
+    return completedWith(startingWith(start, namesOf(allVerbs())), line, Form::Word);
 
   const Context context = contextOf(line.words);
   if (!context.awaited && !line.last.isQuoted && start.starts_with('-')) {
@@ -208,7 +208,7 @@ Completion complete(Session& session, std::string_view line)
   try {
     return completeLine(session, splitUnfinished(line));
   } catch (const UserError&) {
-    return {line.size(), {}, {}}; // the line is wrong already; running it tells why
+    return {line.size(), {}, {}}; // the line is already wrong; running it says why
   }
 }
 

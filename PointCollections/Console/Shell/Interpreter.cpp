@@ -9,7 +9,7 @@
 namespace Tarvik::PointCollections {
 namespace {
 
-std::string_view withoutBlanksInFront(std::string_view line)
+std::string_view withoutLeadingBlanks(std::string_view line)
 {
   line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
   return line;
@@ -19,7 +19,7 @@ std::string_view withoutBlanksInFront(std::string_view line)
 
 LineKind kindOf(std::string_view line)
 {
-  const auto text = withoutBlanksInFront(line);
+  const auto text = withoutLeadingBlanks(line);
   if (text.empty())
     return LineKind::Blank;
   if (text[0] != '#')
@@ -29,7 +29,7 @@ LineKind kindOf(std::string_view line)
 
 std::string_view textOfComment(std::string_view line)
 {
-  auto text = withoutBlanksInFront(line);
+  auto text = withoutLeadingBlanks(line);
   text.remove_prefix(text.starts_with("# ") ? 2 : 1);
   return text;
 }
@@ -39,7 +39,7 @@ std::string runLine(Session& session, std::string_view line)
   if (kindOf(line) != LineKind::Command)
     return {};
   const auto words = splitWords(line);
-  const Verb& verb = verbNamed(words.front().text);
+  const Verb& verb = verbNamed(allVerbs(), words.front().text);
   return verb.run(session, Arguments(verb, {words.begin() + 1, words.end()}));
 }
 

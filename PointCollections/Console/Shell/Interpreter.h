@@ -8,22 +8,22 @@
 
 namespace Tarvik::PointCollections {
 
-/// What a line is to the program.
+/// How the program treats a line.
 enum class LineKind {
   Blank,   ///< nothing but blanks
-  Note,    ///< ## or #!: for those who read the script
-  Comment, ///< any other #: for those who read its output
+  Note,    ///< ## or #!: only for readers of the script
+  Comment, ///< any other #: printed in the transcript
   Command
 };
 
 LineKind kindOf(std::string_view line);
 
-/// The text of a comment line, without its # and the blank behind it.
+/// The text of a comment line, without its # and the blank after it.
 std::string_view textOfComment(std::string_view line);
 
-/// Carries out one command line.
+/// Runs one command line. Blank lines and comments do nothing.
 /// @return what the user reads, without a line end
-/// @throws UserError where the line is wrong or cannot be carried out; nothing has changed then
+/// @throws UserError if the line is wrong or cannot be done; nothing has changed then
 std::string runLine(Session& session, std::string_view line);
 
 }

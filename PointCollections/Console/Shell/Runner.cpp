@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Console/Shell/Runner.h"
 
-#include "PointCollections/Console/Session/DocumentFile.h"
 #include "PointCollections/Console/Shell/Interpreter.h"
+#include "PointCollections/Console/Shell/UnsavedChanges.h"
 #include "PointCollections/Input/TextInput.h"
-#include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
 
 #include <fmt/format.h>
@@ -21,9 +20,10 @@ bool canGoOn(const Session& session, const Transcript& transcript)
   return !session.isOver && transcript.isComplete();
 }
 
-/// Does it and tells of what it throws; whether it threw nothing.
+/// Runs the action and reports the exception that it throws.
+/// @return whether it threw none
 template <class Action>
-bool succeeds(Transcript& transcript, const std::string& where, Action&& action)
+bool runAndReport(Transcript& transcript, const std::string& where, Action&& action)
 {
   try {
     action();
@@ -53,29 +53,31 @@ void runScriptLine(Session& session, Transcript& transcript, const std::string& 
   }
 }
 
-/// Answers the questions of a session while it lives.
-class Person {
+/// Lets the verbs ask the user through the reader, while this lives.
+class QuestionsToUser {
 public:
-  Person(Session& session, LineReader& reader) : m_session(session)
+  QuestionsToUser(Session& session, const Question& ask) : m_session(session)
   {
-    session.ask = [&reader](const auto& prompt) { return reader.readLine(prompt); };
+    session.confirmDiscarding = [ask](Session& asking) {
+      return confirmDiscardingChanges(asking, ask);
+    };
   }
-  Person(const Person&) = delete;
-  Person& operator=(const Person&) = delete;
-  ~Person() { m_session.ask = nullptr; }
+  QuestionsToUser(const QuestionsToUser&) = delete;
+  QuestionsToUser& operator=(const QuestionsToUser&) = delete;
+  ~QuestionsToUser() { m_session.confirmDiscarding = nullptr; }
 
 private:
   Session& m_session;
 };
 
-/// Nobody can be asked for ever: where the answer is the end of the input again, that is it.
-void leaveAtEnd(Session& session, Transcript& transcript)
+/// If the input ends again at the question, nobody is there to answer: the session is over.
+void leaveAtEndOfInput(Session& session, Transcript& transcript)
 {
   transcript.result("(end of input)");
-  const auto farewell = askForFarewell(session);
-  session.isOver = farewell != Farewell::Refused;
-  if (farewell == Farewell::Unanswered)
-    tellOfUnsaved(session, transcript);
+  const auto confirmation = session.confirmDiscarding(session);
+  session.isOver = confirmation != Confirmation::Refused;
+  if (confirmation == Confirmation::Missing)
+    warnOfUnsavedChanges(session, transcript);
 }
 
 }
@@ -87,7 +89,7 @@ bool runCommands(Session& session, Transcript& transcript, const std::vector<std
     const auto where = fmt::format("--command:{}", ++number);
     if (!canGoOn(session, transcript))
       return true;
-    if (!succeeds(transcript, where, [&] { runScriptLine(session, transcript, command); }))
+    if (!runAndReport(transcript, where, [&] { runScriptLine(session, transcript, command); }))
       return false;
   }
   return true;
@@ -109,7 +111,7 @@ bool runScript(Session& session,
       if (line)
         runScriptLine(session, transcript, *line);
     };
-    if (!succeeds(transcript, fmt::format("{}:{}", name, number), runNext))
+    if (!runAndReport(transcript, fmt::format("{}:{}", name, number), runNext))
       return false;
   }
   return true;
@@ -117,25 +119,20 @@ bool runScript(Session& session,
 
 void runInteractively(Session& session, Transcript& transcript, LineReader& reader)
 {
-  const Person person(session, reader);
+  const auto ask = [&reader](const std::string& prompt) { return reader.readLine(prompt); };
+  const QuestionsToUser questions(session, ask);
   while (canGoOn(session, transcript)) {
     const auto runNext = [&] {
-      const auto line = reader.readLine(session.history.isClean() ? "> " : "*> ");
+      const auto line = reader.readLine(session.editor.hasUnsavedChanges() ? "*> " : "> ");
       if (line)
         transcript.result(runLine(session, *line));
       else
-        leaveAtEnd(session, transcript);
+        leaveAtEndOfInput(session, transcript);
     };
-    succeeds(transcript, "error", runNext);
+    runAndReport(transcript, "error", runNext);
   }
   if (!session.isOver)
-    tellOfUnsaved(session, transcript);
-}
-
-void tellOfUnsaved(const Session& session, Transcript& transcript)
-{
-  if (!session.history.isClean())
-    transcript.error(mentioned(session.title), "the changes are not saved; save keeps them");
+    warnOfUnsavedChanges(session, transcript);
 }
 
 }

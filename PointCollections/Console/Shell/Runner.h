@@ -9,29 +9,26 @@
 #include <string>
 #include <vector>
 
-/// The ways in which commands reach the program. All of them return when the session is over or
-/// the transcript cannot be written any more.
+/// The ways in which commands reach the program. All of these functions return when the session is
+/// over or the transcript can no longer be written.
 namespace Tarvik::PointCollections {
 
-/// Carries out the commands given as arguments of the program, until one is wrong.
-/// @return whether none was
+/// Runs the commands given as arguments of the program. Stops at the first mistake.
+/// @return false if there was one
 bool runCommands(Session& session,
                  Transcript& transcript,
                  const std::vector<std::string>& commands);
 
-/// Carries out the lines of a script, until one is wrong. A byte order mark is skipped.
+/// Runs the lines of a script. Stops at the first mistake. Skips a byte order mark.
 /// @param name  what error messages call the script
-/// @return whether none was
+/// @return false if there was a mistake
 bool runScript(Session& session,
                Transcript& transcript,
                std::istream& script,
                const std::string& name);
 
-/// Carries out what the user types until the input ends; mistakes are told and forgotten. The
-/// verbs may ask the user questions, and leaving does when there are changes that are not saved.
+/// Runs the lines that the user types until the input ends. Reports mistakes and goes on. Asks
+/// before unsaved changes are discarded.
 void runInteractively(Session& session, Transcript& transcript, LineReader& reader);
-
-/// Says so when changes are not saved, at the end of what cannot be asked.
-void tellOfUnsaved(const Session& session, Transcript& transcript);
 
 }

@@ -9,34 +9,34 @@
 
 namespace Tarvik::PointCollections {
 
-/// What the user reads: commands, their results and comments on one stream, mistakes on another.
+/// What the user reads: commands, results and comments on one stream, mistakes on another.
 class Transcript {
 public:
   enum class Detail {
-    Full,       ///< commands are echoed, comments printed, and blank lines set them apart
-    ResultsOnly ///< for a terminal, which shows what is typed, and for other programs
+    Full,       ///< commands are echoed, comments printed, with blank lines between
+    ResultsOnly ///< for a terminal, which already shows what is typed, and for programs
   };
 
   /// The streams must outlive the transcript.
   Transcript(std::ostream& output, std::ostream& errors, Detail detail, Style style = {});
 
-  /// A line of a comment. Lines that follow each other make a paragraph.
+  /// Prints a line of a comment. Consecutive lines form a paragraph.
   void comment(std::string_view text);
 
   /// Ends a paragraph of comments.
   void endParagraph();
 
-  /// A command that is about to run. Very long ones are cut.
+  /// Prints a command that is about to run. A very long one is cut.
   void command(std::string_view line);
 
-  /// What a command answered; the empty text is not printed.
+  /// Prints the answer of a command, unless it is empty.
   void result(std::string_view text);
 
-  /// A mistake.
+  /// Prints a mistake.
   /// @param where  the place, such as "cities.pcs:3"
   void error(const std::string& where, std::string_view message);
 
-  /// Whether all could be written so far.
+  /// Whether everything could be written so far.
   bool isComplete() const;
 
 private:

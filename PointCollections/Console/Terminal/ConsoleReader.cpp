@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The console of Windows edits and recalls lines itself.
+// The Windows console edits and recalls lines itself.
 #include "PointCollections/Console/Terminal/LineReader.h"
 #include "PointCollections/Console/Terminal/Utf16.h"
 #include "PointCollections/Input/TextInput.h"
@@ -41,8 +41,8 @@ public:
   }
 
 private:
-  /// A part of a line, empty after Ctrl-C; nothing when the console is gone. Not through std::cin:
-  /// a console of UTF-8 reads other characters than those of ASCII as zeros there.
+  /// A part of a line; empty after Ctrl-C; nothing if the console is gone. Does not use std::cin,
+  /// which reads non-ASCII characters from a UTF-8 console as zeros.
   std::optional<std::wstring> read() const
   {
     std::array<wchar_t, 4096> buffer{};

@@ -76,7 +76,7 @@ public:
     el_wset(line, EL_ADDFN, L"complete-word", L"Completes the word", &LibeditReader::complete);
     el_set(line, EL_BIND, "^I", "complete-word", nullptr);
     el_set(line, EL_BIND, "^R", "em-inc-search-prev", nullptr);
-    // Without this, Ctrl-C ends the program: the key then reaches the editor instead.
+    // Ctrl-C must reach the editor; otherwise it ends the program.
     el_set(line, EL_SETTY, "-d", "-isig", nullptr);
     el_wset(line, EL_ADDFN, L"drop-line", L"Drops the line", &LibeditReader::drop);
     el_set(line, EL_BIND, "^C", "drop-line", nullptr);
@@ -87,13 +87,13 @@ public:
   std::optional<std::string> readLine(const std::string& promptText) override
   {
     m_prompt = promptText;
-    el_set(m_line.get(), EL_PREP_TERM, 1); // before the prompt invites the user to type
+    el_set(m_line.get(), EL_PREP_TERM, 1); // before the prompt is shown
     int length = 0;
     const char* text = nullptr;
     do {
       errno = 0;
       text = el_gets(m_line.get(), &length);
-    } while (text == nullptr && length < 0 && errno == EINTR); // a signal is no end of the input
+    } while (text == nullptr && length < 0 && errno == EINTR); // a signal does not end the input
     if (text == nullptr || length <= 0)
       return std::nullopt;
     std::string line(text, static_cast<std::size_t>(length));
@@ -127,7 +127,7 @@ private:
   {
     try {
       return readerOf(line).completeAtCursor();
-    } catch (...) { // the editor is written in C
+    } catch (...) { // libedit is C: no exception may pass through it
       return CC_ERROR;
     }
   }
@@ -165,7 +165,7 @@ private:
   std::unique_ptr<EditLine, decltype(&el_end)> m_line;
 };
 
-/// The editor takes its encoding from the locale. Numbers and messages stay as they are.
+/// Libedit takes its encoding from the locale. Only LC_CTYPE changes, not numbers and messages.
 void useUtf8()
 {
   std::setlocale(LC_CTYPE, "");

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "PointCollections/Console/Shell/Completion.h"
-
+#include <cstddef>
 #include <functional>
 #include <istream>
 #include <memory>
@@ -10,10 +9,21 @@
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Tarvik::PointCollections {
 
-/// Asks the user for lines.
+/// How a line that is being typed can go on.
+struct Completion {
+  std::size_t from = 0;                ///< the byte from which `text` replaces the line
+  std::string text;                    ///< ends in a blank if there is only one candidate
+  std::vector<std::string> candidates; ///< as they are typed; if empty, nothing is replaced
+};
+
+/// Completes a line, given the part before the cursor.
+using Completer = std::function<Completion(std::string_view)>;
+
+/// Reads lines from the user.
 class LineReader {
 public:
   LineReader() = default;
@@ -21,18 +31,15 @@ public:
   LineReader& operator=(const LineReader&) = delete;
   virtual ~LineReader() = default;
 
-  /// The line that the user types, without its line end; nothing at the end of the input, behind
-  /// which a terminal goes on.
-  /// @throws UserError when the line cannot be taken
+  /// Returns the line that the user types, without its line end, or nothing at the end of the
+  /// input. A terminal can be read on after that.
+  /// @throws UserError if the line cannot be read
   virtual std::optional<std::string> readLine(const std::string& prompt) = 0;
 };
 
-/// Completes the part of a line that stands in front of the cursor.
-using Completer = std::function<Completion(std::string_view)>;
-
-/// A reader for the terminal at standard input and output, on which the user can edit the line,
-/// recall earlier ones with the arrow keys and complete with Tab; Ctrl-C drops the line.
-/// @return null where the program is built without that, or the terminal cannot do it
+/// A reader for the terminal at standard input and output. The user can edit the line, recall
+/// earlier lines with the arrow keys, complete with Tab, and drop the line with Ctrl-C.
+/// @return null if the program is built without line editing, or the terminal does not support it
 std::unique_ptr<LineReader> makeEditingReader(Completer completer);
 
 /// A reader that leaves editing to the terminal. The streams must outlive it.

@@ -12,7 +12,7 @@ public:
   std::optional<std::string> readLine(const std::string& prompt) override
   {
     if (m_input.eof() && !m_input.bad())
-      m_input.clear(); // a terminal goes on behind the end of the input
+      m_input.clear(); // a terminal goes on after the end of the input
     m_output << prompt << std::flush;
     return PointCollections::readLine(m_input);
   }

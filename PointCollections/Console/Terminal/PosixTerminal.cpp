@@ -25,7 +25,7 @@ bool isErrorTerminal()
 
 void prepareTerminal()
 {
-  std::signal(SIGPIPE, SIG_IGN); // or nothing would be said of changes that are not saved
+  std::signal(SIGPIPE, SIG_IGN); // or the program could not warn of unsaved changes
 }
 
 void ignoreInterrupts()

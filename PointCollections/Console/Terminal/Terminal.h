@@ -4,27 +4,28 @@
 #include <string>
 #include <vector>
 
-/// What differs between operating systems: one source file for each.
+/// The terminal. Each operating system has its own source file.
 namespace Tarvik::PointCollections {
 
-/// Whether a person types standard input.
+/// Whether standard input is a terminal.
 bool isInputTerminal();
 
-/// Whether a person reads standard output.
+/// Whether standard output is a terminal.
 bool isOutputTerminal();
 
-/// Whether a person reads standard error.
+/// Whether standard error is a terminal.
 bool isErrorTerminal();
 
-/// Makes the terminal take and show UTF-8 and colours where that is not so anyway, and the standard
-/// streams pass on bytes as they are. A reader of the output that goes away does not end the
-/// program. To be called before anything is read or written.
+/// Switches the terminal to UTF-8 and colours, and the standard streams to binary, if they are not
+/// already. A closed pipe at the output no longer ends the program. Call this before anything is
+/// read or written.
 void prepareTerminal();
 
-/// Lets Ctrl-C, which would end the program, at most drop the line that is being typed.
+/// From now on Ctrl-C drops the line that is being typed, if anything, and does not end the
+/// program.
 void ignoreInterrupts();
 
-/// The arguments behind the program's name, in UTF-8 where the system knows their encoding.
+/// The arguments after the program's name, in UTF-8 if the system knows their encoding.
 /// @param argc, argv  those of main()
 std::vector<std::string> programArguments(int argc, char** argv);
 

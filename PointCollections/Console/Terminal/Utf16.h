@@ -8,7 +8,7 @@
 
 namespace Tarvik::PointCollections {
 
-/// What Windows says, in UTF-8; half a surrogate pair becomes U+FFFD.
+/// The UTF-16 text in UTF-8. Half a surrogate pair becomes U+FFFD.
 inline std::string toUtf8(std::wstring_view text)
 {
   const auto convert = [text](char* result, int size) {

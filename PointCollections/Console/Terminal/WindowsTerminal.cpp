@@ -17,7 +17,7 @@
 namespace Tarvik::PointCollections {
 namespace {
 
-/// Not _isatty(), for which a printer and NUL are terminals too.
+/// Not _isatty(), which takes a printer and NUL for terminals too.
 bool isConsole(DWORD stream)
 {
   DWORD mode = 0;
@@ -32,7 +32,7 @@ void enableColors(DWORD stream)
     SetConsoleMode(console, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
 }
 
-/// The console stays when the program ends, and goes on with what it is set to.
+/// The console outlives the program, so its settings are restored at the end.
 void useUtf8()
 {
   static const UINT inputBefore = GetConsoleCP();
@@ -77,8 +77,8 @@ void ignoreInterrupts()
   SetConsoleCtrlHandler(nullptr, TRUE);
 }
 
-/// Those of main() lack the characters that the system's old encoding does not have, and MinGW
-/// replaces stars in them by the names of files.
+/// Not those of main(): they lack the characters outside the system's old encoding, and MinGW
+/// replaces stars in them with file names.
 std::vector<std::string> programArguments(int, char**)
 {
   int count = 0;

@@ -22,7 +22,7 @@ std::u32string folded(std::string_view text)
   return result;
 }
 
-/// Insertions, deletions, replacements and swaps of neighbours that lead from one to the other.
+/// How many insertions, deletions, replacements and swaps of neighbours turn one into the other.
 std::size_t editDistance(const std::u32string& a, const std::u32string& b)
 {
   Row beforeLast{};

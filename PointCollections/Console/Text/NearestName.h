@@ -8,16 +8,17 @@
 
 namespace Tarvik::PointCollections {
 
-/// The candidate that the user most likely meant with a word that is none of them.
+/// The candidate that the user most likely meant by a word that is not one of them.
 ///
-/// Close is what differs in few characters (one in three, three at most), where swapping two
-/// neighbours counts as one and the case of A to Z does not count; failing that, a name that
-/// starts with the word and a blank, as is left of a name without its quotes. Of equally close
-/// names the first counts. Words and names of more than 64 characters are close to nothing.
+/// A candidate is close if it differs in few characters (one in three, at most three). Swapping two
+/// neighbours counts as one difference; the case of A to Z is ignored. If no candidate is close,
+/// one that starts with the word and a blank is returned: the user may have left out the quotes. Of
+/// equally close candidates the first wins. Words and names of more than 64 characters match
+/// nothing.
 std::optional<std::string> nearestName(std::string_view word,
                                        const std::vector<std::string>& candidates);
 
-/// "; did you mean Europe?", or what to say when nothing is close.
+/// "; did you mean Europe?", or "; " and `otherwise` if no candidate is close.
 std::string suggestion(std::string_view word,
                        const std::vector<std::string>& candidates,
                        std::string_view otherwise);

@@ -6,7 +6,7 @@
 
 namespace Tarvik::PointCollections {
 
-/// How parts of the output stand out on a terminal that shows colours; plain text otherwise.
+/// Highlights parts of the output on a terminal with colours; otherwise leaves them plain.
 struct Style {
   bool isColored = false;
 

@@ -15,7 +15,7 @@ void drawBranches(const Tree& tree, const std::string& indent, std::string& out)
 
 }
 
-std::string drawn(const Tree& tree)
+std::string drawTree(const Tree& tree)
 {
   std::string result = tree.label + '\n';
   drawBranches(tree, "", result);

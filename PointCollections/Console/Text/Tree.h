@@ -8,11 +8,11 @@ namespace Tarvik::PointCollections {
 
 /// A line of a tree and the lines below it.
 struct Tree {
-  std::string label; ///< one line, fit to be printed
+  std::string label; ///< one line, safe to print
   std::vector<Tree> branches = {};
 };
 
-/// Draws the tree with ├─, └─ and │, one label per line, each line ended.
-std::string drawn(const Tree& tree);
+/// Draws the tree with ├─, └─ and │, one label per line. Every line has a line end.
+std::string drawTree(const Tree& tree);
 
 }

@@ -28,7 +28,7 @@ bool isForbiddenControl(char c)
   return (byte < 0x20 && c != '\t') || byte == 0x7F;
 }
 
-/// Reads words from the front of a line to its end.
+/// Reads the words of a line one after the other.
 class Scanner {
 public:
   explicit Scanner(std::string_view line) : m_line(line) { checkCharacters(); }
@@ -44,7 +44,7 @@ public:
 
   bool isAtEnd() const { return m_at == m_line.size(); }
 
-  /// Where the quote stands that the last word left open.
+  /// The position of the quote that the last word left open.
   std::optional<std::size_t> openQuote() const { return m_openQuote; }
 
   Word readWord() { return m_line[m_at] == '"' ? readQuoted() : readPlain(); }
@@ -76,7 +76,7 @@ private:
   {
     const std::size_t end = std::min(m_line.find_first_of(" \t\"", m_at), m_line.size());
     if (end < m_line.size() && m_line[end] == '"')
-      fail(end, "a quote inside a word; put the whole name in quotes, and a \\ in front of a "
+      fail(end, "a quote inside a word; put the whole name in quotes, and a \\ before a "
                 "quote that belongs to it");
     const auto text = m_line.substr(m_at, end - m_at);
     m_at = end;
@@ -95,7 +95,7 @@ private:
     }
     ++m_at;
     if (!isAtEnd() && !isBlank(m_line[m_at]))
-      fail(m_at, "a blank is missing behind the closing quote");
+      fail(m_at, "a blank is missing after the closing quote");
     if (Utf8::findInvalid(text) != npos || text.find('\0') != npos)
       fail(opening, "the escapes in this name do not make valid UTF-8 without NUL");
     return {text, true};
@@ -143,7 +143,7 @@ std::vector<Word> splitWords(std::string_view line)
   while (scanner.findWord())
     words.push_back(scanner.readWord());
   if (scanner.openQuote())
-    scanner.fail(*scanner.openQuote(), "this quote is never closed; add a \" behind the name");
+    scanner.fail(*scanner.openQuote(), "this quote is never closed; add a \" after the name");
   return words;
 }
 

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-/// How a command line falls into words.
+/// How a command line is split into words.
 ///
 ///     line    = *blank [word *(1*blank word)] *blank       blank = " " / TAB
 ///     word    = plain / quoted
@@ -24,20 +24,21 @@ struct Word {
 };
 
 /// The words of a line.
-/// @throws UserError with the column (counted from 1, in characters) where the line is not UTF-8,
-///         holds a control character, or breaks the grammar above
+/// @throws UserError with the column (counted from 1, in characters) if the line is not UTF-8, has
+/// a
+///         control character, or breaks the grammar above
 std::vector<Word> splitWords(std::string_view line);
 
 /// A line that the user is still typing.
 struct UnfinishedLine {
-  std::vector<Word> words; ///< those in front of the last
-  Word last;               ///< what is being typed; empty behind a blank
+  std::vector<Word> words; ///< without the last
+  Word last;               ///< the word being typed; empty after a blank
   std::size_t lastAt = 0;  ///< the byte at which the last word starts, quote included
   std::size_t size = 0;    ///< of the whole line, in bytes
 };
 
-/// Splits a line that is not complete yet: the last word's quote may be open.
-/// @throws UserError as splitWords() does, but for the open quote
+/// Splits a line that is not complete yet. The quote of the last word may be open.
+/// @throws UserError as splitWords() does, except for the open quote
 UnfinishedLine splitUnfinished(std::string_view line);
 
 }

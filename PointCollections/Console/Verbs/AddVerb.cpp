@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "HighLevelServices/GroupCommands/AddToTKGroupCmd.h"
 #include "PointCollections/Console/Session/Lookup.h"
-#include "PointCollections/Console/Verbs/AllVerbs.h"
+#include "PointCollections/Console/Verbs/EachVerb.h"
 #include "PointCollections/Console/Verbs/Movement.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
@@ -19,18 +19,18 @@ constexpr int atTheEnd = -1;
 int checkedIndex(std::size_t index)
 {
   if (index > static_cast<std::size_t>(std::numeric_limits<int>::max()))
-    throw UserError("this place is too far behind in the group; use --end");
+    throw UserError("this place is too far down in the group; use --end");
   return static_cast<int>(index);
 }
 
 int indexOfPlace(const TKGroup<GUIdentifier>& group, const Word& word)
 {
   const std::size_t members = group.getGroupMembers().size();
-  const std::size_t place = positiveNumber(word, "the place behind --at");
+  const std::size_t place = positiveNumber(word, "the place after --at");
   if (place > members + 1)
-    throw UserError(fmt::format("--at {} is behind the end; {} has {}, so N is from 1 to {}",
-                                word.text, mentioned(group.getName()), counted(members, "member"),
-                                members + 1));
+    throw UserError(fmt::format("--at {} is after the end; {} has {}, so N is from 1 to {}",
+                                word.text, displayName(group.getName()),
+                                pluralize(members, "member"), members + 1));
   return checkedIndex(place - 1);
 }
 
@@ -39,8 +39,8 @@ int indexOfMember(PointDocument& document, const TKGroup<GUIdentifier>& group, c
   const auto& members = group.getGroupMembers();
   const auto found = std::find(members.begin(), members.end(), elementNamed(document, word));
   if (found == members.end())
-    throw UserError(fmt::format("{} is not in {}; name one of its members behind --before",
-                                mentioned(word.text), mentioned(group.getName())));
+    throw UserError(fmt::format("{} is not in {}; name one of its members after --before",
+                                displayName(word.text), displayName(group.getName())));
   return checkedIndex(static_cast<std::size_t>(found - members.begin()));
 }
 
@@ -57,7 +57,7 @@ int insertIndex(PointDocument& document,
   return atTheEnd;
 }
 
-/// Whether the elements stand in front of that place of the group, or from it on, already.
+/// Whether the elements are already in the group, directly before that place or from it on.
 bool areInPlace(PointDocument& document,
                 const TKGroup<GUIdentifier>& group,
                 const std::vector<GUIdentifier>& elements,
@@ -68,19 +68,19 @@ bool areInPlace(PointDocument& document,
     return false;
   const auto& members = group.getGroupMembers();
   const auto place = index == atTheEnd ? members.size() : static_cast<std::size_t>(index);
-  const auto standFrom = [&](std::size_t start) {
+  const auto areFrom = [&](std::size_t start) {
     return std::equal(elements.begin(), elements.end(),
                       members.begin() + static_cast<std::ptrdiff_t>(start));
   };
-  return (place >= elements.size() && standFrom(place - elements.size())) ||
-         (place + elements.size() <= members.size() && standFrom(place));
+  return (place >= elements.size() && areFrom(place - elements.size())) ||
+         (place + elements.size() <= members.size() && areFrom(place));
 }
 
 std::string add(Session& session, const Arguments& arguments)
 {
-  auto& document = *session.document;
+  auto& document = *session.editor.document();
   const auto& group = groupNamed(document, arguments.at(0));
-  const auto name = mentioned(group.getName());
+  const auto name = displayName(group.getName());
   const auto elements = elementsNamed(document, arguments.from(1));
   const int index = insertIndex(document, group, arguments);
   if (elements.empty())
@@ -88,12 +88,12 @@ std::string add(Session& session, const Arguments& arguments)
   if (areInPlace(document, group, elements, index))
     return "Nothing to add; this is the order already.";
 
-  const auto movement = movementInWords(document, elements, &group);
-  auto command =
-      std::make_shared<AddToTKGroupCmd<GUIdentifier>>(session.document, elements, group.getId());
+  const auto movement = describeMovement(document, elements, &group);
+  auto command = std::make_shared<AddToTKGroupCmd<GUIdentifier>>(session.editor.document(),
+                                                                 elements, group.getId());
   command->setInsertIndex(index);
-  session.history.execute(command);
-  return fmt::format("Added {} to {}{}.", counted(elements.size(), "element"), name, movement);
+  session.editor.history().execute(command);
+  return fmt::format("Added {} to {}{}.", pluralize(elements.size(), "element"), name, movement);
 }
 
 }
@@ -102,10 +102,11 @@ Verb addVerb()
 {
   return {.name = "add",
           .usage = "add GROUP [ELEMENT…] [--at N | --before ELEMENT | --end]",
-          .summary = "put elements into a group, or elsewhere in it",
-          .details = "They go to the end of the group, in the order given, or in front of its "
-                     "N-th member or of the\nmember named. N counts from 1; one more than there "
-                     "are members means the end. Elements leave\nthe group that held them.",
+          .summary = "put elements into a group, or move them within it",
+          .details = "They go to the end of the group, in the order given. --at N puts them before "
+                     "the N-th member,\n--before puts them before the member named. N counts from "
+                     "1; the number of members plus 1 means\nthe end. Elements leave the group "
+                     "that held them.",
           .example = "add Europe Berlin \"Isle of Man\" --at 1",
           .parameters = {{"GROUP", ArgumentKind::Group},
                          {"ELEMENT", ArgumentKind::Element, Occurrence::AnyNumber}},

@@ -58,9 +58,9 @@ Arguments::Arguments(const Verb& verb, const std::vector<Word>& words)
   checkCount(verb);
 }
 
-std::vector<Word> Arguments::from(std::size_t place) const
+std::vector<Word> Arguments::from(std::size_t index) const
 {
-  const auto start = std::min(place, m_words.size());
+  const auto start = std::min(index, m_words.size());
   return {m_words.begin() + static_cast<std::ptrdiff_t>(start), m_words.end()};
 }
 
@@ -79,7 +79,7 @@ void Arguments::checkCount(const Verb& verb) const
   const bool isEndless = !verb.parameters.empty() && isOpen(verb.parameters.back().occurrence);
   if (count() > verb.parameters.size() && !isEndless)
     throw UserError(fmt::format("{} is one argument too many; usage: {}",
-                                mentioned(at(verb.parameters.size()).text), verb.usage));
+                                displayName(at(verb.parameters.size()).text), verb.usage));
 }
 
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "HighLevelServices/GroupCommands/CreateTKGroupCmd.h"
 #include "PointCollections/Console/Session/Lookup.h"
-#include "PointCollections/Console/Verbs/AllVerbs.h"
+#include "PointCollections/Console/Verbs/EachVerb.h"
 #include "PointCollections/Console/Verbs/Movement.h"
 #include "PointCollections/Text/Quoting.h"
 
@@ -12,19 +12,19 @@ namespace {
 
 std::string create(Session& session, const Arguments& arguments)
 {
-  auto& document = *session.document;
+  auto& document = *session.editor.document();
   const std::string& wanted = arguments.at(0).text;
   const auto elements = elementsNamed(document, arguments.from(1));
-  const auto movement = movementInWords(document, elements, nullptr);
+  const auto movement = describeMovement(document, elements, nullptr);
 
-  session.history.execute(
-      std::make_shared<CreateTKGroupCmd<GUIdentifier>>(session.document, elements, wanted));
+  session.editor.history().execute(std::make_shared<CreateTKGroupCmd<GUIdentifier>>(
+      session.editor.document(), elements, wanted));
 
   const std::string& given = document.getGroups().back().getName();
   const bool isOther = given != wanted && !wanted.empty();
-  return fmt::format("Created {} with {}{}{}.", mentioned(given),
-                     counted(elements.size(), "element"), movement,
-                     isOther ? "; the name " + mentioned(wanted) + " was taken" : std::string());
+  return fmt::format("Created {} with {}{}{}.", displayName(given),
+                     pluralize(elements.size(), "element"), movement,
+                     isOther ? "; the name " + displayName(wanted) + " was taken" : std::string());
 }
 
 }
@@ -35,8 +35,8 @@ Verb createVerb()
           .usage = "create NAME [ELEMENT…]",
           .summary = "make a group and move elements into it",
           .details = "The group goes to the end of the list. Elements leave the group that held "
-                     "them. A name that is\ntaken gets a number; an empty name (\"\") stands for "
-                     "Group.",
+                     "them. If the name is\ntaken, a number is added to it; an empty name (\"\") "
+                     "means Group.",
           .example = "create Europe Paris \"Isle of Man\"",
           .parameters = {{"NAME", ArgumentKind::Text},
                          {"ELEMENT", ArgumentKind::Element, Occurrence::AnyNumber}},

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "PointCollections/Console/Verbs/AllVerbs.h"
+#include "PointCollections/Console/Verbs/EachVerb.h"
 
 #include <fmt/format.h>
 
@@ -14,9 +14,8 @@ std::string helpOn(const Verb& verb, const Style& style)
                      verb.summary, verb.details, verb.usage, verb.example);
 }
 
-std::string listOfVerbs(const Style& style)
+std::string helpOnAll(const std::vector<Verb>& verbs, const Style& style)
 {
-  const auto& verbs = allVerbs();
   const auto longest = std::max_element(verbs.begin(), verbs.end(), [](const auto& a, auto& b) {
     return a.name.size() < b.name.size();
   });
@@ -25,29 +24,28 @@ std::string listOfVerbs(const Style& style)
     const std::string padding(longest->name.size() - verb.name.size() + 2, ' ');
     list += fmt::format("  {}{}{}\n", style.strong(verb.name), padding, verb.summary);
   }
-  return list + "\nType help and a verb to learn more. Names with blanks go in double quotes, "
-                "where \\\" and \\\\ stand\nfor \" and \\. Of groups that have the same name, @2 "
-                "means the second group of all.";
-}
-
-std::string help(Session& session, const Arguments& arguments)
-{
-  return arguments.count() > 0 ? helpOn(verbNamed(arguments.at(0).text), session.style)
-                               : listOfVerbs(session.style);
+  return list +
+         "\nType help and a command to learn more. Put a name with blanks in double quotes; in "
+         "them, write\n\\\" for \" and \\\\ for \\. If groups have the same name, write @2 for the "
+         "second group in the list.";
 }
 
 }
 
-Verb helpVerb()
+Verb helpVerb(const std::vector<Verb>& (*verbs)())
 {
   return {.name = "help",
-          .usage = "help [VERB]",
-          .summary = "list the verbs, or explain one",
+          .usage = "help [COMMAND]",
+          .summary = "list the commands, or explain one",
           .details = "Lines that start with # are comments.",
           .example = "help add",
-          .parameters = {{"VERB", ArgumentKind::Verb, Occurrence::Optionally}},
+          .parameters = {{"COMMAND", ArgumentKind::Verb, Occurrence::Optionally}},
           .options = {},
-          .run = help};
+          .run = [verbs](Session& session, const Arguments& arguments) {
+            return arguments.count() > 0
+                       ? helpOn(verbNamed(verbs(), arguments.at(0).text), session.style)
+                       : helpOnAll(verbs(), session.style);
+          }};
 }
 
 }

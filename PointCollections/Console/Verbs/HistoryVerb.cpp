@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "PointCollections/Console/Verbs/AllVerbs.h"
+#include "PointCollections/Console/Verbs/EachVerb.h"
 #include "PointCollections/Text/Quoting.h"
 
 #include <fmt/format.h>
@@ -9,7 +9,7 @@ namespace {
 
 std::string line(const Session& session, std::size_t number, const std::string& description)
 {
-  const auto& history = session.history;
+  const auto& history = session.editor.history();
   const bool isUndone = number > history.position();
   const bool isClean = history.cleanPosition() == number;
   const auto text =
@@ -22,7 +22,7 @@ std::string history(Session& session, const Arguments&)
 {
   std::string result = line(session, 0, "Start");
   std::size_t number = 0;
-  for (const auto& entry : session.history.entries())
+  for (const auto& entry : session.editor.history().entries())
     result += '\n' + line(session, ++number, entry->getDescription());
   return result;
 }
@@ -33,9 +33,9 @@ Verb historyVerb()
 {
   return {.name = "history",
           .usage = "history",
-          .summary = "list the changes, the present one marked with →",
-          .details = "Changes behind the mark are undone: redo makes them again. The clean state "
-                     "is the one that\nwas opened, or saved last.",
+          .summary = "list the steps, with → at the present one",
+          .details = "The steps after the mark are undone; redo repeats them. The clean state is "
+                     "the one that was\nopened or saved last.",
           .example = "history",
           .parameters = {},
           .options = {},

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "HighLevelServices/GroupCommands/MoveTKGroupElementsCmd.h"
 #include "PointCollections/Console/Session/Lookup.h"
-#include "PointCollections/Console/Verbs/AllVerbs.h"
+#include "PointCollections/Console/Verbs/EachVerb.h"
 #include "PointCollections/Console/Verbs/Movement.h"
 #include "PointCollections/Document/Placement.h"
 #include "PointCollections/Text/Quoting.h"
@@ -14,7 +14,7 @@
 namespace Tarvik::PointCollections {
 namespace {
 
-/// The one option that is given of the two that tell the place.
+/// The option that gives the place.
 std::string optionGiven(const Arguments& arguments)
 {
   const bool hasBefore = arguments.has("--before");
@@ -26,9 +26,8 @@ std::string optionGiven(const Arguments& arguments)
   return hasBefore ? "--before" : "--behind";
 }
 
-/// Whether the elements stand beside the target already, as the user sees it: grouped elements,
-/// which also have a place in the document's order, do not stand between those that are in no
-/// group.
+/// Whether the elements are already beside the target, as the user sees it. Grouped elements have a
+/// place in the document's order too, but the user does not see them among the ungrouped ones.
 bool areInPlace(PointDocument& document,
                 const std::vector<GUIdentifier>& elements,
                 const GUIdentifier& target,
@@ -43,26 +42,26 @@ bool areInPlace(PointDocument& document,
 
 std::string moveElements(Session& session, const Arguments& arguments)
 {
-  auto& document = *session.document;
+  auto& document = *session.editor.document();
   const auto option = optionGiven(arguments);
   const bool insertBefore = option == "--before";
   const auto target = elementNamed(document, arguments.valueOf(option));
-  const auto name = mentioned(arguments.valueOf(option).text);
+  const auto name = displayName(arguments.valueOf(option).text);
   const auto elements = elementsNamed(document, arguments.from(0));
   if (elements == std::vector{target})
     throw UserError(
-        fmt::format("{} cannot go beside itself; name another element behind {}", name, option));
+        fmt::format("{} cannot go beside itself; name another element after {}", name, option));
   if (areInPlace(document, elements, target, insertBefore))
     return "Nothing to move; this is the order already.";
 
   const auto* group = document.holderOf(target);
   const auto place =
-      group != nullptr ? " in " + mentioned(group->getName()) : ", which is in no group";
-  const auto movement = movementInWords(document, elements, group);
-  session.history.execute(std::make_shared<MoveTKGroupElementsCmd<GUIdentifier>>(
-      session.document, elements, target, insertBefore));
-  return fmt::format("Moved {} {} {}{}{}.", counted(elements.size(), "element"),
-                     insertBefore ? "in front of" : "behind", name, place, movement);
+      group != nullptr ? " in " + displayName(group->getName()) : ", which is ungrouped";
+  const auto movement = describeMovement(document, elements, group);
+  session.editor.history().execute(std::make_shared<MoveTKGroupElementsCmd<GUIdentifier>>(
+      session.editor.document(), elements, target, insertBefore));
+  return fmt::format("Moved {} {} {}{}{}.", pluralize(elements.size(), "element"),
+                     insertBefore ? "before" : "after", name, place, movement);
 }
 
 }
@@ -71,10 +70,10 @@ Verb moveVerb()
 {
   return {.name = "move",
           .usage = "move ELEMENT… --before TARGET | --behind TARGET",
-          .summary = "put elements beside another one, wherever that is",
-          .details = "They stand there in the order given, in the group that holds TARGET. When no "
-                     "group does, they\nleave their groups and stand beside it among what is in "
-                     "no group. TARGET may be one of them:\nthe others gather around it.",
+          .summary = "put elements before or after another one",
+          .details = "They go next to TARGET in the order given, into the group that holds it. If "
+                     "TARGET is ungrouped,\nthey leave their groups and become ungrouped too. "
+                     "TARGET may be one of them: the others gather\naround it.",
           .example = "move Berlin \"Isle of Man\" --before Paris",
           .parameters = {{"ELEMENT", ArgumentKind::Element, Occurrence::OnceOrMore}},
           .options = {{"--before", ArgumentKind::Element, "TARGET"},

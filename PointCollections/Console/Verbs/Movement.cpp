@@ -24,15 +24,15 @@ std::vector<Origin> originsOf(PointDocument& document, const std::vector<GUIdent
   return origins;
 }
 
-std::string movementInWords(PointDocument& document,
-                            const std::vector<GUIdentifier>& elements,
-                            const TKGroup<GUIdentifier>* target)
+std::string describeMovement(PointDocument& document,
+                             const std::vector<GUIdentifier>& elements,
+                             const TKGroup<GUIdentifier>* target)
 {
   std::string words;
   for (const Origin& origin : originsOf(document, elements))
     words += fmt::format("{}{} {}", words.empty() ? "" : ", ", origin.elements,
                          origin.group == target ? "moved within it"
-                                                : "from " + mentioned(origin.group->getName()));
+                                                : "from " + displayName(origin.group->getName()));
   return words.empty() ? words : " (" + words + ')';
 }
 

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "PointCollections/Console/Session/DocumentFile.h"
-#include "PointCollections/Console/Verbs/AllVerbs.h"
+#include "PointCollections/Console/Verbs/EachVerb.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
 #include "PointCollections/Text/Utf8.h"
@@ -12,23 +11,29 @@
 namespace Tarvik::PointCollections {
 namespace {
 
+Confirmation confirmationFor(Session& session)
+{
+  return session.confirmDiscarding ? session.confirmDiscarding(session) : Confirmation::Missing;
+}
+
 std::string open(Session& session, const Arguments& arguments)
 {
+  auto& editor = session.editor;
   const auto file = Utf8::toPath(arguments.at(0).text);
-  auto opened = readDocument(*session.files, file); // for a file that is no good nobody is asked
-  const bool isToAsk = !arguments.has("--discard") && !session.history.isClean();
-  const auto farewell = isToAsk ? askForFarewell(session) : Farewell::Granted;
-  if (farewell == Farewell::Unanswered)
-    throw UserError(fmt::format("{} has changes that are not saved; save them first, or add "
-                                "--discard to lose them",
-                                mentioned(session.title)));
-  if (farewell == Farewell::Refused)
-    return fmt::format("Nothing opened; {} stays.", mentioned(session.title));
-
-  if (isToAsk)
-    opened = readDocument(*session.files, file); // the changes may have been saved in it
-  adopt(session, std::move(opened));
-  return fmt::format("Opened {}.", documentInWords(session));
+  auto opened = openDocument(editor.files(), file); // first, so that a bad file asks nothing
+  const auto title = displayName(editor.title());
+  if (editor.hasUnsavedChanges() && !arguments.has("--discard")) {
+    const auto confirmation = confirmationFor(session);
+    if (confirmation == Confirmation::Missing)
+      throw UserError(fmt::format("{} has unsaved changes; save them first, or add --discard to "
+                                  "lose them",
+                                  title));
+    if (confirmation == Confirmation::Refused)
+      return fmt::format("Nothing opened; {} stays open.", title);
+    opened = openDocument(editor.files(), file); // the user may just have saved in this file
+  }
+  editor.replaceDocument(std::move(opened));
+  return fmt::format("Opened {}.", summaryOf(editor));
 }
 
 }
@@ -37,10 +42,10 @@ Verb openVerb()
 {
   return {.name = "open",
           .usage = "open FILE [--discard]",
-          .summary = "replace the document by another one",
-          .details = "FILE is a project when its name ends in .tkpc, and a text with points "
-                     "otherwise. The history starts\nanew. Changes that are not saved: you are "
-                     "asked; a script stops, unless --discard is given.",
+          .summary = "replace the document with another one",
+          .details = "If the name of FILE ends in .tkpc, it is a project, otherwise a text file "
+                     "with points. The history\nstarts anew. If there are unsaved changes, you are "
+                     "asked; a script stops unless --discard is given.",
           .example = "open continents.tkpc",
           .parameters = {{"FILE", ArgumentKind::File}},
           .options = {{"--discard", std::nullopt}},

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
-#include "PointCollections/Console/Session/DocumentFile.h"
-#include "PointCollections/Console/Verbs/AllVerbs.h"
+#include "PointCollections/Console/Verbs/EachVerb.h"
 
 namespace Tarvik::PointCollections {
 namespace {
 
-/// A script that does not save may want nothing but its output.
+/// A script may discard its changes: perhaps only its output is wanted.
 std::string quit(Session& session, const Arguments&)
 {
-  session.isOver = !session.ask || askForFarewell(session) == Farewell::Granted;
+  session.isOver =
+      !session.confirmDiscarding || session.confirmDiscarding(session) == Confirmation::Given;
   return {};
 }
 
@@ -19,8 +19,9 @@ Verb quitVerb()
   return {.name = "quit",
           .usage = "quit",
           .summary = "leave the program",
-          .details = "You are asked what is to become of changes that are not saved. In a script, "
-                     "the lines behind it\nare not read. Ctrl-D does the same on a terminal.",
+          .details = "If there are unsaved changes, you are asked what to do with them. In a "
+                     "script, the lines after\nquit are not read. On a terminal, Ctrl-D does the "
+                     "same.",
           .example = "quit",
           .parameters = {},
           .options = {},

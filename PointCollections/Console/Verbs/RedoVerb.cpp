@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "PointCollections/Console/Verbs/AllVerbs.h"
+#include "PointCollections/Console/Verbs/EachVerb.h"
 #include "PointCollections/Console/Verbs/Steps.h"
 
 namespace Tarvik::PointCollections {
@@ -7,7 +7,7 @@ namespace {
 
 std::string redo(Session& session, const Arguments& arguments)
 {
-  auto& history = session.history;
+  auto& history = session.editor.history();
   const std::size_t position = history.position();
   const std::size_t steps = stepsAsked(arguments, history.entries().size() - position, "redo");
 
@@ -24,9 +24,9 @@ Verb redoVerb()
 {
   return {.name = "redo",
           .usage = "redo [N]",
-          .summary = "make the last change again that was undone, or the last N",
-          .details = "N is from 1 to the number of changes that are undone. Nothing is redone "
-                     "when there are fewer.\nA new change leaves nothing to redo.",
+          .summary = "repeat the last step that was undone, or the last N steps",
+          .details = "N is at most the number of steps that are undone; with a greater N nothing "
+                     "is redone. After a\nnew change there is nothing to redo.",
           .example = "redo",
           .parameters = {{"N", ArgumentKind::Number, Occurrence::Optionally}},
           .options = {},

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "HighLevelServices/GroupCommands/RemoveFromTKGroupCmd.h"
 #include "PointCollections/Console/Session/Lookup.h"
-#include "PointCollections/Console/Verbs/AllVerbs.h"
+#include "PointCollections/Console/Verbs/EachVerb.h"
 #include "PointCollections/Console/Verbs/Movement.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
@@ -15,28 +15,28 @@ void checkAllInGroups(PointDocument& document, const std::vector<GUIdentifier>& 
 {
   for (const GUIdentifier& element : elements) {
     if (document.holderOf(element) == nullptr)
-      throw UserError(fmt::format("{} is in no group; name members of groups only",
-                                  mentioned(document.getElementName(element))));
+      throw UserError(fmt::format("{} is ungrouped; name members of groups only",
+                                  displayName(document.getElementName(element))));
   }
 }
 
-std::string sourceInWords(PointDocument& document, const std::vector<GUIdentifier>& elements)
+std::string describeSource(PointDocument& document, const std::vector<GUIdentifier>& elements)
 {
   const auto origins = originsOf(document, elements);
-  return origins.size() == 1 ? " from " + mentioned(origins.front().group->getName())
-                             : movementInWords(document, elements, nullptr);
+  return origins.size() == 1 ? " from " + displayName(origins.front().group->getName())
+                             : describeMovement(document, elements, nullptr);
 }
 
 std::string removeElements(Session& session, const Arguments& arguments)
 {
-  auto& document = *session.document;
+  auto& document = *session.editor.document();
   const auto elements = elementsNamed(document, arguments.from(0));
   checkAllInGroups(document, elements);
 
-  const auto source = sourceInWords(document, elements);
-  session.history.execute(
-      std::make_shared<RemoveFromTKGroupCmd<GUIdentifier>>(session.document, elements));
-  return fmt::format("Removed {}{}.", counted(elements.size(), "element"), source);
+  const auto source = describeSource(document, elements);
+  session.editor.history().execute(
+      std::make_shared<RemoveFromTKGroupCmd<GUIdentifier>>(session.editor.document(), elements));
+  return fmt::format("Removed {}{}.", pluralize(elements.size(), "element"), source);
 }
 
 }
@@ -46,8 +46,8 @@ Verb removeVerb()
   return {.name = "remove",
           .usage = "remove ELEMENT…",
           .summary = "take elements out of their groups",
-          .details = "They are in no group then, each at its place in the order of the document. "
-                     "Groups stay, also\nwhen they are empty.",
+          .details = "They become ungrouped, each at its place in the document's order. Groups "
+                     "stay, even empty ones.",
           .example = "remove Paris \"Isle of Man\"",
           .parameters = {{"ELEMENT", ArgumentKind::Member, Occurrence::OnceOrMore}},
           .options = {},

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "HighLevelServices/GroupCommands/RenameTKGroupCmd.h"
 #include "PointCollections/Console/Session/Lookup.h"
-#include "PointCollections/Console/Verbs/AllVerbs.h"
+#include "PointCollections/Console/Verbs/EachVerb.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
 
@@ -12,7 +12,7 @@
 namespace Tarvik::PointCollections {
 namespace {
 
-/// The document would take any name; a user could not tell the groups apart.
+/// The document accepts any name, but the user has to tell the groups apart.
 void checkNewName(PointDocument& document, const std::string& name)
 {
   if (name.empty())
@@ -20,22 +20,22 @@ void checkNewName(PointDocument& document, const std::string& name)
   const auto taken = groupNames(document);
   if (std::find(taken.begin(), taken.end(), name) != taken.end())
     throw UserError(
-        fmt::format("another group has the name {}; choose one that is free", mentioned(name)));
+        fmt::format("another group has the name {}; choose one that is free", displayName(name)));
 }
 
 std::string renameGroup(Session& session, const Arguments& arguments)
 {
-  auto& document = *session.document;
+  auto& document = *session.editor.document();
   const auto& group = groupNamed(document, arguments.at(0));
   const auto oldName = group.getName();
   const std::string& newName = arguments.at(1).text;
   if (newName == oldName)
-    return fmt::format("Nothing to rename; {} has this name already.", mentioned(oldName));
+    return fmt::format("Nothing to rename; {} has this name already.", displayName(oldName));
   checkNewName(document, newName);
 
-  session.history.execute(
-      std::make_shared<RenameTKGroupCmd<GUIdentifier>>(session.document, group.getId(), newName));
-  return fmt::format("Renamed {} to {}.", mentioned(oldName), mentioned(newName));
+  session.editor.history().execute(std::make_shared<RenameTKGroupCmd<GUIdentifier>>(
+      session.editor.document(), group.getId(), newName));
+  return fmt::format("Renamed {} to {}.", displayName(oldName), displayName(newName));
 }
 
 }
@@ -45,8 +45,8 @@ Verb renameVerb()
   return {.name = "rename",
           .usage = "rename GROUP NAME",
           .summary = "give a group another name",
-          .details = "The group keeps its place and its members. The name must not be empty, nor "
-                     "that of another group.",
+          .details = "The group keeps its place and its members. NAME must not be empty, nor the "
+                     "name of another group.",
           .example = "rename Europe \"Old World\"",
           .parameters = {{"GROUP", ArgumentKind::Group}, {"NAME", ArgumentKind::Text}},
           .options = {},

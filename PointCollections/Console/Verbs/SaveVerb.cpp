@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "PointCollections/Console/Session/DocumentFile.h"
-#include "PointCollections/Console/Verbs/AllVerbs.h"
+#include "PointCollections/Console/Verbs/EachVerb.h"
 #include "PointCollections/Project/ProjectFile.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
@@ -11,42 +10,45 @@
 namespace Tarvik::PointCollections {
 namespace {
 
-/// What the user has not seen may be the only copy of something.
-void checkOverwriting(Session& session, const std::filesystem::path& file)
+void checkOverwriting(const Editor& editor, const std::filesystem::path& file)
 {
-  auto& files = *session.files;
-  const bool isOwn = file == session.projectFile || files.areSame(file, session.projectFile);
-  const auto name = mentioned(Utf8::fromPath(file));
-  if (!isOwn && files.exists(file))
+  const auto name = displayName(Utf8::fromPath(file));
+  switch (editor.overwriteRisk(file)) {
+  case Editor::OverwriteRisk::None:
+    return;
+  case Editor::OverwriteRisk::OtherFile:
     throw UserError(fmt::format("{} exists already; add --overwrite to replace it", name));
-  if (isOwn && hasChangedOnDisk(session))
+  case Editor::OverwriteRisk::OtherChanges:
     throw UserError(fmt::format("another program has changed {}; save under another name, or add "
                                 "--overwrite to replace it",
                                 name));
+  }
 }
 
-std::filesystem::path fileAskedFor(const Session& session, const Arguments& arguments)
+std::filesystem::path fileToSaveIn(const Editor& editor, const Arguments& arguments)
 {
   if (arguments.count() == 0) {
-    if (session.projectFile.empty())
+    if (editor.projectFile().empty())
       throw UserError(fmt::format("{} is not saved in a project file yet; usage: save FILE",
-                                  mentioned(session.title)));
-    return session.projectFile;
+                                  displayName(editor.title())));
+    return editor.projectFile();
   }
   auto file = Utf8::toPath(arguments.at(0).text);
   if (!isProjectName(file))
-    throw UserError(fmt::format("{} is no name of a project file; expected one that ends in {}",
-                                mentioned(arguments.at(0).text), projectExtension));
+    throw UserError(fmt::format("{} is not the name of a project file; expected one that ends in "
+                                "{}",
+                                displayName(arguments.at(0).text), projectExtension));
   return file;
 }
 
 std::string save(Session& session, const Arguments& arguments)
 {
-  const auto file = fileAskedFor(session, arguments);
+  auto& editor = session.editor;
+  const auto file = fileToSaveIn(editor, arguments);
   if (!arguments.has("--overwrite"))
-    checkOverwriting(session, file);
-  saveDocument(session, file);
-  return fmt::format("Saved {}.", documentInWords(session));
+    checkOverwriting(editor, file);
+  editor.save(file);
+  return fmt::format("Saved {}.", summaryOf(editor));
 }
 
 }
@@ -56,11 +58,10 @@ Verb saveVerb()
   return {.name = "save",
           .usage = "save [FILE] [--overwrite]",
           .summary = "write elements, groups and order to a project file",
-          .details =
-              "FILE ends in .tkpc. It is the document's own file from then on, to which save "
-              "without FILE writes.\nAnother file that exists, or that another program has "
-              "changed, is replaced with --overwrite only.\nWhatever goes wrong, the old "
-              "file or the new one is there, whole. The history is not saved.",
+          .details = "The name of FILE ends in .tkpc. Later, save without FILE writes to the same "
+                     "file. Another file\nthat exists, or a file that another program has changed, "
+                     "is only replaced with --overwrite. If\nsaving fails, the old file stays as "
+                     "it was. The history is not saved.",
           .example = "save continents.tkpc",
           .parameters = {{"FILE", ArgumentKind::File, Occurrence::Optionally}},
           .options = {{"--overwrite", std::nullopt}},

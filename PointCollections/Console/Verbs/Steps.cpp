@@ -17,7 +17,7 @@ std::size_t stepsAsked(const Arguments& arguments, std::size_t available, const 
     throw UserError(fmt::format("there is nothing to {}", verb));
   if (steps > available)
     throw UserError(fmt::format("{} is more than there is to {}; expected a number from 1 to {}",
-                                mentioned(arguments.at(0).text), verb, available));
+                                displayName(arguments.at(0).text), verb, available));
   return steps;
 }
 

@@ -11,9 +11,9 @@
 namespace Tarvik::PointCollections {
 
 /// How many steps the user asks for: the first argument, or 1.
-/// @param available  how many there are
+/// @param available  how many steps there are
 /// @param verb       "undo" or "redo", for messages
-/// @throws UserError when it is not a number from 1 up, or more than there are
+/// @throws UserError unless the number is from 1 to `available`
 std::size_t stepsAsked(const Arguments& arguments, std::size_t available, const std::string& verb);
 
 /// Appends a line such as "Undone: Create Group" to the report.

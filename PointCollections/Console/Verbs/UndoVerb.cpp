@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
-#include "PointCollections/Console/Verbs/AllVerbs.h"
+#include "PointCollections/Console/Verbs/EachVerb.h"
 #include "PointCollections/Console/Verbs/Steps.h"
+
+#include <fmt/format.h>
 
 namespace Tarvik::PointCollections {
 namespace {
 
 std::string undo(Session& session, const Arguments& arguments)
 {
-  auto& history = session.history;
+  auto& history = session.editor.history();
   const std::size_t position = history.position();
   const std::size_t steps = stepsAsked(arguments, position, "undo");
 
@@ -24,9 +26,10 @@ Verb undoVerb()
 {
   return {.name = "undo",
           .usage = "undo [N]",
-          .summary = "take the last change back, or the last N",
-          .details = "N is from 1 to the number of changes in effect. Nothing is undone when "
-                     "there are fewer. The last 1000 changes are kept.",
+          .summary = "take back the last step, or the last N steps",
+          .details = fmt::format("N is at most the number of steps that can be undone; with a "
+                                 "greater N nothing is undone.\nThe last {} steps are kept.",
+                                 Editor::historyLimit),
           .example = "undo 2",
           .parameters = {{"N", ArgumentKind::Number, Occurrence::Optionally}},
           .options = {},

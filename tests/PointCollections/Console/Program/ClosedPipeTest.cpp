@@ -15,8 +15,8 @@ namespace {
 
 using ::testing::HasSubstr;
 
-/// Runs the program with an output that nobody reads; its exit status, or -1 when a signal ended
-/// it.
+/// Runs the program with an output that nobody reads.
+/// @return its exit status, or -1 if a signal ended it
 int runUnread(const std::string& points, const std::string& errors)
 {
   std::array<int, 2> pipeEnds{};
@@ -36,7 +36,7 @@ int runUnread(const std::string& points, const std::string& errors)
   return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-TEST(ClosedPipe, IsToldTogetherWithTheChangesThatAreNotSaved)
+TEST(ClosedPipe, IsReportedTogetherWithUnsavedChanges)
 {
   const TemporaryFolder folder;
   const auto points = folder.write("points.csv", "collection,x,y,z\na,1,2,3\n").string();

@@ -21,14 +21,14 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using Microseconds = std::chrono::microseconds;
 
-/// The program with a change to save, at the moment when it starts to; killed at the end.
+/// The program at the moment when it starts to save a change. It is killed at the end.
 class SavingProgram {
 public:
   explicit SavingProgram(const std::filesystem::path& file)
       : m_process(Utf8::toPath(POINT_COLLECTIONS_PROGRAM),
                   {Utf8::fromPath(file), "--quiet", "--command", "create New", "--command", "save"})
   {
-    EXPECT_NE(m_process.read(), "") << "it should tell of the change";
+    EXPECT_NE(m_process.read(), "") << "it should report the change";
   }
 
   /// Returns when the program has ended by itself.
@@ -97,7 +97,7 @@ protected:
   std::filesystem::path m_file = m_folder.write("p.tkpc", m_old);
 };
 
-TEST_F(KilledWhileSaving, LeavesTheOldFileOrTheNewOneWhole)
+TEST_F(KilledWhileSaving, LeavesTheOldFileOrTheNewOneComplete)
 {
   constexpr int kills = 200;
   const auto longest = timeToSave() * 3 / 2;

@@ -23,10 +23,10 @@ constexpr auto up = "\x1B[A";
 constexpr auto controlC = "\x03";
 constexpr auto controlD = "\x04";
 
-/// The program on a terminal, with a person who types.
+/// The program on a terminal, with a user who types.
 class Terminal {
 public:
-  /// @param kind  what the terminal can do, as TERM tells it
+  /// @param kind  of the terminal, as in TERM
   explicit Terminal(const std::string& points, const char* kind = "vt100")
   {
     winsize size = {24, 200, 0, 0};
@@ -49,20 +49,20 @@ public:
     close(m_terminal);
   }
 
-  /// Types the keys and waits until the screen has shown the text since; behind Enter, also for the
-  /// next prompt, since keys that come between two prompts do not reach the editor.
+  /// Types the keys and waits until the screen shows the text. After Enter it also waits for the
+  /// next prompt, because keys between two prompts do not reach the editor.
   void typeAndExpect(const std::string& keys, const std::string& text)
   {
     typeAndExpect(keys, text, keys.ends_with('\r') ? "> " : "");
   }
 
-  /// As above, but what waits for keys then is a question.
+  /// As above, but waits for a question in place of the prompt.
   void typeAndBeAsked(const std::string& keys, const std::string& text)
   {
     typeAndExpect(keys, text, "discard or cancel: ");
   }
 
-  /// Types the keys and waits for the program to end; its exit status.
+  /// Types the keys and waits for the program to end; returns its exit status.
   int typeAndLeave(const std::string& keys)
   {
     type(keys);
@@ -103,7 +103,7 @@ private:
     ASSERT_EQ(write(m_terminal, keys.data(), keys.size()), static_cast<ssize_t>(keys.size()));
   }
 
-  /// False when the program has ended, or shows nothing for long.
+  /// @return false if the program has ended, or shows nothing for a long time
   bool readMore(std::string& shown)
   {
     constexpr int patience = 20000; // milliseconds
@@ -123,9 +123,9 @@ private:
   bool m_hasEnded = false;
 };
 
-class Person : public ::testing::Test {
+class InteractiveUser : public ::testing::Test {
 protected:
-  explicit Person(const char* kind = "vt100") : m_terminal(m_points, kind)
+  explicit InteractiveUser(const char* kind = "vt100") : m_terminal(m_points, kind)
   {
     m_terminal.typeAndExpect("", "> ");
   }
@@ -134,9 +134,9 @@ protected:
   void isAskedAtControlD()
   {
     m_terminal.typeAndExpect("create G\r", "Created G with 0 elements.");
-    m_terminal.typeAndBeAsked(controlD, "points.csv has changes that are not saved.");
+    m_terminal.typeAndBeAsked(controlD, "points.csv has unsaved changes.");
     m_terminal.typeAndExpect("cancel\r", "");
-    m_terminal.typeAndBeAsked(controlD, "points.csv has changes that are not saved.");
+    m_terminal.typeAndBeAsked(controlD, "points.csv has unsaved changes.");
     EXPECT_EQ(m_terminal.typeAndLeave(controlD), 0);
   }
 
@@ -150,17 +150,17 @@ protected:
 };
 
 /// On a terminal that cannot move its cursor.
-class PersonWithoutEditing : public Person {
+class InteractiveUserWithoutEditing : public InteractiveUser {
 protected:
-  PersonWithoutEditing() : Person("dumb") {}
+  InteractiveUserWithoutEditing() : InteractiveUser("dumb") {}
 };
 
-TEST_F(Person, IsToldHowToGetHelp)
+TEST_F(InteractiveUser, IsToldHowToGetHelp)
 {
   m_terminal.typeAndExpect("help\r", "leave the program");
 }
 
-TEST_F(Person, CompletesVerbsAndNames)
+TEST_F(InteractiveUser, CompletesCommandsAndNames)
 {
   m_terminal.typeAndExpect(std::string("cr") + tab + "G Pari" + tab + "New" + tab + "Z" + tab +
                                "\r",
@@ -168,13 +168,13 @@ TEST_F(Person, CompletesVerbsAndNames)
   m_terminal.typeAndExpect("show\r", "Prague");
 }
 
-TEST_F(Person, SeesTheWaysToCompleteAWord)
+TEST_F(InteractiveUser, SeesTheWaysToCompleteAWord)
 {
   m_terminal.typeAndExpect(std::string("create G P") + tab, "Paris   Prague");
   m_terminal.typeAndExpect("\r", "there is no element named P");
 }
 
-TEST_F(Person, GoesOnAfterAMistake)
+TEST_F(InteractiveUser, GoesOnAfterAMistake)
 {
   m_terminal.typeAndExpect("create G Pari\r", "did you mean Paris?");
   m_terminal.typeAndExpect("create G Paris\r", "Created G with 1 element.");
@@ -182,68 +182,68 @@ TEST_F(Person, GoesOnAfterAMistake)
   EXPECT_EQ(m_terminal.typeAndLeave("quit\r"), 0);
 }
 
-TEST_F(Person, RecallsEarlierLines)
+TEST_F(InteractiveUser, RecallsEarlierLines)
 {
   m_terminal.typeAndExpect("create G\r", "Created G with 0 elements.");
   m_terminal.typeAndExpect("create H\r", "Created H with 0 elements.");
   m_terminal.typeAndExpect(std::string(up) + up + "\r", "Created \"G 2\" with 0 elements");
 }
 
-TEST_F(Person, TypesNamesOfAnyLanguage)
+TEST_F(InteractiveUser, TypesNamesOfAnyLanguage)
 {
   m_terminal.typeAndExpect("create Größe Zürich\r", "Created Größe with 1 element.");
   m_terminal.typeAndExpect("show Größe\r", "└─ Zürich");
 }
 
-TEST_F(Person, DropsALineWithControlC)
+TEST_F(InteractiveUser, DropsALineWithControlC)
 {
   m_terminal.typeAndExpect("create H", "create H");
   m_terminal.typeAndExpect(std::string(controlC) + "create G\r", "Created G with 0 elements.");
 }
 
-TEST_F(Person, LeavesWithControlD)
+TEST_F(InteractiveUser, LeavesWithControlD)
 {
   EXPECT_EQ(m_terminal.typeAndLeave(controlD), 0);
 }
 
-TEST_F(Person, IsAskedBeforeChangesAreLostByQuit)
+TEST_F(InteractiveUser, IsAskedBeforeChangesAreLostByQuit)
 {
   m_terminal.typeAndExpect("create G\r", "Created G with 0 elements.");
-  m_terminal.typeAndBeAsked("quit\r", "points.csv has changes that are not saved.");
+  m_terminal.typeAndBeAsked("quit\r", "points.csv has unsaved changes.");
   m_terminal.typeAndExpect("cancel\r", "");
   m_terminal.typeAndExpect("show G\r", "G (0)");
-  m_terminal.typeAndBeAsked("quit\r", "points.csv has changes that are not saved.");
+  m_terminal.typeAndBeAsked("quit\r", "points.csv has unsaved changes.");
   EXPECT_EQ(m_terminal.typeAndLeave("discard\r"), 0);
 }
 
-TEST_F(Person, IsAskedBeforeChangesAreLostByControlD)
+TEST_F(InteractiveUser, IsAskedBeforeChangesAreLostByControlD)
 {
   isAskedAtControlD();
 }
 
-TEST_F(Person, GoesOnAfterASignal)
+TEST_F(InteractiveUser, GoesOnAfterASignal)
 {
   m_terminal.typeAndExpect("create G\r", "Created G with 0 elements.");
   for (int i = 0; i < 3; ++i) {
     m_terminal.send(SIGINT);
     m_terminal.typeAndExpect("show G\r", "G (0)");
   }
-  m_terminal.typeAndBeAsked("quit\r", "points.csv has changes that are not saved.");
+  m_terminal.typeAndBeAsked("quit\r", "points.csv has unsaved changes.");
   EXPECT_EQ(m_terminal.typeAndLeave("discard\r"), 0);
 }
 
-TEST_F(PersonWithoutEditing, IsAskedBeforeChangesAreLostByControlD)
+TEST_F(InteractiveUserWithoutEditing, IsAskedBeforeChangesAreLostByControlD)
 {
   isAskedAtControlD();
 }
 
-TEST_F(PersonWithoutEditing, LosesNothingByControlC)
+TEST_F(InteractiveUserWithoutEditing, LosesNothingByControlC)
 {
   m_terminal.typeAndExpect("create G\r", "Created G with 0 elements.");
   m_terminal.typeAndExpect(std::string(controlC) + "show G\r", "G (0)");
 }
 
-TEST_F(Person, SavesWhenAsked)
+TEST_F(InteractiveUser, SavesWhenAsked)
 {
   const auto file = m_folder.path() / "my plan.tkpc";
   m_terminal.typeAndExpect("create G\r", "Created G with 0 elements.");
@@ -253,7 +253,7 @@ TEST_F(Person, SavesWhenAsked)
   EXPECT_TRUE(contentOf(file).starts_with("\x89TKM"));
 }
 
-TEST_F(Person, SeesWhetherChangesAreSaved)
+TEST_F(InteractiveUser, SeesWhetherChangesAreSaved)
 {
   const auto file = (m_folder.path() / "p.tkpc").string();
   m_terminal.typeAndExpect("create G Paris\r", "Created G with 1 element.\r\n*");

@@ -24,7 +24,7 @@ protected:
     return found != m_cities.end() ? found->points.front() : Point();
   }
 
-  /// Whether the city lies there, in degrees, to the 2 km that a minute of arc is.
+  /// Expects the city at these degrees, to within 2 km, which is about a minute of arc.
   void expectAt(const std::string& name, double latitude, double longitude) const
   {
     const double degree = std::acos(-1.0) / 180;

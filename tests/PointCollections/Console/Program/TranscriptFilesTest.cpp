@@ -8,9 +8,8 @@
 #include <string>
 #include <vector>
 
-/// Runs every NAME.pcs in the folder of transcripts on points.csv there, in an empty folder.
-/// NAME.out is what the program prints; NAME.err, where there is one, what it says besides, such as
-/// what is wrong with the line where it stops.
+/// Runs every NAME.pcs in the folder of transcripts on points.csv there, in an empty working
+/// folder. NAME.out is the expected output; NAME.err, if it exists, the expected errors.
 namespace Tarvik::PointCollections {
 namespace {
 
@@ -25,7 +24,7 @@ std::vector<std::string> scriptNames()
   return names;
 }
 
-/// The errors without the folder in front of the script's name.
+/// The errors, without the folder before the script's name.
 std::string withoutFolder(std::string errors)
 {
   const auto folder = Utf8::fromPath(transcripts()) + '/';
@@ -33,7 +32,7 @@ std::string withoutFolder(std::string errors)
   return found == std::string::npos ? errors : errors.erase(found, folder.size());
 }
 
-/// Test names are letters and digits only.
+/// Test names can only have letters, digits and underscores.
 std::string asTestName(std::string name)
 {
   std::replace(name.begin(), name.end(), '-', '_');
@@ -42,7 +41,7 @@ std::string asTestName(std::string name)
 
 class ScriptInFolder : public ::testing::TestWithParam<std::string> {};
 
-TEST_P(ScriptInFolder, PrintsWhatStandsBesideIt)
+TEST_P(ScriptInFolder, PrintsWhatTheFileBesideItContains)
 {
   const auto expectedErrors = contentOf(transcripts() / (GetParam() + ".err"));
   const bool isToStop = expectedErrors.starts_with(GetParam() + ".pcs:");

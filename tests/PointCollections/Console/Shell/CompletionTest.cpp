@@ -15,7 +15,13 @@ using ::testing::IsEmpty;
 
 class CompletionOf : public ::testing::Test {
 protected:
-  CompletionOf() { run(m_session, {"create Europe", "create \"North America\"", "create Asia"}); }
+  explicit CompletionOf(std::shared_ptr<Files> files = diskFiles())
+      : m_session(sessionOf({"Paris", "Paramaribo", "Prague", "New York", "New Salem", "Zürich",
+                             "Zülpich", "say \"hi\"", "--odd"},
+                            std::move(files)))
+  {
+    run(m_session, {"create Europe", "create \"North America\"", "create Asia"});
+  }
 
   /// The line after the user has pressed Tab.
   std::string completed(const std::string& line)
@@ -29,24 +35,27 @@ protected:
     return complete(m_session, line).candidates;
   }
 
-  Session m_session = sessionOf({"Paris", "Paramaribo", "Prague", "New York", "New Salem", "Zürich",
-                                 "Zülpich", "say \"hi\"", "--odd"});
+  Session m_session;
 };
 
 class FileCompletion : public CompletionOf {
 protected:
   FileCompletion()
-  {
-    m_session.files = m_files;
-    for (const auto* name : {"cities.csv", "cities.tkpc", "notes.txt", "maps/old maps/a.tkpc",
-                             "maps/new.TKPC", ".hidden.tkpc", "\xFF.tkpc", "my plan.tkpc"})
-      m_files->contents[name] = "";
-  }
+      : CompletionOf(filesNamed({"cities.csv", "cities.tkpc", "notes.txt", "maps/old maps/a.tkpc",
+                                 "maps/new.TKPC", ".hidden.tkpc", "\xFF.tkpc", "my plan.tkpc"}))
+  {}
 
-  std::shared_ptr<MemoryFiles> m_files = std::make_shared<MemoryFiles>();
+private:
+  static std::shared_ptr<Files> filesNamed(std::initializer_list<const char*> names)
+  {
+    auto files = std::make_shared<MemoryFiles>();
+    for (const auto* name : names)
+      files->contents[name] = "";
+    return files;
+  }
 };
 
-TEST_F(CompletionOf, AVerb)
+TEST_F(CompletionOf, ACommand)
 {
   EXPECT_EQ(completed("cr"), "create ");
   EXPECT_EQ(completed("h"), "h");
@@ -171,7 +180,7 @@ TEST_F(FileCompletion, NamesHiddenFilesWhenAskedTo)
   EXPECT_EQ(completed("open .h"), "open .hidden.tkpc ");
 }
 
-TEST_F(CompletionOf, NothingWhereAnythingMayStand)
+TEST_F(CompletionOf, NothingWhereAnythingIsAllowed)
 {
   EXPECT_THAT(candidates("create "), IsEmpty());
   EXPECT_THAT(candidates("rename Europe "), IsEmpty());
@@ -187,7 +196,7 @@ TEST_F(CompletionOf, NothingInALineThatIsWrong)
     EXPECT_EQ(completed(line), line);
 }
 
-TEST_F(CompletionOf, KeepsWhatIsTypedWhenNamesMatchButForTheCase)
+TEST_F(CompletionOf, KeepsWhatIsTypedWhenNamesDifferInCaseOnly)
 {
   run(m_session, {"create eUROPA"});
 

@@ -12,12 +12,12 @@
 namespace Tarvik::PointCollections {
 namespace {
 
-/// Types lines that were fixed before.
+/// Types fixed lines.
 class ScriptedReader : public LineReader {
 public:
   explicit ScriptedReader(std::deque<std::string> lines) : m_lines(std::move(lines)) {}
 
-  std::string prompts; ///< all that were shown
+  std::string prompts; ///< all that were shown, joined
 
   std::optional<std::string> readLine(const std::string& prompt) override
   {
@@ -33,7 +33,7 @@ private:
   std::deque<std::string> m_lines;
 };
 
-/// A command that cannot be undone: something else than a mistake of the user.
+/// A command that cannot be undone, which is not a mistake of the user.
 class FailingCommand : public CommandBase {
 public:
   FailingCommand() : CommandBase("Fail") {}
@@ -51,7 +51,8 @@ protected:
     return runScript(m_session, transcript, stream, "test.pcs");
   }
 
-  Session m_session = sessionOf({"a", "b"});
+  std::shared_ptr<MemoryFiles> m_files = std::make_shared<MemoryFiles>();
+  Session m_session = sessionOf({"a", "b"}, m_files);
   std::ostringstream m_output;
   std::ostringstream m_errors;
 };
@@ -90,7 +91,7 @@ TEST_F(Runner, PrintsNothingButResultsWhenQuiet)
   EXPECT_EQ(m_output.str(), "Created G with 0 elements.\nUndone: Create Group\n");
 }
 
-TEST_F(Runner, StopsAtTheFirstMistakeAndTellsTheLine)
+TEST_F(Runner, StopsAtTheFirstMistakeAndGivesTheLine)
 {
   EXPECT_FALSE(runText("create G a\n\ncreate H x\ncreate I b\n"));
 
@@ -129,14 +130,14 @@ TEST_F(Runner, RefusesAnEndlessLine)
                             "one\n");
 }
 
-TEST_F(Runner, TellsOfACommandThatFails)
+TEST_F(Runner, ReportsACommandThatFails)
 {
-  m_session.history.execute(std::make_shared<FailingCommand>());
+  m_session.editor.history().execute(std::make_shared<FailingCommand>());
 
   EXPECT_FALSE(runText("undo\n"));
 
   EXPECT_EQ(m_errors.str(), "test.pcs:1: this could not be done: out of luck\n");
-  EXPECT_EQ(m_session.history.position(), 1U);
+  EXPECT_EQ(m_session.editor.history().position(), 1U);
 }
 
 TEST_F(Runner, StopsWhenTheOutputCannotBeWritten)
@@ -154,11 +155,11 @@ TEST_F(Runner, NumbersTheCommandsGivenAsArguments)
 
   EXPECT_FALSE(runCommands(m_session, transcript, {"create G", "crate H", "create I"}));
 
-  EXPECT_EQ(m_errors.str(), "--command:2: crate is not a verb; did you mean create?\n");
+  EXPECT_EQ(m_errors.str(), "--command:2: crate is not a command; did you mean create?\n");
   EXPECT_EQ(groupsOf(m_session), "G()");
 }
 
-TEST_F(Runner, GoesOnAfterAMistakeOfAPerson)
+TEST_F(Runner, GoesOnAfterAMistakeOnATerminal)
 {
   Transcript transcript(m_output, m_errors, Transcript::Detail::ResultsOnly);
   ScriptedReader reader({"create G a", "crate H", "", "# nothing", "create H b"});
@@ -166,14 +167,14 @@ TEST_F(Runner, GoesOnAfterAMistakeOfAPerson)
   runInteractively(m_session, transcript, reader);
 
   EXPECT_EQ(groupsOf(m_session), "G(a) H(b)");
-  EXPECT_EQ(m_errors.str(), "error: crate is not a verb; did you mean create?\n"
+  EXPECT_EQ(m_errors.str(), "error: crate is not a command; did you mean create?\n"
                             "test.csv: the changes are not saved; save keeps them\n");
   EXPECT_EQ(m_output.str(), "Created G with 1 element.\n"
                             "Created H with 1 element.\n"
                             "(end of input)\n");
 }
 
-TEST_F(Runner, ShowsAPersonThatChangesAreNotSaved)
+TEST_F(Runner, ShowsThatThereAreUnsavedChanges)
 {
   Transcript transcript(m_output, m_errors, Transcript::Detail::ResultsOnly);
   ScriptedReader reader({"create G a", "undo"});
@@ -183,46 +184,33 @@ TEST_F(Runner, ShowsAPersonThatChangesAreNotSaved)
   EXPECT_EQ(reader.prompts, "> *> > ");
 }
 
-TEST_F(Runner, AsksAPersonAtTheEndOfTheInput)
+TEST_F(Runner, AsksForUnsavedChangesAtTheEndOfTheInput)
 {
   Transcript transcript(m_output, m_errors, Transcript::Detail::ResultsOnly);
   ScriptedReader reader({"create G a"});
 
   runInteractively(m_session, transcript, reader);
 
-  EXPECT_EQ(reader.prompts, "> *> test.csv has changes that are not saved. Type save FILE, "
-                            "discard or cancel: ");
+  EXPECT_EQ(reader.prompts, "> *> test.csv has unsaved changes. Type save FILE, discard or "
+                            "cancel: ");
   EXPECT_EQ(m_errors.str(), "test.csv: the changes are not saved; save keeps them\n");
-  EXPECT_FALSE(m_session.ask);
+  EXPECT_FALSE(m_session.confirmDiscarding);
 }
 
-TEST_F(Runner, TellsWhenChangesAreNotSaved)
+TEST_F(Runner, KeepsChangesWhenTheUserMistypesTheNameOfAFile)
 {
-  Transcript transcript(m_output, m_errors, Transcript::Detail::Full);
-  tellOfUnsaved(m_session, transcript);
-  EXPECT_EQ(m_errors.str(), "");
-
-  run(m_session, {"create G"});
-  tellOfUnsaved(m_session, transcript);
-  EXPECT_EQ(m_errors.str(), "test.csv: the changes are not saved; save keeps them\n");
-}
-
-TEST_F(Runner, DoesNotLoseChangesWhenAPersonMistypesTheNameOfAFile)
-{
-  const auto files = std::make_shared<MemoryFiles>();
-  m_session.files = files;
   Transcript transcript(m_output, m_errors, Transcript::Detail::ResultsOnly);
   ScriptedReader reader({"create G a", "quit", "save p.csv", "quit", "save p.tkpc"});
 
   runInteractively(m_session, transcript, reader);
 
   EXPECT_EQ(m_errors.str(),
-            "error: p.csv is no name of a project file; expected one that ends in .tkpc\n");
-  EXPECT_TRUE(files->contents.contains("p.tkpc"));
+            "error: p.csv is not the name of a project file; expected one that ends in .tkpc\n");
+  EXPECT_TRUE(m_files->contents.contains("p.tkpc"));
   EXPECT_TRUE(m_session.isOver);
 }
 
-TEST_F(Runner, LeavesAPersonWhoQuits)
+TEST_F(Runner, EndsWhenTheUserQuits)
 {
   Transcript transcript(m_output, m_errors, Transcript::Detail::ResultsOnly);
   ScriptedReader reader({"quit", "create G"});
@@ -231,18 +219,6 @@ TEST_F(Runner, LeavesAPersonWhoQuits)
 
   EXPECT_EQ(groupsOf(m_session), "");
   EXPECT_EQ(m_output.str(), "");
-}
-
-TEST(PlainReader, PromptsAndReadsLines)
-{
-  std::istringstream input("one\ntwo");
-  std::ostringstream output;
-  const auto reader = makePlainReader(input, output);
-
-  EXPECT_EQ(reader->readLine("> "), "one");
-  EXPECT_EQ(reader->readLine("> "), "two");
-  EXPECT_EQ(reader->readLine("> "), std::nullopt);
-  EXPECT_EQ(output.str(), "> > > ");
 }
 
 }

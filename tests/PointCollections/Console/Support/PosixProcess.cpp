@@ -38,7 +38,7 @@ std::string forShell(const std::string& text)
   throw std::system_error(errno, std::generic_category(), what);
 }
 
-/// Returns only when the program cannot be started.
+/// Returns only if the program cannot be started.
 void becomeProgram(const std::filesystem::path& program, const std::vector<std::string>& arguments)
 {
   auto texts = arguments;

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-/// Starting programs: one source file for each operating system.
+/// Starting programs. Each operating system has its own source file.
 namespace Tarvik::PointCollections {
 
 /// The files that a program's standard streams are connected to.
@@ -18,7 +18,7 @@ struct Streams {
 
 /// Runs a program to its end.
 /// @param arguments  any texts in UTF-8
-/// @return its exit status; -1 when it did not end by itself
+/// @return its exit status; -1 if it did not end by itself
 int runProcess(const std::filesystem::path& program,
                const std::vector<std::string>& arguments,
                const Streams& streams);
@@ -33,11 +33,11 @@ public:
   RunningProcess(const RunningProcess&) = delete;
   RunningProcess& operator=(const RunningProcess&) = delete;
 
-  /// Ends it on the spot: it cannot tidy up. Returns when it has let go of its files.
+  /// Kills it: it cannot tidy up. Returns when its files are closed.
   ~RunningProcess();
 
   /// Waits for output.
-  /// @return what has come of it; empty when the program has ended
+  /// @return the output so far; empty if the program has ended
   std::string read() const;
 
 private:

@@ -10,15 +10,15 @@
 /// Running the real program.
 namespace Tarvik::PointCollections {
 
-/// What a program left behind.
+/// The result of a program.
 struct Outcome {
-  int status = -1; ///< its exit status; -1 when it did not end by itself
+  int status = -1; ///< its exit status; -1 if it did not end by itself
   std::string output;
   std::string errors;
 };
 
 /// Runs point-collections to its end.
-/// @param folder     takes the files that its streams are connected to
+/// @param folder     for the files that its streams are connected to
 /// @param arguments  any texts without line breaks
 /// @param input      what it reads from standard input
 Outcome runProgram(const TemporaryFolder& folder,

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "PointCollections/Console/Session/Session.h"
+#include "PointCollections/Console/Shell/UnsavedChanges.h"
 
 #include <deque>
 #include <optional>
@@ -11,13 +11,16 @@
 
 namespace Tarvik::PointCollections {
 
-/// Answers the questions of a session with what was fixed before, and then with the end of the
-/// input. Must outlive the session's use.
+/// Answers the questions of a session with fixed answers, and then with the end of the input. Must
+/// outlive the session's use.
 class Questions {
 public:
   Questions(Session& session, std::deque<std::string> answers) : m_answers(std::move(answers))
   {
-    session.ask = [this](const std::string& prompt) { return answer(prompt); };
+    session.confirmDiscarding = [this](Session& asking) {
+      return confirmDiscardingChanges(asking,
+                                      [this](const auto& prompt) { return answer(prompt); });
+    };
   }
 
   std::vector<std::string> asked; ///< the questions so far

@@ -13,17 +13,20 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 /// Sessions for tests, driven by command lines and looked at through names.
 namespace Tarvik::PointCollections {
 
-inline Session sessionOf(std::initializer_list<const char*> names)
+/// A session with such a document, called test.csv.
+inline Session sessionOf(std::initializer_list<const char*> names,
+                         std::shared_ptr<Files> files = diskFiles())
 {
-  return {documentOf(names), "test.csv"};
+  return {.editor = Editor({documentOf(names), "test.csv"}, std::move(files))};
 }
 
-/// Runs the lines; what the last one answers.
+/// Runs the lines and returns the answer to the last one.
 inline std::string run(Session& session, std::initializer_list<std::string_view> lines)
 {
   std::string answer;
@@ -34,15 +37,15 @@ inline std::string run(Session& session, std::initializer_list<std::string_view>
 
 inline std::string ungroupedOf(const Session& session)
 {
-  return ungroupedOf(*session.document);
+  return ungroupedOf(*session.editor.document());
 }
 
 inline std::string groupsOf(const Session& session)
 {
-  return groupsOf(*session.document);
+  return groupsOf(*session.editor.document());
 }
 
-/// All of a session that a line can change.
+/// Everything in a session that a line can change.
 struct SessionState {
   std::shared_ptr<PointDocument> document;
   std::vector<GUIdentifier> order;
@@ -53,20 +56,20 @@ struct SessionState {
   bool isOver;
   std::string title;
   std::filesystem::path projectFile;
-  std::size_t projectContent;
 
   friend bool operator==(const SessionState& a, const SessionState& b) = default;
 };
 
 inline SessionState stateOf(const Session& session)
 {
-  const auto& history = session.history;
-  return {session.document,    session.document->order(), groupsOf(session), history.entries(),
-          history.position(),  history.isClean(),         session.isOver,    session.title,
-          session.projectFile, session.projectContent};
+  const auto& editor = session.editor;
+  const auto& history = editor.history();
+  return {editor.document(),   editor.document()->order(), groupsOf(session), history.entries(),
+          history.position(),  history.isClean(),          session.isOver,    editor.title(),
+          editor.projectFile()};
 }
 
-/// What is wrong with the line, which must leave the session as it was.
+/// The message for a line that is wrong, which must leave the session as it was.
 inline std::string mistake(Session& session, std::string_view line)
 {
   const auto before = stateOf(session);

@@ -29,8 +29,8 @@ Handle open(const std::filesystem::path& file, DWORD access, DWORD disposition)
   return {handle, &CloseHandle};
 }
 
-/// The text as the started program's own parser gives it back: backslashes are plain except in
-/// front of a quote.
+/// Quotes the text for the parser of the started program: a backslash is plain except before a
+/// quote.
 std::wstring quoted(const std::wstring& text)
 {
   std::wstring result = L"\"";
@@ -55,7 +55,7 @@ std::wstring commandLine(const std::filesystem::path& program,
   return line;
 }
 
-/// Starts a program with these standard streams; its process.
+/// Starts a program with these standard streams and returns its process.
 Handle start(const std::filesystem::path& program,
              const std::vector<std::string>& arguments,
              HANDLE input,
@@ -78,7 +78,7 @@ Handle start(const std::filesystem::path& program,
   return {started.hProcess, &CloseHandle};
 }
 
-/// Both ends of a pipe; a started program inherits the second one, which is for writing.
+/// Both ends of a pipe. A started program inherits the second one, for writing.
 std::array<Handle, 2> openPipe()
 {
   HANDLE reading = nullptr;
@@ -109,7 +109,7 @@ int runProcess(const std::filesystem::path& program,
   DWORD status = 0;
   if (GetExitCodeProcess(process.get(), &status) == 0)
     fail("no exit status of " + program.string());
-  const bool hasCrashed = status >= 0x80000000; // the codes of exceptions that nobody handles
+  const bool hasCrashed = status >= 0x80000000; // the codes of unhandled exceptions
   return hasCrashed ? -1 : static_cast<int>(status);
 }
 

@@ -8,21 +8,21 @@ namespace {
 
 TEST(Tree, IsOneLineWithoutBranches)
 {
-  EXPECT_EQ(drawn({"root"}), "root\n");
+  EXPECT_EQ(drawTree({"root"}), "root\n");
 }
 
 TEST(Tree, ContinuesTheLinesOfBranchesThatAreNotTheLast)
 {
   const Tree tree = {"root", {{"a", {{"a1"}, {"a2", {{"deep"}}}}}, {"b"}, {"c", {{"c1"}}}}};
 
-  EXPECT_EQ(drawn(tree), "root\n"
-                         "├─ a\n"
-                         "│  ├─ a1\n"
-                         "│  └─ a2\n"
-                         "│     └─ deep\n"
-                         "├─ b\n"
-                         "└─ c\n"
-                         "   └─ c1\n");
+  EXPECT_EQ(drawTree(tree), "root\n"
+                            "├─ a\n"
+                            "│  ├─ a1\n"
+                            "│  └─ a2\n"
+                            "│     └─ deep\n"
+                            "├─ b\n"
+                            "└─ c\n"
+                            "   └─ c1\n");
 }
 
 }

@@ -38,7 +38,7 @@ TEST(Words, HaveEscapesInsideQuotesOnly)
 
 TEST(Words, RefuseAnOpenQuote)
 {
-  const std::string expected = "this quote is never closed; add a \" behind the name";
+  const std::string expected = "this quote is never closed; add a \" after the name";
   EXPECT_EQ(mistakeInLine("é \"New York"), "column 3: " + expected);
   EXPECT_EQ(mistakeInLine("\""), "column 1: " + expected);
   EXPECT_EQ(mistakeInLine(R"("a\")"), "column 1: " + expected);
@@ -49,10 +49,10 @@ TEST(Words, RefuseAnOpenQuote)
 TEST(Words, RefuseQuotesInTheMiddle)
 {
   EXPECT_EQ(mistakeInLine("New\" York\""),
-            "column 4: a quote inside a word; put the whole name in quotes, and a \\ in front of "
-            "a quote that belongs to it");
-  EXPECT_EQ(mistakeInLine("\"New\"York"), "column 6: a blank is missing behind the closing quote");
-  EXPECT_EQ(mistakeInLine("\"a\"\"b\""), "column 4: a blank is missing behind the closing quote");
+            "column 4: a quote inside a word; put the whole name in quotes, and a \\ before a "
+            "quote that belongs to it");
+  EXPECT_EQ(mistakeInLine("\"New\"York"), "column 6: a blank is missing after the closing quote");
+  EXPECT_EQ(mistakeInLine("\"a\"\"b\""), "column 4: a blank is missing after the closing quote");
 }
 
 TEST(Words, RefuseUnknownEscapes)
@@ -97,7 +97,7 @@ TEST(Words, AreSplitWhileTheLastIsBeingTyped)
   EXPECT_EQ(line.lastAt, 15U);
 }
 
-TEST(Words, AreSplitBehindABlankAsIfAnEmptyWordWereTyped)
+TEST(Words, AreSplitAfterABlankAsIfAnEmptyWordWereTyped)
 {
   const auto line = splitUnfinished("add ");
 

@@ -35,7 +35,7 @@ std::string mistakeWith(std::string_view line, Occurrence occurrenceOfB = Occurr
   return mistakeIn([&] { read(line, occurrenceOfB); });
 }
 
-TEST(Arguments, StandInTheirOrder)
+TEST(Arguments, KeepTheirOrder)
 {
   const auto arguments = read("a b c");
 
@@ -46,7 +46,7 @@ TEST(Arguments, StandInTheirOrder)
   EXPECT_THAT(arguments.from(9), IsEmpty());
 }
 
-TEST(Arguments, MayStandAroundOptions)
+TEST(Arguments, MayBeMixedWithOptions)
 {
   const auto arguments = read("--flag a --value --flag b");
 

@@ -23,14 +23,14 @@ TEST_F(Create, MakesAnEmptyGroup)
   EXPECT_EQ(groupsOf(m_session), "G()");
 }
 
-TEST_F(Create, TellsWhereElementsCameFrom)
+TEST_F(Create, SaysWhereElementsCameFrom)
 {
   EXPECT_EQ(run(m_session, {"create G a b", "create \"H 1\" c", "create I c b \"two words\" a"}),
             "Created I with 4 elements (2 from G, 1 from \"H 1\").");
   EXPECT_EQ(groupsOf(m_session), "G() H 1() I(c b two words a)");
 }
 
-TEST_F(Create, TellsTheNameThatWasReallyGiven)
+TEST_F(Create, SaysWhichNameTheGroupGot)
 {
   EXPECT_EQ(run(m_session, {"create G", "create G a"}),
             "Created \"G 2\" with 1 element; the name G was taken.");
@@ -56,7 +56,7 @@ TEST_F(Create, ChangesNothingWhenTheLineIsWrong)
   EXPECT_EQ(mistake(m_session, "create G --at 1"),
             "create has no option --at; usage: create NAME [ELEMENT…]");
   EXPECT_EQ(groupsOf(m_session), "");
-  EXPECT_TRUE(m_session.history.entries().empty());
+  EXPECT_TRUE(m_session.editor.history().entries().empty());
 }
 
 }

@@ -12,7 +12,8 @@ protected:
 
   void giveTheThirdGroupTheNameOfTheFirst()
   {
-    m_session.document->renameGroup(m_session.document->getGroups()[2].getId(), "G");
+    m_session.editor.document()->renameGroup(m_session.editor.document()->getGroups()[2].getId(),
+                                             "G");
   }
 
   Session m_session = sessionOf({"a", "b", "c", "d", "e"});
@@ -20,34 +21,34 @@ protected:
 
 TEST_F(Delete, TakesAGroupAndKeepsItsMembers)
 {
-  EXPECT_EQ(run(m_session, {"delete G"}), "Deleted G; 2 elements are in no group now.");
+  EXPECT_EQ(run(m_session, {"delete G"}), "Deleted G; 2 elements are ungrouped now.");
   EXPECT_EQ(groupsOf(m_session), "H 1(b) I() J(d)");
   EXPECT_EQ(ungroupedOf(m_session), "a c e");
 }
 
 TEST_F(Delete, TakesManyGroupsInAnyOrder)
 {
-  EXPECT_EQ(run(m_session, {"delete J G"}), "Deleted J and G; 3 elements are in no group now.");
+  EXPECT_EQ(run(m_session, {"delete J G"}), "Deleted J and G; 3 elements are ungrouped now.");
   EXPECT_EQ(groupsOf(m_session), "H 1(b) I()");
   run(m_session, {"undo"});
   EXPECT_EQ(run(m_session, {"delete I \"H 1\" G"}),
-            "Deleted I, \"H 1\" and G; 3 elements are in no group now.");
+            "Deleted I, \"H 1\" and G; 3 elements are ungrouped now.");
   EXPECT_EQ(groupsOf(m_session), "J(d)");
 }
 
-TEST_F(Delete, TellsOfMembersWhereThereAreAny)
+TEST_F(Delete, MentionsMembersIfThereAreAny)
 {
   EXPECT_EQ(run(m_session, {"delete I"}), "Deleted I.");
-  EXPECT_EQ(run(m_session, {"delete \"H 1\""}), "Deleted \"H 1\"; 1 element is in no group now.");
+  EXPECT_EQ(run(m_session, {"delete \"H 1\""}), "Deleted \"H 1\"; 1 element is ungrouped now.");
 }
 
 TEST_F(Delete, DoesNotCountMembersThatAnotherGroupHolds)
 {
-  auto groups = m_session.document->getGroups();
-  groups[3].addGroupMember(m_session.document->findByName("a")->id);
-  m_session.document->setGroups(groups);
+  auto groups = m_session.editor.document()->getGroups();
+  groups[3].addGroupMember(m_session.editor.document()->findByName("a")->id);
+  m_session.editor.document()->setGroups(groups);
 
-  EXPECT_EQ(run(m_session, {"delete G"}), "Deleted G; 1 element is in no group now.");
+  EXPECT_EQ(run(m_session, {"delete G"}), "Deleted G; 1 element is ungrouped now.");
 }
 
 TEST_F(Delete, IsOneStep)
@@ -64,8 +65,7 @@ TEST_F(Delete, TakesGroupsByTheirPlacesBeforeTheStep)
 {
   giveTheThirdGroupTheNameOfTheFirst();
 
-  EXPECT_EQ(run(m_session, {"delete @2 @3"}),
-            "Deleted \"H 1\" and G; 1 element is in no group now.");
+  EXPECT_EQ(run(m_session, {"delete @2 @3"}), "Deleted \"H 1\" and G; 1 element is ungrouped now.");
   EXPECT_EQ(groupsOf(m_session), "G(c a) J(d)");
 }
 
@@ -79,9 +79,9 @@ TEST_F(Delete, ChangesNothingWhenTheLineIsWrong)
 
   giveTheThirdGroupTheNameOfTheFirst();
   EXPECT_EQ(mistake(m_session, "delete J G"),
-            "G is the name of 2 groups; write @1 or @3 to tell which you mean");
+            "G is the name of 2 groups; write @1 or @3 to say which you mean");
   EXPECT_EQ(groupsOf(m_session), "G(c a) H 1(b) G() J(d)");
-  EXPECT_EQ(m_session.history.entries().size(), 4U);
+  EXPECT_EQ(m_session.editor.history().entries().size(), 4U);
 }
 
 }

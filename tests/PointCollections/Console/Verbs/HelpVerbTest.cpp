@@ -10,7 +10,7 @@ namespace {
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
 
-TEST(Help, ListsEveryVerb)
+TEST(Help, ListsEveryCommand)
 {
   auto session = sessionOf({});
   const auto list = run(session, {"help"});
@@ -20,25 +20,25 @@ TEST(Help, ListsEveryVerb)
   EXPECT_THAT(list, StartsWith("  show     draw the groups"));
 }
 
-TEST(Help, ExplainsAVerb)
+TEST(Help, ExplainsACommand)
 {
   auto session = sessionOf({});
 
   EXPECT_EQ(run(session, {"help quit"}),
             "quit: leave the program.\n"
-            "You are asked what is to become of changes that are not saved. In a script, the "
-            "lines behind it\nare not read. Ctrl-D does the same on a terminal.\n"
+            "If there are unsaved changes, you are asked what to do with them. In a script, the "
+            "lines after\nquit are not read. On a terminal, Ctrl-D does the same.\n"
             "\n"
             "Usage:    quit\n"
             "Example:  quit");
 }
 
-TEST(Help, SuggestsAVerb)
+TEST(Help, SuggestsACommand)
 {
   auto session = sessionOf({});
 
-  EXPECT_EQ(mistake(session, "help histroy"), "histroy is not a verb; did you mean history?");
-  EXPECT_EQ(mistake(session, "dance"), "dance is not a verb; help lists the verbs");
+  EXPECT_EQ(mistake(session, "help histroy"), "histroy is not a command; did you mean history?");
+  EXPECT_EQ(mistake(session, "dance"), "dance is not a command; help lists the commands");
 }
 
 TEST(Verbs, AreDescribedInFull)

@@ -10,7 +10,8 @@ class Move : public ::testing::Test {
 protected:
   Move() { run(m_session, {"create G a c e", "create H g"}); }
 
-  /// The groups and what is in none, after the line and again after undo and redo; then undone.
+  /// Runs the line and returns the groups and ungrouped elements. Checks undo and redo; undoes the
+  /// line.
   std::string after(std::string_view line)
   {
     const auto before = state();
@@ -43,19 +44,19 @@ TEST_F(Move, MovesMembersWithinTheirGroup)
   EXPECT_EQ(after("move a c --behind e"), "G(e a c) H(g) b d f two words");
 }
 
-TEST_F(Move, PlacesWhatIsInNoGroup)
+TEST_F(Move, PlacesUngroupedElements)
 {
   EXPECT_EQ(after("move f --before b"), "G(a c e) H(g) f b d two words");
   EXPECT_EQ(after("move b d --behind \"two words\""), "G(a c e) H(g) f two words b d");
 }
 
-TEST_F(Move, TakesElementsOutOfTheirGroupsBesideOneInNoGroup)
+TEST_F(Move, TakesElementsOutOfTheirGroupsBesideAnUngroupedOne)
 {
   EXPECT_EQ(after("move g a --before f"), "G(c e) H() b d g a f two words");
   EXPECT_EQ(after("move e f --behind b"), "G(a c) H(g) b e f d two words");
 }
 
-TEST_F(Move, TakesElementsOutOfTheirGroupsWhereTheirPlaceStaysTheSame)
+TEST_F(Move, TakesElementsOutOfTheirGroupsEvenIfTheirPlaceStaysTheSame)
 {
   EXPECT_EQ(after("move c --behind b"), "G(a e) H(g) b c d f two words");
   EXPECT_EQ(after("move a --before b"), "G(c e) H(g) a b d f two words");
@@ -69,15 +70,14 @@ TEST_F(Move, GathersElementsAroundATargetThatIsOneOfThem)
   EXPECT_EQ(after("move a d --behind d"), "G(c e) H(g) b a d f two words");
 }
 
-TEST_F(Move, TellsWhereElementsWentAndCameFrom)
+TEST_F(Move, SaysWhereElementsWentAndCameFrom)
 {
   EXPECT_EQ(run(m_session, {"move g a b --before e"}),
-            "Moved 3 elements in front of e in G (1 moved within it, 1 from H).");
-  EXPECT_EQ(run(m_session, {"move d --behind e"}), "Moved 1 element behind e in G.");
+            "Moved 3 elements before e in G (1 moved within it, 1 from H).");
+  EXPECT_EQ(run(m_session, {"move d --behind e"}), "Moved 1 element after e in G.");
   EXPECT_EQ(run(m_session, {"move g --before \"two words\""}),
-            "Moved 1 element in front of \"two words\", which is in no group (1 from G).");
-  EXPECT_EQ(run(m_session, {"move g --before f"}),
-            "Moved 1 element in front of f, which is in no group.");
+            "Moved 1 element before \"two words\", which is ungrouped (1 from G).");
+  EXPECT_EQ(run(m_session, {"move g --before f"}), "Moved 1 element before f, which is ungrouped.");
 }
 
 TEST_F(Move, IsOneStepOnAnyWayThroughTheHistory)
@@ -87,26 +87,26 @@ TEST_F(Move, IsOneStepOnAnyWayThroughTheHistory)
                   "remove c", "move c --before \"two words\""});
   const auto end = state();
   EXPECT_EQ(end, "G(f) H() e b d a g c two words");
-  EXPECT_EQ(m_session.history.entries().size(), 8U);
+  EXPECT_EQ(m_session.editor.history().entries().size(), 8U);
 
-  m_session.history.jumpTo(2);
+  m_session.editor.history().jumpTo(2);
   EXPECT_EQ(state(), start);
-  m_session.history.jumpTo(8);
+  m_session.editor.history().jumpTo(8);
   EXPECT_EQ(state(), end);
-  m_session.history.jumpTo(3);
+  m_session.editor.history().jumpTo(3);
   EXPECT_EQ(state(), "G(c e) H() b d f a g two words");
   EXPECT_EQ(run(m_session, {"redo"}), "Redone: Move Elements");
   EXPECT_EQ(state(), "G(f c e) H() b d a g two words");
 }
 
-TEST_F(Move, HasNothingToDoWhereElementsStandAlready)
+TEST_F(Move, HasNothingToDoIfElementsAreInPlace)
 {
   run(m_session, {"move f d --behind \"two words\""});
 
   for (const auto* line : {"move a --before c", "move c e --behind a", "move a c --before a",
                            "move b --before \"two words\"", "move f d --behind \"two words\""}) {
     EXPECT_EQ(run(m_session, {line}), "Nothing to move; this is the order already.") << line;
-    EXPECT_EQ(m_session.history.entries().size(), 3U) << line;
+    EXPECT_EQ(m_session.editor.history().entries().size(), 3U) << line;
   }
 }
 
@@ -125,9 +125,9 @@ TEST_F(Move, ChangesNothingWhenTheLineIsWrong)
   EXPECT_EQ(mistake(m_session, "move --behind a"),
             "ELEMENT is missing; usage: move ELEMENT… --before TARGET | --behind TARGET");
   EXPECT_EQ(mistake(m_session, "move a --behind a"),
-            "a cannot go beside itself; name another element behind --behind");
+            "a cannot go beside itself; name another element after --behind");
   EXPECT_EQ(mistake(m_session, "move b --before b"),
-            "b cannot go beside itself; name another element behind --before");
+            "b cannot go beside itself; name another element after --before");
   EXPECT_EQ(mistake(m_session, "move a --behind two words"),
             "there is no element named two; did you mean \"two words\"?");
   EXPECT_EQ(mistake(m_session, "move two words --behind a"),
@@ -136,7 +136,7 @@ TEST_F(Move, ChangesNothingWhenTheLineIsWrong)
   EXPECT_EQ(mistake(m_session, "move a --after b"),
             "move has no option --after; usage: move ELEMENT… --before TARGET | --behind TARGET");
   EXPECT_EQ(state(), before);
-  EXPECT_EQ(m_session.history.entries().size(), 2U);
+  EXPECT_EQ(m_session.editor.history().entries().size(), 2U);
 }
 
 }

@@ -15,7 +15,6 @@ class Open : public ::testing::Test {
 protected:
   Open()
   {
-    m_session.files = m_files;
     m_files->contents["points.csv"] = "collection,x,y,z\nc,1,2,3\nc,4,5,6\n";
     m_files->contents["bad.csv"] = "collection,x,y,z\nc,1,2\n";
     run(m_session, {"move b --before a", "create G b", "save p.tkpc"});
@@ -23,42 +22,33 @@ protected:
     damaged[damaged.size() / 2] ^= 1;
   }
 
-  /// What is wrong with the line, after which the session must be as it was.
+  /// The message for a line that is wrong, which must leave also the history as it was.
   std::string mistakeThatChangesNothing(const std::string& line)
   {
-    const auto document = m_session.document;
-    const auto title = m_session.title;
-    const auto file = m_session.projectFile;
-    const auto groups = groupsOf(m_session);
     const auto history = run(m_session, {"history"});
-
-    auto text = mistake(m_session, line);
-
-    EXPECT_EQ(m_session.document, document);
-    EXPECT_EQ(m_session.title, title);
-    EXPECT_EQ(m_session.projectFile, file);
-    EXPECT_EQ(groupsOf(m_session), groups);
+    auto message = mistake(m_session, line);
     EXPECT_EQ(run(m_session, {"history"}), history);
-    return text;
+    return message;
   }
 
   std::shared_ptr<MemoryFiles> m_files = std::make_shared<MemoryFiles>();
-  Session m_session = sessionOf({"a", "b"});
+  Session m_session = sessionOf({"a", "b"}, m_files);
 };
 
-TEST_F(Open, ReplacesTheDocumentByAProject)
+TEST_F(Open, ReplacesTheDocumentWithAProject)
 {
   run(m_session, {"open points.csv"});
 
   EXPECT_EQ(run(m_session, {"open p.tkpc"}), "Opened p.tkpc: 2 elements with 2 points in 1 group.");
 
   EXPECT_EQ(groupsOf(m_session), "G(b)");
-  EXPECT_THAT(namesOf(*m_session.document, m_session.document->order()), ElementsAre("b", "a"));
-  EXPECT_EQ(m_session.title, "p.tkpc");
-  EXPECT_EQ(m_session.projectFile, "p.tkpc");
+  EXPECT_THAT(namesOf(*m_session.editor.document(), m_session.editor.document()->order()),
+              ElementsAre("b", "a"));
+  EXPECT_EQ(m_session.editor.title(), "p.tkpc");
+  EXPECT_EQ(m_session.editor.projectFile(), "p.tkpc");
 }
 
-TEST_F(Open, ReplacesTheDocumentByPoints)
+TEST_F(Open, ReplacesTheDocumentWithPoints)
 {
   EXPECT_EQ(run(m_session, {"open points.csv"}), "Opened points.csv: 1 element with 2 points.");
 
@@ -75,7 +65,7 @@ TEST_F(Open, StartsANewHistory)
   EXPECT_EQ(mistake(m_session, "undo"), "there is nothing to undo");
 }
 
-TEST_F(Open, StartsANewHistoryBehindOneThatWasUndone)
+TEST_F(Open, StartsANewHistoryAfterStepsThatWereUndone)
 {
   run(m_session, {"create H", "undo", "open points.csv"});
   EXPECT_EQ(run(m_session, {"history"}), "→   0  Start  (clean)");
@@ -93,23 +83,22 @@ TEST_F(Open, ThatFailsChangesNothing)
   EXPECT_EQ(mistakeThatChangesNothing("open none.tkpc"), "none.tkpc: there is no such file");
 }
 
-TEST_F(Open, ThatFailsKeepsChangesThatAreNotSaved)
+TEST_F(Open, ThatFailsKeepsUnsavedChanges)
 {
   run(m_session, {"create H"});
 
   EXPECT_THAT(mistakeThatChangesNothing("open --discard bad.tkpc"), StartsWith("bad.tkpc, byte "));
 }
 
-TEST_F(Open, DropsNoChangesInAScript)
+TEST_F(Open, DiscardsNoChangesInAScript)
 {
   run(m_session, {"create H"});
 
   EXPECT_EQ(mistakeThatChangesNothing("open points.csv"),
-            "p.tkpc has changes that are not saved; save them first, or add --discard to lose "
-            "them");
+            "p.tkpc has unsaved changes; save them first, or add --discard to lose them");
 
   run(m_session, {"open points.csv --discard"});
-  EXPECT_EQ(m_session.title, "points.csv");
+  EXPECT_EQ(m_session.editor.title(), "points.csv");
 }
 
 TEST_F(Open, OpensItsOwnFileAgain)
@@ -119,21 +108,21 @@ TEST_F(Open, OpensItsOwnFileAgain)
   EXPECT_EQ(groupsOf(m_session), "G(b)");
 }
 
-TEST_F(Open, AsksAPersonWhatIsToBecomeOfChanges)
+TEST_F(Open, AsksWhatToDoWithUnsavedChanges)
 {
   Questions questions(m_session, {"cancel", "discard"});
   run(m_session, {"create H"});
 
-  EXPECT_EQ(run(m_session, {"open points.csv"}), "Nothing opened; p.tkpc stays.");
+  EXPECT_EQ(run(m_session, {"open points.csv"}), "Nothing opened; p.tkpc stays open.");
   EXPECT_EQ(groupsOf(m_session), "G(b) H()");
 
   run(m_session, {"open points.csv"});
-  EXPECT_EQ(m_session.title, "points.csv");
-  const auto* question = "p.tkpc has changes that are not saved. Type save, discard or cancel: ";
+  EXPECT_EQ(m_session.editor.title(), "points.csv");
+  const auto* question = "p.tkpc has unsaved changes. Type save, discard or cancel: ";
   EXPECT_THAT(questions.asked, ElementsAre(question, question));
 }
 
-TEST_F(Open, SavesChangesWhenThePersonSaysSo)
+TEST_F(Open, SavesChangesWhenTheUserSaysSo)
 {
   Questions questions(m_session, {"save"});
   run(m_session, {"create H", "open points.csv", "open p.tkpc"});
@@ -141,7 +130,7 @@ TEST_F(Open, SavesChangesWhenThePersonSaysSo)
   EXPECT_EQ(groupsOf(m_session), "G(b) H()");
 }
 
-TEST_F(Open, FindsWhatWasSavedWhenThePersonSavesInTheFileThatIsToBeOpened)
+TEST_F(Open, ReadsAgainWhenTheUserSavesInTheFileToOpen)
 {
   Questions questions(m_session, {"save"});
   run(m_session, {"create H", "open p.tkpc"});
@@ -152,7 +141,7 @@ TEST_F(Open, FindsWhatWasSavedWhenThePersonSavesInTheFileThatIsToBeOpened)
             "Opened p.tkpc: 2 elements with 2 points in 3 groups.");
 }
 
-TEST_F(Open, AsksNobodyForAFileThatIsNoGood)
+TEST_F(Open, AsksNothingWhenTheFileIsNotValid)
 {
   Questions questions(m_session, {"save other.tkpc"});
   run(m_session, {"create H"});
@@ -161,15 +150,15 @@ TEST_F(Open, AsksNobodyForAFileThatIsNoGood)
     EXPECT_THAT(mistakeThatChangesNothing(std::string("open ") + file), StartsWith(file));
 
   EXPECT_THAT(questions.asked, ElementsAre());
-  EXPECT_FALSE(m_session.history.isClean());
+  EXPECT_FALSE(m_session.editor.history().isClean());
 }
 
-TEST_F(Open, AsksOnlyWhenThereAreChanges)
+TEST_F(Open, AsksNothingWithoutUnsavedChanges)
 {
   Questions questions(m_session, {});
   run(m_session, {"create H", "undo", "open points.csv"});
 
-  EXPECT_EQ(m_session.title, "points.csv");
+  EXPECT_EQ(m_session.editor.title(), "points.csv");
 }
 
 TEST_F(Open, AsksAgainWhenItDoesNotUnderstand)
@@ -177,7 +166,7 @@ TEST_F(Open, AsksAgainWhenItDoesNotUnderstand)
   Questions questions(m_session, {"", "  ", "yes", "\"", "  discard "});
   run(m_session, {"create H", "open points.csv"});
 
-  EXPECT_EQ(m_session.title, "points.csv");
+  EXPECT_EQ(m_session.editor.title(), "points.csv");
 }
 
 }

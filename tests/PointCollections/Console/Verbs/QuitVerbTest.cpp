@@ -12,8 +12,6 @@ using ::testing::ElementsAre;
 
 class Quit : public ::testing::Test {
 protected:
-  Quit() { m_session.files = m_files; }
-
   /// Whether the session is over after a change and `quit`.
   bool isOverAfter(std::deque<std::string> answers)
   {
@@ -24,7 +22,7 @@ protected:
   }
 
   std::shared_ptr<MemoryFiles> m_files = std::make_shared<MemoryFiles>();
-  Session m_session = sessionOf({"a"});
+  Session m_session = sessionOf({"a"}, m_files);
   std::vector<std::string> m_asked;
 };
 
@@ -50,16 +48,16 @@ TEST_F(Quit, AsksNothingWithoutChanges)
   EXPECT_THAT(questions.asked, ElementsAre());
 }
 
-TEST_F(Quit, AsksAPersonWhatIsToBecomeOfChanges)
+TEST_F(Quit, AsksWhatToDoWithUnsavedChanges)
 {
   EXPECT_TRUE(isOverAfter({"discard"}));
 
-  EXPECT_THAT(m_asked, ElementsAre("test.csv has changes that are not saved. Type save FILE, "
-                                   "discard or cancel: "));
+  EXPECT_THAT(m_asked, ElementsAre("test.csv has unsaved changes. Type save FILE, discard or "
+                                   "cancel: "));
   EXPECT_TRUE(m_files->contents.empty());
 }
 
-TEST_F(Quit, StaysWhenThePersonSaysSo)
+TEST_F(Quit, StaysWhenTheUserSaysSo)
 {
   EXPECT_FALSE(isOverAfter({"cancel"}));
 }
@@ -69,7 +67,7 @@ TEST_F(Quit, StaysWhenThereIsNoAnswer)
   EXPECT_FALSE(isOverAfter({}));
 }
 
-TEST_F(Quit, SavesWhenThePersonSaysSo)
+TEST_F(Quit, SavesWhenTheUserSaysSo)
 {
   EXPECT_TRUE(isOverAfter({"save p.tkpc"}));
 

@@ -20,7 +20,7 @@ TEST_F(Remove, TakesElementsOutOfTheirGroup)
   EXPECT_EQ(ungroupedOf(m_session), "d e two words");
 }
 
-TEST_F(Remove, TellsHowManyLeaveEachGroup)
+TEST_F(Remove, SaysHowManyLeaveEachGroup)
 {
   EXPECT_EQ(run(m_session, {"remove d a c"}), "Removed 3 elements (2 from G, 1 from \"H 1\").");
   EXPECT_EQ(groupsOf(m_session), "G() H 1(b)");
@@ -39,7 +39,7 @@ TEST_F(Remove, IsOneStep)
 TEST_F(Remove, ChangesNothingWhenTheLineIsWrong)
 {
   EXPECT_EQ(mistake(m_session, "remove"), "ELEMENT is missing; usage: remove ELEMENT…");
-  EXPECT_EQ(mistake(m_session, "remove a e"), "e is in no group; name members of groups only");
+  EXPECT_EQ(mistake(m_session, "remove a e"), "e is ungrouped; name members of groups only");
   EXPECT_EQ(mistake(m_session, "remove two words"),
             "a name with blanks needs quotes; write \"two words\"");
   EXPECT_EQ(mistake(m_session, "remove a x"), "there is no element named x; show --all lists them");
@@ -47,7 +47,7 @@ TEST_F(Remove, ChangesNothingWhenTheLineIsWrong)
   EXPECT_EQ(mistake(m_session, "remove a --end"),
             "remove has no option --end; usage: remove ELEMENT…");
   EXPECT_EQ(groupsOf(m_session), "G(c a) H 1(d b)");
-  EXPECT_EQ(m_session.history.entries().size(), 2U);
+  EXPECT_EQ(m_session.editor.history().entries().size(), 2U);
 }
 
 }

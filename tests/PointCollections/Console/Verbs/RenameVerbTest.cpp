@@ -15,11 +15,11 @@ protected:
 
 TEST_F(Rename, KeepsPlaceMembersAndId)
 {
-  const auto id = m_session.document->getGroups()[0].getId();
+  const auto id = m_session.editor.document()->getGroups()[0].getId();
 
   EXPECT_EQ(run(m_session, {"rename G \"Old World\""}), "Renamed G to \"Old World\".");
   EXPECT_EQ(groupsOf(m_session), "Old World(b a) H()");
-  EXPECT_EQ(m_session.document->getGroups()[0].getId(), id);
+  EXPECT_EQ(m_session.editor.document()->getGroups()[0].getId(), id);
 }
 
 TEST_F(Rename, IsOneStep)
@@ -52,15 +52,16 @@ TEST_F(Rename, HasNothingToDoWithTheNameThatTheGroupHas)
 {
   EXPECT_EQ(run(m_session, {"rename G G"}), "Nothing to rename; G has this name already.");
   EXPECT_EQ(run(m_session, {"rename @2 H"}), "Nothing to rename; H has this name already.");
-  EXPECT_EQ(m_session.history.entries().size(), 2U);
+  EXPECT_EQ(m_session.editor.history().entries().size(), 2U);
 }
 
 TEST_F(Rename, TellsGroupsOfTheSameNameApart)
 {
-  m_session.document->renameGroup(m_session.document->getGroups()[1].getId(), "G");
+  m_session.editor.document()->renameGroup(m_session.editor.document()->getGroups()[1].getId(),
+                                           "G");
 
   EXPECT_EQ(mistake(m_session, "rename G I"),
-            "G is the name of 2 groups; write @1 or @2 to tell which you mean");
+            "G is the name of 2 groups; write @1 or @2 to say which you mean");
   EXPECT_EQ(run(m_session, {"rename @2 I"}), "Renamed G to I.");
   EXPECT_EQ(groupsOf(m_session), "G(b a) I()");
 }
@@ -76,7 +77,7 @@ TEST_F(Rename, ChangesNothingWhenTheLineIsWrong)
   EXPECT_EQ(mistake(m_session, "rename Old World"),
             "there is no group named Old; show lists the groups");
   EXPECT_EQ(groupsOf(m_session), "G(b a) H()");
-  EXPECT_EQ(m_session.history.entries().size(), 2U);
+  EXPECT_EQ(m_session.editor.history().entries().size(), 2U);
 }
 
 }

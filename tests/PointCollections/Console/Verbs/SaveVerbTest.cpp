@@ -11,19 +11,16 @@ using ::testing::HasSubstr;
 
 class Save : public ::testing::Test {
 protected:
-  Save() { m_session.files = m_files; }
-
   /// The groups of a project file.
   std::string groupsIn(const std::string& file)
   {
-    auto other = sessionOf({});
-    other.files = m_files;
+    auto other = sessionOf({}, m_files);
     run(other, {"open " + file});
     return groupsOf(other);
   }
 
   std::shared_ptr<MemoryFiles> m_files = std::make_shared<MemoryFiles>();
-  Session m_session = sessionOf({"a", "b"});
+  Session m_session = sessionOf({"a", "b"}, m_files);
 };
 
 TEST_F(Save, WritesAProjectFile)
@@ -38,7 +35,7 @@ TEST_F(Save, MakesItTheFileOfTheDocument)
 {
   run(m_session, {"save folder/p.tkpc", "create G", "save"});
 
-  EXPECT_EQ(m_session.title, "p.tkpc");
+  EXPECT_EQ(m_session.editor.title(), "p.tkpc");
   EXPECT_EQ(groupsIn("folder/p.tkpc"), "G()");
 }
 
@@ -48,12 +45,12 @@ TEST_F(Save, NeedsANameTheFirstTime)
             "test.csv is not saved in a project file yet; usage: save FILE");
 }
 
-TEST_F(Save, NeedsANameThatIsOfAProject)
+TEST_F(Save, NeedsTheNameOfAProject)
 {
   for (const std::string name : {"p", "test.csv", "p.tkpc/", "\"\"", "\".tkpc\""})
     EXPECT_THAT(mistake(m_session, "save " + name), HasSubstr("expected one that ends in .tkpc"));
   EXPECT_EQ(mistake(m_session, "save test.csv"),
-            "test.csv is no name of a project file; expected one that ends in .tkpc");
+            "test.csv is not the name of a project file; expected one that ends in .tkpc");
 }
 
 TEST_F(Save, TakesNamesInQuotes)
@@ -70,7 +67,7 @@ TEST_F(Save, DoesNotReplaceAnotherFileUnasked)
   EXPECT_EQ(mistake(m_session, "save p.tkpc"),
             "p.tkpc exists already; add --overwrite to replace it");
   EXPECT_EQ(m_files->contents["p.tkpc"], "something else");
-  EXPECT_EQ(m_session.title, "test.csv");
+  EXPECT_EQ(m_session.editor.title(), "test.csv");
 
   run(m_session, {"save p.tkpc --overwrite"});
   EXPECT_EQ(groupsIn("p.tkpc"), "");
@@ -86,8 +83,7 @@ TEST_F(Save, ReplacesItsOwnFileUnderAnyOfItsNames)
 TEST_F(Save, DoesNotReplaceWhatAnotherProgramHasSavedInItsFile)
 {
   run(m_session, {"save p.tkpc", "create G"});
-  auto other = sessionOf({});
-  other.files = m_files;
+  auto other = sessionOf({}, m_files);
   run(other, {"open p.tkpc", "create H", "save"});
 
   EXPECT_EQ(mistake(m_session, "save"), "another program has changed p.tkpc; save under another "
@@ -118,13 +114,13 @@ TEST_F(Save, LeavesTheOldFileAlone)
 TEST_F(Save, MarksTheStateAsClean)
 {
   run(m_session, {"create G", "create H", "save p.tkpc"});
-  EXPECT_TRUE(m_session.history.isClean());
+  EXPECT_TRUE(m_session.editor.history().isClean());
   EXPECT_THAT(run(m_session, {"history"}), HasSubstr("2  Create Group  (clean)"));
 
   run(m_session, {"undo"});
-  EXPECT_FALSE(m_session.history.isClean());
+  EXPECT_FALSE(m_session.editor.history().isClean());
   run(m_session, {"redo"});
-  EXPECT_TRUE(m_session.history.isClean());
+  EXPECT_TRUE(m_session.editor.history().isClean());
 }
 
 TEST_F(Save, KeepsTheHistory)
@@ -142,9 +138,9 @@ TEST_F(Save, ThatFailsChangesNothing)
   EXPECT_EQ(mistake(m_session, "save"), "p.tkpc: the disk is full");
   EXPECT_EQ(mistake(m_session, "save q.tkpc"), "q.tkpc: the disk is full");
 
-  EXPECT_FALSE(m_session.history.isClean());
-  EXPECT_EQ(m_session.title, "p.tkpc");
-  EXPECT_EQ(m_session.projectFile, "p.tkpc");
+  EXPECT_FALSE(m_session.editor.history().isClean());
+  EXPECT_EQ(m_session.editor.title(), "p.tkpc");
+  EXPECT_EQ(m_session.editor.projectFile(), "p.tkpc");
   EXPECT_EQ(groupsIn("p.tkpc"), "");
 }
 

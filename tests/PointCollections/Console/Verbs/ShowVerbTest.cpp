@@ -7,7 +7,7 @@
 namespace Tarvik::PointCollections {
 namespace {
 
-TEST(Show, DrawsGroupsAndWhatIsInNone)
+TEST(Show, DrawsGroupsAndUngroupedElements)
 {
   auto session = sessionOf({"a", "b", "c"});
 
@@ -17,7 +17,7 @@ TEST(Show, DrawsGroupsAndWhatIsInNone)
             "│  ├─ c\n"
             "│  └─ a\n"
             "├─ Empty (0)\n"
-            "└─ in no group (1)\n"
+            "└─ ungrouped (1)\n"
             "   └─ b");
 }
 
@@ -26,7 +26,7 @@ TEST(Show, DrawsAnEmptyDocument)
   auto session = sessionOf({});
 
   EXPECT_EQ(run(session, {"show"}), "test.csv: 0 elements in 0 groups\n"
-                                    "└─ in no group (0)");
+                                    "└─ ungrouped (0)");
 }
 
 TEST(Show, DrawsOneGroup)
@@ -37,15 +37,14 @@ TEST(Show, DrawsOneGroup)
   EXPECT_EQ(run(session, {"show @1"}), "G (1)\n└─ b");
 }
 
-TEST(Show, CountsPointsWhereThereIsNotJustOne)
+TEST(Show, CountsPointsUnlessThereIsOne)
 {
-  Session session = {
-      PointDocument::create({{.id = GUIdentifier(), .name = "line", .points = {{}, {}}},
-                             {.id = GUIdentifier(), .name = "dot", .points = {{}}},
-                             {.id = GUIdentifier(), .name = "empty", .points = {}}}),
-      "test.csv"};
+  auto document = PointDocument::create({{.id = GUIdentifier(), .name = "line", .points = {{}, {}}},
+                                         {.id = GUIdentifier(), .name = "dot", .points = {{}}},
+                                         {.id = GUIdentifier(), .name = "empty", .points = {}}});
+  Session session = {.editor = Editor({document, "test.csv"})};
 
-  EXPECT_EQ(run(session, {"show --ungrouped"}), "in no group (3)\n"
+  EXPECT_EQ(run(session, {"show --ungrouped"}), "ungrouped (3)\n"
                                                 "├─ line, 2 points\n"
                                                 "├─ dot\n"
                                                 "└─ empty, 0 points");
@@ -69,10 +68,10 @@ TEST(Show, EscapesNamesThatATerminalWouldObey)
             "\\x1B (1)\n└─ a\\nb\\x1B[2J");
 }
 
-TEST(Show, TellsOfMembersThatTheDocumentDoesNotHave)
+TEST(Show, ShowsMembersThatTheDocumentDoesNotHave)
 {
   auto session = sessionOf({"a"});
-  session.document->setGroups({group("", {GUIdentifier()})});
+  session.editor.document()->setGroups({group("", {GUIdentifier()})});
 
   EXPECT_EQ(run(session, {"show @1"}), "\"\" (1)\n└─ (an element that is not in this document)");
 }

@@ -25,7 +25,7 @@ TEST_F(Sort, TakesNumbersForText)
   EXPECT_EQ(groupsOf(m_session), "G(10 9)");
 }
 
-TEST_F(Sort, KeepsTheOrderOfWhatIsInNoGroup)
+TEST_F(Sort, KeepsTheOrderOfUngroupedElements)
 {
   run(m_session, {"create G 10 9", "sort"});
 
@@ -44,8 +44,8 @@ TEST_F(Sort, IsOneStep)
 
 TEST_F(Sort, KeepsMembersThatTheDocumentDoesNotHave)
 {
-  const auto a = m_session.document->findByName("a")->id;
-  m_session.document->setGroups({group("G", {a, GUIdentifier()})});
+  const auto a = m_session.editor.document()->findByName("a")->id;
+  m_session.editor.document()->setGroups({group("G", {a, GUIdentifier()})});
 
   run(m_session, {"sort"});
   EXPECT_EQ(groupsOf(m_session), "G(? a)");
@@ -54,7 +54,7 @@ TEST_F(Sort, KeepsMembersThatTheDocumentDoesNotHave)
 TEST_F(Sort, HasNothingToDoWithoutGroups)
 {
   EXPECT_EQ(run(m_session, {"sort"}), "Nothing to sort; there are no groups.");
-  EXPECT_TRUE(m_session.history.entries().empty());
+  EXPECT_TRUE(m_session.editor.history().entries().empty());
 }
 
 TEST_F(Sort, TakesNoArguments)

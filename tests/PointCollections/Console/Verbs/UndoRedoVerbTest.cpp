@@ -23,7 +23,7 @@ TEST_F(UndoAndRedo, GoOneStepUnlessToldOtherwise)
   EXPECT_EQ(groupsOf(m_session), "G(a b)");
 }
 
-TEST_F(UndoAndRedo, KnowTheLastThousandChanges)
+TEST_F(UndoAndRedo, KnowTheLastThousandSteps)
 {
   for (int i = 0; i < 600; ++i)
     run(m_session, {"rename G F", "rename F G"});
@@ -68,7 +68,7 @@ TEST_F(UndoAndRedo, AskForANumber)
   EXPECT_EQ(mistake(m_session, "undo 1 2"), "2 is one argument too many; usage: undo [N]");
 }
 
-TEST_F(UndoAndRedo, HaveNothingToRedoBehindANewChange)
+TEST_F(UndoAndRedo, HaveNothingToRedoAfterANewChange)
 {
   run(m_session, {"undo 2", "create I"});
 
@@ -87,7 +87,7 @@ TEST(History, MarksThePresentAndTheCleanState)
             "→   2  Add to Group\n"
             "    3  Create Group  (undone)");
 
-  session.history.markClean();
+  session.editor.history().markClean();
   EXPECT_EQ(run(session, {"undo 2", "history"}), "→   0  Start\n"
                                                  "    1  Create Group  (undone)\n"
                                                  "    2  Add to Group  (undone)  (clean)\n"
