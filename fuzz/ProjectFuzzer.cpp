@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Any bytes as a project file: what loads saves again to something that loads equal, and what does
-// not load is a UserError that can be shown.
+// Loads any bytes as a project file. If they load, the document must survive saving and loading. If
+// not, the error must be a UserError that is safe to print.
 
 #include "PersistenceArchiver/LittleEndian.h"
 #include "PersistenceArchiver/PersistenceArchiver.h"
@@ -34,7 +34,7 @@ void checkProject(std::span<const std::byte> bytes)
   requireSavable(*document);
 }
 
-/// The bytes as the content of the one object of an archive.
+/// An archive with one project that has these bytes as its content.
 Bytes projectAround(std::span<const std::byte> content)
 {
   constexpr std::size_t word = 4;
