@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Arbitrary bytes as a project file: if they load, the project can be saved and loaded again with
-// an equal result; if not, that is a UserError that can be shown.
+// Loads any bytes as a project file. If they load, the document must survive saving and loading. If
+// not, the error must be a UserError that is safe to print.
 
 #include "PersistenceArchiver/LittleEndian.h"
 #include "PersistenceArchiver/PersistenceArchiver.h"
@@ -34,7 +34,7 @@ void checkProject(std::span<const std::byte> bytes)
   requireSavable(*document);
 }
 
-/// The bytes as the content of the one object of an archive.
+/// An archive with one project that has these bytes as its content.
 Bytes projectAround(std::span<const std::byte> content)
 {
   constexpr std::size_t word = 4;
@@ -50,8 +50,7 @@ Bytes projectAround(std::span<const std::byte> content)
 void checkAny(std::span<const std::byte> bytes)
 {
   checkProject(bytes);
-  checkProject(RawArchive::looksLikeOne(bytes) ? RawArchive::repaired(bytes)
-                                               : projectAround(bytes));
+  checkProject(RawArchive::looksLikeOne(bytes) ? RawArchive::mended(bytes) : projectAround(bytes));
 }
 
 }

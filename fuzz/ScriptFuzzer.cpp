@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
-// Any bytes as a script of the host program, on a small document and files that are on no disk.
-// What must hold behind each line is in run(), and behind each change in requireAll(). A first line
-// "## asked" makes the lines that follow a question its answers; "## full" fills the disk from
-// there on, and "## room" makes room on it again.
+// Runs any bytes as a script of point-collections, on a small document and files in memory. run()
+// checks what must hold after each line, and requireAll() what must hold after each change. If the
+// first line is "## asked", the lines after a question are its answers. From a line "## full" on
+// the disk is full, until a line "## room".
 
+#include "PointCollections/Console/Shell/Completion.h"
+#include "PointCollections/Console/Shell/Interpreter.h"
+#include "PointCollections/Console/Shell/UnsavedChanges.h"
+#include "PointCollections/Console/Text/Words.h"
 #include "PointCollections/Input/TextInput.h"
-#include "PointCollections/Session/Completion.h"
-#include "PointCollections/Session/DocumentFile.h"
-#include "PointCollections/Session/Interpreter.h"
 #include "PointCollections/Support/MemoryFiles.h"
 #include "PointCollections/Text/UserError.h"
-#include "PointCollections/Text/Words.h"
 #include "Support/Documents.h"
 #include "Support/Require.h"
 
@@ -43,7 +43,7 @@ std::shared_ptr<MemoryFiles> makeFiles()
   return files;
 }
 
-/// What a change of the document or a step in its history alters.
+/// What a change of the document, undo and redo can alter.
 struct Edited {
   std::shared_ptr<PointDocument> document;
   DocumentState content;
@@ -54,11 +54,10 @@ struct Edited {
   friend bool operator==(const Edited& a, const Edited& b) = default;
 };
 
-/// What saving alters.
+/// What saving can alter.
 struct Saved {
   std::string title;
   std::filesystem::path projectFile;
-  std::size_t projectContent;
   bool isClean;
   std::map<std::string, std::string> files;
 
@@ -68,15 +67,15 @@ struct Saved {
 std::string lastWord(std::string_view line)
 {
   const auto split = splitUnfinished(line);
-  const bool isBehindIt = split.last.text.empty() && !split.words.empty();
-  return isBehindIt ? split.words.back().text : split.last.text;
+  const bool isAfterIt = split.last.text.empty() && !split.words.empty();
+  return isAfterIt ? split.words.back().text : split.last.text;
 }
 
-/// The line can be replaced from there, by something that can be shown and in which the word that
-/// is being typed has not become shorter.
+/// The completion must be safe to print, start within the line, and not shorten the word being
+/// typed.
 void requireCompletion(std::string_view line, const Completion& completion)
 {
-  require(completion.from <= line.size(), "a completion from behind the end of the line");
+  require(completion.from <= line.size(), "a completion that starts after the end of the line");
   std::ranges::for_each(completion.candidates, requireShowable);
   if (completion.candidates.empty())
     return;
@@ -86,16 +85,18 @@ void requireCompletion(std::string_view line, const Completion& completion)
           "a completion that takes away what was typed");
 }
 
-/// Runs a script and knows what the document was like at both ends of its history.
+/// Runs a script. Keeps the state of the document at both ends of its history, for comparison.
 class Run {
 public:
   explicit Run(const std::string& script) : m_script(script)
   {
-    m_session.files = m_files;
-    m_session.history.setLimit(CommandHistory::unlimited); // else the beginning would move along
-    adopt(m_session, readDocument(*m_files, "points.csv"));
-    if (script.starts_with("## asked")) // a person answers with the lines that follow
-      m_session.ask = [this](const std::string& question) { return answerTo(question); };
+    // With a limit, the state before the first entry would change.
+    m_session.editor.history().setLimit(CommandHistory::unlimited);
+    if (script.starts_with("## asked"))
+      m_session.confirmDiscarding = [this](Session& session) {
+        return confirmDiscardingChanges(
+            session, [this](const std::string& question) { return answerTo(question); });
+      };
     start();
   }
 
@@ -131,26 +132,26 @@ private:
 
   Edited edited() const
   {
-    const auto& history = m_session.history;
-    return {m_session.document, stateOf(*m_session.document), history.entries(), history.position(),
-            m_session.isOver};
+    const auto& history = m_session.editor.history();
+    return {m_session.editor.document(), stateOf(*m_session.editor.document()), history.entries(),
+            history.position(), m_session.isOver};
   }
 
   Saved saved() const
   {
-    return {m_session.title, m_session.projectFile, m_session.projectContent,
-            m_session.history.isClean(), m_files->contents};
+    return {m_session.editor.title(), m_session.editor.projectFile(),
+            m_session.editor.history().isClean(), m_files->contents};
   }
 
   void start()
   {
-    m_document = m_session.document;
+    m_document = m_session.editor.document();
     m_first = stateOf(*m_document);
     m_last = m_first;
-    require(m_session.history.entries().empty(), "a new document with a history");
+    require(m_session.editor.history().entries().empty(), "a new document with a history");
   }
 
-  /// @return whether anything has changed
+  /// @return whether the document or its history has changed
   bool run(const std::string& line)
   {
     const auto editedBefore = edited();
@@ -163,7 +164,7 @@ private:
       require(saved() == savedBefore, "a mistake that changes the title, the clean mark or a file");
     }
     const bool isChanged = edited() != editedBefore;
-    if (m_session.document != m_document)
+    if (m_session.editor.document() != m_document)
       start();
     return isChanged;
   }
@@ -181,10 +182,9 @@ private:
   {
     requireWhole(*m_document);
     auto order = stateOf(*m_document).order;
-    require(std::ranges::is_permutation(order, m_first.order),
-            "another order than one of the same elements");
+    require(std::ranges::is_permutation(order, m_first.order), "an order of other elements");
     requireMembers();
-    requireTheWayBackAndForth();
+    requireUndoAndRedo();
     requireSavable(*m_document);
   }
 
@@ -199,9 +199,9 @@ private:
     }
   }
 
-  void requireTheWayBackAndForth()
+  void requireUndoAndRedo()
   {
-    auto& history = m_session.history;
+    auto& history = m_session.editor.history();
     const auto position = history.position();
     const auto count = history.entries().size();
     const auto isClean = history.isClean();
@@ -212,22 +212,22 @@ private:
     while (history.undo()) {
     }
     require(history.position() == 0 && stateOf(*m_document) == m_first,
-            "undoing everything does not lead to the beginning");
+            "undoing everything does not lead to the first state");
     while (history.redo()) {
     }
     require(history.position() == count && stateOf(*m_document) == m_last,
-            "redoing everything does not lead to the end");
+            "redoing everything does not lead to the last state");
     history.jumpTo(position);
-    require(stateOf(*m_document) == here, "there and back, the document is another one");
-    require(history.isClean() == isClean, "there and back, it is saved or no longer so");
+    require(stateOf(*m_document) == here, "undone, redone and back again, the document differs");
+    require(history.isClean() == isClean, "undone, redone and back again, the clean mark differs");
   }
 
   std::istringstream m_script;
   std::shared_ptr<MemoryFiles> m_files = makeFiles();
-  Session m_session = {PointDocument::create(), "points.csv"};
-  std::shared_ptr<PointDocument> m_document; ///< the one that the history is of
-  DocumentState m_first;                     ///< in front of the first entry of the history
-  DocumentState m_last;                      ///< behind its last one
+  Session m_session = {.editor = Editor(openDocument(*m_files, "points.csv"), m_files)};
+  std::shared_ptr<PointDocument> m_document; ///< the one that the history belongs to
+  DocumentState m_first;                     ///< before the first entry of the history
+  DocumentState m_last;                      ///< after its last entry
 };
 
 }

@@ -11,14 +11,14 @@ namespace Tarvik::PointCollections {
 
 class PointDocument;
 
-/// Places collections in front of or behind another one in the document's own order; the groups
-/// stay as they are. PointDocument::createMoveCommand() says what counts as an element.
+/// Places elements before or after another one in the document's order. The groups stay as they
+/// are. PointDocument::createMoveCommand() describes duplicate and unknown elements.
 class MoveCollectionsCmd : public CommandBase {
 public:
   /// @param document      shared for the command's life; not null
-  /// @param target        the collection beside which they go; when unknown, nothing changes
-  /// @param elements      the collections, in the order in which they are to stand
-  /// @param insertBefore  true: in front of the target; false: behind it
+  /// @param target        the element they are placed beside; if it is unknown, nothing changes
+  /// @param elements      the elements, in their new order
+  /// @param insertBefore  true: before the target; false: after it
   MoveCollectionsCmd(std::shared_ptr<PointDocument> document,
                      const GUIdentifier& target,
                      const std::vector<GUIdentifier>& elements,

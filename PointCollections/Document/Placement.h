@@ -7,13 +7,13 @@
 
 namespace Tarvik::PointCollections {
 
-/// The order that results from placing elements in front of or behind another one.
+/// The order that results from placing elements before or after another one.
 ///
-/// Elements that are given twice count once, those that the order does not hold not at all. When
-/// the target is one of the elements, they gather around the place where it stands. Without the
-/// target in it, the order stays as it is.
-/// @param order     no element stands in it twice
-/// @param elements  in the order in which they are to stand
+/// Elements that are given twice count once; elements that are not in the order are ignored. If the
+/// target is one of the elements, they gather around its place. If the target is not in the order,
+/// nothing moves.
+/// @param order     contains no element twice
+/// @param elements  in their new order
 std::vector<GUIdentifier> placedBeside(const std::vector<GUIdentifier>& order,
                                        const GUIdentifier& target,
                                        const std::vector<GUIdentifier>& elements,

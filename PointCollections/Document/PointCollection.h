@@ -8,8 +8,7 @@
 
 namespace Tarvik::PointCollections {
 
-/// A place in space. The unit is that of the file the point comes from; the program only carries
-/// it along. Coordinates are finite.
+/// A place in space. Coordinates are finite; the program does not care about their unit.
 struct Point {
   double x = 0;
   double y = 0;
@@ -18,9 +17,9 @@ struct Point {
   friend bool operator==(const Point& a, const Point& b) = default;
 };
 
-/// Points under one name: what the user puts into groups, where it is called an element.
+/// Points under one name. These are the elements that the user puts into groups.
 struct PointCollection {
-  GUIdentifier id; ///< a new one unless given
+  GUIdentifier id; ///< a new one by default
   std::string name;
   std::vector<Point> points;
 };

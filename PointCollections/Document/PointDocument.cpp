@@ -10,17 +10,6 @@
 #include <unordered_set>
 
 namespace Tarvik::PointCollections {
-namespace {
-
-template <class Groups>
-auto findGroup(Groups& groups, const Identifier& id)
-{
-  return std::find_if(groups.begin(), groups.end(),
-                      [&id](const auto& group) { return group.getId() == id; });
-}
-
-}
-
 std::shared_ptr<PointDocument> PointDocument::create(std::vector<PointCollection> collections)
 {
   return std::make_shared<PointDocument>(Private(), std::move(collections));
@@ -78,6 +67,13 @@ std::vector<GUIdentifier> PointDocument::orderAfterMove(const GUIdentifier& targ
   return placedBeside(m_order, target, elements, insertBefore);
 }
 
+TKGroup<GUIdentifier>* PointDocument::findGroup(const Identifier& id)
+{
+  const auto found = std::find_if(m_groups.begin(), m_groups.end(),
+                                  [&id](const auto& group) { return group.getId() == id; });
+  return found != m_groups.end() ? &*found : nullptr;
+}
+
 const TKGroup<GUIdentifier>* PointDocument::holderOf(const GUIdentifier& element) const
 {
   const auto found = std::find_if(m_groups.begin(), m_groups.end(), [&element](const auto& group) {
@@ -105,7 +101,7 @@ std::vector<GUIdentifier> PointDocument::getUngroupedElements()
 
 void PointDocument::setGroups(const std::vector<TKGroup<GUIdentifier>>& groups)
 {
-  auto copy = groups; // all or nothing: assigning in place could fail half way
+  auto copy = groups; // all or nothing: assigning in place could fail halfway
   m_groups.swap(copy);
 }
 
@@ -121,8 +117,8 @@ std::vector<std::pair<GUIdentifier, std::string>>
 PointDocument::getGroupMemberNames(const Identifier& groupId)
 {
   std::vector<std::pair<GUIdentifier, std::string>> result;
-  const auto group = findGroup(m_groups, groupId);
-  if (group == m_groups.end())
+  const auto* group = findGroup(groupId);
+  if (group == nullptr)
     return result;
   for (const GUIdentifier& member : group->getGroupMembers())
     result.emplace_back(member, getElementName(member));
@@ -131,8 +127,7 @@ PointDocument::getGroupMemberNames(const Identifier& groupId)
 
 void PointDocument::renameGroup(const Identifier& groupId, const std::string& name)
 {
-  const auto group = findGroup(m_groups, groupId);
-  if (group != m_groups.end())
+  if (auto* group = findGroup(groupId))
     group->setName(name, true);
 }
 

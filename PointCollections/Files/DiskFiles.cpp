@@ -18,7 +18,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Archives know no greater one.
+/// An archive cannot be larger.
 constexpr std::uintmax_t greatestSize = 0xFFFFFFFF;
 
 [[noreturn]] void fail(const fs::path& file, const std::string& message)
@@ -26,15 +26,15 @@ constexpr std::uintmax_t greatestSize = 0xFFFFFFFF;
   throw UserError(fmt::format("{}: {}", printable(Utf8::fromPath(file)), message));
 }
 
-/// Windows itself would say it in the user's language and code page.
-std::string inWords(const std::error_code& code)
+/// Not the message of Windows itself, which is in the user's language and code page.
+std::string reasonFor(const std::error_code& code)
 {
   const auto condition = code.default_error_condition();
   return condition == std::errc::device_or_resource_busy ? "another program has it open"
                                                          : condition.message();
 }
 
-/// What has no end must not be waited for.
+/// Reading a device might never end.
 void refuseDevice(const fs::path& file)
 {
   std::error_code ignored;
@@ -83,7 +83,7 @@ public:
       writer.write(bytes);
       writer.commit();
     } catch (const std::system_error& error) {
-      fail(file, fmt::format("the file cannot be saved ({})", printable(inWords(error.code()))));
+      fail(file, fmt::format("the file cannot be saved ({})", printable(reasonFor(error.code()))));
     }
   }
 

@@ -10,7 +10,7 @@
 
 namespace Tarvik::PointCollections {
 
-/// Where documents come from and go to: the disk, or something else in tests. Failures are
+/// Where documents are read and saved: the disk, or something else in tests. Failures are
 /// UserErrors that name the file.
 class Files {
 public:
@@ -19,27 +19,28 @@ public:
   Files& operator=(const Files&) = delete;
   virtual ~Files() = default;
 
-  /// All bytes of a text file, which holds no NUL.
+  /// All bytes of a text file. A NUL byte is an error.
   virtual std::string readText(const std::filesystem::path& file) = 0;
 
   /// All bytes of a file.
   virtual std::vector<std::byte> readBytes(const std::filesystem::path& file) = 0;
 
-  /// Makes these the bytes of a file, which need not exist. When that fails, the file is as it was;
-  /// only where the disk fails in noting its name at last, it may be the new one already, whole.
+  /// Replaces the content of a file, or makes the file. If that fails, the file is as it was. There
+  /// is one exception: if only the last flush of the folder fails, the file may already be the new
+  /// one, complete.
   virtual void write(const std::filesystem::path& file, std::span<const std::byte> bytes) = 0;
 
   virtual bool exists(const std::filesystem::path& file) = 0;
 
-  /// Whether both paths lead to the same file, which exists.
+  /// Whether both paths lead to the same existing file.
   virtual bool areSame(const std::filesystem::path& one, const std::filesystem::path& other) = 0;
 
-  /// The names of all files and folders in a folder, those of folders with a slash behind them;
-  /// none when it cannot be read.
+  /// The names of all files and folders in a folder. Those of folders end in a slash. Empty if the
+  /// folder cannot be read.
   virtual std::vector<std::string> namesIn(const std::filesystem::path& folder) = 0;
 };
 
-/// The files of the computer.
+/// The files on the disk.
 std::shared_ptr<Files> diskFiles();
 
 }

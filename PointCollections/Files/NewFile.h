@@ -8,14 +8,15 @@
 
 namespace Tarvik::PointCollections {
 
-/// A file that is being written, for SafeFileWriter: what differs between operating systems, one
-/// source file for each. Failures are std::system_errors.
+/// A new file that is being written, for SafeFileWriter. Each operating system has its own source
+/// file. Failures are std::system_errors.
 class NewFile {
 public:
-  /// Makes a file where there is none.
-  /// @param model  the file whose owner and access rights it gets, as far as the user may give
-  ///               them, and never more; when there is none, it gets those of any new file
-  /// @throws std::system_error also when there is a model that the user may not write to
+  /// Makes the file, which must not exist.
+  /// @param model  the file whose owner and access rights the new one gets, as far as the user may
+  ///               give them, and never more rights; if it does not exist, the new file gets the
+  ///               usual ones
+  /// @throws std::system_error also if the model exists and the user may not write to it
   NewFile(std::filesystem::path path, const std::filesystem::path& model);
 
   NewFile(const NewFile&) = delete;
@@ -26,15 +27,15 @@ public:
 
   void write(std::span<const std::byte> bytes);
 
-  /// Returns when all that was written is on the disk. Nothing can be written behind.
+  /// Returns when everything is on the disk. Nothing can be written after this.
   void close();
 
-  /// Gives the closed file another name, in one step that also takes the name from a file that has
-  /// it, and returns when that is on the disk.
+  /// Renames the closed file, and returns when that is on the disk. A file that has the name is
+  /// replaced in the same step.
   void replace(const std::filesystem::path& file);
 
 private:
-  std::filesystem::path m_path; ///< empty once it has another one
+  std::filesystem::path m_path; ///< empty after replace()
   std::intptr_t m_handle;
 };
 

@@ -27,7 +27,7 @@ constexpr int closed = -1;
   throw std::system_error(errno, std::generic_category());
 }
 
-/// Lets a call fail that would go beyond the greatest size of a file; the program would be ended.
+/// Makes a write beyond the greatest file size fail, which would otherwise end the program.
 class FileSizeSignalIgnored {
 public:
   FileSizeSignalIgnored() : m_before(std::signal(SIGXFSZ, SIG_IGN)) {}
@@ -39,7 +39,8 @@ private:
   void (*m_before)(int);
 };
 
-/// What is known of a file; nothing when there is none. One that is not to be written to fails.
+/// The status of a file; nothing if it does not exist.
+/// @throws std::system_error if the user may not write to it
 std::optional<struct stat> writableFile(const char* path)
 {
   struct stat known = {};
@@ -61,8 +62,8 @@ int create(const char* path, mode_t mode)
   return file;
 }
 
-/// Takes over the list of those who have rights of their own, in place of one that the folder gave.
-/// @return false when there is one that cannot be taken over
+/// Copies the access control list of the model, and drops the one that the folder gave.
+/// @return false if the model has a list that cannot be copied
 bool takeAccessList(int file, const char* model)
 {
 #if defined(__linux__)
@@ -79,9 +80,9 @@ bool takeAccessList(int file, const char* model)
 #endif
 }
 
-/// Whoever may not give the file to its old group must not let his own read it instead: that group
-/// may do what all others may. With a list of rights, those of the group in the mode are only the
-/// most that any on the list has.
+/// Copies owner and rights of the model. If the user may not give the file to its old group, the
+/// user's own group must not gain rights: it only gets those of all others. With an access control
+/// list, the group rights in the mode are only an upper bound for the list.
 void takeRights(int file, const char* path, const struct stat& model)
 {
   constexpr mode_t groupRights = S_IRWXG;
@@ -91,11 +92,11 @@ void takeRights(int file, const char* path, const struct stat& model)
     mode = (mode & ~groupRights) | (mode & S_IRWXO) << 3U;
   if (!takeAccessList(file, path))
     mode &= ~groupRights;
-  static_cast<void>(fchmod(file, mode)); // where that is not possible, the owner alone has rights
+  static_cast<void>(fchmod(file, mode)); // if that fails, only the owner has rights
 }
 
-/// Some kinds of folders cannot be flushed, and others not be opened; they keep a rename anyway, or
-/// offer no way to be sure of it.
+/// Flushes a rename to the disk. Some kinds of folders cannot be opened or flushed: they keep a
+/// rename anyway, or offer no way to make sure of it. So only an I/O error counts.
 void flushFolder(const std::filesystem::path& file)
 {
   const auto folder = file.has_parent_path() ? file.parent_path() : ".";
@@ -114,8 +115,8 @@ void flushFolder(const std::filesystem::path& file)
 NewFile::NewFile(std::filesystem::path path, const std::filesystem::path& model)
     : m_path(std::move(path)), m_handle(closed)
 {
-  constexpr mode_t ownerOnly = 0600; // until the rights are known to be right
-  constexpr mode_t usual = 0666;     // less what the user's mask takes away
+  constexpr mode_t ownerOnly = 0600; // until takeRights() has set them
+  constexpr mode_t usual = 0666;     // less the bits in the user's mask
   const auto known = writableFile(model.c_str());
   m_handle = create(m_path.c_str(), known ? ownerOnly : usual);
   if (known)
@@ -149,7 +150,7 @@ void NewFile::close()
   const int file = static_cast<int>(m_handle);
   if (fsync(file) != 0)
     fail();
-  m_handle = closed; // whatever comes of it: closing twice might close another file
+  m_handle = closed; // in any case: closing twice might close another file
   if (::close(file) != 0 && errno != EINTR)
     fail();
 }

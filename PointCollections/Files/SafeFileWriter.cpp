@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
   throw std::system_error(std::make_error_code(reason));
 }
 
-/// Where the links lead, also when there is no file yet.
+/// The file that the links lead to; it need not exist.
 fs::path followed(fs::path file)
 {
   constexpr int mostLinks = 40;
@@ -28,7 +28,7 @@ fs::path followed(fs::path file)
   return file;
 }
 
-/// Renaming would put a file in the place of anything that is not a folder.
+/// Renaming would replace anything but a folder.
 void checkReplaceable(const fs::path& file)
 {
   constexpr auto writable =
@@ -41,7 +41,7 @@ void checkReplaceable(const fs::path& file)
   if (!fs::is_regular_file(status))
     refuse(std::errc::operation_not_supported);
   if ((status.permissions() & writable) == fs::perms::none)
-    refuse(std::errc::permission_denied); // also for those whom the system would let
+    refuse(std::errc::permission_denied); // even if the system would allow it
 }
 
 fs::path newNameBeside(const fs::path& file)

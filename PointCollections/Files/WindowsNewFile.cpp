@@ -17,7 +17,7 @@ const auto closed = reinterpret_cast<std::intptr_t>(INVALID_HANDLE_VALUE);
 [[noreturn]] void fail()
 {
   const auto reason = GetLastError();
-  if (reason == ERROR_SHARING_VIOLATION) // all others have a counterpart that says as much
+  if (reason == ERROR_SHARING_VIOLATION) // others map to a suitable std::errc
     throw std::system_error(std::make_error_code(std::errc::device_or_resource_busy));
   throw std::system_error(static_cast<int>(reason), std::system_category());
 }
@@ -32,8 +32,8 @@ bool isThere(const std::filesystem::path& file)
   return GetFileAttributesW(file.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
-/// A file that the user has no right to, or that others have open so that it cannot go away, could
-/// not be replaced either.
+/// Fails early if the file could not be replaced: the user has no right to it, or another program
+/// has it open.
 void checkWritable(const std::filesystem::path& file)
 {
   const HANDLE handle = CreateFileW(file.c_str(), GENERIC_WRITE | DELETE,
@@ -53,7 +53,7 @@ HANDLE create(const std::filesystem::path& file)
   return handle;
 }
 
-/// The access rights of the model; those of the folder stay where they cannot be had.
+/// Copies the access rights of the model. If they cannot be read, those of the folder stay.
 void takeRights(const std::filesystem::path& file, const std::filesystem::path& model)
 {
   DWORD size = 0;

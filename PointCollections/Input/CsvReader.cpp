@@ -76,7 +76,7 @@ void CsvReader::readQuotedField(std::string& field)
   const std::size_t openingLine = m_line;
   field.clear();
   for (;;) {
-    const std::size_t start = ++m_at; // behind the opening quote, or the first of two
+    const std::size_t start = ++m_at; // after the opening quote, or after the first of two
     const std::size_t end = m_text.find('"', start);
     if (end == std::string_view::npos)
       failAt(openingLine, "a quoted field that never ends; expected a closing quote");
@@ -89,7 +89,7 @@ void CsvReader::readQuotedField(std::string& field)
     field += '"';
   }
   if (!isAtEnd() && std::string_view(",\r\n").find(m_text[m_at]) == std::string_view::npos)
-    failAt(m_line, "text behind a closing quote; expected a comma or the end of the line, and "
+    failAt(m_line, "text after a closing quote; expected a comma or the end of the line, and "
                    "quotes inside the field doubled");
 }
 

@@ -8,11 +8,11 @@
 
 namespace Tarvik::PointCollections {
 
-/// Takes comma-separated text apart, row by row.
+/// Splits comma-separated text into rows and fields.
 ///
 /// Fields are separated by commas, rows by LF or CRLF. A field in double quotes may hold commas,
-/// line breaks and doubled quotes, which stand for one quote. Blanks belong to the field. Lines
-/// without any character are skipped.
+/// line breaks and doubled quotes, which mean one quote. Blanks belong to the field. Empty lines
+/// are skipped.
 class CsvReader {
 public:
   /// @param text  UTF-8, without byte order mark; must outlive the reader
@@ -20,16 +20,16 @@ public:
   CsvReader(std::string_view text, std::string name);
 
   /// Reads the next row.
-  /// @param fields  gets the row's fields; its strings are reused
-  /// @return false at the end of the text, with `fields` left as they were
-  /// @throws UserError "name:line: ..." where quotes are used against the rules, or a carriage
-  ///         return stands alone outside quotes
+  /// @param fields  receives the row's fields; its strings are reused
+  /// @return false at the end of the text; `fields` is unchanged then
+  /// @throws UserError "name:line: ..." if quotes break the rules, or a carriage return outside
+  ///         quotes has no line feed after it
   bool readRow(std::vector<std::string>& fields);
 
-  /// The line where the row read last begins, counted from 1.
+  /// The line on which the last row starts, counted from 1.
   std::size_t rowLine() const { return m_rowLine; }
 
-  /// Reports a mistake of the user in the row read last.
+  /// Reports a mistake in the last row.
   /// @throws UserError "name:line: message", always
   [[noreturn]] void fail(const std::string& message) const;
 

@@ -30,14 +30,14 @@ std::string_view trimmed(std::string_view text)
   return text.substr(start, text.find_last_not_of(" \t") - start + 1);
 }
 
-/// Takes the plus away that people write and std::from_chars refuses.
+/// Removes a plus sign, which people write but std::from_chars refuses.
 std::string_view withoutPlus(std::string_view number)
 {
   const bool hasPlus = number.size() > 1 && number[0] == '+' && number[1] != '-';
   return number.substr(hasPlus ? 1 : 0);
 }
 
-std::string inWords(std::string_view field)
+std::string quoted(std::string_view field)
 {
   return inQuotes(abbreviated(field, 60));
 }
@@ -51,13 +51,13 @@ double parseNumber(const CsvReader& csv, const std::string& column, std::string_
   if (error == std::errc::result_out_of_range && stop == end)
     csv.fail(fmt::format("{} is {}, which is out of range; expected at most 1.7e308 and, unless "
                          "it is 0, at least 1e-307",
-                         column, inWords(field)));
+                         column, quoted(field)));
   if (error != std::errc() || stop != end)
     csv.fail(
-        fmt::format("{} is {}, which is not a number; expected e.g. 12.5", column, inWords(field)));
+        fmt::format("{} is {}, which is not a number; expected e.g. 12.5", column, quoted(field)));
   if (!std::isfinite(value))
     csv.fail(
-        fmt::format("{} is {}, which is not finite; expected e.g. 12.5", column, inWords(field)));
+        fmt::format("{} is {}, which is not finite; expected e.g. 12.5", column, quoted(field)));
   return value;
 }
 
@@ -75,10 +75,10 @@ void checkHeader(CsvReader& csv, std::vector<std::string>& fields)
 void checkRow(const CsvReader& csv, const std::vector<std::string>& fields)
 {
   if (fields.size() != columns.size())
-    csv.fail(fmt::format("{}; expected {} ({})", counted(fields.size(), "field"), columns.size(),
+    csv.fail(fmt::format("{}; expected {} ({})", pluralize(fields.size(), "field"), columns.size(),
                          header));
   if (fields[0].empty())
-    csv.fail("the collection has no name; expected one, such as Berlin");
+    csv.fail("the element has no name; expected one, such as Berlin");
 }
 
 void checkEncoding(std::string_view text, const std::string& name)

@@ -23,7 +23,7 @@
 namespace Tarvik::PointCollections {
 namespace {
 
-/// What an archive holds of a document.
+/// A document as it is saved in an archive.
 struct PointProject {
   std::vector<PointCollection> collections;
   std::vector<TKGroup<GUIdentifier>> groups;
@@ -31,12 +31,13 @@ struct PointProject {
   static void serialization_register(void* out);
 };
 
-/// Sees to it that a project is one, element after element and group after group: when it is
-/// saved too, since what cannot be loaded must not take the place of what can.
-class Checks {
+/// Checks the elements and groups of a project one after the other. Also used for saving: a file
+/// that cannot be loaded must not replace one that can.
+class ProjectChecker {
 public:
-  /// @param position  in the archive
-  void take(const PointCollection& collection, std::uint64_t position)
+  /// @param position  of the element in the archive
+  /// @throws ArchiveError if it is invalid, or has the id or name of an earlier one
+  void check(const PointCollection& collection, std::uint64_t position)
   {
     m_position = position;
     checkId(collection.id, m_ids, "an element");
@@ -44,12 +45,14 @@ public:
       refuse("expected the name of an element, found an empty one");
     checkText(collection.name, "an element");
     if (!m_names.insert(collection.name).second)
-      refuse("expected each name once, found a second element " + mentioned(collection.name));
-    if (!std::ranges::all_of(collection.points, &Checks::isFinite))
-      refuse("expected finite coordinates, found others in " + mentioned(collection.name));
+      refuse("expected each name once, found a second element " + displayName(collection.name));
+    if (!std::ranges::all_of(collection.points, &ProjectChecker::isFinite))
+      refuse("expected finite coordinates, found others in " + displayName(collection.name));
   }
 
-  void take(const TKGroup<GUIdentifier>& group, std::uint64_t position)
+  /// @param position  of the group in the archive
+  /// @throws ArchiveError if it is invalid, or has the id of an earlier one
+  void check(const TKGroup<GUIdentifier>& group, std::uint64_t position)
   {
     m_position = position;
     checkId(group.getId(), m_groupIds, "a group");
@@ -74,7 +77,7 @@ private:
   void checkText(const std::string& name, const std::string& owner) const
   {
     if (Utf8::findInvalid(name) != std::string_view::npos || name.find('\0') != std::string::npos)
-      refuse("expected the name of " + owner + " in UTF-8 without NUL, found " + mentioned(name));
+      refuse("expected the name of " + owner + " in UTF-8 without NUL, found " + displayName(name));
   }
 
   [[noreturn]] void refuse(const std::string& message) const
@@ -90,7 +93,7 @@ private:
 
 void saveCount(PersistenceArchiver& archive, std::size_t count)
 {
-  archive << static_cast<std::uint32_t>(count); // an archive cannot hold as many as would be cut
+  archive << static_cast<std::uint32_t>(count); // an archive cannot hold more than that
 }
 
 std::uint32_t loadCount(PersistenceArchiver& archive)
@@ -126,31 +129,31 @@ PointCollection loadCollection(PersistenceArchiver& archive)
 
 void save(PersistenceArchiver& archive, const PointProject& project, unsigned int /*version*/)
 {
-  Checks checks;
+  ProjectChecker checker;
   saveCount(archive, project.collections.size());
   for (const auto& collection : project.collections) {
-    checks.take(collection, archive.tellp());
+    checker.check(collection, archive.tellp());
     saveCollection(archive, collection);
   }
   saveCount(archive, project.groups.size());
   for (const auto& group : project.groups) {
-    checks.take(group, archive.tellp());
+    checker.check(group, archive.tellp());
     archive << group;
   }
 }
 
 void load(PersistenceArchiver& archive, PointProject& project, unsigned int /*version*/)
 {
-  Checks checks;
+  ProjectChecker checker;
   for (auto count = loadCount(archive); count > 0; --count) {
     const auto position = archive.tellg();
-    checks.take(project.collections.emplace_back(loadCollection(archive)), position);
+    checker.check(project.collections.emplace_back(loadCollection(archive)), position);
   }
   project.groups.resize(loadCount(archive));
   for (auto& group : project.groups) {
     const auto position = archive.tellg();
     archive >> group;
-    checks.take(group, position);
+    checker.check(group, position);
   }
   if (!archive.isAtEnd())
     throw ArchiveError(static_cast<std::size_t>(archive.tellg()),
@@ -160,7 +163,7 @@ void load(PersistenceArchiver& archive, PointProject& project, unsigned int /*ve
 const BaseClassRegister* registeredRecord()
 {
   constexpr unsigned int version = 1;
-  constexpr unsigned int leastSize = 8; // two lists without anything in them
+  constexpr unsigned int leastSize = 8; // two empty lists
   static const auto* const registered =
       registerClass<PointProject, load, save>("PointProject", version, leastSize);
   return registered;
@@ -172,11 +175,11 @@ void PointProject::serialization_register(void* out)
     *static_cast<BaseClassRegister*>(out) = *registered;
 }
 
-/// A project must be known before the first archive is opened.
+/// The class must be registered before the first archive is opened.
 [[maybe_unused]] const auto* const registeredAtStart = registeredRecord();
 
-/// The error's text, which may quote the file, as one that is fit to be shown.
-std::string inWords(const ArchiveError& error)
+/// The message of the error, safe to print: it may quote the file.
+std::string messageOf(const ArchiveError& error)
 {
   constexpr std::string_view start = "archive, ";
   constexpr std::size_t longest = 500;
@@ -222,7 +225,7 @@ std::vector<std::byte> saveProject(PointDocument& document)
     const auto bytes = archive.finish();
     return {bytes.begin(), bytes.end()};
   } catch (const ArchiveError& error) {
-    throw UserError("the document cannot be saved: " + inWords(error));
+    throw UserError("the document cannot be saved: " + messageOf(error));
   } catch (const std::bad_alloc&) {
     throw UserError("the document cannot be saved: there is not enough memory for a copy of it");
   }
@@ -237,7 +240,7 @@ std::shared_ptr<PointDocument> loadProject(std::span<const std::byte> bytes,
     document->setGroups(project.groups);
     return document;
   } catch (const ArchiveError& error) {
-    throw UserError(fmt::format("{}, {}", name, inWords(error)));
+    throw UserError(fmt::format("{}, {}", name, messageOf(error)));
   } catch (const std::bad_alloc&) {
     throw UserError(fmt::format("{}: there is not enough memory for this project", name));
   }

@@ -15,7 +15,7 @@ constexpr std::size_t longestMention = 60;
 bool isControl(std::string_view character)
 {
   const auto first = static_cast<unsigned char>(character[0]);
-  if (character.size() == 2) // U+0080 to U+009F: terminals obey them as well
+  if (character.size() == 2) // U+0080 to U+009F: terminals obey them too
     return first == 0xC2 && static_cast<unsigned char>(character[1]) < 0xA0;
   return character.size() == 1 && (first < 0x20 || first == 0x7F);
 }
@@ -34,7 +34,7 @@ std::string escapedByte(char byte)
   }
 }
 
-/// Escapes what is not fit to be shown and, with a backslash, the special characters.
+/// Escapes what is not safe to print and, with a backslash, the special characters.
 std::string escaped(std::string_view text, std::string_view specials)
 {
   std::string result;
@@ -78,7 +78,7 @@ std::string asTyped(std::string_view name)
   return needsQuotes(name) ? inQuotes(name) : std::string(name);
 }
 
-std::string mentioned(std::string_view name)
+std::string displayName(std::string_view name)
 {
   const auto start = Utf8::prefix(name, longestMention);
   if (start.size() == name.size())
@@ -92,7 +92,7 @@ std::string abbreviated(std::string_view text, std::size_t characters)
   return std::string(start) + (start.size() < text.size() ? "…" : "");
 }
 
-std::string counted(std::size_t number, std::string_view noun)
+std::string pluralize(std::size_t number, std::string_view noun)
 {
   return fmt::format("{} {}{}", number, noun, number == 1 ? "" : "s");
 }

@@ -5,28 +5,28 @@
 #include <string>
 #include <string_view>
 
-/// How names and other texts of the user are shown: safe for a terminal, and so that the user can
-/// type them back.
+/// How names and other texts of the user are shown: safe for a terminal, and in a form that the
+/// user can type.
 namespace Tarvik::PointCollections {
 
 /// The text with control characters and bytes that are not UTF-8 written as \n, \r, \t or \x and
-/// two hexadecimal digits. All else stays, backslashes included.
+/// two hexadecimal digits. Everything else stays, even backslashes.
 std::string printable(std::string_view text);
 
-/// The name as it is typed in a command: plain where that is possible, otherwise in double quotes
-/// with backslash escapes.
+/// The name as it is typed in a command: plain if possible, otherwise in double quotes with
+/// backslash escapes.
 std::string asTyped(std::string_view name);
 
-/// As asTyped(), always in double quotes.
+/// As asTyped(), but always in double quotes.
 std::string inQuotes(std::string_view name);
 
-/// As asTyped(), for use in messages: names longer than 60 characters end in "…".
-std::string mentioned(std::string_view name);
+/// As asTyped(), for messages: a name longer than 60 characters is cut and ends in "…".
+std::string displayName(std::string_view name);
 
-/// The text, cut to so many characters plus "…" when it is longer.
+/// The text; if it is longer than so many characters, it is cut there and ends in "…".
 std::string abbreviated(std::string_view text, std::size_t characters);
 
 /// "1 element", "2 elements": a number and a noun whose plural ends in s.
-std::string counted(std::size_t number, std::string_view noun);
+std::string pluralize(std::size_t number, std::string_view noun);
 
 }

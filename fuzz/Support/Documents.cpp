@@ -31,14 +31,14 @@ void requireSavable(PointDocument& document)
 {
   const auto bytes = saveProject(document);
   const auto loaded = loadProject(bytes, "saved.tkpc");
-  require(stateOf(*loaded) == stateOf(document), "saved and loaded, the document is different");
+  require(stateOf(*loaded) == stateOf(document), "saved and loaded, the document differs");
   for (const auto& id : document.order()) {
     const auto& before = *document.find(id);
     const auto& after = *loaded->find(id);
     require(before.name == after.name && before.points == after.points,
-            "saved and loaded, an element is different");
+            "saved and loaded, an element differs");
   }
-  require(saveProject(*loaded) == bytes, "saved and loaded, the bytes are different");
+  require(saveProject(*loaded) == bytes, "saved and loaded, the bytes differ");
 }
 
 void requireShowable(std::string_view text)

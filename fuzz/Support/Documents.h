@@ -7,10 +7,10 @@
 #include <string_view>
 #include <vector>
 
-/// What must be true of every document and of every text that the user reads.
+/// What must hold for every document and every text that the user reads.
 namespace Tarvik::PointCollections {
 
-/// All of a document that commands change.
+/// Everything in a document that commands can change.
 struct DocumentState {
   struct Group {
     std::string name;
@@ -28,13 +28,13 @@ struct DocumentState {
 
 DocumentState stateOf(PointDocument& document);
 
-/// The order holds elements of the document, each once.
+/// The order must contain elements of the document only, each once.
 void requireWhole(const PointDocument& document);
 
-/// Saved and loaded, the document is equal, and so are its bytes when it is saved again.
+/// Saved and loaded, the document must be equal, and so must its bytes when it is saved again.
 void requireSavable(PointDocument& document);
 
-/// The text is UTF-8 in one line without control characters, including those beyond ASCII.
+/// The text must be one line of UTF-8 without control characters, even those beyond ASCII.
 void requireShowable(std::string_view text);
 
 }

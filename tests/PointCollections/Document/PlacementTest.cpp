@@ -13,12 +13,12 @@ protected:
   using Order = std::vector<GUIdentifier>;
 };
 
-TEST_F(Placement, PutsElementsInFrontOfTheTarget)
+TEST_F(Placement, PutsElementsBeforeTheTarget)
 {
   EXPECT_EQ(placedBeside(order, b, {d, a}, true), (Order{d, a, b, c}));
 }
 
-TEST_F(Placement, PutsElementsBehindTheTarget)
+TEST_F(Placement, PutsElementsAfterTheTarget)
 {
   EXPECT_EQ(placedBeside(order, b, {d, a}, false), (Order{b, d, a, c}));
   EXPECT_EQ(placedBeside(order, d, {a}, false), (Order{b, c, d, a}));

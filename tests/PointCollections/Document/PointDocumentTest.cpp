@@ -2,7 +2,7 @@
 #include "PointCollections/Document/PointDocument.h"
 
 #include "HighLevelServices/GroupCommands/MoveTKGroupElementsCmd.h"
-#include "PointCollections/Support/Sessions.h"
+#include "PointCollections/Support/Documents.h"
 #include "Support/Groups.h"
 
 #include <gmock/gmock.h>
@@ -24,7 +24,7 @@ protected:
 
   std::vector<std::string> order() const { return namesOf(*m_document, m_document->order()); }
 
-  /// The order after the move command has run; empty when there is no command.
+  /// The order after the move command; empty if there is no command.
   std::vector<std::string>
   orderAfter(const std::string& target, const std::string& elements, bool insertBefore)
   {
@@ -41,7 +41,7 @@ protected:
   }
 };
 
-TEST_F(Document, FindsCollectionsByIdAndByName)
+TEST_F(Document, FindsElementsByIdAndByName)
 {
   const auto* b = m_document->findByName("b");
 
@@ -53,7 +53,7 @@ TEST_F(Document, FindsCollectionsByIdAndByName)
   EXPECT_EQ(m_document->getElementName(GUIdentifier()), "");
 }
 
-TEST_F(Document, KeepsTheFirstOfCollectionsWithEqualNamesOrIds)
+TEST_F(Document, KeepsTheFirstOfElementsWithEqualNamesOrIds)
 {
   const GUIdentifier id;
   const auto document = PointDocument::create({{.id = id, .name = "a", .points = {{1, 2, 3}}},
@@ -65,11 +65,20 @@ TEST_F(Document, KeepsTheFirstOfCollectionsWithEqualNamesOrIds)
   EXPECT_EQ(document->find(id)->name, "a");
 }
 
-TEST_F(Document, ListsWhatIsInNoGroupInItsOwnOrder)
+TEST_F(Document, ListsUngroupedElementsInItsOrder)
 {
   m_document->setGroups({group("X", {id("d"), id("a")}), group("Y", {id("a")})});
 
   EXPECT_THAT(namesOf(*m_document, m_document->getUngroupedElements()), ElementsAre("b", "c", "e"));
+}
+
+TEST_F(Document, FindsGroupsById)
+{
+  m_document->setGroups({group<GUIdentifier>("G", {}), group<GUIdentifier>("H", {})});
+  const auto id = m_document->getGroups()[1].getId();
+
+  EXPECT_EQ(m_document->findGroup(id), &m_document->getGroups()[1]);
+  EXPECT_EQ(m_document->findGroup(Identifier()), nullptr);
 }
 
 TEST_F(Document, FindsTheFirstGroupThatHoldsAnElement)
@@ -126,31 +135,31 @@ TEST_F(Document, DoesNothingWhenAnUnknownGroupIsRenamed)
   EXPECT_EQ(m_document->getGroups()[0].getName(), "X");
 }
 
-TEST_F(Document, MovesCollectionsInFrontOfAnother)
+TEST_F(Document, MovesElementsBeforeAnother)
 {
   EXPECT_THAT(orderAfter("b", "e", true), ElementsAre("a", "e", "b", "c", "d"));
   EXPECT_THAT(orderAfter("d", "ca", true), ElementsAre("b", "c", "a", "d", "e"));
   EXPECT_THAT(orderAfter("a", "ec", true), ElementsAre("e", "c", "a", "b", "d"));
 }
 
-TEST_F(Document, MovesCollectionsBehindAnother)
+TEST_F(Document, MovesElementsAfterAnother)
 {
   EXPECT_THAT(orderAfter("b", "e", false), ElementsAre("a", "b", "e", "c", "d"));
   EXPECT_THAT(orderAfter("e", "ba", false), ElementsAre("c", "d", "e", "b", "a"));
 }
 
-TEST_F(Document, GathersMovedCollectionsAroundATargetThatIsOneOfThem)
+TEST_F(Document, GathersMovedElementsAroundATargetThatIsOneOfThem)
 {
   EXPECT_THAT(orderAfter("c", "ecb", true), ElementsAre("a", "e", "c", "b", "d"));
   EXPECT_THAT(orderAfter("c", "ca", false), ElementsAre("b", "c", "a", "d", "e"));
 }
 
-TEST_F(Document, MovesOnceWhatIsGivenTwice)
+TEST_F(Document, MovesAnElementThatIsGivenTwiceOnce)
 {
   EXPECT_THAT(orderAfter("a", "ede", true), ElementsAre("e", "d", "a", "b", "c"));
 }
 
-TEST_F(Document, SkipsUnknownCollectionsWhenMoving)
+TEST_F(Document, SkipsUnknownElementsWhenMoving)
 {
   const auto command = m_document->createMoveCommand(id("a"), {GUIdentifier(), id("c")}, true);
 
@@ -159,7 +168,7 @@ TEST_F(Document, SkipsUnknownCollectionsWhenMoving)
   EXPECT_THAT(order(), ElementsAre("c", "a", "b", "d", "e"));
 }
 
-TEST_F(Document, HasNoMoveCommandWhereNothingWouldMove)
+TEST_F(Document, HasNoMoveCommandIfNothingWouldMove)
 {
   EXPECT_EQ(m_document->createMoveCommand(id("b"), {id("a")}, true), nullptr);
   EXPECT_EQ(m_document->createMoveCommand(id("b"), {id("c"), id("d")}, false), nullptr);
@@ -183,7 +192,7 @@ TEST_F(Document, UndoesAndRedoesAMove)
   EXPECT_EQ(command->getDescription(), "Move");
 }
 
-TEST_F(Document, KeepsThePlacesOfGroupedCollectionsInItsOrder)
+TEST_F(Document, KeepsThePlacesOfGroupedElementsInItsOrder)
 {
   m_document->setGroups({group("X", {id("b")})});
 
@@ -191,12 +200,12 @@ TEST_F(Document, KeepsThePlacesOfGroupedCollectionsInItsOrder)
   EXPECT_THAT(orderAfter("b", "d", true), ElementsAre("a", "d", "b", "c", "e"));
 }
 
-/// A move beside an element in no group, through the library's command.
+/// A move beside an ungrouped element, with the library's command.
 class DocumentMoves : public Document {
 protected:
   DocumentMoves() { m_document->setGroups({group("X", {id("b"), id("d")})}); }
 
-  /// Executes the command, and undoes and redoes it; what is in no group then.
+  /// Executes the command, undoes and redoes it, and returns the ungrouped elements.
   std::vector<std::string>
   ungroupedAfter(const std::string& elements, const std::string& target, bool insertBefore)
   {
@@ -228,14 +237,14 @@ TEST_F(DocumentMoves, TakeElementsOutOfTheirGroupsAndPlaceThem)
   EXPECT_TRUE(m_document->getGroups()[0].getGroupMembers().empty());
 }
 
-TEST_F(DocumentMoves, TakeElementsOutOfTheirGroupsWhereTheOrderStaysTheSame)
+TEST_F(DocumentMoves, TakeElementsOutOfTheirGroupsEvenIfTheOrderStaysTheSame)
 {
   EXPECT_THAT(ungroupedAfter("b", "a", false), ElementsAre("a", "b", "c", "e"));
   EXPECT_THAT(order(), ElementsAre("a", "b", "c", "d", "e"));
   EXPECT_EQ(view(m_document->getGroups()), list(group("X", {id("d")})));
 }
 
-TEST_F(DocumentMoves, PlaceElementsThatAreInNoGroup)
+TEST_F(DocumentMoves, PlaceUngroupedElements)
 {
   EXPECT_THAT(ungroupedAfter("ea", "c", false), ElementsAre("c", "e", "a"));
   EXPECT_EQ(view(m_document->getGroups()), list(group("X", {id("b"), id("d")})));

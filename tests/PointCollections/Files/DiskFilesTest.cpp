@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Files/Files.h"
 
+#include "PointCollections/Support/Documents.h"
 #include "PointCollections/Support/Files.h"
-#include "PointCollections/Support/Sessions.h"
 
 #include <gmock/gmock.h>
 
@@ -59,7 +59,7 @@ TEST_F(DiskFiles, AreTextsOnlyWithoutNul)
   EXPECT_THAT(mistakeIn([&] { m_files->readText(other); }), HasSubstr("a NUL byte"));
 }
 
-TEST_F(DiskFiles, ThatAreNoFilesAreNotRead)
+TEST_F(DiskFiles, ThatAreNotFilesAreNotRead)
 {
   const auto mistakeInReading = [&](const std::filesystem::path& file) {
     return mistakeIn([&] { m_files->readBytes(file); });

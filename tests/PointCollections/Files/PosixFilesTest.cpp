@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-// What holds of files on POSIX systems alone: modes, owners, links, devices and limits that Windows
-// has not or has in another way, see WindowsFilesTest.cpp.
+// Files on POSIX systems: modes, owners, links, devices and limits, which Windows does not have or
+// has in another way. See WindowsFilesTest.cpp.
 
 #include "PointCollections/Files/Files.h"
+#include "PointCollections/Support/Documents.h"
 #include "PointCollections/Support/Files.h"
-#include "PointCollections/Support/Sessions.h"
 
 #include <gmock/gmock.h>
 
@@ -31,7 +31,7 @@ namespace fs = std::filesystem;
 using ::testing::HasSubstr;
 using ::testing::UnorderedElementsAre;
 
-/// Lets files grow to so many bytes only, as a disk does that is almost full.
+/// Limits the size of files while it lives, like a disk that is almost full.
 class LimitedFileSize {
 public:
   explicit LimitedFileSize(rlim_t bytes)
@@ -48,7 +48,7 @@ private:
   rlimit m_before = {};
 };
 
-/// The mask of new files' rights while it lives.
+/// Sets the mask for the rights of new files while it lives.
 class FileMask {
 public:
   explicit FileMask(mode_t mask) : m_before(umask(mask)) {}
@@ -64,7 +64,7 @@ constexpr uid_t someUser = 12345;
 constexpr gid_t groupOfUser = 23456;
 constexpr gid_t foreignGroup = 34567;
 
-/// Lets the administrator be a user in a single group while it lives.
+/// Turns the administrator into a user in a single group while it lives.
 class ActingAsUser {
 public:
   ActingAsUser() : m_groups(static_cast<std::size_t>(getgroups(0, nullptr)))
@@ -169,7 +169,7 @@ TEST_F(PosixFiles, KeepTheirOwner)
   EXPECT_NE(statusOf(m_file).st_ino, before.st_ino);
 }
 
-/// Only the administrator can make a file whose group its owner does not belong to.
+/// Only the administrator can make a file that belongs to a group without its owner.
 TEST_F(PosixFiles, GiveTheirNewGroupNoMoreRightsThanAllOthersWhenTheyCannotKeepTheOldOne)
 {
   if (geteuid() != 0) {
@@ -190,7 +190,7 @@ TEST_F(PosixFiles, GiveTheirNewGroupNoMoreRightsThanAllOthersWhenTheyCannotKeepT
   }
 }
 
-TEST_F(PosixFiles, AreReplacedWhereALinkLeads)
+TEST_F(PosixFiles, AreReplacedAtTheEndOfALink)
 {
   fs::create_directory(m_folder.path() / "folder");
   fs::create_symlink("../file", m_folder.path() / "folder" / "one");
@@ -204,7 +204,7 @@ TEST_F(PosixFiles, AreReplacedWhereALinkLeads)
   EXPECT_TRUE(fs::is_symlink(m_folder.path() / "two"));
 }
 
-TEST_F(PosixFiles, AreMadeWhereALinkLeads)
+TEST_F(PosixFiles, AreMadeAtTheEndOfALink)
 {
   fs::create_symlink("other", m_folder.path() / "link");
   EXPECT_TRUE(m_files->exists(m_folder.path() / "link"));
@@ -224,9 +224,9 @@ TEST_F(PosixFiles, AreNotLookedForInACircle)
               HasSubstr("one: the file cannot be saved (Too many levels of symbolic links)"));
 }
 
-/// A pipe stands for all that is neither file nor folder: a device of the computer is nothing to
-/// try this on, least of all as its administrator.
-TEST_F(PosixFiles, AreNotPutInThePlaceOfSomethingElse)
+/// A pipe serves as an example of what is neither file nor folder. Never try this with a device of
+/// the computer, least of all as its administrator.
+TEST_F(PosixFiles, DoNotReplaceSomethingElse)
 {
   const auto pipe = m_folder.path() / "pipe";
   ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
@@ -240,8 +240,8 @@ TEST_F(PosixFiles, AreNotPutInThePlaceOfSomethingElse)
 
 constexpr auto accessList = "system.posix_acl_access";
 
-/// The owner reads and writes, user 1234 reads, the group and others have no rights; as the system
-/// keeps it, the lowest byte first.
+/// The owner reads and writes, user 1234 reads, the group and others have no rights. This is the
+/// system's own format, the lowest byte first.
 constexpr std::array<std::uint32_t, 11> listOfRights{
     2,                      // version
     0x00060001, 0xFFFFFFFF, // owner: rw-
@@ -284,13 +284,13 @@ TEST_F(PosixFiles, AreNotReadFromADevice)
 TEST_F(PosixFiles, AreNotReadWhenNoArchiveIsThatLarge)
 {
   const auto file = m_folder.write("a.tkpc", "");
-  fs::resize_file(file, std::uintmax_t(1) << 32U); // takes no room on the disk
+  fs::resize_file(file, std::uintmax_t(1) << 32U); // takes no space on the disk
 
   EXPECT_THAT(mistakeIn([&] { m_files->readBytes(file); }),
               HasSubstr("a.tkpc: a file of 4294967296 bytes; expected 4294967295 at most"));
 }
 
-TEST_F(PosixFiles, TellWhyTheyCannotBeWritten)
+TEST_F(PosixFiles, SayWhyTheyCannotBeWritten)
 {
   EXPECT_THAT(mistakeInWriting(m_folder.path() / "none" / "a.tkpc", "new"),
               HasSubstr("a.tkpc: the file cannot be saved (No such file or directory)"));

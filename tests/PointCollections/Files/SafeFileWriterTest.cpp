@@ -31,7 +31,7 @@ protected:
   std::filesystem::path m_file = m_folder.write("file", "old");
 };
 
-TEST_F(SafeFileWriting, ReplacesAFileAtTheEndOnly)
+TEST_F(SafeFileWriting, ReplacesAFileOnlyAtTheEnd)
 {
   SafeFileWriter writer(m_file);
   writer.write(bytesOf("new "));
@@ -44,7 +44,7 @@ TEST_F(SafeFileWriting, ReplacesAFileAtTheEndOnly)
   EXPECT_THAT(namesInFolder(), UnorderedElementsAre("file"));
 }
 
-TEST_F(SafeFileWriting, MakesAFileWhereThereIsNone)
+TEST_F(SafeFileWriting, MakesANewFile)
 {
   const auto file = m_folder.path() / "other";
   SafeFileWriter writer(file);
@@ -55,7 +55,7 @@ TEST_F(SafeFileWriting, MakesAFileWhereThereIsNone)
   EXPECT_THAT(namesInFolder(), UnorderedElementsAre("file", "other"));
 }
 
-TEST_F(SafeFileWriting, LeavesNothingBehindWhenItIsNotFinished)
+TEST_F(SafeFileWriting, LeavesNothingWhenItIsNotFinished)
 {
   {
     SafeFileWriter writer(m_file);
@@ -91,7 +91,7 @@ TEST_F(SafeFileWriting, GoesOnBesideAnotherOneOfTheSameFile)
   EXPECT_EQ(contentOf(m_file), "other");
 }
 
-TEST_F(SafeFileWriting, WritesWhatIsLarge)
+TEST_F(SafeFileWriting, WritesALargeFile)
 {
   const std::string large(5'000'000, 'x');
   SafeFileWriter writer(m_file);
@@ -106,7 +106,7 @@ TEST_F(SafeFileWriting, RefusesAFolder)
   EXPECT_THROW(SafeFileWriter(m_folder.path()), std::system_error);
 }
 
-TEST_F(SafeFileWriting, RefusesAFolderThatIsNotThere)
+TEST_F(SafeFileWriting, RefusesAFolderThatDoesNotExist)
 {
   EXPECT_THROW(SafeFileWriter(m_folder.path() / "none" / "file"), std::system_error);
   EXPECT_THAT(namesInFolder(), UnorderedElementsAre("file"));
@@ -124,7 +124,7 @@ TEST_F(SafeFileWriting, RefusesAReadOnlyFile)
   fs::permissions(m_file, fs::perms::owner_write, fs::perm_options::add);
 }
 
-TEST_F(SafeFileWriting, ReplacesNoFolderThatCameInTheMeantime)
+TEST_F(SafeFileWriting, ReplacesNoFolderThatAppearedInTheMeantime)
 {
   const auto file = m_folder.path() / "other";
   {

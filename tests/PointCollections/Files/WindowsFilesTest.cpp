@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-// What holds of files on Windows alone. Of what PosixFilesTest.cpp tests besides, owners and modes
-// are not known here, links need rights that not every user has, and names of 255 characters fit
-// into no folder whose path has more than four.
+// Files on Windows. Some subjects of PosixFilesTest.cpp do not apply: there are no owners and
+// modes, links need rights that not every user has, and a name of 255 characters only fits into a
+// folder whose path has at most four.
 
 #include "PointCollections/Files/Files.h"
+#include "PointCollections/Support/Documents.h"
 #include "PointCollections/Support/Files.h"
-#include "PointCollections/Support/Sessions.h"
 #include "Support/ImportTable.h"
 
 #include <gmock/gmock.h>
@@ -20,7 +20,7 @@ namespace {
 using ::testing::HasSubstr;
 using ::testing::UnorderedElementsAre;
 
-/// A disk with room for so many bytes more, while it lives.
+/// A disk with so many free bytes, while it lives.
 class LimitedDisk {
 public:
   explicit LimitedDisk(std::size_t room) { s_room = room; }
@@ -65,7 +65,7 @@ public:
   OpenFile& operator=(const OpenFile&) = delete;
   ~OpenFile() { CloseHandle(m_handle); }
 
-  /// Makes the file so large, without taking room for it.
+  /// Gives the file a size without taking space for it.
   void growTo(long long size) const
   {
     DWORD ignored = 0;
@@ -80,7 +80,7 @@ private:
   HANDLE m_handle;
 };
 
-/// What the standard library calls the error; Visual C++'s has texts of its own.
+/// The standard library's text for the error, which differs between libraries.
 std::string reason(std::errc error)
 {
   return std::make_error_condition(error).message();
@@ -195,7 +195,7 @@ TEST_F(WindowsFiles, AreNotReadWhenNoArchiveIsThatLarge)
               HasSubstr("a.tkpc: a file of 4294967296 bytes; expected 4294967295 at most"));
 }
 
-TEST_F(WindowsFiles, TellWhyTheyCannotBeWritten)
+TEST_F(WindowsFiles, SayWhyTheyCannotBeWritten)
 {
   EXPECT_THAT(mistakeInWriting(m_folder.path() / "none" / "a.tkpc", "new"),
               HasSubstr("a.tkpc: the file cannot be saved (" +

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Input/CsvReader.h"
 
-#include "PointCollections/Support/Sessions.h"
+#include "PointCollections/Support/Documents.h"
 
 #include <gmock/gmock.h>
 
@@ -88,14 +88,14 @@ TEST(CsvReader, RefusesQuotesInsideAFieldWithoutQuotes)
             "quotes, and quotes in it doubled");
 }
 
-TEST(CsvReader, RefusesTextBehindAClosingQuote)
+TEST(CsvReader, RefusesTextAfterAClosingQuote)
 {
   EXPECT_EQ(mistakeInText("\"a\nb\"c\n"),
-            "test.csv:2: text behind a closing quote; expected a comma or the end of the line, "
+            "test.csv:2: text after a closing quote; expected a comma or the end of the line, "
             "and quotes inside the field doubled");
 }
 
-TEST(CsvReader, RefusesACarriageReturnOnItsOwn)
+TEST(CsvReader, RefusesALoneCarriageReturn)
 {
   EXPECT_EQ(mistakeInText("a\nb\rc\n"),
             "test.csv:2: a carriage return without a line feed; expected lines that end in LF or "

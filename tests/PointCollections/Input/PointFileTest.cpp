@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Input/PointFile.h"
 
+#include "PointCollections/Support/Documents.h"
 #include "PointCollections/Support/Files.h"
-#include "PointCollections/Support/Sessions.h"
 
 #include <gmock/gmock.h>
 
@@ -35,7 +35,7 @@ std::string mistakeInText(std::string_view text)
   return mistakeIn([&] { parsePoints(text, "cities.csv"); });
 }
 
-TEST(PointFile, GathersTheRowsOfACollection)
+TEST(PointFile, GathersTheRowsOfAnElement)
 {
   const auto collections = parse("b,1,2,3\na,0,0,0\nb,4,5,6\n");
 
@@ -68,7 +68,7 @@ TEST(PointFile, TakesAnyDecimalNumber)
               ElementsAre(Point{-12.5, 1000, 0.5}, Point{7, 0, 0.01}, Point{3, 1, -150}));
 }
 
-TEST(PointFile, RefusesWhatIsNoNumber)
+TEST(PointFile, RefusesWhatIsNotANumber)
 {
   EXPECT_EQ(mistakeInRows("a,1,2,3\nb,abc,2,3\n"),
             "cities.csv:3: x is \"abc\", which is not a number; expected e.g. 12.5");
@@ -108,10 +108,10 @@ TEST(PointFile, RefusesARowWithTooFewOrTooManyFields)
   EXPECT_EQ(mistakeInRows("a\n"), "cities.csv:2: 1 field; expected 4 (collection,x,y,z)");
 }
 
-TEST(PointFile, RefusesACollectionWithoutName)
+TEST(PointFile, RefusesAnElementWithoutName)
 {
   EXPECT_EQ(mistakeInRows(",1,2,3\n"),
-            "cities.csv:2: the collection has no name; expected one, such as Berlin");
+            "cities.csv:2: the element has no name; expected one, such as Berlin");
 }
 
 TEST(PointFile, RefusesTextWithoutTheHeader)
@@ -131,7 +131,7 @@ TEST(PointFile, RefusesBytesThatAreNotUtf8)
             "cities.csv:3: the byte \\xF6 is not UTF-8; save the file as UTF-8");
 }
 
-TEST(PointFile, GivesTheLineOfAMistakeBehindNamesWithLineBreaks)
+TEST(PointFile, GivesTheLineOfAMistakeAfterNamesWithLineBreaks)
 {
   EXPECT_EQ(mistakeInRows("\"a\nb\",1,2,3\n\nc,1,2,q\n"),
             "cities.csv:5: z is \"q\", which is not a number; expected e.g. 12.5");

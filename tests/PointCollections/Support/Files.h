@@ -14,7 +14,7 @@
 /// Files for tests.
 namespace Tarvik::PointCollections {
 
-/// A folder of the running test's own, which is removed with all in it.
+/// A folder for the running test only. It is removed with everything in it.
 class TemporaryFolder {
 public:
   TemporaryFolder()
@@ -49,7 +49,7 @@ private:
   std::filesystem::path m_path;
 };
 
-/// Makes a folder the one that relative paths start from, while it lives.
+/// Makes a folder the working folder while it lives.
 class WorkingFolder {
 public:
   explicit WorkingFolder(const TemporaryFolder& folder)
@@ -64,7 +64,7 @@ private:
   std::filesystem::path m_before = std::filesystem::current_path();
 };
 
-/// All bytes of a file; empty when there is none.
+/// All bytes of a file; empty if it does not exist.
 inline std::string contentOf(const std::filesystem::path& file)
 {
   std::ifstream stream(file, std::ios::binary);

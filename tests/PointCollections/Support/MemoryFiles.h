@@ -16,11 +16,11 @@
 
 namespace Tarvik::PointCollections {
 
-/// Files that are not on any disk; there is nothing that a script could do to others.
+/// Files in memory, so that a script cannot touch the disk.
 class MemoryFiles : public Files {
 public:
-  std::map<std::string, std::string> contents; ///< by the names of the files
-  bool isFull = false;                         ///< lets every write fail
+  std::map<std::string, std::string> contents; ///< by file name
+  bool isFull = false;                         ///< makes every write fail
 
   std::string readText(const std::filesystem::path& file) override { return contentOf(file); }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Text/Quoting.h"
 
-#include "PointCollections/Text/Words.h"
+#include "PointCollections/Console/Text/Words.h"
 
 #include <gmock/gmock.h>
 
@@ -58,17 +58,17 @@ TEST(Quoting, ShortensLongNamesInMessages)
 {
   const std::string name(60, 'x');
 
-  EXPECT_EQ(mentioned(name), name);
-  EXPECT_EQ(mentioned(name + 'x'), name + "…");
+  EXPECT_EQ(displayName(name), name);
+  EXPECT_EQ(displayName(name + 'x'), name + "…");
   EXPECT_EQ(abbreviated("äöü", 2), "äö…");
   EXPECT_EQ(abbreviated("äöü", 3), "äöü");
 }
 
 TEST(Quoting, CountsInWords)
 {
-  EXPECT_EQ(counted(0, "element"), "0 elements");
-  EXPECT_EQ(counted(1, "element"), "1 element");
-  EXPECT_EQ(counted(2, "element"), "2 elements");
+  EXPECT_EQ(pluralize(0, "element"), "0 elements");
+  EXPECT_EQ(pluralize(1, "element"), "1 element");
+  EXPECT_EQ(pluralize(2, "element"), "2 elements");
 }
 
 }

@@ -20,7 +20,7 @@ TEST(Utf8, TakesEveryCharacterOfUnicode)
   }
 }
 
-TEST(Utf8, RefusesAllElse)
+TEST(Utf8, RefusesEverythingElse)
 {
   for (const std::string invalid :
        {"\x80", "\xBF", "\xC0\x80", "\xC1\xBF", "\xC2", "\xC2g", "\xE0\x9F\xBF", "\xED\xA0\x80",

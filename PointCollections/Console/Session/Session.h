@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "PointCollections/Console/Text/Style.h"
+#include "PointCollections/Editor/Editor.h"
+
+#include <functional>
+
+namespace Tarvik::PointCollections {
+
+/// What the user answers to the question whether unsaved changes may be discarded.
+enum class Confirmation {
+  Given,   ///< go on: nothing is unsaved, or the user has just saved it or discards it
+  Refused, ///< stop: the user wants to keep the document open
+  Missing  ///< nobody can be asked, or the input ended
+};
+
+/// What the verbs work on.
+struct Session {
+  Editor editor;
+  Style style = {};    ///< of the output
+  bool isOver = false; ///< set it to leave the program
+
+  /// Asks the user whether unsaved changes may be discarded, and saves them first if the user wants
+  /// that. Throws UserError if saving fails. Empty in a script, where nobody can be asked.
+  std::function<Confirmation(Session&)> confirmDiscarding = {};
+};
+
+}

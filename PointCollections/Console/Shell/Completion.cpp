@@ -1,0 +1,215 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Console/Shell/Completion.h"
+
+#include "GeneralServices/StringUtility.h"
+#include "PointCollections/Console/Session/Lookup.h"
+#include "PointCollections/Console/Verbs/AllVerbs.h"
+#include "PointCollections/Project/ProjectFile.h"
+#include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/UserError.h"
+#include "PointCollections/Text/Utf8.h"
+
+#include <algorithm>
+#include <iterator>
+#include <optional>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+using Names = std::vector<std::string>;
+
+/// What separates folders. Windows accepts both.
+constexpr auto folderEnds = std::filesystem::path::preferred_separator == '/' ? "/" : "/\\";
+
+/// The words before the one to complete.
+struct Context {
+  const Verb* verb = nullptr;
+  Names arguments;
+  Names options;
+  std::optional<ArgumentKind> awaited; ///< the kind of value, if the last word is an option
+};
+
+const Option* findOption(const Verb& verb, const Word& word)
+{
+  const auto found =
+      std::find_if(verb.options.begin(), verb.options.end(), [&](const Option& option) {
+        return !word.isQuoted && option.name == word.text;
+      });
+  return found != verb.options.end() ? &*found : nullptr;
+}
+
+Context contextOf(const std::vector<Word>& words)
+{
+  Context context;
+  context.verb = &verbNamed(allVerbs(), words.front().text);
+  for (auto word = words.begin() + 1; word != words.end(); ++word) {
+    const Option* option = context.awaited ? nullptr : findOption(*context.verb, *word);
+    if (option != nullptr)
+      context.options.push_back(option->name);
+    else if (!context.awaited)
+      context.arguments.push_back(word->text);
+    context.awaited = option != nullptr ? option->value : std::nullopt;
+  }
+  return context;
+}
+
+std::optional<ArgumentKind> kindExpected(const Context& context)
+{
+  if (context.awaited)
+    return context.awaited;
+  const auto& parameters = context.verb->parameters;
+  if (parameters.empty())
+    return std::nullopt;
+  const std::size_t place = context.arguments.size();
+  if (place < parameters.size())
+    return parameters[place].kind;
+  const auto& last = parameters.back();
+  return isOpen(last.occurrence) ? std::optional(last.kind) : std::nullopt;
+}
+
+Names without(const Names& names, Names excluded)
+{
+  std::sort(excluded.begin(), excluded.end());
+  Names result;
+  std::copy_if(names.begin(), names.end(), std::back_inserter(result), [&](const auto& name) {
+    return !std::binary_search(excluded.begin(), excluded.end(), name);
+  });
+  return result;
+}
+
+/// The names in the folder that the start of a path leads to: folders, and files that can be
+/// opened. Hidden ones are listed only if the user has typed the dot.
+Names fileNames(Files& files, const std::string& start)
+{
+  const auto folder = start.substr(0, start.find_last_of(folderEnds) + 1);
+  const bool showsHidden = start.substr(folder.size()).starts_with('.');
+  Names names;
+  for (const auto& name : files.namesIn(Utf8::toPath(folder))) {
+    if (Utf8::findInvalid(name) != std::string::npos || (name.starts_with('.') && !showsHidden))
+      continue;
+    const auto file = Utf8::toPath(name);
+    if (name.ends_with('/') || isProjectName(file) || file.extension() == ".csv")
+      names.push_back(folder + name);
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+Names namesOfKind(Session& session, ArgumentKind kind, const std::string& start)
+{
+  switch (kind) {
+  case ArgumentKind::Group:
+    return groupNames(*session.editor.document());
+  case ArgumentKind::Element:
+    return elementNames(*session.editor.document());
+  case ArgumentKind::Member:
+    return memberNames(*session.editor.document());
+  case ArgumentKind::Verb:
+    return namesOf(allVerbs());
+  case ArgumentKind::File:
+    return fileNames(session.editor.files(), start);
+  case ArgumentKind::Text:
+  case ArgumentKind::Number:
+    break;
+  }
+  return {};
+}
+
+/// An argument must not repeat another one; the value of an option may.
+Names namesExpected(Session& session, const Context& context, const std::string& start)
+{
+  const auto kind = kindExpected(context).value_or(ArgumentKind::Text);
+  const auto names = namesOfKind(session, kind, start);
+  return context.awaited ? names : without(names, context.arguments);
+}
+
+Names startingWith(const std::string& start, const Names& names)
+{
+  Names result;
+  std::copy_if(names.begin(), names.end(), std::back_inserter(result),
+               [&start](const auto& name) { return name.starts_with(start); });
+  if (!result.empty())
+    return result;
+  const auto lower = StringUtility::toLower(start);
+  std::copy_if(names.begin(), names.end(), std::back_inserter(result), [&lower](const auto& name) {
+    return StringUtility::toLower(name).starts_with(lower);
+  });
+  return result;
+}
+
+std::string_view commonStart(const Names& names)
+{
+  std::string_view common = names.front();
+  for (const std::string_view name : names) {
+    const auto ends = std::mismatch(common.begin(), common.end(), name.begin(), name.end());
+    common = common.substr(0, static_cast<std::size_t>(ends.first - common.begin()));
+  }
+  return common.substr(0, Utf8::findInvalid(common));
+}
+
+/// The start of a name as the user types it, with the quote still open.
+std::string unfinished(std::string_view start, bool isQuoted)
+{
+  auto text = isQuoted ? inQuotes(start) : asTyped(start);
+  if (text.size() > start.size())
+    text.pop_back();
+  return text;
+}
+
+enum class Form {
+  Word, ///< never in quotes
+  Name, ///< in quotes if it needs them
+  Path  ///< like Name, but one that ends in a slash can go on
+};
+
+Completion completedWith(const Names& matches, const UnfinishedLine& line, Form form)
+{
+  const bool areNames = form != Form::Word;
+  Completion result = {line.lastAt, {}, {}};
+  if (matches.empty())
+    return result;
+  for (const auto& match : matches)
+    result.candidates.push_back(areNames ? asTyped(match) : match);
+  const auto common = commonStart(matches);
+  if (common.size() < line.last.text.size()) { // they differ in the case of letters
+    result.from = line.size;
+    return result;
+  }
+  if (matches.size() == 1 && !(form == Form::Path && common.ends_with('/')))
+    result.text = result.candidates.front() + ' ';
+  else if (!common.empty())
+    result.text = areNames ? unfinished(common, line.last.isQuoted) : std::string(common);
+  else if (line.last.isQuoted)
+    result.text = '"';
+  return result;
+}
+
+Completion completeLine(Session& session, const UnfinishedLine& line)
+{
+  const std::string& start = line.last.text;
+  if (line.words.empty())
+    return completedWith(startingWith(start, namesOf(allVerbs())), line, Form::Word);
+
+  const Context context = contextOf(line.words);
+  if (!context.awaited && !line.last.isQuoted && start.starts_with('-')) {
+    Names options;
+    for (const Option& option : context.verb->options)
+      options.push_back(option.name);
+    return completedWith(startingWith(start, without(options, context.options)), line, Form::Word);
+  }
+  const auto form = kindExpected(context) == ArgumentKind::File ? Form::Path : Form::Name;
+  return completedWith(startingWith(start, namesExpected(session, context, start)), line, form);
+}
+
+}
+
+Completion complete(Session& session, std::string_view line)
+{
+  try {
+    return completeLine(session, splitUnfinished(line));
+  } catch (const UserError&) {
+    return {line.size(), {}, {}}; // the line is already wrong; running it says why
+  }
+}
+
+}

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Console/Shell/Interpreter.h"
+
+#include "PointCollections/Console/Text/Words.h"
+#include "PointCollections/Console/Verbs/AllVerbs.h"
+
+#include <algorithm>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+std::string_view withoutLeadingBlanks(std::string_view line)
+{
+  line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
+  return line;
+}
+
+}
+
+LineKind kindOf(std::string_view line)
+{
+  const auto text = withoutLeadingBlanks(line);
+  if (text.empty())
+    return LineKind::Blank;
+  if (text[0] != '#')
+    return LineKind::Command;
+  return text.starts_with("##") || text.starts_with("#!") ? LineKind::Note : LineKind::Comment;
+}
+
+std::string_view textOfComment(std::string_view line)
+{
+  auto text = withoutLeadingBlanks(line);
+  text.remove_prefix(text.starts_with("# ") ? 2 : 1);
+  return text;
+}
+
+std::string runLine(Session& session, std::string_view line)
+{
+  if (kindOf(line) != LineKind::Command)
+    return {};
+  const auto words = splitWords(line);
+  const Verb& verb = verbNamed(allVerbs(), words.front().text);
+  return verb.run(session, Arguments(verb, {words.begin() + 1, words.end()}));
+}
+
+}

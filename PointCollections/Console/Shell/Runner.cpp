@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Console/Shell/Runner.h"
+
+#include "PointCollections/Console/Shell/Interpreter.h"
+#include "PointCollections/Console/Shell/UnsavedChanges.h"
+#include "PointCollections/Input/TextInput.h"
+#include "PointCollections/Text/UserError.h"
+
+#include <fmt/format.h>
+
+#include <cstddef>
+#include <exception>
+#include <optional>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+bool canGoOn(const Session& session, const Transcript& transcript)
+{
+  return !session.isOver && transcript.isComplete();
+}
+
+/// Runs the action and reports the exception that it throws.
+/// @return whether it threw none
+template <class Action>
+bool runAndReport(Transcript& transcript, const std::string& where, Action&& action)
+{
+  try {
+    action();
+    return true;
+  } catch (const UserError& error) {
+    transcript.error(where, error.what());
+  } catch (const std::exception& error) {
+    transcript.error(where, fmt::format("this could not be done: {}", error.what()));
+  }
+  return false;
+}
+
+void runScriptLine(Session& session, Transcript& transcript, const std::string& line)
+{
+  switch (kindOf(line)) {
+  case LineKind::Blank:
+    transcript.endParagraph();
+    return;
+  case LineKind::Note:
+    return;
+  case LineKind::Comment:
+    transcript.comment(textOfComment(line));
+    return;
+  case LineKind::Command:
+    transcript.command(line);
+    transcript.result(runLine(session, line));
+  }
+}
+
+/// Lets the verbs ask the user through the reader, while this lives.
+class QuestionsToUser {
+public:
+  QuestionsToUser(Session& session, const Question& ask) : m_session(session)
+  {
+    session.confirmDiscarding = [ask](Session& asking) {
+      return confirmDiscardingChanges(asking, ask);
+    };
+  }
+  QuestionsToUser(const QuestionsToUser&) = delete;
+  QuestionsToUser& operator=(const QuestionsToUser&) = delete;
+  ~QuestionsToUser() { m_session.confirmDiscarding = nullptr; }
+
+private:
+  Session& m_session;
+};
+
+/// If the input ends again at the question, nobody is there to answer: the session is over.
+void leaveAtEndOfInput(Session& session, Transcript& transcript)
+{
+  transcript.result("(end of input)");
+  const auto confirmation = session.confirmDiscarding(session);
+  session.isOver = confirmation != Confirmation::Refused;
+  if (confirmation == Confirmation::Missing)
+    warnOfUnsavedChanges(session, transcript);
+}
+
+}
+
+bool runCommands(Session& session, Transcript& transcript, const std::vector<std::string>& commands)
+{
+  std::size_t number = 0;
+  for (const auto& command : commands) {
+    const auto where = fmt::format("--command:{}", ++number);
+    if (!canGoOn(session, transcript))
+      return true;
+    if (!runAndReport(transcript, where, [&] { runScriptLine(session, transcript, command); }))
+      return false;
+  }
+  return true;
+}
+
+bool runScript(Session& session,
+               Transcript& transcript,
+               std::istream& script,
+               const std::string& name)
+{
+  constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+  std::optional<std::string> line = "";
+  for (std::size_t number = 1; line && canGoOn(session, transcript); ++number) {
+    const bool isFirst = number == 1;
+    const auto runNext = [&] {
+      line = readLine(script);
+      if (line && isFirst && line->starts_with(byteOrderMark))
+        line->erase(0, byteOrderMark.size());
+      if (line)
+        runScriptLine(session, transcript, *line);
+    };
+    if (!runAndReport(transcript, fmt::format("{}:{}", name, number), runNext))
+      return false;
+  }
+  return true;
+}
+
+void runInteractively(Session& session, Transcript& transcript, LineReader& reader)
+{
+  const auto ask = [&reader](const std::string& prompt) { return reader.readLine(prompt); };
+  const QuestionsToUser questions(session, ask);
+  while (canGoOn(session, transcript)) {
+    const auto runNext = [&] {
+      const auto line = reader.readLine(session.editor.hasUnsavedChanges() ? "*> " : "> ");
+      if (line)
+        transcript.result(runLine(session, *line));
+      else
+        leaveAtEndOfInput(session, transcript);
+    };
+    runAndReport(transcript, "error", runNext);
+  }
+  if (!session.isOver)
+    warnOfUnsavedChanges(session, transcript);
+}
+
+}

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "PointCollections/Console/Text/Style.h"
+
+#include <ostream>
+#include <string>
+#include <string_view>
+
+namespace Tarvik::PointCollections {
+
+/// What the user reads: commands, results and comments on one stream, mistakes on another.
+class Transcript {
+public:
+  enum class Detail {
+    Full,       ///< commands are echoed, comments printed, with blank lines between
+    ResultsOnly ///< for a terminal, which already shows what is typed, and for programs
+  };
+
+  /// The streams must outlive the transcript.
+  Transcript(std::ostream& output, std::ostream& errors, Detail detail, Style style = {});
+
+  /// Prints a line of a comment. Consecutive lines form a paragraph.
+  void comment(std::string_view text);
+
+  /// Ends a paragraph of comments.
+  void endParagraph();
+
+  /// Prints a command that is about to run. A very long one is cut.
+  void command(std::string_view line);
+
+  /// Prints the answer of a command, unless it is empty.
+  void result(std::string_view text);
+
+  /// Prints a mistake.
+  /// @param where  the place, such as "cities.pcs:3"
+  void error(const std::string& where, std::string_view message);
+
+  /// Whether everything could be written so far.
+  bool isComplete() const;
+
+private:
+  void startBlock();
+
+  std::ostream& m_output;
+  std::ostream& m_errors;
+  Detail m_detail;
+  Style m_style;
+  bool m_isEmpty = true;
+  bool m_isInParagraph = false;
+};
+
+}

@@ -1,0 +1,188 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Console/Terminal/LineReader.h"
+
+#include "PointCollections/Text/UserError.h"
+#include "PointCollections/Text/Utf8.h"
+
+#include <fmt/format.h>
+
+#include <histedit.h>
+#include <langinfo.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <clocale>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <utility>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+constexpr int rememberedLines = 1000;
+constexpr std::size_t listedCandidates = 100;
+
+std::size_t terminalWidth()
+{
+  winsize size{};
+  const bool isKnown = ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
+  return isKnown ? size.ws_col : 80;
+}
+
+/// Prints the candidates below the line, in columns.
+void list(const std::vector<std::string>& candidates)
+{
+  const std::size_t shown = std::min(candidates.size(), listedCandidates);
+  std::size_t width = 0;
+  for (std::size_t i = 0; i < shown; ++i)
+    width = std::max(width, Utf8::countCharacters(candidates[i]) + 2);
+  const std::size_t columns = std::max<std::size_t>(1, terminalWidth() / width);
+
+  std::string text = "\n";
+  for (std::size_t i = 0; i < shown; ++i) {
+    const bool isRowOver = (i + 1) % columns == 0 || i + 1 == shown;
+    text += candidates[i];
+    text += isRowOver ? "\n" : std::string(width - Utf8::countCharacters(candidates[i]), ' ');
+  }
+  if (shown < candidates.size())
+    text += fmt::format("… and {} more\n", candidates.size() - shown);
+  std::fputs(text.c_str(), stdout);
+  std::fflush(stdout);
+}
+
+class LibeditReader : public LineReader {
+public:
+  explicit LibeditReader(Completer completer)
+      : m_completer(std::move(completer)),
+        m_history(history_init(), &history_end),
+        m_line(el_init("point-collections", stdin, stdout, stderr), &el_end)
+  {
+    if (!isUsable())
+      return;
+    HistEvent event;
+    history(m_history.get(), &event, H_SETSIZE, rememberedLines);
+    history(m_history.get(), &event, H_SETUNIQUE, 1);
+
+    EditLine* line = m_line.get();
+    el_set(line, EL_CLIENTDATA, this);
+    el_set(line, EL_PROMPT, &LibeditReader::prompt);
+    el_set(line, EL_HIST, &history, m_history.get());
+    el_set(line, EL_EDITOR, "emacs");
+    el_set(line, EL_SIGNAL, 1);
+    // The wide function for names: the narrow one copies them and never frees the copies.
+    el_wset(line, EL_ADDFN, L"complete-word", L"Completes the word", &LibeditReader::complete);
+    el_set(line, EL_BIND, "^I", "complete-word", nullptr);
+    el_set(line, EL_BIND, "^R", "em-inc-search-prev", nullptr);
+    // Ctrl-C must reach the editor; otherwise it ends the program.
+    el_set(line, EL_SETTY, "-d", "-isig", nullptr);
+    el_wset(line, EL_ADDFN, L"drop-line", L"Drops the line", &LibeditReader::drop);
+    el_set(line, EL_BIND, "^C", "drop-line", nullptr);
+  }
+
+  bool isUsable() const { return m_history && m_line; }
+
+  std::optional<std::string> readLine(const std::string& promptText) override
+  {
+    m_prompt = promptText;
+    el_set(m_line.get(), EL_PREP_TERM, 1); // before the prompt is shown
+    int length = 0;
+    const char* text = nullptr;
+    do {
+      errno = 0;
+      text = el_gets(m_line.get(), &length);
+    } while (text == nullptr && length < 0 && errno == EINTR); // a signal does not end the input
+    if (text == nullptr || length <= 0)
+      return std::nullopt;
+    std::string line(text, static_cast<std::size_t>(length));
+    if (line.ends_with('\n'))
+      line.pop_back();
+    remember(line);
+    return line;
+  }
+
+private:
+  static LibeditReader& readerOf(EditLine* line)
+  {
+    void* reader = nullptr;
+    el_get(line, EL_CLIENTDATA, &reader);
+    return *static_cast<LibeditReader*>(reader);
+  }
+
+  static char* prompt(EditLine* line) { return readerOf(line).m_prompt.data(); }
+
+  static unsigned char drop(EditLine* line, int)
+  {
+    const LineInfo* info = el_line(line);
+    el_cursor(line, static_cast<int>(info->lastchar - info->cursor));
+    el_deletestr(line,
+                 static_cast<int>(Utf8::countCharacters(
+                     {info->buffer, static_cast<std::size_t>(info->lastchar - info->buffer)})));
+    return CC_REFRESH;
+  }
+
+  static unsigned char complete(EditLine* line, int)
+  {
+    try {
+      return readerOf(line).completeAtCursor();
+    } catch (...) { // libedit is C: no exception may pass through it
+      return CC_ERROR;
+    }
+  }
+
+  unsigned char completeAtCursor()
+  {
+    const LineInfo* info = el_line(m_line.get());
+    const std::string typed(info->buffer, info->cursor);
+    const Completion completion = m_completer(typed);
+    if (completion.candidates.empty())
+      return CC_ERROR;
+
+    const auto replaced = std::string_view(typed).substr(completion.from);
+    const bool isStuck = replaced == completion.text;
+    el_deletestr(m_line.get(), static_cast<int>(Utf8::countCharacters(replaced)));
+    if (!completion.text.empty() && el_insertstr(m_line.get(), completion.text.c_str()) == -1)
+      return CC_ERROR;
+    if (!isStuck)
+      return CC_REFRESH;
+    list(completion.candidates);
+    return CC_REDISPLAY;
+  }
+
+  void remember(const std::string& line)
+  {
+    if (line.find_first_not_of(" \t") == std::string::npos)
+      return;
+    HistEvent event;
+    history(m_history.get(), &event, H_ENTER, line.c_str());
+  }
+
+  Completer m_completer;
+  std::string m_prompt;
+  std::unique_ptr<History, decltype(&history_end)> m_history;
+  std::unique_ptr<EditLine, decltype(&el_end)> m_line;
+};
+
+/// Libedit takes its encoding from the locale. Only LC_CTYPE changes, not numbers and messages.
+void useUtf8()
+{
+  std::setlocale(LC_CTYPE, "");
+  if (std::strcmp(nl_langinfo(CODESET), "UTF-8") != 0)
+    std::setlocale(LC_CTYPE, "C.UTF-8");
+}
+
+}
+
+std::unique_ptr<LineReader> makeEditingReader(Completer completer)
+{
+  const char* terminal = std::getenv("TERM");
+  if (terminal == nullptr || std::strcmp(terminal, "dumb") == 0)
+    return nullptr;
+  useUtf8();
+  auto reader = std::make_unique<LibeditReader>(std::move(completer));
+  return reader->isUsable() ? std::move(reader) : nullptr;
+}
+
+}

@@ -1,0 +1,11 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Console/Terminal/LineReader.h"
+
+namespace Tarvik::PointCollections {
+
+std::unique_ptr<LineReader> makeEditingReader(Completer)
+{
+  return nullptr;
+}
+
+}

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Console/Text/NearestName.h"
+
+#include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/Utf8.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+constexpr std::size_t longestWord = 64;
+using Row = std::array<std::size_t, longestWord + 1>;
+
+std::u32string folded(std::string_view text)
+{
+  auto result = Utf8::decode(text);
+  std::transform(result.begin(), result.end(), result.begin(),
+                 [](char32_t c) { return c >= U'A' && c <= U'Z' ? c + (U'a' - U'A') : c; });
+  return result;
+}
+
+/// How many insertions, deletions, replacements and swaps of neighbours turn one into the other.
+std::size_t editDistance(const std::u32string& a, const std::u32string& b)
+{
+  Row beforeLast{};
+  Row last{};
+  Row current{};
+  for (std::size_t j = 0; j <= b.size(); ++j)
+    last[j] = j;
+  for (std::size_t i = 1; i <= a.size(); ++i) {
+    current[0] = i;
+    for (std::size_t j = 1; j <= b.size(); ++j) {
+      const std::size_t replaced = last[j - 1] + (a[i - 1] == b[j - 1] ? 0 : 1);
+      current[j] = std::min({last[j] + 1, current[j - 1] + 1, replaced});
+      if (i > 1 && j > 1 && a[i - 1] == b[j - 2] && a[i - 2] == b[j - 1])
+        current[j] = std::min(current[j], beforeLast[j - 2] + 1);
+    }
+    beforeLast = last;
+    last = current;
+  }
+  return last[b.size()];
+}
+
+std::size_t lengthDifference(const std::u32string& a, const std::u32string& b)
+{
+  return a.size() > b.size() ? a.size() - b.size() : b.size() - a.size();
+}
+
+}
+
+std::optional<std::string> nearestName(std::string_view word,
+                                       const std::vector<std::string>& candidates)
+{
+  const auto wanted = folded(Utf8::prefix(word, longestWord + 1));
+  if (wanted.empty() || wanted.size() > longestWord)
+    return std::nullopt;
+
+  const std::size_t most =
+      std::min({std::max<std::size_t>(1, wanted.size() / 3), std::size_t(3), wanted.size() - 1});
+  std::size_t best = most + 1;
+  std::optional<std::string> result;
+  for (const std::string& candidate : candidates) {
+    if (candidate.size() > 4 * longestWord)
+      continue;
+    const auto name = folded(candidate);
+    if (name.size() > longestWord || lengthDifference(name, wanted) >= best)
+      continue;
+    const std::size_t distance = editDistance(wanted, name);
+    if (distance < best && distance < std::max<std::size_t>(1, name.size())) {
+      best = distance;
+      result = candidate;
+    }
+  }
+  if (result)
+    return result;
+
+  const auto start = std::string(word) + ' ';
+  const auto longer = std::find_if(candidates.begin(), candidates.end(), [&](const auto& name) {
+    return name.starts_with(start) && name.size() <= 4 * longestWord;
+  });
+  return longer != candidates.end() ? std::optional(*longer) : std::nullopt;
+}
+
+std::string suggestion(std::string_view word,
+                       const std::vector<std::string>& candidates,
+                       std::string_view otherwise)
+{
+  const auto nearest = nearestName(word, candidates);
+  return "; " + (nearest ? "did you mean " + asTyped(*nearest) + '?' : std::string(otherwise));
+}
+
+}

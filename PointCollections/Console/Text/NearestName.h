@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Tarvik::PointCollections {
+
+/// The candidate that the user most likely meant by a word that is not one of them.
+///
+/// A candidate is close if it differs in few characters (one in three, at most three). Swapping two
+/// neighbours counts as one difference; the case of A to Z is ignored. If no candidate is close,
+/// one that starts with the word and a blank is returned: the user may have left out the quotes. Of
+/// equally close candidates the first wins. Words and names of more than 64 characters match
+/// nothing.
+std::optional<std::string> nearestName(std::string_view word,
+                                       const std::vector<std::string>& candidates);
+
+/// "; did you mean Europe?", or "; " and `otherwise` if no candidate is close.
+std::string suggestion(std::string_view word,
+                       const std::vector<std::string>& candidates,
+                       std::string_view otherwise);
+
+}

@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Console/Text/Words.h"
+
+#include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/UserError.h"
+#include "PointCollections/Text/Utf8.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <charconv>
+#include <optional>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+constexpr auto blanks = " \t";
+constexpr auto npos = std::string_view::npos;
+
+bool isBlank(char c)
+{
+  return c == ' ' || c == '\t';
+}
+
+bool isForbiddenControl(char c)
+{
+  const auto byte = static_cast<unsigned char>(c);
+  return (byte < 0x20 && c != '\t') || byte == 0x7F;
+}
+
+/// Reads the words of a line one after the other.
+class Scanner {
+public:
+  explicit Scanner(std::string_view line) : m_line(line) { checkCharacters(); }
+
+  /// Moves to the next word; false at the end of the line.
+  bool findWord()
+  {
+    m_at = std::min(m_line.find_first_not_of(blanks, m_at), m_line.size());
+    return m_at < m_line.size();
+  }
+
+  std::size_t position() const { return m_at; }
+
+  bool isAtEnd() const { return m_at == m_line.size(); }
+
+  /// The position of the quote that the last word left open.
+  std::optional<std::size_t> openQuote() const { return m_openQuote; }
+
+  Word readWord() { return m_line[m_at] == '"' ? readQuoted() : readPlain(); }
+
+  [[noreturn]] void fail(std::size_t at, const std::string& message) const
+  {
+    throw UserError(
+        fmt::format("column {}: {}", Utf8::countCharacters(m_line.substr(0, at)) + 1, message));
+  }
+
+private:
+  void checkCharacters() const
+  {
+    const std::size_t invalid = Utf8::findInvalid(m_line);
+    if (invalid != npos)
+      fail(invalid, fmt::format("the byte {} is not UTF-8; save or type the line as UTF-8",
+                                printable(m_line.substr(invalid, 1))));
+    const auto at = static_cast<std::size_t>(
+        std::find_if(m_line.begin(), m_line.end(), isForbiddenControl) - m_line.begin());
+    if (at == m_line.size())
+      return;
+    const auto shown = printable(m_line.substr(at, 1));
+    fail(at, m_line[at] == '\0'
+                 ? "a NUL byte, which no name can hold; leave it out"
+                 : fmt::format("a control character; in a name, write {} in double quotes", shown));
+  }
+
+  Word readPlain()
+  {
+    const std::size_t end = std::min(m_line.find_first_of(" \t\"", m_at), m_line.size());
+    if (end < m_line.size() && m_line[end] == '"')
+      fail(end, "a quote inside a word; put the whole name in quotes, and a \\ before a "
+                "quote that belongs to it");
+    const auto text = m_line.substr(m_at, end - m_at);
+    m_at = end;
+    return {std::string(text), false};
+  }
+
+  Word readQuoted()
+  {
+    const std::size_t opening = m_at++;
+    std::string text;
+    while (m_at < m_line.size() && m_line[m_at] != '"')
+      text += m_line[m_at] == '\\' ? readEscape(opening) : m_line[m_at++];
+    if (m_openQuote || isAtEnd()) {
+      m_openQuote = opening;
+      return {text, true};
+    }
+    ++m_at;
+    if (!isAtEnd() && !isBlank(m_line[m_at]))
+      fail(m_at, "a blank is missing after the closing quote");
+    if (Utf8::findInvalid(text) != npos || text.find('\0') != npos)
+      fail(opening, "the escapes in this name do not make valid UTF-8 without NUL");
+    return {text, true};
+  }
+
+  char readEscape(std::size_t opening)
+  {
+    const auto rest = m_line.substr(m_at);
+    if (rest.size() < 2 || (rest[1] == 'x' && rest.size() < 4)) {
+      m_openQuote = opening;
+      m_at = m_line.size();
+      return '\\';
+    }
+    if (rest[1] == 'x')
+      return readHexadecimal(rest);
+    constexpr std::string_view codes = "\"\\nrt";
+    const std::size_t code = codes.find(rest[1]);
+    if (code == npos)
+      fail(m_at, R"(an unknown escape; there are \", \\, \n, \r, \t and \x with two digits)");
+    m_at += 2;
+    return "\"\\\n\r\t"[code];
+  }
+
+  char readHexadecimal(std::string_view rest)
+  {
+    unsigned value = 0;
+    const char* end = rest.data() + 4;
+    if (std::from_chars(rest.data() + 2, end, value, 16).ptr != end)
+      fail(m_at, R"(\x needs two hexadecimal digits, such as \x1B)");
+    m_at += 4;
+    return static_cast<char>(value);
+  }
+
+  std::string_view m_line;
+  std::size_t m_at = 0;
+  std::optional<std::size_t> m_openQuote;
+};
+
+}
+
+std::vector<Word> splitWords(std::string_view line)
+{
+  Scanner scanner(line);
+  std::vector<Word> words;
+  while (scanner.findWord())
+    words.push_back(scanner.readWord());
+  if (scanner.openQuote())
+    scanner.fail(*scanner.openQuote(), "this quote is never closed; add a \" after the name");
+  return words;
+}
+
+UnfinishedLine splitUnfinished(std::string_view line)
+{
+  Scanner scanner(line);
+  UnfinishedLine result;
+  result.lastAt = line.size();
+  result.size = line.size();
+  while (scanner.findWord()) {
+    const std::size_t start = scanner.position();
+    auto word = scanner.readWord();
+    if (scanner.isAtEnd()) {
+      result.last = std::move(word);
+      result.lastAt = start;
+    } else {
+      result.words.push_back(std::move(word));
+    }
+  }
+  return result;
+}
+
+}

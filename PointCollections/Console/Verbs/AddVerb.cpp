@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+#include "HighLevelServices/GroupCommands/AddToTKGroupCmd.h"
+#include "PointCollections/Console/Session/Lookup.h"
+#include "PointCollections/Console/Verbs/EachVerb.h"
+#include "PointCollections/Console/Verbs/Movement.h"
+#include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/UserError.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <limits>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+constexpr int atTheEnd = -1;
+
+int checkedIndex(std::size_t index)
+{
+  if (index > static_cast<std::size_t>(std::numeric_limits<int>::max()))
+    throw UserError("this place is too far down in the group; use --end");
+  return static_cast<int>(index);
+}
+
+int indexOfPlace(const TKGroup<GUIdentifier>& group, const Word& word)
+{
+  const std::size_t members = group.getGroupMembers().size();
+  const std::size_t place = positiveNumber(word, "the place after --at");
+  if (place > members + 1)
+    throw UserError(fmt::format("--at {} is after the end; {} has {}, so N is from 1 to {}",
+                                word.text, displayName(group.getName()),
+                                pluralize(members, "member"), members + 1));
+  return checkedIndex(place - 1);
+}
+
+int indexOfMember(PointDocument& document, const TKGroup<GUIdentifier>& group, const Word& word)
+{
+  const auto& members = group.getGroupMembers();
+  const auto found = std::find(members.begin(), members.end(), elementNamed(document, word));
+  if (found == members.end())
+    throw UserError(fmt::format("{} is not in {}; name one of its members after --before",
+                                displayName(word.text), displayName(group.getName())));
+  return checkedIndex(static_cast<std::size_t>(found - members.begin()));
+}
+
+int insertIndex(PointDocument& document,
+                const TKGroup<GUIdentifier>& group,
+                const Arguments& arguments)
+{
+  if (arguments.has("--at") + arguments.has("--before") + arguments.has("--end") > 1)
+    throw UserError("more than one place is given; choose one of --at, --before and --end");
+  if (arguments.has("--at"))
+    return indexOfPlace(group, arguments.valueOf("--at"));
+  if (arguments.has("--before"))
+    return indexOfMember(document, group, arguments.valueOf("--before"));
+  return atTheEnd;
+}
+
+/// Whether the elements are already in the group, directly before that place or from it on.
+bool areInPlace(PointDocument& document,
+                const TKGroup<GUIdentifier>& group,
+                const std::vector<GUIdentifier>& elements,
+                int index)
+{
+  if (!std::all_of(elements.begin(), elements.end(),
+                   [&](const auto& id) { return document.holderOf(id) == &group; }))
+    return false;
+  const auto& members = group.getGroupMembers();
+  const auto place = index == atTheEnd ? members.size() : static_cast<std::size_t>(index);
+  const auto areFrom = [&](std::size_t start) {
+    return std::equal(elements.begin(), elements.end(),
+                      members.begin() + static_cast<std::ptrdiff_t>(start));
+  };
+  return (place >= elements.size() && areFrom(place - elements.size())) ||
+         (place + elements.size() <= members.size() && areFrom(place));
+}
+
+std::string add(Session& session, const Arguments& arguments)
+{
+  auto& document = *session.editor.document();
+  const auto& group = groupNamed(document, arguments.at(0));
+  const auto name = displayName(group.getName());
+  const auto elements = elementsNamed(document, arguments.from(1));
+  const int index = insertIndex(document, group, arguments);
+  if (elements.empty())
+    return fmt::format("Nothing to add; {} stays as it is.", name);
+  if (areInPlace(document, group, elements, index))
+    return "Nothing to add; this is the order already.";
+
+  const auto movement = describeMovement(document, elements, &group);
+  auto command = std::make_shared<AddToTKGroupCmd<GUIdentifier>>(session.editor.document(),
+                                                                 elements, group.getId());
+  command->setInsertIndex(index);
+  session.editor.history().execute(command);
+  return fmt::format("Added {} to {}{}.", pluralize(elements.size(), "element"), name, movement);
+}
+
+}
+
+Verb addVerb()
+{
+  return {.name = "add",
+          .usage = "add GROUP [ELEMENT…] [--at N | --before ELEMENT | --end]",
+          .summary = "put elements into a group, or move them within it",
+          .details = "They go to the end of the group, in the order given. --at N puts them before "
+                     "the N-th member,\n--before puts them before the member named. N counts from "
+                     "1; the number of members plus 1 means\nthe end. Elements leave the group "
+                     "that held them.",
+          .example = "add Europe Berlin \"Isle of Man\" --at 1",
+          .parameters = {{"GROUP", ArgumentKind::Group},
+                         {"ELEMENT", ArgumentKind::Element, Occurrence::AnyNumber}},
+          .options = {{"--at", ArgumentKind::Number, "N"},
+                      {"--before", ArgumentKind::Element, "ELEMENT"},
+                      {"--end", std::nullopt}},
+          .run = add};
+}
+
+}

@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Console/Verbs/Arguments.h"
+
+#include "PointCollections/Console/Text/NearestName.h"
+#include "PointCollections/Console/Verbs/Verb.h"
+#include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/UserError.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+bool isOption(const Word& word)
+{
+  return !word.isQuoted && word.text.starts_with("--");
+}
+
+const Option& findOption(const Verb& verb, const Word& word)
+{
+  const auto found = std::find_if(verb.options.begin(), verb.options.end(),
+                                  [&](const Option& option) { return option.name == word.text; });
+  if (found != verb.options.end())
+    return *found;
+
+  std::vector<std::string> names;
+  for (const Option& option : verb.options)
+    names.push_back(option.name);
+  const auto nearest = nearestName(word.text, names);
+  throw UserError(fmt::format("{} has no option {}; {}", verb.name,
+                              printable(abbreviated(word.text, 60)),
+                              nearest ? "did you mean " + *nearest + '?' : "usage: " + verb.usage));
+}
+
+}
+
+Arguments::Arguments(const Verb& verb, const std::vector<Word>& words)
+{
+  for (auto word = words.begin(); word != words.end(); ++word) {
+    if (!isOption(*word)) {
+      m_words.push_back(*word);
+      continue;
+    }
+    const Option& option = findOption(verb, *word);
+    if (has(option.name))
+      throw UserError(fmt::format("{} is given twice; give it once", option.name));
+    Word value;
+    if (option.value) {
+      if (std::next(word) == words.end())
+        throw UserError(fmt::format("{} needs a value; expected {} {}", option.name, option.name,
+                                    option.label));
+      value = *++word;
+    }
+    m_options.emplace(option.name, value);
+  }
+  checkCount(verb);
+}
+
+std::vector<Word> Arguments::from(std::size_t index) const
+{
+  const auto start = std::min(index, m_words.size());
+  return {m_words.begin() + static_cast<std::ptrdiff_t>(start), m_words.end()};
+}
+
+void Arguments::checkCount(const Verb& verb) const
+{
+  const auto missing =
+      std::find_if(verb.parameters.begin() +
+                       static_cast<std::ptrdiff_t>(std::min(count(), verb.parameters.size())),
+                   verb.parameters.end(), [](const Parameter& parameter) {
+                     return parameter.occurrence == Occurrence::Once ||
+                            parameter.occurrence == Occurrence::OnceOrMore;
+                   });
+  if (missing != verb.parameters.end())
+    throw UserError(fmt::format("{} is missing; usage: {}", missing->label, verb.usage));
+
+  const bool isEndless = !verb.parameters.empty() && isOpen(verb.parameters.back().occurrence);
+  if (count() > verb.parameters.size() && !isEndless)
+    throw UserError(fmt::format("{} is one argument too many; usage: {}",
+                                displayName(at(verb.parameters.size()).text), verb.usage));
+}
+
+}

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#include "HighLevelServices/GroupCommands/CreateTKGroupCmd.h"
+#include "PointCollections/Console/Session/Lookup.h"
+#include "PointCollections/Console/Verbs/EachVerb.h"
+#include "PointCollections/Console/Verbs/Movement.h"
+#include "PointCollections/Text/Quoting.h"
+
+#include <fmt/format.h>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+std::string create(Session& session, const Arguments& arguments)
+{
+  auto& document = *session.editor.document();
+  const std::string& wanted = arguments.at(0).text;
+  const auto elements = elementsNamed(document, arguments.from(1));
+  const auto movement = describeMovement(document, elements, nullptr);
+
+  session.editor.history().execute(std::make_shared<CreateTKGroupCmd<GUIdentifier>>(
+      session.editor.document(), elements, wanted));
+
+  const std::string& given = document.getGroups().back().getName();
+  const bool isOther = given != wanted && !wanted.empty();
+  return fmt::format("Created {} with {}{}{}.", displayName(given),
+                     pluralize(elements.size(), "element"), movement,
+                     isOther ? "; the name " + displayName(wanted) + " was taken" : std::string());
+}
+
+}
+
+Verb createVerb()
+{
+  return {.name = "create",
+          .usage = "create NAME [ELEMENT…]",
+          .summary = "make a group and move elements into it",
+          .details = "The group goes to the end of the list. Elements leave the group that held "
+                     "them. If the name is\ntaken, a number is added to it; an empty name (\"\") "
+                     "means Group.",
+          .example = "create Europe Paris \"Isle of Man\"",
+          .parameters = {{"NAME", ArgumentKind::Text},
+                         {"ELEMENT", ArgumentKind::Element, Occurrence::AnyNumber}},
+          .options = {},
+          .run = create};
+}
+
+}

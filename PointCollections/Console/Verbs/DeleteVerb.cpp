@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#include "HighLevelServices/GroupCommands/RemoveTKGroupsCmd.h"
+#include "PointCollections/Console/Session/Lookup.h"
+#include "PointCollections/Console/Verbs/EachVerb.h"
+#include "PointCollections/Text/Quoting.h"
+
+#include <fmt/format.h>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+/// "Asia", "Asia and Africa", "Asia, Africa and Europe".
+std::string enumerated(PointDocument& document, const std::vector<Word>& words)
+{
+  std::string names;
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    const auto* separator = i == 0 ? "" : i + 1 == words.size() ? " and " : ", ";
+    names += separator + displayName(groupNamed(document, words[i]).getName());
+  }
+  return names;
+}
+
+std::string deleteGroups(Session& session, const Arguments& arguments)
+{
+  auto& document = *session.editor.document();
+  const auto ids = groupsNamed(document, arguments.from(0));
+  const auto names = enumerated(document, arguments.from(0));
+  const std::size_t ungroupedBefore = document.getUngroupedElements().size();
+
+  session.editor.history().execute(
+      std::make_shared<RemoveTKGroupsCmd<GUIdentifier>>(session.editor.document(), ids));
+
+  const std::size_t freed = document.getUngroupedElements().size() - ungroupedBefore;
+  if (freed == 0)
+    return fmt::format("Deleted {}.", names);
+  return fmt::format("Deleted {}; {} {} ungrouped now.", names, pluralize(freed, "element"),
+                     freed == 1 ? "is" : "are");
+}
+
+}
+
+Verb deleteVerb()
+{
+  return {.name = "delete",
+          .usage = "delete GROUP…",
+          .summary = "delete groups; their members become ungrouped",
+          .details = "Each member goes back to its place in the document's order. undo brings the "
+                     "groups back with\ntheir members.",
+          .example = "delete Asia \"North America\"",
+          .parameters = {{"GROUP", ArgumentKind::Group, Occurrence::OnceOrMore}},
+          .options = {},
+          .run = deleteGroups};
+}
+
+}

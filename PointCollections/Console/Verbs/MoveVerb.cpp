@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+#include "HighLevelServices/GroupCommands/MoveTKGroupElementsCmd.h"
+#include "PointCollections/Console/Session/Lookup.h"
+#include "PointCollections/Console/Verbs/EachVerb.h"
+#include "PointCollections/Console/Verbs/Movement.h"
+#include "PointCollections/Document/Placement.h"
+#include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/UserError.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+/// The option that gives the place.
+std::string optionGiven(const Arguments& arguments)
+{
+  const bool hasBefore = arguments.has("--before");
+  const bool hasBehind = arguments.has("--behind");
+  if (hasBefore && hasBehind)
+    throw UserError("more than one place is given; choose one of --before and --behind");
+  if (!hasBefore && !hasBehind)
+    throw UserError("the place is missing; add --before TARGET or --behind TARGET");
+  return hasBefore ? "--before" : "--behind";
+}
+
+/// Whether the elements are already beside the target, as the user sees it. Grouped elements have a
+/// place in the document's order too, but the user does not see them among the ungrouped ones.
+bool areInPlace(PointDocument& document,
+                const std::vector<GUIdentifier>& elements,
+                const GUIdentifier& target,
+                bool insertBefore)
+{
+  const auto* group = document.holderOf(target);
+  const auto order = group != nullptr ? group->getGroupMembers() : document.getUngroupedElements();
+  return std::all_of(elements.begin(), elements.end(),
+                     [&](const auto& id) { return document.holderOf(id) == group; }) &&
+         placedBeside(order, target, elements, insertBefore) == order;
+}
+
+std::string moveElements(Session& session, const Arguments& arguments)
+{
+  auto& document = *session.editor.document();
+  const auto option = optionGiven(arguments);
+  const bool insertBefore = option == "--before";
+  const auto target = elementNamed(document, arguments.valueOf(option));
+  const auto name = displayName(arguments.valueOf(option).text);
+  const auto elements = elementsNamed(document, arguments.from(0));
+  if (elements == std::vector{target})
+    throw UserError(
+        fmt::format("{} cannot go beside itself; name another element after {}", name, option));
+  if (areInPlace(document, elements, target, insertBefore))
+    return "Nothing to move; this is the order already.";
+
+  const auto* group = document.holderOf(target);
+  const auto place =
+      group != nullptr ? " in " + displayName(group->getName()) : ", which is ungrouped";
+  const auto movement = describeMovement(document, elements, group);
+  session.editor.history().execute(std::make_shared<MoveTKGroupElementsCmd<GUIdentifier>>(
+      session.editor.document(), elements, target, insertBefore));
+  return fmt::format("Moved {} {} {}{}{}.", pluralize(elements.size(), "element"),
+                     insertBefore ? "before" : "after", name, place, movement);
+}
+
+}
+
+Verb moveVerb()
+{
+  return {.name = "move",
+          .usage = "move ELEMENT… --before TARGET | --behind TARGET",
+          .summary = "put elements before or after another one",
+          .details = "They go next to TARGET in the order given, into the group that holds it. If "
+                     "TARGET is ungrouped,\nthey leave their groups and become ungrouped too. "
+                     "TARGET may be one of them: the others gather\naround it.",
+          .example = "move Berlin \"Isle of Man\" --before Paris",
+          .parameters = {{"ELEMENT", ArgumentKind::Element, Occurrence::OnceOrMore}},
+          .options = {{"--before", ArgumentKind::Element, "TARGET"},
+                      {"--behind", ArgumentKind::Element, "TARGET"}},
+          .run = moveElements};
+}
+
+}

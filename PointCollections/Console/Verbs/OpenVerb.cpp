@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Console/Verbs/EachVerb.h"
+#include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/UserError.h"
+#include "PointCollections/Text/Utf8.h"
+
+#include <fmt/format.h>
+
+#include <utility>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+Confirmation confirmationFor(Session& session)
+{
+  return session.confirmDiscarding ? session.confirmDiscarding(session) : Confirmation::Missing;
+}
+
+std::string open(Session& session, const Arguments& arguments)
+{
+  auto& editor = session.editor;
+  const auto file = Utf8::toPath(arguments.at(0).text);
+  auto opened = openDocument(editor.files(), file); // first, so that a bad file asks nothing
+  const auto title = displayName(editor.title());
+  if (editor.hasUnsavedChanges() && !arguments.has("--discard")) {
+    const auto confirmation = confirmationFor(session);
+    if (confirmation == Confirmation::Missing)
+      throw UserError(fmt::format("{} has unsaved changes; save them first, or add --discard to "
+                                  "lose them",
+                                  title));
+    if (confirmation == Confirmation::Refused)
+      return fmt::format("Nothing opened; {} stays open.", title);
+    opened = openDocument(editor.files(), file); // the user may just have saved in this file
+  }
+  editor.replaceDocument(std::move(opened));
+  return fmt::format("Opened {}.", summaryOf(editor));
+}
+
+}
+
+Verb openVerb()
+{
+  return {.name = "open",
+          .usage = "open FILE [--discard]",
+          .summary = "replace the document with another one",
+          .details = "If the name of FILE ends in .tkpc, it is a project, otherwise a text file "
+                     "with points. The history\nstarts anew. If there are unsaved changes, you are "
+                     "asked; a script stops unless --discard is given.",
+          .example = "open continents.tkpc",
+          .parameters = {{"FILE", ArgumentKind::File}},
+          .options = {{"--discard", std::nullopt}},
+          .run = open};
+}
+
+}

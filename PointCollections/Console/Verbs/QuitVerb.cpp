@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Console/Verbs/EachVerb.h"
+
+namespace Tarvik::PointCollections {
+namespace {
+
+/// A script may discard its changes: perhaps only its output is wanted.
+std::string quit(Session& session, const Arguments&)
+{
+  session.isOver =
+      !session.confirmDiscarding || session.confirmDiscarding(session) == Confirmation::Given;
+  return {};
+}
+
+}
+
+Verb quitVerb()
+{
+  return {.name = "quit",
+          .usage = "quit",
+          .summary = "leave the program",
+          .details = "If there are unsaved changes, you are asked what to do with them. In a "
+                     "script, the lines after\nquit are not read. On a terminal, Ctrl-D does the "
+                     "same.",
+          .example = "quit",
+          .parameters = {},
+          .options = {},
+          .run = quit};
+}
+
+}

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Console/Verbs/EachVerb.h"
+#include "PointCollections/Console/Verbs/Steps.h"
+
+namespace Tarvik::PointCollections {
+namespace {
+
+std::string redo(Session& session, const Arguments& arguments)
+{
+  auto& history = session.editor.history();
+  const std::size_t position = history.position();
+  const std::size_t steps = stepsAsked(arguments, history.entries().size() - position, "redo");
+
+  std::string report;
+  for (std::size_t entry = position; entry < position + steps; ++entry)
+    reportStep(report, "Redone", *history.entries()[entry]);
+  history.jumpTo(position + steps);
+  return report;
+}
+
+}
+
+Verb redoVerb()
+{
+  return {.name = "redo",
+          .usage = "redo [N]",
+          .summary = "repeat the last step that was undone, or the last N steps",
+          .details = "N is at most the number of steps that are undone; with a greater N nothing "
+                     "is redone. After a\nnew change there is nothing to redo.",
+          .example = "redo",
+          .parameters = {{"N", ArgumentKind::Number, Occurrence::Optionally}},
+          .options = {},
+          .run = redo};
+}
+
+}

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#include "HighLevelServices/GroupCommands/RenameTKGroupCmd.h"
+#include "PointCollections/Console/Session/Lookup.h"
+#include "PointCollections/Console/Verbs/EachVerb.h"
+#include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/UserError.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+/// The document accepts any name, but the user has to tell the groups apart.
+void checkNewName(PointDocument& document, const std::string& name)
+{
+  if (name.empty())
+    throw UserError("the new name is empty; a group needs one");
+  const auto taken = groupNames(document);
+  if (std::find(taken.begin(), taken.end(), name) != taken.end())
+    throw UserError(
+        fmt::format("another group has the name {}; choose one that is free", displayName(name)));
+}
+
+std::string renameGroup(Session& session, const Arguments& arguments)
+{
+  auto& document = *session.editor.document();
+  const auto& group = groupNamed(document, arguments.at(0));
+  const auto oldName = group.getName();
+  const std::string& newName = arguments.at(1).text;
+  if (newName == oldName)
+    return fmt::format("Nothing to rename; {} has this name already.", displayName(oldName));
+  checkNewName(document, newName);
+
+  session.editor.history().execute(std::make_shared<RenameTKGroupCmd<GUIdentifier>>(
+      session.editor.document(), group.getId(), newName));
+  return fmt::format("Renamed {} to {}.", displayName(oldName), displayName(newName));
+}
+
+}
+
+Verb renameVerb()
+{
+  return {.name = "rename",
+          .usage = "rename GROUP NAME",
+          .summary = "give a group another name",
+          .details = "The group keeps its place and its members. NAME must not be empty, nor the "
+                     "name of another group.",
+          .example = "rename Europe \"Old World\"",
+          .parameters = {{"GROUP", ArgumentKind::Group}, {"NAME", ArgumentKind::Text}},
+          .options = {},
+          .run = renameGroup};
+}
+
+}

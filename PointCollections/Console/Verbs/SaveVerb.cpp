@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Console/Verbs/EachVerb.h"
+#include "PointCollections/Project/ProjectFile.h"
+#include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/UserError.h"
+#include "PointCollections/Text/Utf8.h"
+
+#include <fmt/format.h>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+void checkOverwriting(const Editor& editor, const std::filesystem::path& file)
+{
+  const auto name = displayName(Utf8::fromPath(file));
+  switch (editor.overwriteRisk(file)) {
+  case Editor::OverwriteRisk::None:
+    return;
+  case Editor::OverwriteRisk::OtherFile:
+    throw UserError(fmt::format("{} exists already; add --overwrite to replace it", name));
+  case Editor::OverwriteRisk::OtherChanges:
+    throw UserError(fmt::format("another program has changed {}; save under another name, or add "
+                                "--overwrite to replace it",
+                                name));
+  }
+}
+
+std::filesystem::path fileToSaveIn(const Editor& editor, const Arguments& arguments)
+{
+  if (arguments.count() == 0) {
+    if (editor.projectFile().empty())
+      throw UserError(fmt::format("{} is not saved in a project file yet; usage: save FILE",
+                                  displayName(editor.title())));
+    return editor.projectFile();
+  }
+  auto file = Utf8::toPath(arguments.at(0).text);
+  if (!isProjectName(file))
+    throw UserError(fmt::format("{} is not the name of a project file; expected one that ends in "
+                                "{}",
+                                displayName(arguments.at(0).text), projectExtension));
+  return file;
+}
+
+std::string save(Session& session, const Arguments& arguments)
+{
+  auto& editor = session.editor;
+  const auto file = fileToSaveIn(editor, arguments);
+  if (!arguments.has("--overwrite"))
+    checkOverwriting(editor, file);
+  editor.save(file);
+  return fmt::format("Saved {}.", summaryOf(editor));
+}
+
+}
+
+Verb saveVerb()
+{
+  return {.name = "save",
+          .usage = "save [FILE] [--overwrite]",
+          .summary = "write elements, groups and order to a project file",
+          .details = "The name of FILE ends in .tkpc. Later, save without FILE writes to the same "
+                     "file. Another file\nthat exists, or a file that another program has changed, "
+                     "is only replaced with --overwrite. If\nsaving fails, the old file stays as "
+                     "it was. The history is not saved.",
+          .example = "save continents.tkpc",
+          .parameters = {{"FILE", ArgumentKind::File, Occurrence::Optionally}},
+          .options = {{"--overwrite", std::nullopt}},
+          .run = save};
+}
+
+}

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#include "HighLevelServices/GroupCommands/SortTKGroupsAlphabeticallyCmd.h"
+#include "PointCollections/Console/Verbs/EachVerb.h"
+#include "PointCollections/Text/Quoting.h"
+
+#include <fmt/format.h>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+std::string sortGroups(Session& session, const Arguments&)
+{
+  const std::size_t groups = session.editor.document()->getGroups().size();
+  if (groups == 0)
+    return "Nothing to sort; there are no groups.";
+
+  session.editor.history().execute(
+      std::make_shared<SortTKGroupsAlphabeticallyCmd<GUIdentifier>>(session.editor.document()));
+  return fmt::format("Sorted {} and {} members.", pluralize(groups, "group"),
+                     groups == 1 ? "its" : "their");
+}
+
+}
+
+Verb sortVerb()
+{
+  return {.name = "sort",
+          .usage = "sort",
+          .summary = "sort the groups by name, and the members of each",
+          .details = "The case of A to Z is ignored, and 10 comes before 9. The ungrouped elements "
+                     "keep their order.",
+          .example = "sort",
+          .parameters = {},
+          .options = {},
+          .run = sortGroups};
+}
+
+}

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Console/Verbs/EachVerb.h"
+#include "PointCollections/Console/Verbs/Steps.h"
+
+#include <fmt/format.h>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+std::string undo(Session& session, const Arguments& arguments)
+{
+  auto& history = session.editor.history();
+  const std::size_t position = history.position();
+  const std::size_t steps = stepsAsked(arguments, position, "undo");
+
+  std::string report;
+  for (std::size_t entry = position; entry > position - steps; --entry)
+    reportStep(report, "Undone", *history.entries()[entry - 1]);
+  history.jumpTo(position - steps);
+  return report;
+}
+
+}
+
+Verb undoVerb()
+{
+  return {.name = "undo",
+          .usage = "undo [N]",
+          .summary = "take back the last step, or the last N steps",
+          .details = fmt::format("N is at most the number of steps that can be undone; with a "
+                                 "greater N nothing is undone.\nThe last {} steps are kept.",
+                                 Editor::historyLimit),
+          .example = "undo 2",
+          .parameters = {{"N", ArgumentKind::Number, Occurrence::Optionally}},
+          .options = {},
+          .run = undo};
+}
+
+}

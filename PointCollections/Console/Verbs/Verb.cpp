@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Console/Verbs/Verb.h"
+
+#include "PointCollections/Console/Text/NearestName.h"
+#include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/UserError.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace Tarvik::PointCollections {
+
+std::vector<std::string> namesOf(const std::vector<Verb>& verbs)
+{
+  std::vector<std::string> names;
+  names.reserve(verbs.size());
+  for (const Verb& verb : verbs)
+    names.push_back(verb.name);
+  return names;
+}
+
+const Verb& verbNamed(const std::vector<Verb>& verbs, const std::string& name)
+{
+  const auto found = std::find_if(verbs.begin(), verbs.end(),
+                                  [&name](const Verb& verb) { return verb.name == name; });
+  if (found == verbs.end())
+    throw UserError(fmt::format("{} is not a command{}", displayName(name),
+                                suggestion(name, namesOf(verbs), "help lists the commands")));
+  return *found;
+}
+
+}

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "PointCollections/Console/Session/Session.h"
+#include "PointCollections/Console/Verbs/Arguments.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace Tarvik::PointCollections {
+
+/// What an argument is, which decides how it is completed.
+enum class ArgumentKind {
+  Text,    ///< anything new; not completed
+  Number,  ///< not completed
+  Group,   ///< the name of a group
+  Element, ///< the name of an element
+  Member,  ///< the name of an element that is in a group
+  Verb,    ///< the name of a verb
+  File     ///< the name of a file that the program can open
+};
+
+/// How often an argument is given.
+enum class Occurrence {
+  Once,
+  Optionally,
+  OnceOrMore, ///< for the last parameter only
+  AnyNumber   ///< for the last parameter only
+};
+
+/// An argument that is known by its position.
+struct Parameter {
+  std::string label; ///< as in the usage: "GROUP"
+  ArgumentKind kind = ArgumentKind::Text;
+  Occurrence occurrence = Occurrence::Once;
+};
+
+/// Whether such a parameter takes all arguments that are left.
+constexpr bool isOpen(Occurrence occurrence)
+{
+  return occurrence == Occurrence::OnceOrMore || occurrence == Occurrence::AnyNumber;
+}
+
+/// An argument that is known by its name. It may come anywhere after the verb.
+struct Option {
+  std::string name;                  ///< with its dashes: "--at"
+  std::optional<ArgumentKind> value; ///< the kind of its value; nothing if it takes none
+  std::string label = {};            ///< of its value, as in the usage: "N"
+};
+
+/// A command that the user can type, with all that the program knows about it.
+struct Verb {
+  std::string name;
+  std::string usage;   ///< "add GROUP [ELEMENT…]"
+  std::string summary; ///< one line, for the list of commands; no full stop
+  std::string details; ///< what the summary leaves open: ranges and special cases; sentences
+  std::string example;
+  std::vector<Parameter> parameters;
+  std::vector<Option> options;
+
+  /// Runs the command. The arguments fit `parameters` and `options`. Returns what the user reads,
+  /// without a line end. Throws UserError, with nothing changed, if the command cannot be done.
+  std::function<std::string(Session&, const Arguments&)> run;
+};
+
+/// The names of the verbs, in their order.
+std::vector<std::string> namesOf(const std::vector<Verb>& verbs);
+
+/// The verb with exactly that name.
+/// @throws UserError if there is none
+const Verb& verbNamed(const std::vector<Verb>& verbs, const std::string& name);
+
+}

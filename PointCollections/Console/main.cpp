@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Console/Shell/Completion.h"
+#include "PointCollections/Console/Shell/Runner.h"
+#include "PointCollections/Console/Shell/UnsavedChanges.h"
+#include "PointCollections/Console/Terminal/Terminal.h"
+#include "PointCollections/Input/TextInput.h"
+#include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/UserError.h"
+#include "PointCollections/Text/Utf8.h"
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <exception>
+#include <iostream>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+enum ExitStatus : int { Succeeded = 0, CommandFailed = 1, BadInput = 2 };
+
+struct Settings {
+  std::string file;
+  std::optional<std::string> script;
+  std::vector<std::string> commands;
+  bool isQuiet = false;
+  bool isPlain = false;
+};
+
+constexpr auto purpose =
+    "Puts point collections into named groups: opens a file of points and runs commands on it.";
+
+constexpr auto remarks =
+    "If the name of FILE ends in .tkpc, it is a project that the command save has written.\n"
+    "Otherwise it is comma-separated UTF-8 text with the header collection,x,y,z. Each\n"
+    "point collection in it is an element that can be put into groups.\n\n"
+    "Commands come from --command, then from --script. Without either they are read from\n"
+    "standard input; on a terminal with line editing, recall of earlier lines and completion.\n"
+    "The command help explains them. Except on a terminal, the first mistake ends the\n"
+    "program.\n\n"
+    "Changes are only kept by the command save. On a terminal, the program asks before\n"
+    "changes are lost. After a script, it warns of unsaved changes on standard error; that is\n"
+    "not a failure.\n\n"
+    "Exit status: 0 success; 1 a command failed or the output could not be written; 2 the\n"
+    "arguments, FILE or the script were not valid.";
+
+void declare(CLI::App& app, Settings& settings)
+{
+  app.footer(remarks);
+  app.allow_windows_style_options(false); // a file may have a path that starts with a slash
+  app.set_version_flag("--version", "point-collections " POINT_COLLECTIONS_VERSION);
+  app.add_option("FILE", settings.file, "The project (.tkpc) or points (.csv) to open")->required();
+  app.add_option("--script", settings.script, "Read commands from a file")->type_name("FILE");
+  app.add_option("--command", settings.commands, "Run a command; may be repeated")
+      ->type_name("TEXT")
+      ->allow_extra_args(false);
+  app.add_flag("--quiet", settings.isQuiet, "Print results only: no commands, no comments");
+  app.add_flag("--no-color", settings.isPlain,
+               "Do not use colours. They are only used on a terminal, and not if the\n"
+               "environment variable NO_COLOR is set");
+}
+
+std::string welcome(const Session& session)
+{
+  return fmt::format("Opened {}.", summaryOf(session.editor));
+}
+
+void runOnTerminal(Session& session, Transcript& transcript)
+{
+  ignoreInterrupts(); // Ctrl-C while a command runs must not lose all work
+  auto reader = isOutputTerminal()
+                    ? makeEditingReader([&](auto line) { return complete(session, line); })
+                    : nullptr;
+  if (!reader)
+    reader = makePlainReader(std::cin, std::cout);
+  transcript.result(welcome(session) + " Type help for the commands, quit to leave.");
+  runInteractively(session, transcript, *reader);
+}
+
+bool runBatch(Session& session, const Settings& settings, Transcript& transcript)
+{
+  std::ifstream script;
+  if (settings.script)
+    script = openText(Utf8::toPath(*settings.script));
+  if (!settings.isQuiet)
+    transcript.result(welcome(session));
+  const bool readsInput = !settings.script && settings.commands.empty();
+  const bool isFine = readsInput ? runScript(session, transcript, std::cin, "<stdin>")
+                                 : runCommands(session, transcript, settings.commands) &&
+                                       (!settings.script ||
+                                        runScript(session, transcript, script, *settings.script));
+  warnOfUnsavedChanges(session, transcript);
+  return isFine;
+}
+
+/// @throws std::runtime_error if any output could not be written
+void requireOutput()
+{
+  std::cout.flush();
+  if (!std::cout)
+    throw std::runtime_error("standard output cannot be written");
+}
+
+ExitStatus run(const Settings& settings)
+{
+  const bool isInteractive = !settings.script && settings.commands.empty() && isInputTerminal();
+  const bool hasColor = !settings.isPlain && std::getenv("NO_COLOR") == nullptr &&
+                        isOutputTerminal() && isErrorTerminal();
+  const auto detail = isInteractive || settings.isQuiet ? Transcript::Detail::ResultsOnly
+                                                        : Transcript::Detail::Full;
+  const auto files = diskFiles();
+  Session session = {.editor = Editor(openDocument(*files, Utf8::toPath(settings.file)), files),
+                     .style = Style{hasColor}};
+  Transcript transcript(std::cout, std::cerr, detail, session.style);
+
+  bool isFine = true; // mistakes on a terminal are no failure
+  if (isInteractive)
+    runOnTerminal(session, transcript);
+  else
+    isFine = runBatch(session, settings, transcript);
+  requireOutput();
+  return isFine ? Succeeded : CommandFailed;
+}
+
+int runProgram(std::vector<std::string> arguments)
+{
+  Settings settings;
+  CLI::App app(purpose, "point-collections");
+  declare(app, settings);
+  try {
+    std::reverse(arguments.begin(), arguments.end()); // the order that CLI11 expects
+    app.parse(std::move(arguments));
+  } catch (const CLI::Success& helpOrVersion) {
+    app.exit(helpOrVersion);
+    requireOutput();
+    return Succeeded;
+  } catch (const CLI::ParseError& error) {
+    std::cerr << "point-collections: " << printable(error.what())
+              << "\nRun with --help for more information." << std::endl;
+    return BadInput;
+  }
+  return run(settings);
+}
+
+}
+}
+
+int main(int argc, char** argv)
+{
+  using namespace Tarvik::PointCollections;
+  std::ios::sync_with_stdio(false);
+  prepareTerminal();
+  try {
+    return runProgram(programArguments(argc, argv));
+  } catch (const UserError& error) {
+    std::cerr << "point-collections: " << error.what() << std::endl;
+    return BadInput;
+  } catch (const std::exception& error) {
+    std::cerr << "point-collections: " << error.what() << std::endl;
+    return CommandFailed;
+  }
+}

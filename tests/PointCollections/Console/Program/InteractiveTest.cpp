@@ -1,0 +1,268 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Support/Files.h"
+
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <poll.h>
+#include <pty.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <string>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+constexpr auto tab = "\t";
+constexpr auto up = "\x1B[A";
+constexpr auto controlC = "\x03";
+constexpr auto controlD = "\x04";
+
+/// The program on a terminal, with a user who types.
+class Terminal {
+public:
+  /// @param kind  of the terminal, as in TERM
+  explicit Terminal(const std::string& points, const char* kind = "vt100")
+  {
+    winsize size = {24, 200, 0, 0};
+    m_child = forkpty(&m_terminal, nullptr, nullptr, &size);
+    if (m_child != 0)
+      return;
+    setenv("TERM", kind, 1);
+    setenv("LC_ALL", "C.UTF-8", 1);
+    execl(POINT_COLLECTIONS_PROGRAM, "point-collections", "--no-color", points.c_str(), nullptr);
+    _exit(127);
+  }
+  Terminal(const Terminal&) = delete;
+  Terminal& operator=(const Terminal&) = delete;
+  ~Terminal()
+  {
+    if (m_child > 0) {
+      kill(m_child, SIGKILL);
+      waitpid(m_child, nullptr, 0);
+    }
+    close(m_terminal);
+  }
+
+  /// Types the keys and waits until the screen shows the text. After Enter it also waits for the
+  /// next prompt, because keys between two prompts do not reach the editor.
+  void typeAndExpect(const std::string& keys, const std::string& text)
+  {
+    typeAndExpect(keys, text, keys.ends_with('\r') ? "> " : "");
+  }
+
+  /// As above, but waits for a question in place of the prompt.
+  void typeAndBeAsked(const std::string& keys, const std::string& text)
+  {
+    typeAndExpect(keys, text, "discard or cancel: ");
+  }
+
+  /// Types the keys and waits for the program to end; returns its exit status.
+  int typeAndLeave(const std::string& keys)
+  {
+    type(keys);
+    std::string shown;
+    while (readMore(shown)) {
+    }
+    if (!m_hasEnded)
+      kill(m_child, SIGKILL);
+    int status = 0;
+    waitpid(m_child, &status, 0);
+    m_child = -1;
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  }
+
+  /// Sends the program a signal.
+  void send(int signal) const { kill(m_child, signal); }
+
+private:
+  void typeAndExpect(const std::string& keys, const std::string& text, const std::string& prompt)
+  {
+    type(keys);
+    std::string shown;
+    while (!hasInOrder(shown, text, prompt) && readMore(shown)) {
+    }
+    EXPECT_TRUE(hasInOrder(shown, text, prompt))
+        << "typed " << ::testing::PrintToString(keys) << " and waited for " << text << ", saw "
+        << ::testing::PrintToString(shown);
+  }
+
+  static bool hasInOrder(const std::string& shown, const std::string& one, const std::string& other)
+  {
+    const auto found = shown.find(one);
+    return found != std::string::npos && shown.find(other, found + one.size()) != std::string::npos;
+  }
+
+  void type(const std::string& keys) const
+  {
+    ASSERT_EQ(write(m_terminal, keys.data(), keys.size()), static_cast<ssize_t>(keys.size()));
+  }
+
+  /// @return false if the program has ended, or shows nothing for a long time
+  bool readMore(std::string& shown)
+  {
+    constexpr int patience = 20000; // milliseconds
+    pollfd watched = {m_terminal, POLLIN, 0};
+    if (poll(&watched, 1, patience) != 1)
+      return false;
+    std::array<char, 4096> buffer{};
+    const auto count = read(m_terminal, buffer.data(), buffer.size());
+    if (count > 0)
+      shown.append(buffer.data(), static_cast<std::size_t>(count));
+    m_hasEnded = count <= 0;
+    return !m_hasEnded;
+  }
+
+  int m_terminal = -1;
+  pid_t m_child = -1;
+  bool m_hasEnded = false;
+};
+
+class InteractiveUser : public ::testing::Test {
+protected:
+  explicit InteractiveUser(const char* kind = "vt100") : m_terminal(m_points, kind)
+  {
+    m_terminal.typeAndExpect("", "> ");
+  }
+
+  /// Cancels the first time, and answers with the end of the input the second time.
+  void isAskedAtControlD()
+  {
+    m_terminal.typeAndExpect("create G\r", "Created G with 0 elements.");
+    m_terminal.typeAndBeAsked(controlD, "points.csv has unsaved changes.");
+    m_terminal.typeAndExpect("cancel\r", "");
+    m_terminal.typeAndBeAsked(controlD, "points.csv has unsaved changes.");
+    EXPECT_EQ(m_terminal.typeAndLeave(controlD), 0);
+  }
+
+  TemporaryFolder m_folder;
+  std::string m_points = m_folder
+                             .write("points.csv",
+                                    "collection,x,y,z\nParis,1,2,3\nPrague,1,2,3\n"
+                                    "New York,4,5,6\nZürich,7,8,9\n")
+                             .string();
+  Terminal m_terminal;
+};
+
+/// On a terminal that cannot move its cursor.
+class InteractiveUserWithoutEditing : public InteractiveUser {
+protected:
+  InteractiveUserWithoutEditing() : InteractiveUser("dumb") {}
+};
+
+TEST_F(InteractiveUser, IsToldHowToGetHelp)
+{
+  m_terminal.typeAndExpect("help\r", "leave the program");
+}
+
+TEST_F(InteractiveUser, CompletesCommandsAndNames)
+{
+  m_terminal.typeAndExpect(std::string("cr") + tab + "G Pari" + tab + "New" + tab + "Z" + tab +
+                               "\r",
+                           "Created G with 3 elements.");
+  m_terminal.typeAndExpect("show\r", "Prague");
+}
+
+TEST_F(InteractiveUser, SeesTheWaysToCompleteAWord)
+{
+  m_terminal.typeAndExpect(std::string("create G P") + tab, "Paris   Prague");
+  m_terminal.typeAndExpect("\r", "there is no element named P");
+}
+
+TEST_F(InteractiveUser, GoesOnAfterAMistake)
+{
+  m_terminal.typeAndExpect("create G Pari\r", "did you mean Paris?");
+  m_terminal.typeAndExpect("create G Paris\r", "Created G with 1 element.");
+  m_terminal.typeAndExpect("undo\r", "Undone: Create Group");
+  EXPECT_EQ(m_terminal.typeAndLeave("quit\r"), 0);
+}
+
+TEST_F(InteractiveUser, RecallsEarlierLines)
+{
+  m_terminal.typeAndExpect("create G\r", "Created G with 0 elements.");
+  m_terminal.typeAndExpect("create H\r", "Created H with 0 elements.");
+  m_terminal.typeAndExpect(std::string(up) + up + "\r", "Created \"G 2\" with 0 elements");
+}
+
+TEST_F(InteractiveUser, TypesNamesOfAnyLanguage)
+{
+  m_terminal.typeAndExpect("create Größe Zürich\r", "Created Größe with 1 element.");
+  m_terminal.typeAndExpect("show Größe\r", "└─ Zürich");
+}
+
+TEST_F(InteractiveUser, DropsALineWithControlC)
+{
+  m_terminal.typeAndExpect("create H", "create H");
+  m_terminal.typeAndExpect(std::string(controlC) + "create G\r", "Created G with 0 elements.");
+}
+
+TEST_F(InteractiveUser, LeavesWithControlD)
+{
+  EXPECT_EQ(m_terminal.typeAndLeave(controlD), 0);
+}
+
+TEST_F(InteractiveUser, IsAskedBeforeChangesAreLostByQuit)
+{
+  m_terminal.typeAndExpect("create G\r", "Created G with 0 elements.");
+  m_terminal.typeAndBeAsked("quit\r", "points.csv has unsaved changes.");
+  m_terminal.typeAndExpect("cancel\r", "");
+  m_terminal.typeAndExpect("show G\r", "G (0)");
+  m_terminal.typeAndBeAsked("quit\r", "points.csv has unsaved changes.");
+  EXPECT_EQ(m_terminal.typeAndLeave("discard\r"), 0);
+}
+
+TEST_F(InteractiveUser, IsAskedBeforeChangesAreLostByControlD)
+{
+  isAskedAtControlD();
+}
+
+TEST_F(InteractiveUser, GoesOnAfterASignal)
+{
+  m_terminal.typeAndExpect("create G\r", "Created G with 0 elements.");
+  for (int i = 0; i < 3; ++i) {
+    m_terminal.send(SIGINT);
+    m_terminal.typeAndExpect("show G\r", "G (0)");
+  }
+  m_terminal.typeAndBeAsked("quit\r", "points.csv has unsaved changes.");
+  EXPECT_EQ(m_terminal.typeAndLeave("discard\r"), 0);
+}
+
+TEST_F(InteractiveUserWithoutEditing, IsAskedBeforeChangesAreLostByControlD)
+{
+  isAskedAtControlD();
+}
+
+TEST_F(InteractiveUserWithoutEditing, LosesNothingByControlC)
+{
+  m_terminal.typeAndExpect("create G\r", "Created G with 0 elements.");
+  m_terminal.typeAndExpect(std::string(controlC) + "show G\r", "G (0)");
+}
+
+TEST_F(InteractiveUser, SavesWhenAsked)
+{
+  const auto file = m_folder.path() / "my plan.tkpc";
+  m_terminal.typeAndExpect("create G\r", "Created G with 0 elements.");
+  m_terminal.typeAndBeAsked("quit\r", "Type save FILE, ");
+  EXPECT_EQ(m_terminal.typeAndLeave("save \"" + file.string() + "\"\r"), 0);
+
+  EXPECT_TRUE(contentOf(file).starts_with("\x89TKM"));
+}
+
+TEST_F(InteractiveUser, SeesWhetherChangesAreSaved)
+{
+  const auto file = (m_folder.path() / "p.tkpc").string();
+  m_terminal.typeAndExpect("create G Paris\r", "Created G with 1 element.\r\n*");
+  m_terminal.typeAndExpect("save " + file + "\r",
+                           "Saved p.tkpc: 4 elements with 4 points in 1 group.\r\n");
+  m_terminal.typeAndExpect("open " + m_folder.path().string() + "/p.t" + tab + "\r",
+                           "Opened p.tkpc: 4 elements");
+  EXPECT_EQ(m_terminal.typeAndLeave("quit\r"), 0);
+}
+
+}
+}

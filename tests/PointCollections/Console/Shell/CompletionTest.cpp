@@ -1,0 +1,216 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Console/Shell/Completion.h"
+
+#include "PointCollections/Console/Support/Sessions.h"
+#include "PointCollections/Console/Verbs/AllVerbs.h"
+#include "PointCollections/Support/MemoryFiles.h"
+
+#include <gmock/gmock.h>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class CompletionOf : public ::testing::Test {
+protected:
+  explicit CompletionOf(std::shared_ptr<Files> files = diskFiles())
+      : m_session(sessionOf({"Paris", "Paramaribo", "Prague", "New York", "New Salem", "Zürich",
+                             "Zülpich", "say \"hi\"", "--odd"},
+                            std::move(files)))
+  {
+    run(m_session, {"create Europe", "create \"North America\"", "create Asia"});
+  }
+
+  /// The line after the user has pressed Tab.
+  std::string completed(const std::string& line)
+  {
+    const auto completion = complete(m_session, line);
+    return completion.candidates.empty() ? line : line.substr(0, completion.from) + completion.text;
+  }
+
+  std::vector<std::string> candidates(std::string_view line)
+  {
+    return complete(m_session, line).candidates;
+  }
+
+  Session m_session;
+};
+
+class FileCompletion : public CompletionOf {
+protected:
+  FileCompletion()
+      : CompletionOf(filesNamed({"cities.csv", "cities.tkpc", "notes.txt", "maps/old maps/a.tkpc",
+                                 "maps/new.TKPC", ".hidden.tkpc", "\xFF.tkpc", "my plan.tkpc"}))
+  {}
+
+private:
+  static std::shared_ptr<Files> filesNamed(std::initializer_list<const char*> names)
+  {
+    auto files = std::make_shared<MemoryFiles>();
+    for (const auto* name : names)
+      files->contents[name] = "";
+    return files;
+  }
+};
+
+TEST_F(CompletionOf, ACommand)
+{
+  EXPECT_EQ(completed("cr"), "create ");
+  EXPECT_EQ(completed("h"), "h");
+  EXPECT_THAT(candidates("h"), ElementsAre("history", "help"));
+  EXPECT_EQ(candidates("").size(), allVerbs().size());
+  EXPECT_EQ(completed("help hi"), "help history ");
+}
+
+TEST_F(CompletionOf, AGroup)
+{
+  EXPECT_EQ(completed("add Eu"), "add Europe ");
+  EXPECT_EQ(completed("show No"), "show \"North America\" ");
+  EXPECT_THAT(candidates("add "), ElementsAre("Europe", "\"North America\"", "Asia"));
+}
+
+TEST_F(CompletionOf, AnElement)
+{
+  EXPECT_EQ(completed("add Europe Pr"), "add Europe Prague ");
+  EXPECT_EQ(completed("create New Pr"), "create New Prague ");
+  EXPECT_EQ(completed("add Europe Par"), "add Europe Par");
+  EXPECT_THAT(candidates("add Europe Par"), ElementsAre("Paris", "Paramaribo"));
+  EXPECT_EQ(completed("add Europe P"), "add Europe P");
+}
+
+TEST_F(CompletionOf, AMemberOfAGroup)
+{
+  EXPECT_EQ(completed("remove Par"), "remove Par");
+  run(m_session, {"add Asia \"New York\" Paris", "add Europe Prague"});
+
+  EXPECT_THAT(candidates("remove "), ElementsAre("Prague", "\"New York\"", "Paris"));
+  EXPECT_EQ(completed("remove N"), "remove \"New York\" ");
+  EXPECT_EQ(completed("remove Paris P"), "remove Paris Prague ");
+}
+
+TEST_F(CompletionOf, MoreThanOneGroup)
+{
+  EXPECT_EQ(completed("delete A"), "delete Asia ");
+  EXPECT_THAT(candidates("delete Asia "), ElementsAre("Europe", "\"North America\""));
+}
+
+TEST_F(CompletionOf, WhatIsMovedAndWhere)
+{
+  EXPECT_EQ(completed("move Pra"), "move Prague ");
+  EXPECT_EQ(completed("move Prague Paris Par"), "move Prague Paris Paramaribo ");
+  EXPECT_THAT(candidates("move Prague -"), ElementsAre("--before", "--behind"));
+  EXPECT_THAT(candidates("move Prague --behind Par"), ElementsAre("Paris", "Paramaribo"));
+  EXPECT_EQ(completed("move --before Paris Prag"), "move --before Paris Prague ");
+}
+
+TEST_F(CompletionOf, ANameWithBlanks)
+{
+  EXPECT_EQ(completed("add Europe Ne"), "add Europe \"New ");
+  EXPECT_EQ(completed("add Europe \"New"), "add Europe \"New ");
+  EXPECT_EQ(completed("add Europe \"New Y"), "add Europe \"New York\" ");
+  EXPECT_EQ(completed("add Europe \"Pr"), "add Europe Prague ");
+  EXPECT_EQ(completed("add Europe say"), R"(add Europe "say \"hi\"" )");
+  EXPECT_EQ(completed("add Europe \"--"), "add Europe \"--odd\" ");
+}
+
+TEST_F(CompletionOf, ANameWhateverTheCase)
+{
+  EXPECT_EQ(completed("add europe"), "add Europe ");
+  EXPECT_EQ(completed("add Europe new"), "add Europe \"New ");
+}
+
+TEST_F(CompletionOf, NamesThatDifferWithinACharacter)
+{
+  EXPECT_EQ(completed("add Europe Z"), "add Europe Zü");
+}
+
+TEST_F(CompletionOf, LeavesOutElementsThatTheLineNames)
+{
+  EXPECT_EQ(completed("add Europe Paris Par"), "add Europe Paris Paramaribo ");
+  EXPECT_EQ(completed("add Europe \"New York\" New"), "add Europe \"New York\" \"New Salem\" ");
+  EXPECT_EQ(completed("add Europe Prague --before Pr"), "add Europe Prague --before Prague ");
+}
+
+TEST_F(CompletionOf, AnOption)
+{
+  EXPECT_EQ(completed("add Europe --b"), "add Europe --before ");
+  EXPECT_THAT(candidates("add Europe -"), ElementsAre("--at", "--before", "--end"));
+  EXPECT_THAT(candidates("add Europe --end --"), ElementsAre("--at", "--before"));
+  EXPECT_EQ(completed("show --a"), "show --all ");
+}
+
+TEST_F(CompletionOf, TheValueOfAnOption)
+{
+  EXPECT_EQ(completed("add Europe --before Pr"), "add Europe --before Prague ");
+  EXPECT_THAT(candidates("add Europe --at "), IsEmpty());
+  EXPECT_EQ(completed("add --at 1 Eu"), "add --at 1 Europe ");
+}
+
+TEST_F(FileCompletion, NamesWhatCanBeOpened)
+{
+  EXPECT_THAT(candidates("open "),
+              ElementsAre("cities.csv", "cities.tkpc", "maps/", "\"my plan.tkpc\""));
+  EXPECT_EQ(completed("open ci"), "open cities.");
+  EXPECT_EQ(completed("open cities.t"), "open cities.tkpc ");
+  EXPECT_EQ(completed("open n"), "open n");
+  EXPECT_EQ(completed("open m"), "open m");
+  EXPECT_EQ(completed("open my"), "open \"my plan.tkpc\" ");
+}
+
+TEST_F(FileCompletion, NamesWhatCanBeSaved)
+{
+  EXPECT_EQ(completed("save cities.t"), "save cities.tkpc ");
+  EXPECT_EQ(completed("save --overwrite cities.t"), "save --overwrite cities.tkpc ");
+  EXPECT_EQ(completed("save cities.tkpc --"), "save cities.tkpc --overwrite ");
+}
+
+TEST_F(FileCompletion, GoesOnInFolders)
+{
+  EXPECT_EQ(completed("open ma"), "open maps/");
+  EXPECT_THAT(candidates("open maps/"), ElementsAre("maps/new.TKPC", "\"maps/old maps/\""));
+  EXPECT_EQ(completed("open maps/o"), "open \"maps/old maps/");
+  EXPECT_EQ(completed("open \"maps/old maps/"), "open \"maps/old maps/a.tkpc\" ");
+  EXPECT_THAT(candidates("open none/"), IsEmpty());
+}
+
+TEST_F(FileCompletion, NamesHiddenFilesWhenAskedTo)
+{
+  EXPECT_EQ(completed("open .h"), "open .hidden.tkpc ");
+}
+
+TEST_F(CompletionOf, NothingWhereAnythingIsAllowed)
+{
+  EXPECT_THAT(candidates("create "), IsEmpty());
+  EXPECT_THAT(candidates("rename Europe "), IsEmpty());
+  EXPECT_THAT(candidates("sort "), IsEmpty());
+  EXPECT_THAT(candidates("undo "), IsEmpty());
+  EXPECT_THAT(candidates("quit "), IsEmpty());
+  EXPECT_THAT(candidates("show Europe "), IsEmpty());
+}
+
+TEST_F(CompletionOf, NothingInALineThatIsWrong)
+{
+  for (const std::string line : {"dance ", "\"", "add Europe x\"y ", "add \xFF", "add X Y Q", "#"})
+    EXPECT_EQ(completed(line), line);
+}
+
+TEST_F(CompletionOf, KeepsWhatIsTypedWhenNamesDifferInCaseOnly)
+{
+  run(m_session, {"create eUROPA"});
+
+  EXPECT_EQ(completed("add EU"), "add EU");
+  EXPECT_EQ(completed("add \"EU"), "add \"EU");
+  EXPECT_THAT(candidates("add EU"), ElementsAre("Europe", "eUROPA"));
+  EXPECT_EQ(completed("create A PAR"), "create A Par");
+}
+
+TEST_F(CompletionOf, KeepsAnOpenQuoteWhenNamesHaveNothingInCommon)
+{
+  EXPECT_EQ(completed("add Europe \""), "add Europe \"");
+  EXPECT_EQ(completed("add Europe "), "add Europe ");
+}
+
+}
+}

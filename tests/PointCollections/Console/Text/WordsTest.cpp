@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Console/Text/Words.h"
+
+#include "PointCollections/Console/Support/Sessions.h"
+
+#include <gmock/gmock.h>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+std::string mistakeInLine(std::string_view line)
+{
+  return mistakeIn([&] { splitWords(line); });
+}
+
+TEST(Words, AreDividedByBlanks)
+{
+  EXPECT_THAT(splitWords("add  Europe\tBerlin "),
+              ElementsAre(Word{"add", false}, Word{"Europe", false}, Word{"Berlin", false}));
+  EXPECT_THAT(splitWords(" \t"), IsEmpty());
+  EXPECT_THAT(splitWords(""), IsEmpty());
+}
+
+TEST(Words, MayBeQuoted)
+{
+  EXPECT_THAT(splitWords(R"("New York" "" "--at")"),
+              ElementsAre(Word{"New York", true}, Word{"", true}, Word{"--at", true}));
+}
+
+TEST(Words, HaveEscapesInsideQuotesOnly)
+{
+  EXPECT_THAT(splitWords(R"("a\"b\\c\n\r\t\x41\xC3\xA9" a\n)"),
+              ElementsAre(Word{"a\"b\\c\n\r\tAé", true}, Word{"a\\n", false}));
+}
+
+TEST(Words, RefuseAnOpenQuote)
+{
+  const std::string expected = "this quote is never closed; add a \" after the name";
+  EXPECT_EQ(mistakeInLine("é \"New York"), "column 3: " + expected);
+  EXPECT_EQ(mistakeInLine("\""), "column 1: " + expected);
+  EXPECT_EQ(mistakeInLine(R"("a\")"), "column 1: " + expected);
+  EXPECT_EQ(mistakeInLine(R"("a\)"), "column 1: " + expected);
+  EXPECT_EQ(mistakeInLine(R"("a\x4)"), "column 1: " + expected);
+}
+
+TEST(Words, RefuseQuotesInTheMiddle)
+{
+  EXPECT_EQ(mistakeInLine("New\" York\""),
+            "column 4: a quote inside a word; put the whole name in quotes, and a \\ before a "
+            "quote that belongs to it");
+  EXPECT_EQ(mistakeInLine("\"New\"York"), "column 6: a blank is missing after the closing quote");
+  EXPECT_EQ(mistakeInLine("\"a\"\"b\""), "column 4: a blank is missing after the closing quote");
+}
+
+TEST(Words, RefuseUnknownEscapes)
+{
+  EXPECT_EQ(mistakeInLine(R"("a\q")"),
+            R"(column 3: an unknown escape; there are \", \\, \n, \r, \t and \x with two digits)");
+  EXPECT_EQ(mistakeInLine(R"("\xg0")"),
+            R"(column 2: \x needs two hexadecimal digits, such as \x1B)");
+  EXPECT_EQ(mistakeInLine(R"("\x1")"),
+            R"(column 2: \x needs two hexadecimal digits, such as \x1B)");
+}
+
+TEST(Words, RefuseEscapesThatMakeNoText)
+{
+  const auto* expected = "column 1: the escapes in this name do not make valid UTF-8 without NUL";
+  EXPECT_EQ(mistakeInLine(R"("\xFF")"), expected);
+  EXPECT_EQ(mistakeInLine(R"("\x00")"), expected);
+}
+
+TEST(Words, RefuseBytesThatAreNotUtf8)
+{
+  EXPECT_EQ(mistakeInLine("ü \xFC"),
+            "column 3: the byte \\xFC is not UTF-8; save or type the line as UTF-8");
+}
+
+TEST(Words, RefuseControlCharacters)
+{
+  EXPECT_EQ(mistakeInLine(std::string_view("a\0b", 3)),
+            "column 2: a NUL byte, which no name can hold; leave it out");
+  EXPECT_EQ(mistakeInLine("a \x1B[2J"),
+            "column 3: a control character; in a name, write \\x1B in double quotes");
+  EXPECT_EQ(mistakeInLine("a\nb"),
+            "column 2: a control character; in a name, write \\n in double quotes");
+}
+
+TEST(Words, AreSplitWhileTheLastIsBeingTyped)
+{
+  const auto line = splitUnfinished("add \"New York\" Par");
+
+  EXPECT_THAT(line.words, ElementsAre(Word{"add", false}, Word{"New York", true}));
+  EXPECT_EQ(line.last, (Word{"Par", false}));
+  EXPECT_EQ(line.lastAt, 15U);
+}
+
+TEST(Words, AreSplitAfterABlankAsIfAnEmptyWordWereTyped)
+{
+  const auto line = splitUnfinished("add ");
+
+  EXPECT_THAT(line.words, ElementsAre(Word{"add", false}));
+  EXPECT_EQ(line.last, (Word{"", false}));
+  EXPECT_EQ(line.lastAt, 4U);
+}
+
+TEST(Words, AreSplitWhileAQuoteIsOpen)
+{
+  EXPECT_EQ(splitUnfinished("add \"New Yo").last, (Word{"New Yo", true}));
+  EXPECT_EQ(splitUnfinished("add \"").last, (Word{"", true}));
+  EXPECT_EQ(splitUnfinished("add \"New York\"").last, (Word{"New York", true}));
+}
+
+}
+}
