@@ -27,7 +27,7 @@ function(tkm_install_docs dir)
   endif()
 endfunction()
 
-file(GLOB docs RELATIVE "${PROJECT_SOURCE_DIR}"
+file(GLOB docs CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}"
   "${PROJECT_SOURCE_DIR}/docs/*.md" "${PROJECT_SOURCE_DIR}/docs/images/*")
 list(REMOVE_ITEM docs docs/reference.md) # the first page of the reference
 list(APPEND docs README.md CHANGELOG.md CONTRIBUTING.md HighLevelServices/README.md
