@@ -10,17 +10,17 @@ using Groups = std::vector<TKGroup<Identifier>>;
 using NamedMembers = std::vector<std::pair<Identifier, std::string>>;
 
 struct Host : TKGroupProviderInterface<Identifier> {
-  std::map<Identifier, std::string> elements; // all that this application knows of, with names
+  std::map<Identifier, std::string> elements; // the application's own, with names
   Groups groups;
 
   Groups& getGroups() override { return groups; }
   void setGroups(const Groups& list) override { Groups(list).swap(groups); }
   std::string getElementName(const Identifier& id) override { return elements.at(id); }
-  std::vector<Identifier> getUngroupedElements() override { return {}; } // shown nowhere here
+  std::vector<Identifier> getUngroupedElements() override { return {}; } // this host shows none
   std::shared_ptr<CommandBase>
   createMoveCommand(const Identifier&, const std::vector<Identifier>&, bool) override
   {
-    return nullptr; // outside of groups, elements have no order here
+    return nullptr; // elements without a group have no order here
   }
   void renameGroup(const Identifier& id, const std::string& name) override
   {
