@@ -9,8 +9,9 @@ include(GNUInstallDirs)
 option(TKM_DEBIAN_LAYOUT
   "Install for Debian packages: no run paths, the debugger views in gdb's own folder" OFF)
 
-set(TKM_INSTALL_HEADERS "${CMAKE_INSTALL_INCLUDEDIR}/TKMService")
-set(TKM_INSTALL_CMAKE "${CMAKE_INSTALL_LIBDIR}/cmake/TKMService")
+set(TKM_PACKAGE "TKMService${TKM_LIBRARY_SUFFIX}") # what find_package() is asked for
+set(TKM_INSTALL_HEADERS "${CMAKE_INSTALL_INCLUDEDIR}/${TKM_PACKAGE}")
+set(TKM_INSTALL_CMAKE "${CMAKE_INSTALL_LIBDIR}/cmake/${TKM_PACKAGE}")
 
 # tkm_install_run_path(<target> <dir>): the target, which goes into <dir>, finds the libraries
 # wherever all of it is moved to.
@@ -27,6 +28,9 @@ function(tkm_install_run_path target dir)
     string(APPEND origin "/${to_libraries}")
   endif()
   set_target_properties(${target} PROPERTIES INSTALL_RPATH "${origin}")
+  if(TKM_PLATFORM STREQUAL "external") # which may be installed elsewhere
+    set_target_properties(${target} PROPERTIES INSTALL_RPATH_USE_LINK_PATH ON)
+  endif()
 endfunction()
 
 # tkm_install_library(<Name> [DEPENDS <target>...]): installs TKMService_<Name> as the component
@@ -85,14 +89,14 @@ function(tkm_install_package)
     string(APPEND needs "set(_tkm_needs_of_${component} ${component_needs})\n")
   endforeach()
   configure_package_config_file("${PROJECT_SOURCE_DIR}/cmake/TKMServiceConfig.cmake.in"
-    "${PROJECT_BINARY_DIR}/TKMServiceConfig.cmake"
+    "${PROJECT_BINARY_DIR}/${TKM_PACKAGE}Config.cmake"
     INSTALL_DESTINATION "${TKM_INSTALL_CMAKE}"
     NO_SET_AND_CHECK_MACRO NO_CHECK_REQUIRED_COMPONENTS_MACRO)
-  write_basic_package_version_file("${PROJECT_BINARY_DIR}/TKMServiceConfigVersion.cmake"
+  write_basic_package_version_file("${PROJECT_BINARY_DIR}/${TKM_PACKAGE}ConfigVersion.cmake"
     COMPATIBILITY SameMajorVersion)
   install(FILES
-      "${PROJECT_BINARY_DIR}/TKMServiceConfig.cmake"
-      "${PROJECT_BINARY_DIR}/TKMServiceConfigVersion.cmake"
+      "${PROJECT_BINARY_DIR}/${TKM_PACKAGE}Config.cmake"
+      "${PROJECT_BINARY_DIR}/${TKM_PACKAGE}ConfigVersion.cmake"
     DESTINATION "${TKM_INSTALL_CMAKE}" COMPONENT TKMService_Development)
 endfunction()
 

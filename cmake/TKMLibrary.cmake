@@ -28,6 +28,7 @@ function(tkm_add_library name)
   target_link_libraries(${target} PUBLIC ${arg_DEPENDS})
   set_target_properties(${target} PROPERTIES
     EXPORT_NAME ${name}
+    OUTPUT_NAME ${target}${TKM_LIBRARY_SUFFIX}
     VERSION ${PROJECT_VERSION}
     SOVERSION ${PROJECT_VERSION_MAJOR})
   if(WIN32)
@@ -54,6 +55,7 @@ endfunction()
 function(tkm_configure_dll target description)
   set_target_properties(${target} PROPERTIES PREFIX "")
   set(resource "${CMAKE_CURRENT_BINARY_DIR}/${target}.rc")
+  get_target_property(name ${target} OUTPUT_NAME)
   configure_file("${CMAKE_CURRENT_FUNCTION_LIST_DIR}/Version.rc.in" "${resource}" @ONLY)
   target_sources(${target} PRIVATE "${resource}")
 endfunction()
