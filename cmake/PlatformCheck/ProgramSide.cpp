@@ -88,7 +88,7 @@ void checkCasters()
   for (const char* const time : {"first", "second"})
     if (!PersistenceArchiver::registerCaster(registeredHash, registeredHash + 1, new NoConversion))
       report(std::string("registerCaster() returns false for a pair that it is given for the ") +
-             time + " time; it must return true each time.");
+             time + " time. It must return true each time.");
 }
 
 #ifdef TKM_CHECK_GROUPS

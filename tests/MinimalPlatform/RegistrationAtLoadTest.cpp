@@ -88,7 +88,7 @@ protected:
     std::vector<const Caster*> found;
     for (const auto& [parentHash, childHash, caster] : RecordedRegistry::get().casters)
       if (childHash == recordOf<Group>().classHash)
-        found.push_back(caster.get());
+        found.push_back(caster);
     return found;
   }
 };

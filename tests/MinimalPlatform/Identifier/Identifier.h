@@ -7,7 +7,7 @@ namespace Tarvik {
 
 class PersistenceArchiver;
 
-/// A number. Writes down that it is assigned to.
+/// A number. Records assignments.
 class Identifier {
 public:
   Identifier();
@@ -25,10 +25,7 @@ public:
   static const Identifier& getInvalidId();
   static void serialization_register(void* out);
 
-  friend bool operator==(const Identifier& a, const Identifier& b)
-  {
-    return a.m_number == b.m_number;
-  }
+  friend bool operator==(const Identifier& a, const Identifier& b);
 
 private:
   template <class C>
@@ -41,6 +38,11 @@ private:
 
   unsigned long long m_number;
 };
+
+inline bool operator==(const Identifier& a, const Identifier& b)
+{
+  return a.m_number == b.m_number;
+}
 
 [[nodiscard]] PersistenceArchiver& operator<<(PersistenceArchiver& archive,
                                               const Identifier& identifier);
