@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Stands for HighLevelServices: a shared library on the platform, built with the same settings.
+// Takes the place of HighLevelServices: a shared library on the platform, built with the same
+// settings.
 
 #include "Side.h"
 

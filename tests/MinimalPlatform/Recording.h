@@ -6,7 +6,7 @@
 
 namespace Tarvik {
 
-/// What the library asks of names, identifiers and archives while it is recorded.
+/// The library's calls of names, identifiers and archives while this object lives.
 class Recording {
 public:
   Recording();
@@ -16,7 +16,7 @@ public:
 
   const std::vector<std::string>& calls() const { return m_calls; }
 
-  /// Writes a call down, when there is a recording.
+  /// Records a call if there is a recording.
   static void note(const std::string& operation, const std::string& argument = "");
 
 private:

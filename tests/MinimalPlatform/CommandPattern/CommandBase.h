@@ -8,7 +8,7 @@
 
 namespace Tarvik {
 
-/// The least that a platform may offer; its moves are not promised not to throw.
+/// The least that a platform may offer. Its moves may throw.
 class CommandBase {
 public:
   explicit CommandBase(std::string description) : m_description(std::move(description)) {}
