@@ -2,6 +2,7 @@
 # Proves that a program and the library share one copy of the platform: one registry, one translator,
 # one source of identifiers. Two copies build without a word and go wrong later. Also tries whether the
 # registry takes a pair of classes twice, as the library needs.
+include(MinGWRuntime)
 
 # tkm_add_platform_check([LIBRARY <target>]): the program tkm-check-platform, which runs when it is
 # built. With LIBRARY it also looks at what that library registered.
@@ -22,6 +23,13 @@ function(tkm_add_platform_check)
     $<$<BOOL:${TKM_CHECK_TRANSLATOR}>:TKM_CHECK_TRANSLATOR> $<$<BOOL:${arg_LIBRARY}>:TKM_CHECK_GROUPS>)
   target_link_libraries(tkm-check-platform PRIVATE
     tkm-check-platform-library ${arg_LIBRARY} ${platform})
+  if(MINGW)
+    get_target_property(folder tkm-check-platform RUNTIME_OUTPUT_DIRECTORY)
+    if(NOT folder)
+      set(folder "${CMAKE_CURRENT_BINARY_DIR}")
+    endif()
+    tkm_copy_mingw_runtime("${folder}")
+  endif()
   if(WIN32)
     add_custom_command(TARGET tkm-check-platform POST_BUILD
       COMMAND "${CMAKE_COMMAND}" -E copy_if_different
