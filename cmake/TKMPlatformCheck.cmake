@@ -49,10 +49,10 @@ function(tkm_check_platform_now)
   endif()
   message(STATUS "Checking the platform")
   set(flags "")
-  foreach(variable IN ITEMS
+  foreach(variable IN ITEMS # a project in try_compile() inherits the compiler only
       CMAKE_BUILD_TYPE CMAKE_CROSSCOMPILING_EMULATOR CMAKE_CXX_FLAGS CMAKE_EXE_LINKER_FLAGS
-      CMAKE_FIND_ROOT_PATH CMAKE_MODULE_PATH CMAKE_PREFIX_PATH CMAKE_SHARED_LINKER_FLAGS
-      CMAKE_TOOLCHAIN_FILE TKMServicePlatform_DIR TKM_CHECK_TRANSLATOR)
+      CMAKE_FIND_ROOT_PATH CMAKE_MODULE_PATH CMAKE_MSVC_RUNTIME_LIBRARY CMAKE_PREFIX_PATH
+      CMAKE_SHARED_LINKER_FLAGS CMAKE_TOOLCHAIN_FILE TKMServicePlatform_DIR TKM_CHECK_TRANSLATOR)
     string(REPLACE ";" "\\;" value "${${variable}}")
     list(APPEND flags "-D${variable}=${value}")
   endforeach()
