@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
-# The Debian packages: libtkmservice<major>, libtkmservice-dev and point-collections, with debug
-# symbols apart where the build has them.
+# The Debian packages: libtkmservice<major>, libtkmservice-dev and point-collections, and packages with
+# debug symbols if the build has them.
 
 # tkm_install_compressed(<file> <name> <dir> <part>): the file as <dir>/<name>.gz
 function(tkm_install_compressed file name dir part)
@@ -11,8 +11,8 @@ function(tkm_install_compressed file name dir part)
   install(FILES "${compressed}" DESTINATION "${dir}" COMPONENT ${part})
 endfunction()
 
-# tkm_debian_package(<part> <package> <section> <summary> <text>): the package of one of the parts that
-# TKMInstall.cmake speaks of. A macro, since CPack reads the caller's variables.
+# tkm_debian_package(<part> <package> <section> <summary> <text>): the package of one of the parts in
+# TKMInstall.cmake. A macro, since CPack reads the caller's variables.
 macro(tkm_debian_package part package section summary text)
   string(TOUPPER CPACK_DEBIAN_${part} prefix)
   set(${prefix}_PACKAGE_NAME "${package}")
@@ -32,7 +32,7 @@ endmacro()
 set(CPACK_GENERATOR DEB)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_COMPONENTS_ALL TKMService_Runtime TKMService_Development)
-set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "") # it would stand in front of each package's own
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "") # it would come before each package's own
 set(CPACK_PACKAGING_INSTALL_PREFIX "${CMAKE_INSTALL_PREFIX}")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SOURCE tkmservice)
@@ -47,7 +47,7 @@ tkm_debian_package(TKMService_Runtime ${runtime_package} libs
   "named groups of element identifiers with undoable commands"
   "This package has the libraries that applications are linked with.")
 set(CPACK_DEBIAN_TKMSERVICE_RUNTIME_DEBUGINFO_PACKAGE ON)
-# Packages of applications depend on a version that has all that they were built with.
+# Packages of applications depend on a version that has everything they were built with.
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 set(CPACK_DEBIAN_TKMSERVICE_RUNTIME_PACKAGE_CONTROL_EXTRA

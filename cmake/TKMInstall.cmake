@@ -1,19 +1,20 @@
 # SPDX-License-Identifier: MIT
-# What `cmake --install` puts where, for find_package() and for pkg-config. Included with TKM_INSTALL.
+# What is installed where, for find_package() and for pkg-config. Included with TKM_INSTALL.
 #
-# Three parts, for those who install or pack them apart: TKMService_Runtime, TKMService_Development
-# and TKMService_Program.
+# There are three parts, which can be installed or packed separately: TKMService_Runtime,
+# TKMService_Development and TKMService_Program.
 include(CMakePackageConfigHelpers)
 include(GNUInstallDirs)
 
 option(TKM_DEBIAN_LAYOUT
   "Install for Debian packages: no run paths, the debugger views in gdb's own folder" OFF)
 
-set(TKM_INSTALL_HEADERS "${CMAKE_INSTALL_INCLUDEDIR}/TKMService")
-set(TKM_INSTALL_CMAKE "${CMAKE_INSTALL_LIBDIR}/cmake/TKMService")
+set(TKM_PACKAGE "TKMService${TKM_LIBRARY_SUFFIX}") # what find_package() is asked for
+set(TKM_INSTALL_HEADERS "${CMAKE_INSTALL_INCLUDEDIR}/${TKM_PACKAGE}")
+set(TKM_INSTALL_CMAKE "${CMAKE_INSTALL_LIBDIR}/cmake/${TKM_PACKAGE}")
 
-# tkm_install_run_path(<target> <dir>): the target, which goes into <dir>, finds the libraries
-# wherever all of it is moved to.
+# tkm_install_run_path(<target> <dir>): lets the target, which is installed into <dir>, find the
+# libraries, also when all of it is moved.
 function(tkm_install_run_path target dir)
   if(WIN32 OR TKM_DEBIAN_LAYOUT)
     return()
@@ -27,6 +28,9 @@ function(tkm_install_run_path target dir)
     string(APPEND origin "/${to_libraries}")
   endif()
   set_target_properties(${target} PROPERTIES INSTALL_RPATH "${origin}")
+  if(TKM_PLATFORM STREQUAL "external") # the platform may be in another folder
+    set_target_properties(${target} PROPERTIES INSTALL_RPATH_USE_LINK_PATH ON)
+  endif()
 endfunction()
 
 # tkm_install_library(<Name> [DEPENDS <target>...]): installs TKMService_<Name> as the component
@@ -40,19 +44,19 @@ function(tkm_install_library name)
     LIBRARY COMPONENT TKMService_Runtime NAMELINK_COMPONENT TKMService_Development
     ARCHIVE COMPONENT TKMService_Development
     FILE_SET HEADERS DESTINATION "${TKM_INSTALL_HEADERS}" COMPONENT TKMService_Development)
-  # One file per library, so that finding some of them does not bring in the others.
+  # One file per library, so that finding some of them does not define the others.
   install(EXPORT ${target} NAMESPACE TKMService:: FILE ${target}Targets.cmake
     DESTINATION "${TKM_INSTALL_CMAKE}" COMPONENT TKMService_Development)
   export(EXPORT ${target} NAMESPACE TKMService:: FILE "${PROJECT_BINARY_DIR}/${target}Targets.cmake")
 
   list(TRANSFORM arg_DEPENDS REPLACE "^TKMService::" "")
   set_property(GLOBAL PROPERTY TKM_NEEDS_OF_${name} ${arg_DEPENDS})
-  if(TKM_PLATFORM STREQUAL "bundled") # how another platform is found is its own affair
+  if(TKM_PLATFORM STREQUAL "bundled") # only the host knows how to find another platform
     tkm_install_pkg_config(${name} "${arg_DEPENDS}")
   endif()
 endfunction()
 
-# tkm_install_pkg_config(<Name> <names of the libraries that it stands on>)
+# tkm_install_pkg_config(<Name> <names of the libraries that it needs>)
 function(tkm_install_pkg_config name needs)
   set(dir "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
   set(base "${CMAKE_INSTALL_PREFIX}")
@@ -75,8 +79,8 @@ function(tkm_install_program target)
   install(TARGETS ${target} RUNTIME COMPONENT TKMService_Program)
 endfunction()
 
-# tkm_install_package(): what find_package(TKMService) reads; for the build tree as well. To be
-# called when all libraries are known.
+# tkm_install_package(): the files that find_package() reads, for the build tree as well. Call it after
+# the last library.
 function(tkm_install_package)
   get_property(components GLOBAL PROPERTY TKM_LIBRARIES)
   set(needs "")
@@ -85,30 +89,30 @@ function(tkm_install_package)
     string(APPEND needs "set(_tkm_needs_of_${component} ${component_needs})\n")
   endforeach()
   configure_package_config_file("${PROJECT_SOURCE_DIR}/cmake/TKMServiceConfig.cmake.in"
-    "${PROJECT_BINARY_DIR}/TKMServiceConfig.cmake"
+    "${PROJECT_BINARY_DIR}/${TKM_PACKAGE}Config.cmake"
     INSTALL_DESTINATION "${TKM_INSTALL_CMAKE}"
     NO_SET_AND_CHECK_MACRO NO_CHECK_REQUIRED_COMPONENTS_MACRO)
-  write_basic_package_version_file("${PROJECT_BINARY_DIR}/TKMServiceConfigVersion.cmake"
+  write_basic_package_version_file("${PROJECT_BINARY_DIR}/${TKM_PACKAGE}ConfigVersion.cmake"
     COMPATIBILITY SameMajorVersion)
   install(FILES
-      "${PROJECT_BINARY_DIR}/TKMServiceConfig.cmake"
-      "${PROJECT_BINARY_DIR}/TKMServiceConfigVersion.cmake"
+      "${PROJECT_BINARY_DIR}/${TKM_PACKAGE}Config.cmake"
+      "${PROJECT_BINARY_DIR}/${TKM_PACKAGE}ConfigVersion.cmake"
     DESTINATION "${TKM_INSTALL_CMAKE}" COMPONENT TKMService_Development)
 endfunction()
 
-# tkm_install_compiler_runtime(): on Windows, the libraries of the compiler beside those of this
-# project, so that they run on a machine with nothing else.
+# tkm_install_compiler_runtime(): on Windows, the libraries of the compiler beside those of this project,
+# so that programs run on a machine without the compiler.
 function(tkm_install_compiler_runtime)
   if(MSVC)
     set(CMAKE_INSTALL_SYSTEM_RUNTIME_COMPONENT TKMService_Runtime)
     include(InstallRequiredSystemLibraries)
   elseif(MINGW)
-    set(stripped "${PROJECT_BINARY_DIR}/runtime") # a tenth of what the compiler comes with
+    set(stripped "${PROJECT_BINARY_DIR}/runtime") # much smaller than the compiler's own files
     file(MAKE_DIRECTORY "${stripped}")
     foreach(library IN ITEMS libgcc_s_seh-1.dll libstdc++-6.dll libwinpthread-1.dll)
       execute_process(COMMAND "${CMAKE_CXX_COMPILER}" "-print-file-name=${library}"
         OUTPUT_VARIABLE file OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
-      if(IS_ABSOLUTE "${file}") # the compiler answers with the bare name where it has none
+      if(IS_ABSOLUTE "${file}") # the compiler prints the bare name if it has none
         execute_process(COMMAND "${CMAKE_STRIP}" -o "${stripped}/${library}" "${file}"
           COMMAND_ERROR_IS_FATAL ANY)
         install(PROGRAMS "${stripped}/${library}"

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
-# How every target of this project is built: one place for the language, the visibility and the warnings.
+# How every target of this project is built: the language, the visibility and the warnings.
 
-# tkm_configure_target(<target>): the language and warning settings that libraries, programs and tests share.
+# tkm_configure_target(<target>): the settings that libraries, programs and tests share.
 function(tkm_configure_target target)
   target_compile_features(${target} PUBLIC cxx_std_20)
   set_target_properties(${target} PROPERTIES
@@ -10,13 +10,13 @@ function(tkm_configure_target target)
     VISIBILITY_INLINES_HIDDEN ON)
   target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:tkm_warnings>)
   if(MSVC)
-    target_link_options(${target} PRIVATE /PDBALTPATH:%_PDB%) # or it names the folder it is built in
+    target_link_options(${target} PRIVATE /PDBALTPATH:%_PDB%) # without the build folder
   endif()
 endfunction()
 
 # tkm_add_library(<Name> BASE_DIR <dir> SOURCES <file>... HEADERS <file>... [DEPENDS <target>...]):
 # the shared library TKMService_<Name> with the alias TKMService::<Name>.
-# BASE_DIR is the folder that the includes of the headers start from.
+# BASE_DIR is the folder from which the headers are included.
 function(tkm_add_library name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "BASE_DIR" "SOURCES;HEADERS;DEPENDS")
   set(target TKMService_${name})
@@ -28,39 +28,46 @@ function(tkm_add_library name)
   target_link_libraries(${target} PUBLIC ${arg_DEPENDS})
   set_target_properties(${target} PROPERTIES
     EXPORT_NAME ${name}
+    OUTPUT_NAME ${target}${TKM_LIBRARY_SUFFIX}
     VERSION ${PROJECT_VERSION}
     SOVERSION ${PROJECT_VERSION_MAJOR})
   if(WIN32)
     tkm_configure_dll(${target} "${PROJECT_NAME} ${name}")
-  elseif(CMAKE_SYSTEM_NAME STREQUAL "Linux")
-    set(map "${CMAKE_CURRENT_FUNCTION_LIST_DIR}/exports.map")
-    target_link_options(${target} PRIVATE "LINKER:--version-script=${map}")
-    set_target_properties(${target} PROPERTIES LINK_DEPENDS "${map}")
   endif()
+  tkm_limit_exports(${target})
   set_property(GLOBAL APPEND PROPERTY TKM_LIBRARIES ${name})
   if(TKM_INSTALL)
     tkm_install_library(${name} DEPENDS ${arg_DEPENDS})
   endif()
 endfunction()
 
-# tkm_configure_dll(<target> <description>): the name that is the same whatever the compiler, and what
-# the file's properties show.
+# tkm_limit_exports(<target>): on ELF, the library exports only names of the namespace Tarvik.
+function(tkm_limit_exports target)
+  if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
+    set(map "${CMAKE_CURRENT_FUNCTION_LIST_DIR}/exports.map")
+    target_link_options(${target} PRIVATE "LINKER:--version-script=${map}")
+    set_target_properties(${target} PROPERTIES LINK_DEPENDS "${map}")
+  endif()
+endfunction()
+
+# tkm_configure_dll(<target> <description>): the same file name with each compiler, and the contents of
+# the file's properties.
 function(tkm_configure_dll target description)
   set_target_properties(${target} PROPERTIES PREFIX "")
   set(resource "${CMAKE_CURRENT_BINARY_DIR}/${target}.rc")
+  get_target_property(name ${target} OUTPUT_NAME)
   configure_file("${CMAKE_CURRENT_FUNCTION_LIST_DIR}/Version.rc.in" "${resource}" @ONLY)
   target_sources(${target} PRIVATE "${resource}")
 endfunction()
 
 add_library(tkm_warnings INTERFACE)
 if(MSVC)
-  # 4251 and 4275: exported classes with members and bases of the standard library, whose code all
-  # parts of a program share. 4702: unreachable code, which it also finds in templates whose arguments
-  # always throw
+  # 4251 and 4275: exported classes with members and bases of the standard library, which all parts of
+  # a program share. 4702: unreachable code, which it also finds in templates with arguments that always
+  # throw.
   target_compile_options(tkm_warnings INTERFACE /W4 /permissive- /utf-8 /wd4251 /wd4275 /wd4702
     $<$<BOOL:${TKM_WARNINGS_AS_ERRORS}>:/WX>)
-  # it warns of functions of the standard that it has others for, and windows.h has macros instead of
-  # std::min and std::max
+  # MSVC warns of standard functions for which it has its own, and windows.h has macros min and max.
   target_compile_definitions(tkm_warnings INTERFACE _CRT_SECURE_NO_WARNINGS NOMINMAX)
 else()
   target_compile_options(tkm_warnings INTERFACE

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# The packages that `cpack` makes: for Debian with TKM_DEBIAN_LAYOUT, else an archive for this system.
+# The packages that `cpack` makes: Debian packages with TKM_DEBIAN_LAYOUT, otherwise an archive.
 # scripts/package makes and tests them.
 
 set(CPACK_PACKAGE_NAME TKMService)
@@ -10,12 +10,12 @@ string(TOLOWER "TKMService-${PROJECT_VERSION}-${CMAKE_SYSTEM_NAME}-${CMAKE_SYSTE
 set(CPACK_PACKAGE_CHECKSUM SHA256)
 set(CPACK_RESOURCE_FILE_LICENSE "${PROJECT_SOURCE_DIR}/LICENSE")
 set(CPACK_VERBATIM_VARIABLES ON)
-# Whatever the umask of who packs.
+# Independent of the umask.
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
   OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 
-# tkm_install_docs(<dir> <file>...): the files under the same paths as in the sources, so that the
-# links in them hold, and the reference where it is built.
+# tkm_install_docs(<dir> <file>...): the files under the same paths as in the sources, so that their
+# links work, and the reference if it is built.
 function(tkm_install_docs dir)
   foreach(file IN LISTS ARGN)
     cmake_path(GET file PARENT_PATH folder)

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""How gdb shows commands. gdb loads this file along with the library that it lies beside."""
+"""How gdb shows commands. gdb loads this file along with the library beside it."""
 
 import gdb
 import gdb.printing
@@ -19,14 +19,22 @@ def is_command(class_type):
     )
 
 
+def field_of(value, name):
+    """The field, or None for the class of a platform that has no such field."""
+    try:
+        return value[name]
+    except gdb.error:
+        return None
+
+
 def parts_of(value):
     """What the standard library's own view lists of a container or a pointer."""
     view = gdb.default_visualizer(value)
     return [part for _, part in view.children()] if hasattr(view, "children") else []
 
 
-def commands_behind(value):
-    """The commands behind a shared pointer, or behind those in a container."""
+def commands_at(value):
+    """The commands that a shared pointer points to, or those in a container."""
     name = plain_type(value).name or ""
     if name.startswith("std::shared_ptr<"):
         for pointer in parts_of(value):
@@ -34,12 +42,12 @@ def commands_behind(value):
                 yield pointer.dereference()
     elif name.startswith("std::") and "std::shared_ptr<" + COMMAND_BASE in name:
         for pointer in parts_of(value):
-            yield from commands_behind(pointer)
+            yield from commands_at(pointer)
 
 
 def members_of(value):
-    """The members in the order of their declaration, those of a base class first. Commands stand in
-    the place of pointers to them."""
+    """The members in the order of their declaration, those of a base class first. A command replaces
+    the pointer to it."""
     for field in value.type.strip_typedefs().fields():
         if not hasattr(field, "bitpos") or field.artificial:  # static, or the virtual table
             continue
@@ -48,7 +56,7 @@ def members_of(value):
                 yield from members_of(value[field])
             continue
         name = field.name.removeprefix("m_")
-        commands = list(commands_behind(value[field]))
+        commands = list(commands_at(value[field]))
         if len(commands) == 0:
             yield name, value[field]
         elif plain_type(value[field]).name.startswith("std::shared_ptr<"):
@@ -59,7 +67,7 @@ def members_of(value):
 
 
 class CommandPrinter:
-    """The class and the description, and then what the command holds."""
+    """The class and the description, then the command's members."""
 
     def __init__(self, value):
         # A command is usually looked at through its base.
@@ -71,7 +79,8 @@ class CommandPrinter:
     def description(self):
         own = self._value["m_description"].format_string()
         if own == '""' and plain_type(self._value).name == "Tarvik::MacroCommand":
-            for command in commands_behind(self._value["m_commands"]):
+            held = field_of(self._value, "m_commands")
+            for command in commands_at(held) if held is not None else ():
                 return CommandPrinter(command).description()
         return own
 
@@ -80,7 +89,7 @@ class CommandPrinter:
 
 
 class HistoryPrinter:
-    """The entries and all else that a history keeps."""
+    """The entries and the other members of a history."""
 
     def __init__(self, value):
         self._value = value
@@ -93,7 +102,8 @@ class HistoryPrinter:
 
 
 class CommandPrinters(gdb.printing.PrettyPrinter):
-    """Takes every command of this namespace, also those of libraries that are loaded later."""
+    """Takes every command of this namespace, also those of libraries that are loaded later. Leaves the
+    classes of a platform with other fields to gdb's own view."""
 
     def __init__(self):
         super().__init__("TKMService_CommandPattern")
@@ -104,7 +114,9 @@ class CommandPrinters(gdb.printing.PrettyPrinter):
             return None
         if class_type.name == "Tarvik::CommandHistory":
             return HistoryPrinter(value)
-        return CommandPrinter(value) if is_command(class_type) else None
+        if is_command(class_type) and field_of(value, "m_description") is not None:
+            return CommandPrinter(value)
+        return None
 
 
 gdb.printing.register_pretty_printer(gdb.current_objfile(), CommandPrinters(), replace=True)

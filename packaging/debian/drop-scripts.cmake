@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
-# Run by cpack behind the packages. It gives packages of libraries scripts that call ldconfig, which
-# the trigger does already; with a script, `dpkg -r` would leave something of the package behind.
+# cpack runs this after it has made the packages. It gives packages of libraries scripts that call
+# ldconfig. The trigger does that already, and with a script `dpkg -r` would not remove all of the
+# package.
 if(NOT CPACK_GENERATOR STREQUAL "DEB")
   return()
 endif()

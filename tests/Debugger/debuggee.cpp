@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Values for the debugger to look at, of both kinds of identifiers.
+// Values for the debugger to show, with both identifier types.
 
 #include "CommandPattern/CommandHistory.h"
 #include "HighLevelServices/GroupCommands/AddToTKGroupCmd.h"

@@ -21,12 +21,12 @@ def shown(expression):
 
 
 def element_type():
-    """The kind of identifiers that the debuggee shows at the moment."""
+    """The identifier type that the debuggee shows at the moment."""
     return gdb.parse_and_eval("pump").type.unqualified().strip_typedefs().name.replace("Tarvik::", "")
 
 
 class Views:
-    """Once for each kind of identifiers."""
+    """Once for each identifier type."""
 
     def test_an_identifier_shows_its_text_form(self):
         self.assertEqual(shown("pump"), PUMP[self.kind])
@@ -87,7 +87,7 @@ def width_in_hex(expression):
 
 
 class Natvis:
-    """The other debuggers' file names members that exist, and means the same."""
+    """The file for other debuggers names members that exist, and shows the same."""
 
     VARIABLES = {
         "Tarvik::Identifier": "group.m_id",

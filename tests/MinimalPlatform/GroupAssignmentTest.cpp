@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What a group asks of its name and its id when it is assigned, which only a platform that writes
-// it down can show.
+// What a group calls on its name and its id when it is assigned. Only a platform that records the
+// calls can show it.
 
 #include "Recording.h"
 #include "Support/Groups.h"

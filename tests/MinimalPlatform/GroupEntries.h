@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-/// How the tests of this platform save and load one group, and write what a group is to load.
+/// How the tests of this platform save and load one group, and write one to load.
 namespace Tarvik {
 
 using Calls = std::vector<std::string>;
@@ -45,7 +45,7 @@ void load(TKGroup<T>& group, RecordedArchive& archive)
   load(group, archive, recordOf<TKGroup<T>>());
 }
 
-/// What stands in an archive for a group.
+/// A group as it is in an archive.
 template <class T>
 struct GroupBody {
   std::string name{};
@@ -72,7 +72,7 @@ struct GroupBody {
   }
 };
 
-/// What the operation throws as a standard exception, or a text that says that it throws nothing.
+/// The text of the standard exception that the operation throws; another text if it throws none.
 template <class Operation>
 std::string failureOf(Operation operation)
 {

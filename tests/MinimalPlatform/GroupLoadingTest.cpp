@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a group asks of the archive when it is loaded, call by call, and what becomes of the group.
+// The calls of the archive when a group is loaded, one by one, and the group after them.
 
 #include "GroupEntries.h"
 
@@ -254,7 +254,7 @@ TYPED_TEST(GroupLoading, AddsAnEmptyEntryForAMemberClassThatWasNotMet)
   EXPECT_EQ(this->loadCalls(body.written()).back(), "load " + this->kind + " in version none");
 }
 
-/// A group as it was before, and what is left of it when so many calls went well.
+/// What is left of the group when so many calls succeed and the next one fails.
 template <class T>
 GroupView<T> leftAfter(std::size_t calls, const GroupBody<T>& body, TKGroup<T> before)
 {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a group asks of the archive when it is saved, call by call.
+// The calls of the archive when a group is saved, one by one.
 
 #include "GroupEntries.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How the minimal platform saves and loads: values in memory, every call written down.
+// How the minimal platform saves and loads: values in memory, and a record of every call.
 
 #include "GeneralServices/NameInterface.h"
 #include "Identifier/GUIdentifier.h"
@@ -26,7 +26,7 @@ std::string text(unsigned int value)
   return registry().nameOf(value);
 }
 
-/// What a class of the platform tells of itself, once it is asked.
+/// Fills the record of a class of the platform.
 void describe(void* out,
               const std::string& name,
               unsigned int version,
@@ -57,7 +57,8 @@ BaseClassRegister* PersistenceArchiver::registerFactory(const std::string& name,
   registry().given.insert_or_assign(name, record);
   if (!registryTakesClasses)
     return nullptr;
-  auto& registered = registry().registered.try_emplace(name, record).first->second;
+  auto& registered = registry().registered[name];
+  registered = record; // a known class as well: its library may have been loaded again
   registered.classHash = registry().hashOf(name);
   return &registered;
 }
@@ -86,9 +87,8 @@ bool PersistenceArchiver::registerCaster(unsigned int parentHash,
                                          unsigned int childHash,
                                          Caster* caster)
 {
-  std::unique_ptr<Caster> owned(caster);
   registry().note("registerCaster(" + text(parentHash) + ", " + text(childHash) + ")");
-  return registry().take({parentHash, childHash, std::move(owned)});
+  return registry().take({parentHash, childHash, caster});
 }
 
 unsigned int PersistenceArchiver::getCurrentVersion(unsigned int reserved)

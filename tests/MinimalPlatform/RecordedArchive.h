@@ -15,14 +15,14 @@
 
 namespace Tarvik {
 
-/// Opens a frame. What it begins with, the class hash, is a value behind it.
+/// Opens a frame. The class hash is the next value.
 struct FrameStart {
-  unsigned int marker; ///< what a reader is given to leave the frame
+  unsigned int marker; ///< with which a reader leaves the frame
   friend bool operator==(const FrameStart&, const FrameStart&) = default;
 };
 
-/// What one archive of the minimal platform holds: values in the order in which they were written.
-/// A test may put its own there, and make a call fail.
+/// An archive of the minimal platform: values in the order in which they were written. A test may
+/// add its own, and make a call fail.
 struct RecordedArchive {
   using Number = unsigned long long; ///< of an identifier
   using Value = std::variant<FrameStart, unsigned int, Number, std::string>;
@@ -46,11 +46,11 @@ struct RecordedArchive {
     return value;
   }
 
-  /// To be called by whatever may fail, first.
+  /// Call this first in every operation that may fail.
   void mayFail()
   {
     if (callsUntilFailure-- == 0)
-      throw std::runtime_error("the archive fails, as it was told to");
+      throw std::runtime_error("the archive fails, as the test asked");
   }
 };
 

@@ -5,7 +5,7 @@ namespace Tarvik {
 
 RecordedRegistry& RecordedRegistry::get()
 {
-  static RecordedRegistry registry;
+  static auto& registry = *new RecordedRegistry; // never destroyed: libraries may unload after it
   return registry;
 }
 

@@ -8,34 +8,33 @@
 #include <algorithm>
 #include <cstddef>
 #include <map>
-#include <memory>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace Tarvik {
 
-/// Each program says what its registry takes, so that it does so while the library is loaded.
+/// Each program defines what its registry takes, since the library registers when it is loaded.
 extern const bool registryTakesClasses;
 extern const std::size_t castersTakenOfEachClass;
 
-/// The registry of the minimal platform, and what it was asked since the program was loaded.
+/// The registry of the minimal platform, and the calls since the program was loaded.
 struct RecordedRegistry {
   struct RegisteredCaster {
     unsigned int parentHash;
     unsigned int childHash;
-    std::unique_ptr<Caster> caster;
+    Caster* caster; ///< never deleted: its code goes when the library is unloaded
   };
 
   std::vector<std::string> calls;
   std::map<std::string, BaseClassRegister> given;      ///< to registerFactory(), by class name
-  std::map<std::string, BaseClassRegister> registered; ///< a map: its entries never move
+  std::map<std::string, BaseClassRegister> registered; ///< in a map, entries never move
   std::map<unsigned int, unsigned int> classHashesOfTypes;
   std::vector<RegisteredCaster> casters;
 
   static RecordedRegistry& get();
 
-  /// A hash is the place of the name in the list of those asked for, so that it can be read back.
+  /// The hash is the position of the name in the list of all names so far, so that tests can read
+  /// it.
   unsigned int hashOf(const std::string& name)
   {
     const auto found = std::find(m_names.begin(), m_names.end(), name);
@@ -45,7 +44,7 @@ struct RecordedRegistry {
     return firstHash + static_cast<unsigned int>(place);
   }
 
-  /// The name that has the hash, or else the number.
+  /// The name with this hash; the number if there is none.
   std::string nameOf(unsigned int hash) const
   {
     if (hash == BaseClassRegister::unknownClassHash)
@@ -55,7 +54,7 @@ struct RecordedRegistry {
   }
 
   /// Keeps the caster, unless the class has as many as the program takes.
-  bool take(RegisteredCaster added)
+  bool take(const RegisteredCaster& added)
   {
     const auto isOfSameClass = [&](const RegisteredCaster& other) {
       return other.childHash == added.childHash;
@@ -63,7 +62,7 @@ struct RecordedRegistry {
     const auto known = std::count_if(casters.begin(), casters.end(), isOfSameClass);
     if (static_cast<std::size_t>(known) >= castersTakenOfEachClass)
       return false;
-    casters.push_back(std::move(added));
+    casters.push_back(added);
     return true;
   }
 

@@ -6,7 +6,7 @@
 
 namespace Tarvik {
 
-/// What the library asks of names, identifiers and archives while it is recorded.
+/// The library's calls of names, identifiers and archives while this object lives.
 class Recording {
 public:
   Recording();
@@ -19,7 +19,7 @@ public:
   /// Whether there is a recording.
   static bool isActive();
 
-  /// Writes a call down, when there is a recording.
+  /// Records a call if there is a recording.
   static void note(const std::string& operation, const std::string& argument = "");
 
 private:

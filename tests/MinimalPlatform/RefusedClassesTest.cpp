@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Groups in a program whose registry takes no classes. It takes casters, which decide alone whether
-// groups may be saved and loaded.
+// Groups in a program whose registry takes casters but no classes. The casters alone decide whether
+// groups can be saved and loaded.
 
 #include "GroupEntries.h"
 

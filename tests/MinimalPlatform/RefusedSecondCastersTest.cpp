@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Groups in a program whose registry takes one caster of each class and no more: saving needs the
-// first, loading the second.
+// Groups in a program whose registry takes only one caster of each class: saving needs the first,
+// loading the second.
 
 #include "GroupEntries.h"
 

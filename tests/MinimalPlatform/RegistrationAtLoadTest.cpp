@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the library asks of the registry while it is loaded, call by call.
+// The calls of the registry while the library is loaded, one by one.
 
 #include "HighLevelServices/Groups/TKGroupPersistence.h"
 #include "RecordedRegistry.h"
@@ -18,7 +18,7 @@ namespace {
 
 using Calls = std::vector<std::string>;
 
-/// What the registry was asked before the first test ran.
+/// The calls of the registry before the first test ran.
 const Calls& callsAtLoad()
 {
   static const Calls calls = RecordedRegistry::get().calls;
@@ -45,8 +45,8 @@ Calls classRegistration()
           "registerHash(" + type + ", " + name + ")"};
 }
 
-/// The parent stands under the hash of its type's name, since this platform's NameInterface never
-/// says which type it is.
+/// The parent has the hash of its type's name, since this platform's NameInterface does not
+/// register its type.
 template <class T>
 Calls casterRegistration()
 {
@@ -88,7 +88,7 @@ protected:
     std::vector<const Caster*> found;
     for (const auto& [parentHash, childHash, caster] : RecordedRegistry::get().casters)
       if (childHash == recordOf<Group>().classHash)
-        found.push_back(caster.get());
+        found.push_back(caster);
     return found;
   }
 };

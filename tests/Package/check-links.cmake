@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# Fails when a page under FOLDER, or one of the list PAGES in it, leads to a file that is not there.
+# Fails when a page under FOLDER, or one of the list PAGES in it, links to a file that does not exist.
 if(NOT PAGES)
   file(GLOB_RECURSE PAGES "${FOLDER}/*.md")
 endif()
@@ -10,12 +10,12 @@ foreach(page IN LISTS PAGES)
   cmake_path(ABSOLUTE_PATH page BASE_DIRECTORY "${FOLDER}")
   cmake_path(GET page PARENT_PATH place)
   file(READ "${page}" text)
-  string(REPLACE "](" "\nlink " text "${text}") # a bracket in an element would keep lists together
-  string(REGEX MATCHALL "\nlink [^()#:]+" links "${text}") # neither places in the page nor addresses
+  string(REPLACE "](" "\nlink " text "${text}") # CMake does not split a list inside brackets
+  string(REGEX MATCHALL "\nlink [^()#:]+" links "${text}") # neither anchors nor web addresses
   foreach(link IN LISTS links)
     string(REPLACE "\nlink " "" link "${link}")
     if(NOT EXISTS "${place}/${link}")
-      message(SEND_ERROR "${page} leads to ${link}, which is not there")
+      message(SEND_ERROR "${page} links to ${link}, which does not exist")
     endif()
   endforeach()
 endforeach()

@@ -1,7 +1,6 @@
 # SPDX-License-Identifier: MIT
-# Fails unless PROGRAM prints what the file EXPECTED holds. EMULATOR, a list, is what runs it when it
-# is one of another system. Where programs end in SUFFIX .exe, it gets the libraries of the folder DLLS
-# beside it.
+# Fails unless PROGRAM prints the contents of the file EXPECTED. EMULATOR, a list, runs a program of
+# another system. If SUFFIX is .exe, the libraries in the folder DLLS are copied beside the program.
 file(READ "${EXPECTED}" expected)
 if(DLLS AND SUFFIX STREQUAL ".exe")
   cmake_path(GET PROGRAM PARENT_PATH folder)

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
-# Compiles SOURCE with COMPILER, FLAGS and what PKG_CONFIG says of the package installed in INSTALLED,
-# to BUILD/application, which must print what the file EXPECTED holds. SUFFIX, DLLS and EMULATOR:
-# check-output.cmake.
+# Compiles SOURCE with COMPILER, FLAGS and the flags that PKG_CONFIG gives for the package in the folder
+# INSTALLED, to BUILD/application, which must print the contents of the file EXPECTED. SUFFIX, DLLS and
+# EMULATOR: see check-output.cmake.
 file(REMOVE_RECURSE "${BUILD}")
 file(MAKE_DIRECTORY "${BUILD}")
 file(GLOB_RECURSE pc_file "${INSTALLED}/*/TKMService_HighLevelServices.pc")

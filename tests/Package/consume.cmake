@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 # Configures the project SOURCE in the folder BUILD with OPTIONS (a list), builds it, and runs its
-# program, which must print what the file EXPECTED holds; then installs it, where it has rules for
-# that. Without EXPECTED it only configures. SUFFIX, DLLS and EMULATOR: check-output.cmake.
+# program, which must print the contents of the file EXPECTED. Then installs it. Without EXPECTED, only
+# configures. SUFFIX, DLLS and EMULATOR: see check-output.cmake.
 file(REMOVE_RECURSE "${BUILD}")
 execute_process(COMMAND "${CMAKE_COMMAND}" -S "${SOURCE}" -B "${BUILD}" ${OPTIONS}
   COMMAND_ERROR_IS_FATAL ANY)

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
-# Installs the build tree BUILD, and moves what was installed to the folder TO: nothing of it may
-# depend on the place that it was installed in.
+# Installs the build tree BUILD, and moves the installed files to the folder TO: they must not depend on
+# the folder in which they were installed.
 set(first_place "${TO} at first")
 file(REMOVE_RECURSE "${first_place}" "${TO}")
 execute_process(

@@ -1,7 +1,8 @@
 # SPDX-License-Identifier: MIT
 
-# debian_headers(<folder> <result>): sets <result> to a folder with nothing in it but a link to
-# /usr/include/<folder>, or to false. /usr/include itself would hide the headers of Windows.
+# debian_headers(<folder> <result>): sets <result> to a folder that contains only a link to
+# /usr/include/<folder>, or to false if there is no such folder. /usr/include itself would hide the
+# headers of Windows.
 function(debian_headers folder result)
   if(NOT IS_DIRECTORY "/usr/include/${folder}")
     set(${result} FALSE PARENT_SCOPE)

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# GoogleTest, compiled from the sources that Debian's package googletest brings.
+# GoogleTest, compiled from the sources in Debian's package googletest.
 include(FindPackageHandleStandardArgs)
 
 set(sources /usr/src/googletest)

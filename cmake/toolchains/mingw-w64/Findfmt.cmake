@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# fmt, compiled from the headers of Debian's package libfmt-dev, whose library is one for Linux.
+# fmt, compiled from the headers of Debian's package libfmt-dev: the library in it is for Linux.
 include(FindPackageHandleStandardArgs)
 include("${CMAKE_CURRENT_LIST_DIR}/DebianHeaders.cmake")
 

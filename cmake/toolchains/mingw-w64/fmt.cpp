@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The code of fmt, which its headers leave to a library: compiled once, it takes a third of the
-// time.
+// The code that fmt's headers leave to a library, compiled only once.
 
 #include <fmt/format-inl.h>
 

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <optional>
 #include <utility>
 
@@ -64,10 +65,22 @@ TYPED_TEST(MovableCommand, GoesOnWhereItWasAssignedTo)
   EXPECT_TRUE(identical(this->host->copyOfGroups(), after));
 }
 
+/// What is released with the two identifiers that a command may hold, which are copied and not
+/// moved: nothing, unless the platform's identifiers allocate.
+template <class T>
+std::size_t releasedWithTheIdsOfACommand()
+{
+  std::optional<std::pair<Identifier, T>> ids(std::in_place);
+  const AllocationWatch watch;
+  ids.reset();
+  return watch.released();
+}
+
 TYPED_TEST(MovableCommand, LeavesNothingInWhatItWasMovedFrom)
 {
   auto source = std::make_optional(TypeParam::make(this->host));
   source->execute();
+  const auto idsLeft = releasedWithTheIdsOfACommand<typename TypeParam::Element>();
   const auto shares = this->host.use_count();
   const auto moved = std::move(*source);
   EXPECT_EQ(this->host.use_count(), shares) << "the share of the host has moved";
@@ -75,13 +88,14 @@ TYPED_TEST(MovableCommand, LeavesNothingInWhatItWasMovedFrom)
   const AllocationWatch watch;
   source.reset();
 
-  EXPECT_EQ(watch.released(), 0U) << "no list was left to release";
+  EXPECT_LE(watch.released(), idsLeft) << "no list was left to release";
 }
 
 TYPED_TEST(MovableCommand, LeavesNothingInWhatItWasAssignedFrom)
 {
   auto source = std::make_optional(TypeParam::make(this->host));
   source->execute();
+  const auto idsLeft = releasedWithTheIdsOfACommand<typename TypeParam::Element>();
   const auto shares = this->host.use_count();
   auto target = TypeParam::make(hostForCommands<typename TypeParam::Element>());
   target = std::move(*source);
@@ -90,7 +104,8 @@ TYPED_TEST(MovableCommand, LeavesNothingInWhatItWasAssignedFrom)
   const AllocationWatch watch;
   source.reset();
 
-  EXPECT_LE(watch.released(), TypeParam::textsLeftBehind) << "no list was left to release";
+  EXPECT_LE(watch.released(), TypeParam::textsLeftBehind + idsLeft)
+      << "no list was left to release";
 }
 
 TYPED_TEST(MovableCommand, StaysWhatItIsWhenAssignedToItself)

@@ -9,8 +9,7 @@
 
 namespace Tarvik {
 
-/// The least that a platform may offer; its moves are not promised not to throw. Writes down that
-/// it is assigned to.
+/// The least that a platform may offer. Its moves may throw. Records assignments.
 class CommandBase {
 public:
   explicit CommandBase(std::string description) : m_description(std::move(description)) {}

@@ -7,7 +7,7 @@
 
 namespace Tarvik {
 
-/// Writes down how it is named. Cannot be assigned: groups are to call setName().
+/// Records how it is named. Cannot be assigned: groups must call setName().
 class NameInterface {
 public:
   NameInterface() = default;

@@ -5,7 +5,7 @@
 
 namespace Tarvik {
 
-/// A number. Writes down that it is assigned to.
+/// A number. Records assignments.
 class GUIdentifier {
 public:
   GUIdentifier();
@@ -23,10 +23,7 @@ public:
   static const GUIdentifier& getInvalidId();
   static void serialization_register(void* out);
 
-  friend bool operator==(const GUIdentifier& a, const GUIdentifier& b)
-  {
-    return a.m_number == b.m_number;
-  }
+  friend bool operator==(const GUIdentifier& a, const GUIdentifier& b);
 
 private:
   template <class C>
@@ -36,5 +33,10 @@ private:
 
   unsigned long long m_number;
 };
+
+inline bool operator==(const GUIdentifier& a, const GUIdentifier& b)
+{
+  return a.m_number == b.m_number;
+}
 
 }

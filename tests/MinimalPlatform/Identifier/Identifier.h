@@ -9,7 +9,7 @@ namespace Tarvik {
 
 class PersistenceArchiver;
 
-/// A number. Writes down that it is assigned to and what it is compared with.
+/// A number. Records assignments and comparisons.
 class Identifier {
 public:
   Identifier();
@@ -27,12 +27,7 @@ public:
   static const Identifier& getInvalidId();
   static void serialization_register(void* out);
 
-  friend bool operator==(const Identifier& a, const Identifier& b)
-  {
-    if (Recording::isActive())
-      Recording::note(std::to_string(a.m_number), " == " + std::to_string(b.m_number));
-    return a.m_number == b.m_number;
-  }
+  friend bool operator==(const Identifier& a, const Identifier& b);
 
 private:
   template <class C>
@@ -45,6 +40,13 @@ private:
 
   unsigned long long m_number;
 };
+
+inline bool operator==(const Identifier& a, const Identifier& b)
+{
+  if (Recording::isActive())
+    Recording::note(std::to_string(a.m_number), " == " + std::to_string(b.m_number));
+  return a.m_number == b.m_number;
+}
 
 [[nodiscard]] PersistenceArchiver& operator<<(PersistenceArchiver& archive,
                                               const Identifier& identifier);

@@ -12,8 +12,8 @@ namespace Tarvik {
 class Caster;
 struct RecordedArchive;
 
-/// Writes down every call; what it keeps, and what tests make of it, is in RecordedArchive and
-/// RecordedRegistry.
+/// Records every call. Its state is in RecordedArchive and RecordedRegistry, for tests to read and
+/// set.
 class PersistenceArchiver {
 public:
   static BaseClassRegister*

@@ -5,9 +5,11 @@
 
 namespace Tarvik {
 
+/// Knows no language but that of the texts.
 class Translator {
 public:
-  static std::string translate(const char*, const char* text, const char*, int) { return text; }
+  static std::string
+  translate(const char* context, const char* text, const char* disambiguation, int count);
 };
 
 }
