@@ -2,7 +2,6 @@
 #pragma once
 
 #include "CommandPattern/CommandBase.h"
-#include "Recording.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -13,15 +12,12 @@
 
 namespace Tarvik {
 
-/// Writes down that memory is taken for it.
+/// Records its allocations.
 class MacroCommand : public CommandBase {
 public:
-  static void* operator new(std::size_t size)
-  {
-    Recording::note("new MacroCommand");
-    return ::operator new(size);
-  }
-  static void operator delete(void* memory) { ::operator delete(memory); }
+  // Not inline: GCC would warn that the two do not match where it sees only one of them.
+  static void* operator new(std::size_t size);
+  static void operator delete(void* memory);
 
   explicit MacroCommand(std::list<std::shared_ptr<CommandBase>> commands)
       : CommandBase(std::string()), m_commands(std::move(commands))
