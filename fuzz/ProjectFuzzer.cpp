@@ -50,7 +50,8 @@ Bytes projectAround(std::span<const std::byte> content)
 void checkAny(std::span<const std::byte> bytes)
 {
   checkProject(bytes);
-  checkProject(RawArchive::looksLikeOne(bytes) ? RawArchive::mended(bytes) : projectAround(bytes));
+  checkProject(RawArchive::looksLikeOne(bytes) ? RawArchive::repaired(bytes)
+                                               : projectAround(bytes));
 }
 
 }
