@@ -69,6 +69,8 @@ constexpr std::strong_ordering operator<=>(const GUIdentifier& a, const GUIdenti
 
 template <>
 struct std::hash<Tarvik::GUIdentifier> {
+  using is_avalanching = void; ///< for hash tables that would mix the bits once more otherwise
+
   std::size_t operator()(const Tarvik::GUIdentifier& identifier) const noexcept
   {
     return identifier.bits().hash();

@@ -78,6 +78,8 @@ TKM_IDENTIFIER_API PersistenceArchiver& operator>>(PersistenceArchiver& archive,
 
 template <>
 struct std::hash<Tarvik::Identifier> {
+  using is_avalanching = void; ///< for hash tables that would mix the bits once more otherwise
+
   std::size_t operator()(const Tarvik::Identifier& identifier) const noexcept
   {
     return identifier.bits().hash();

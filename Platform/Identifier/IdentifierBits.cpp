@@ -5,6 +5,8 @@
 
 #include "Identifier/IdentifierBits.h"
 
+#include <chrono>
+#include <functional>
 #include <system_error>
 
 #if defined(_WIN32)
@@ -75,6 +77,19 @@ IdentifierBits randomBits()
 }
 #endif
 
+/// Falls back on the time and on where the system put the library: better a seed that is easier to
+/// guess than a program that does not start.
+IdentifierBits randomSeed() noexcept
+{
+  try {
+    return randomBits();
+  } catch (const std::system_error&) {
+    const auto now = std::chrono::steady_clock::now().time_since_epoch().count();
+    return {.high = static_cast<std::uint64_t>(now) * 0x9e3779b97f4a7c15U,
+            .low = std::uint64_t{std::hash<const void*>{}(&next)} * 0xbf58476d1ce4e5b9U};
+  }
+}
+
 IdentifierBits takeNext()
 {
   const auto bits = next;
@@ -105,6 +120,8 @@ const ForkHandler forkHandler;
 #endif
 
 }
+
+const IdentifierBits IdentifierBits::seed = randomSeed();
 
 IdentifierBits IdentifierBits::unique()
 {

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Identifier/WideProduct.h"
 #include "PlatformExport.h"
 
+#include <bit>
 #include <compare>
 #include <cstddef>
 #include <cstdint>
@@ -40,14 +42,23 @@ struct IdentifierBits {
   /// Whether no bit is set, as in the invalid identifier.
   constexpr bool isZero() const { return (high | low) == 0; }
 
-  /// A hash in which every bit counts, also for hash tables that use only its lowest bits.
-  constexpr std::size_t hash() const
+  /// A hash in which every bit counts, also for hash tables that use only its lowest bits. It differs
+  /// from process to process: whoever does not know the seed cannot prepare a file whose identifiers
+  /// all have the same hash.
+  std::size_t hash() const { return hash(seed); }
+
+  /// The same with a given seed. Folding the product of both words is how wyhash mixes
+  /// (https://github.com/wangyi-fudan/wyhash).
+  constexpr std::size_t hash(const IdentifierBits& ofSeed) const
   {
-    auto mixed = low ^ (high * 0x9e3779b97f4a7c15U);
-    mixed = (mixed ^ mixed >> 32U) * 0xbf58476d1ce4e5b9U;
-    mixed ^= mixed >> 32U;
-    return static_cast<std::size_t>(mixed);
+    constexpr std::uint64_t goldenRatio = 0x9e3779b97f4a7c15; // 2^64 divided by it, and odd
+    const auto product = WideProduct::of(low ^ ofSeed.low, high ^ ofSeed.high);
+    const auto mixed = (product.high ^ product.low) * goldenRatio;
+    return static_cast<std::size_t>(std::rotl(mixed, 32)); // the upper half is the better mixed one
   }
+
+  /// The random seed of this process. Set while the library is loaded.
+  TKM_IDENTIFIER_API static const IdentifierBits seed;
 };
 
 }

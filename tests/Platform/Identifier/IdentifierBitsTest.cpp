@@ -113,13 +113,16 @@ struct Spread {
   int fullest = 0;
 };
 
+/// As random as those of a process, but the same in every run.
+constexpr IdentifierBits someSeed{0x5c9d1a3f70e2846b, 0xd1e8a02b9f47c365};
+
 template <class BitsOf>
-Spread spreadOf(BitsOf bitsOf)
+Spread spreadOf(BitsOf bitsOf, const IdentifierBits& seed = someSeed)
 {
   constexpr std::size_t count = 65'536;
   std::vector<int> buckets(count, 0);
   for (std::uint64_t i = 0; i < count; ++i)
-    ++buckets[bitsOf(i).hash() % count];
+    ++buckets[bitsOf(i).hash(seed) % count];
   Spread spread;
   for (const int inBucket : buckets) {
     spread.used += inBucket > 0 ? 1U : 0U;
@@ -161,6 +164,29 @@ TEST(Bits, SpreadEvenlyOverHashesWhereverTheyDiffer)
     EXPECT_GE(inLow.used, 16'384U) << "low word, bits from " << shift;
     EXPECT_LE(inLow.fullest, fullestAtMost) << "low word, bits from " << shift;
   }
+}
+
+TEST(Bits, ThatCollideForOneSeedSpreadEvenlyForAnother)
+{
+  constexpr IdentifierBits knownSeed{0x919108f752d18320, 0};
+  const auto prepared = [&knownSeed](std::uint64_t i) {
+    return IdentifierBits{knownSeed.high, i}; // makes one factor of the product zero
+  };
+
+  const auto known = spreadOf(prepared, knownSeed);
+  const auto other = spreadOf(prepared, someSeed);
+
+  EXPECT_EQ(known.used, 1U);
+  EXPECT_GE(other.used, 32'768U);
+  EXPECT_LE(other.fullest, fullestAtMost);
+}
+
+TEST(Bits, AreHashedWithTheSeedOfTheProcess)
+{
+  constexpr IdentifierBits bits{0x0123456789abcdef, 0xfedcba9876543210};
+
+  EXPECT_EQ(bits.hash(), bits.hash(IdentifierBits::seed));
+  EXPECT_FALSE(IdentifierBits::seed.isZero());
 }
 
 TEST(Bits, HaveTheSameHashWhenEqual)
