@@ -3,6 +3,7 @@
 
 #include "CommandPattern/CommandBase.h"
 #include "HighLevelServices/GroupCommands/GroupLists.h"
+#include "HighLevelServices/GroupCommands/Selection.h"
 #include "HighLevelServices/Groups/TKGroup.h"
 #include "HighLevelServices/Groups/TKGroupProviderInterface.h"
 #include "HighLevelServices/HighLevelServicesExport.h"
@@ -10,7 +11,7 @@
 #include "Identifier/Identifier.h"
 #include "Translator/Translator.h"
 
-#include <algorithm>
+#include <cstddef>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -128,17 +129,16 @@ void AddToTKGroupCmd<T>::initialize()
   if (!isTargetGroupValid())
     return;
 
-  auto& target = *GroupLists::findGroup(m_groupsAfter, m_targetGroupId);
-  for (const T& element : m_elements) {
-    // Keep the place before the same member when an earlier one is taken out. This counts also for
-    // an element that removeFromGroups() then takes out of an earlier group instead.
-    const auto& members = target.getGroupMembers();
-    const auto found = std::find(members.begin(), members.end(), element);
-    if (found != members.end() && static_cast<int>(found - members.begin()) < m_insertIndex)
-      --m_insertIndex;
-    removeFromGroups(element);
+  const auto found = GroupLists::findGroup(m_groupsAfter, m_targetGroupId);
+  const auto target = static_cast<std::size_t>(found - m_groupsAfter.begin());
+  GroupLists::Selection<T> selection(m_elements);
+  for (std::size_t i = 0; i < m_groupsAfter.size(); ++i) {
+    selection.takeOutOf(m_groupsAfter[i], m_groupsBefore[i]);
+    if (i == target) {
+      m_insertIndex = selection.lowered(m_insertIndex, m_groupsBefore[i]);
+      selection.insertInto(m_groupsAfter[i], m_insertIndex, m_groupsBefore[i]);
+    }
   }
-  target.addGroupMembersAtIndex(m_elements, m_insertIndex);
   m_changed = true;
 }
 
@@ -148,6 +148,8 @@ bool AddToTKGroupCmd<T>::isTargetGroupValid() const
   return GroupLists::findGroup(m_groupsAfter, m_targetGroupId) != m_groupsAfter.end();
 }
 
+/// Takes one element out of its first holder. Nothing calls it, since a whole selection is taken
+/// out at once; the binary interface of the class has it.
 template <class T>
 void AddToTKGroupCmd<T>::removeFromGroups(const T& element)
 {

@@ -4,7 +4,9 @@
 #include "CommandPattern/CommandBase.h"
 #include "GeneralServices/SimpleNameSetProvider.h"
 #include "GeneralServices/UniqueNameProvider.h"
+#include "HighLevelServices/GroupCommands/ElementTable.h"
 #include "HighLevelServices/GroupCommands/GroupLists.h"
+#include "HighLevelServices/GroupCommands/Selection.h"
 #include "HighLevelServices/Groups/TKGroup.h"
 #include "HighLevelServices/Groups/TKGroupProviderInterface.h"
 #include "HighLevelServices/HighLevelServicesExport.h"
@@ -110,10 +112,8 @@ void CreateTKGroupCmd<T>::initialize()
   generateName();
 
   TKGroup<T> newGroup(m_name);
-  for (const T& element : m_elements) {
-    removeFromGroups(element);
-    newGroup.addGroupMember(element);
-  }
+  GroupLists::removeFromFirstHolders(m_groupsAfter, m_elements, m_groupsBefore);
+  newGroup.addGroupMembersAtIndex(GroupLists::distinct(m_elements), GroupLists::endOfGroup);
   m_groupsAfter.push_back(newGroup);
 }
 
@@ -129,6 +129,8 @@ void CreateTKGroupCmd<T>::generateName()
   m_name = UniqueNameProvider::createUniqueName(m_name, taken);
 }
 
+/// Takes one element out of its first holder. Nothing calls it, since a whole selection is taken
+/// out at once; the binary interface of the class has it.
 template <class T>
 void CreateTKGroupCmd<T>::removeFromGroups(const T& element)
 {

@@ -68,18 +68,6 @@ void removeFromFirstHolder(std::vector<TKGroup<T>>& groups, const T& element)
   }
 }
 
-/// The elements without duplicates, in the order of their first occurrence.
-template <class T>
-std::vector<T> distinct(const std::vector<T>& elements)
-{
-  std::vector<T> result;
-  for (const T& element : elements) {
-    if (std::find(result.begin(), result.end(), element) == result.end())
-      result.push_back(element);
-  }
-  return result;
-}
-
 /// An insert index that means the end of a group.
 constexpr int endOfGroup = -1;
 

@@ -3,6 +3,7 @@
 
 #include "CommandPattern/CommandBase.h"
 #include "HighLevelServices/GroupCommands/GroupLists.h"
+#include "HighLevelServices/GroupCommands/Selection.h"
 #include "HighLevelServices/Groups/TKGroup.h"
 #include "HighLevelServices/Groups/TKGroupProviderInterface.h"
 #include "HighLevelServices/HighLevelServicesExport.h"
@@ -96,10 +97,11 @@ template <class T>
 void RemoveFromTKGroupCmd<T>::initialize()
 {
   GroupLists::takeSnapshots(*m_provider, m_groupsBefore, m_groupsAfter);
-  for (const T& element : m_elements)
-    removeFromGroups(element);
+  GroupLists::removeFromFirstHolders(m_groupsAfter, m_elements, m_groupsBefore);
 }
 
+/// Takes one element out of its first holder. Nothing calls it, since a whole selection is taken
+/// out at once; the binary interface of the class has it.
 template <class T>
 void RemoveFromTKGroupCmd<T>::removeFromGroups(const T& element)
 {

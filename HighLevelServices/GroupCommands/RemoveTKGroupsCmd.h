@@ -3,6 +3,7 @@
 
 #include "CommandPattern/CommandBase.h"
 #include "HighLevelServices/GroupCommands/GroupLists.h"
+#include "HighLevelServices/GroupCommands/Selection.h"
 #include "HighLevelServices/Groups/TKGroup.h"
 #include "HighLevelServices/Groups/TKGroupProviderInterface.h"
 #include "HighLevelServices/HighLevelServicesExport.h"
@@ -79,11 +80,12 @@ void RemoveTKGroupsCmd<T>::redo()
 template <class T>
 void RemoveTKGroupsCmd<T>::initialize()
 {
-  GroupLists::takeSnapshots(*m_provider, m_groupsBefore, m_groupsAfter);
-  for (const Identifier& id : m_groupIds)
-    removeGroup(id);
+  m_groupsBefore = m_provider->getGroups(); // may be m_groupsBefore itself
+  GroupLists::copyWithout(m_groupIds, m_groupsBefore, m_groupsAfter);
 }
 
+/// Removes one group. Nothing calls it, since all groups are removed at once; the binary interface
+/// of the class has it.
 template <class T>
 void RemoveTKGroupsCmd<T>::removeGroup(const Identifier& id)
 {

@@ -4,6 +4,7 @@
 #include "CommandPattern/CommandBase.h"
 #include "GeneralServices/StringUtility.h"
 #include "HighLevelServices/GroupCommands/GroupLists.h"
+#include "HighLevelServices/GroupCommands/MemberNames.h"
 #include "HighLevelServices/Groups/TKGroup.h"
 #include "HighLevelServices/Groups/TKGroupProviderInterface.h"
 #include "HighLevelServices/HighLevelServicesExport.h"
@@ -13,10 +14,8 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <locale>
 #include <memory>
 #include <numeric>
-#include <string>
 #include <utility>
 #include <vector>
 
@@ -84,17 +83,6 @@ void copyQuietly(std::vector<TKGroup<T>>& list, const std::vector<TKGroup<T>>& g
   }
 }
 
-/// Lowers a member's name byte by byte with the current global locale. Names of groups are lowered
-/// in another way, on purpose.
-inline void lowerMemberName(std::string& name)
-{
-  const std::locale global;
-  const auto& letters = std::use_facet<std::ctype<char>>(global);
-  // one call per byte: a program's own facet need not do the same for a range
-  std::transform(name.begin(), name.end(), name.begin(),
-                 [&letters](char letter) { return letters.tolower(letter); });
-}
-
 }
 
 template <class T>
@@ -160,14 +148,9 @@ template <class T>
 void SortTKGroupsAlphabeticallyCmd<T>::sortGroup(TKGroup<T>& group) const
 {
   auto names = m_provider->getGroupMemberNames(group.getId());
-  for (auto& [member, name] : names)
-    GroupLists::lowerMemberName(name);
-  std::sort(names.begin(), names.end(),
-            [](const auto& a, const auto& b) { return a.second < b.second; });
-
+  const auto members = GroupLists::membersByName(names);
   group.clear();
-  for (const auto& [member, name] : names)
-    group.addGroupMember(member);
+  group.addGroupMembersAtIndex(members, GroupLists::endOfGroup);
 }
 
 extern template class TKM_HIGHLEVELSERVICES_DECLARE SortTKGroupsAlphabeticallyCmd<Identifier>;
