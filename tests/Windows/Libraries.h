@@ -17,7 +17,7 @@ inline std::string libraryTestName(const ::testing::TestParamInfo<const char*>& 
   return test.param;
 }
 
-/// Where the DLLs are, with a slash behind it.
+/// Where the DLLs are, with a slash at the end.
 inline const std::string libraryFolder = LIBRARY_FOLDER;
 
 inline std::string libraryName(const std::string& library)

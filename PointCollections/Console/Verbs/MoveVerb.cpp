@@ -18,12 +18,12 @@ namespace {
 std::string optionGiven(const Arguments& arguments)
 {
   const bool hasBefore = arguments.has("--before");
-  const bool hasBehind = arguments.has("--behind");
-  if (hasBefore && hasBehind)
-    throw UserError("more than one place is given; choose one of --before and --behind");
-  if (!hasBefore && !hasBehind)
-    throw UserError("the place is missing; add --before TARGET or --behind TARGET");
-  return hasBefore ? "--before" : "--behind";
+  const bool hasAfter = arguments.has("--after");
+  if (hasBefore && hasAfter)
+    throw UserError("more than one place is given; choose one of --before and --after");
+  if (!hasBefore && !hasAfter)
+    throw UserError("the place is missing; add --before TARGET or --after TARGET");
+  return hasBefore ? "--before" : "--after";
 }
 
 /// Whether the elements are already beside the target, as the user sees it. Grouped elements have a
@@ -69,7 +69,7 @@ std::string moveElements(Session& session, const Arguments& arguments)
 Verb moveVerb()
 {
   return {.name = "move",
-          .usage = "move ELEMENT… --before TARGET | --behind TARGET",
+          .usage = "move ELEMENT… --before TARGET | --after TARGET",
           .summary = "put elements before or after another one",
           .details = "They go next to TARGET in the order given, into the group that holds it. If "
                      "TARGET is ungrouped,\nthey leave their groups and become ungrouped too. "
@@ -77,7 +77,7 @@ Verb moveVerb()
           .example = "move Berlin \"Isle of Man\" --before Paris",
           .parameters = {{"ELEMENT", ArgumentKind::Element, Occurrence::OnceOrMore}},
           .options = {{"--before", ArgumentKind::Element, "TARGET"},
-                      {"--behind", ArgumentKind::Element, "TARGET"}},
+                      {"--after", ArgumentKind::Element, "TARGET"}},
           .run = moveElements};
 }
 

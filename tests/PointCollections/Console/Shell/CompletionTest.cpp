@@ -100,8 +100,8 @@ TEST_F(CompletionOf, WhatIsMovedAndWhere)
 {
   EXPECT_EQ(completed("move Pra"), "move Prague ");
   EXPECT_EQ(completed("move Prague Paris Par"), "move Prague Paris Paramaribo ");
-  EXPECT_THAT(candidates("move Prague -"), ElementsAre("--before", "--behind"));
-  EXPECT_THAT(candidates("move Prague --behind Par"), ElementsAre("Paris", "Paramaribo"));
+  EXPECT_THAT(candidates("move Prague -"), ElementsAre("--before", "--after"));
+  EXPECT_THAT(candidates("move Prague --after Par"), ElementsAre("Paris", "Paramaribo"));
   EXPECT_EQ(completed("move --before Paris Prag"), "move --before Paris Prague ");
 }
 
