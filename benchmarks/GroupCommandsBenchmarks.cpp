@@ -304,52 +304,77 @@ struct SortByValue : Sort<T> {
   }
 };
 
-/// All members of the first group go to the last.
-template <class T>
-struct AddAll {
-  static auto make(const std::shared_ptr<BenchmarkHost<T>>& host)
+/// The selection: all members of the first group.
+struct AllOfOneGroup {
+  template <class T>
+  static std::vector<T> of(BenchmarkHost<T>& host)
   {
-    const auto& groups = host->getGroups();
-    return AddToTKGroupCmd<T>(host, groups.front().getGroupMembers(), groups.back().getId());
+    return host.getGroups().front().getGroupMembers();
   }
 };
 
-/// All members of the first group go to a new one.
-template <class T>
-struct CreateOfAll {
-  static auto make(const std::shared_ptr<BenchmarkHost<T>>& host)
+/// The selection: so many members, anywhere in the list.
+template <std::size_t count>
+struct Scattered {
+  template <class T>
+  static std::vector<T> of(BenchmarkHost<T>& host)
   {
-    return CreateTKGroupCmd<T>(host, host->getGroups().front().getGroupMembers(), "Group");
+    std::minstd_rand random(1); // NOLINT: the same in every run
+    const auto& groups = host.getGroups();
+    std::vector<T> elements;
+    elements.reserve(count);
+    for (std::size_t i = 0; i < count; ++i) {
+      const auto& members = groups[random() % groups.size()].getGroupMembers();
+      elements.push_back(members[random() % members.size()]);
+    }
+    return elements;
   }
 };
 
-/// All members of the first group go before one of the last.
-template <class T>
-struct MoveAll {
+/// The selection goes to the end of the last group.
+template <class T, class Selected>
+struct AddSelection {
   static auto make(const std::shared_ptr<BenchmarkHost<T>>& host)
   {
-    return MoveTKGroupElementsCmd<T>(host, host->getGroups().front().getGroupMembers(),
-                                     host->lastMember(), true);
+    return AddToTKGroupCmd<T>(host, Selected::of(*host), host->getGroups().back().getId());
   }
 };
 
-/// All members of the first group leave it.
-template <class T>
-struct RemoveAll {
+/// The selection goes to a new group.
+template <class T, class Selected>
+struct CreateOfSelection {
   static auto make(const std::shared_ptr<BenchmarkHost<T>>& host)
   {
-    return RemoveFromTKGroupCmd<T>(host, host->getGroups().front().getGroupMembers());
+    return CreateTKGroupCmd<T>(host, Selected::of(*host), "Group");
   }
 };
 
-/// Every other group is deleted.
-template <class T>
-struct RemoveHalfOfTheGroups {
+/// The selection goes before a member of the last group.
+template <class T, class Selected>
+struct MoveSelection {
+  static auto make(const std::shared_ptr<BenchmarkHost<T>>& host)
+  {
+    return MoveTKGroupElementsCmd<T>(host, Selected::of(*host), host->lastMember(), true);
+  }
+};
+
+/// The selection leaves its groups.
+template <class T, class Selected>
+struct RemoveSelection {
+  static auto make(const std::shared_ptr<BenchmarkHost<T>>& host)
+  {
+    return RemoveFromTKGroupCmd<T>(host, Selected::of(*host));
+  }
+};
+
+/// One of so many groups is deleted, evenly over the list.
+template <class T, std::size_t distance>
+struct RemoveEvery {
   static auto make(const std::shared_ptr<BenchmarkHost<T>>& host)
   {
     std::vector<Identifier> ids;
     const auto& groups = host->getGroups();
-    for (std::size_t i = 0; i < groups.size(); i += 2)
+    for (std::size_t i = 0; i < groups.size(); i += distance)
       ids.push_back(groups[i].getId());
     return RemoveTKGroupsCmd<T>(host, ids);
   }
@@ -446,26 +471,38 @@ void addCreations(const std::string& kind)
   addBenchmark("create empty/two bare copies/" + kind, bareExecute<CreateEmpty<T>, T>);
 }
 
-/// Large selections, which take more than their share of time.
+using Sizes = std::vector<std::vector<std::int64_t>>;
+
+void addSized(const std::string& name, Function function, const Sizes& sizes)
+{
+  auto* const added = benchmark::RegisterBenchmark(name.c_str(), function);
+  for (const auto& size : sizes)
+    added->Args(size);
+  added->Unit(benchmark::kMicrosecond);
+}
+
+/// Each command on a selection, beside the copies in "copies/...".
+template <class T, class Selected>
+void addSelection(const std::string& name, const std::string& kind, const Sizes& sizes)
+{
+  addSized(name + "/AddToTKGroupCmd/" + kind, execute<AddSelection<T, Selected>, T>, sizes);
+  addSized(name + "/CreateTKGroupCmd/" + kind, execute<CreateOfSelection<T, Selected>, T>, sizes);
+  addSized(name + "/MoveTKGroupElementsCmd/" + kind, execute<MoveSelection<T, Selected>, T>, sizes);
+  addSized(name + "/RemoveFromTKGroupCmd/" + kind, execute<RemoveSelection<T, Selected>, T>, sizes);
+}
+
 template <class T>
 void addSelections(const std::string& kind)
 {
-  const std::vector<std::pair<std::string, Function>> selections = {
-      {"AddToTKGroupCmd", execute<AddAll<T>, T>},
-      {"CreateTKGroupCmd", execute<CreateOfAll<T>, T>},
-      {"MoveTKGroupElementsCmd", execute<MoveAll<T>, T>},
-      {"RemoveFromTKGroupCmd", execute<RemoveAll<T>, T>}};
-  for (const auto& [command, function] : selections)
-    benchmark::RegisterBenchmark(("all of/" + command + '/' + kind).c_str(), function)
-        ->Args({2, 1000})
-        ->Args({2, 10000})
-        ->Unit(benchmark::kMillisecond);
-  benchmark::RegisterBenchmark(("half of the groups/" + kind).c_str(),
-                               execute<RemoveHalfOfTheGroups<T>, T>)
-      ->Args({100, 100})
-      ->Args({1000, 1000})
-      ->Args({10000, 10})
-      ->Unit(benchmark::kMillisecond);
+  const Sizes large = {{1000, 1000}};
+  const Sizes twoGroups = {{2, 1000}, {2, 10000}, {2, 100000}};
+  addSelection<T, Scattered<10>>("10 elements", kind, large);
+  addSelection<T, Scattered<1000>>("1000 elements", kind, large);
+  addSelection<T, AllOfOneGroup>("a group", kind, twoGroups);
+  addSized("every tenth group/RemoveTKGroupsCmd/" + kind, execute<RemoveEvery<T, 10>, T>, large);
+  addSized("every other group/RemoveTKGroupsCmd/" + kind, execute<RemoveEvery<T, 2>, T>, large);
+  addSized("copies/" + kind, bareExecute<Snapshot<T>, T>, large);
+  addSized("copies/" + kind, bareExecute<Snapshot<T>, T>, twoGroups);
 }
 
 template <class T>

@@ -127,16 +127,22 @@ def creation_table(results):
         yield row
 
 
+SELECTIONS = (("10 elements", "1000/1000"), ("1000 elements", "1000/1000"),
+              ("a group", "2/1000"), ("a group", "2/10000"), ("a group", "2/100000"),
+              ("every tenth group", "1000/1000"), ("every other group", "1000/1000"))
+
+
 def selections_table(results):
-    yield ["selected", "of", "command", *("`%s`, ms" % kind for kind in KINDS)]
-    names = results.names()
-    for command in sorted({name.split("/")[1] for name in names if name.startswith("all of/")}):
-        for members in ("1000", "10000"):
-            yield ["a group", members + " members", "`%s`" % command,
-                   *(milli(results.time("all of/%s/%s/2/%s" % (command, kind, members))) for kind in KINDS)]
-    for size in ("100/100", "1000/1000", "10000/10"):
-        yield ["every other group", shown_size(size), "`RemoveTKGroupsCmd`",
-               *(milli(results.time("half of the groups/%s/%s" % (kind, size))) for kind in KINDS)]
+    yield ["selected", "groups × members", "command",
+           *(title for kind in KINDS for title in ("`%s`, ms" % kind, "of the copies"))]
+    for selected, size in SELECTIONS:
+        commands = sorted({name.split("/")[1] for name in results.names() if name.startswith(selected + "/")})
+        for command in commands:
+            row = [selected, shown_size(size), "`%s`" % command]
+            for kind in KINDS:
+                name = "%s/%s/%s/%s" % (selected, command, kind, size)
+                row += [milli(results.time(name)), times_as_long(results.ratio(name, "copies/%s/%s" % (kind, size)))]
+            yield row
 
 
 def of_kind(names, kind):
