@@ -133,10 +133,10 @@ void AddToTKGroupCmd<T>::initialize()
   const auto target = static_cast<std::size_t>(found - m_groupsAfter.begin());
   GroupLists::Selection<T> selection(m_elements);
   for (std::size_t i = 0; i < m_groupsAfter.size(); ++i) {
-    selection.takeOutOf(m_groupsAfter[i], m_groupsBefore[i]);
+    selection.takeOutOf(m_groupsAfter[i]);
     if (i == target) {
       m_insertIndex = selection.lowered(m_insertIndex, m_groupsBefore[i]);
-      selection.insertInto(m_groupsAfter[i], m_insertIndex, m_groupsBefore[i]);
+      selection.insertInto(m_groupsAfter[i], m_insertIndex);
     }
   }
   m_changed = true;

@@ -112,7 +112,7 @@ void CreateTKGroupCmd<T>::initialize()
   generateName();
 
   TKGroup<T> newGroup(m_name);
-  GroupLists::removeFromFirstHolders(m_groupsAfter, m_elements, m_groupsBefore);
+  GroupLists::removeFromFirstHolders(m_groupsAfter, m_elements);
   newGroup.addGroupMembersAtIndex(GroupLists::distinct(m_elements), GroupLists::endOfGroup);
   m_groupsAfter.push_back(newGroup);
 }

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <type_traits>
 #include <vector>
 
 namespace Tarvik::GroupLists {
@@ -23,14 +24,15 @@ concept Hashable = requires(const T& identifier) {
 /// Boost.Unordered.
 template <class Hash>
 concept Avalanching =
-  sizeof(std::size_t) == sizeof(std::uint64_t) && requires { typename Hash::is_avalanching; };
+  sizeof(std::size_t) == sizeof(std::uint64_t) && requires { typename Hash::is_avalanching; } &&
+  !std::is_same_v<typename Hash::is_avalanching, std::false_type>;
 // clang-format on
 
 /// No element, or no position.
 constexpr auto nowhere = static_cast<std::size_t>(-1);
 
 /// A hash table of elements of a vector. It keeps their positions, one for all elements that are
-/// equal. The vector must outlive the table and must not change.
+/// equal. Not for hosts. The vector must outlive the table and must not change.
 template <class T>
 class ElementTable {
 public:
@@ -51,11 +53,13 @@ public:
   /// A hash whose lowest bits depend on all bits of the identifier.
   static std::uint64_t hashOf(const T& identifier)
   {
-    const std::uint64_t hash = std::hash<T>{}(identifier);
-    if constexpr (Avalanching<std::hash<T>>)
-      return hash;
-    constexpr std::uint64_t goldenRatio = 0x9e3779b97f4a7c15; // 2^64 divided by it, and odd
-    return std::rotl(hash * goldenRatio, 32);
+    std::uint64_t hash = std::hash<T>{}(identifier);
+    if constexpr (!Avalanching<std::hash<T>>) {
+      constexpr std::uint64_t goldenRatio = 0x9e3779b97f4a7c15; // 2^64 divided by it, and odd
+      hash = (hash ^ hash >> 32U) * goldenRatio;
+      hash ^= hash >> 32U;
+    }
+    return hash;
   }
 
 private:

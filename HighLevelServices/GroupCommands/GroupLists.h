@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "HighLevelServices/GroupCommands/MemberLists.h"
 #include "HighLevelServices/Groups/TKGroup.h"
 #include "HighLevelServices/Groups/TKGroupProviderInterface.h"
 #include "Identifier/Identifier.h"
@@ -40,6 +41,22 @@ void takeSnapshots(TKGroupProviderInterface<T>& provider,
 {
   before = provider.getGroups(); // may be `before` itself: self-assignment changes nothing
   copyInto(after, before, room);
+}
+
+/// Leaves the groups at these positions in the list, in this order. Copies their names and ids
+/// only; member lists are handed over. When that throws, the list is as it was.
+template <class T>
+void arrange(std::vector<TKGroup<T>>& groups, const std::vector<std::size_t>& positions)
+{
+  std::vector<TKGroup<T>> arranged;
+  arranged.reserve(positions.size());
+  for (const auto position : positions) {
+    const MembersAside<T> aside(groups[position]);
+    arranged.push_back(groups[position]);
+  }
+  for (std::size_t i = 0; i < positions.size(); ++i)
+    MemberLists<T>::swap(arranged[i], groups[positions[i]]);
+  groups.swap(arranged);
 }
 
 /// Moves a list or a text. One that is moved to itself keeps its contents.

@@ -97,7 +97,7 @@ template <class T>
 void RemoveFromTKGroupCmd<T>::initialize()
 {
   GroupLists::takeSnapshots(*m_provider, m_groupsBefore, m_groupsAfter);
-  GroupLists::removeFromFirstHolders(m_groupsAfter, m_elements, m_groupsBefore);
+  GroupLists::removeFromFirstHolders(m_groupsAfter, m_elements);
 }
 
 /// Takes one element out of its first holder. Nothing calls it, since a whole selection is taken

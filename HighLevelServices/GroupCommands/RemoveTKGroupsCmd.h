@@ -3,7 +3,7 @@
 
 #include "CommandPattern/CommandBase.h"
 #include "HighLevelServices/GroupCommands/GroupLists.h"
-#include "HighLevelServices/GroupCommands/Selection.h"
+#include "HighLevelServices/GroupCommands/Search.h"
 #include "HighLevelServices/Groups/TKGroup.h"
 #include "HighLevelServices/Groups/TKGroupProviderInterface.h"
 #include "HighLevelServices/HighLevelServicesExport.h"
@@ -11,6 +11,7 @@
 #include "Identifier/Identifier.h"
 #include "Translator/Translator.h"
 
+#include <cstddef>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -47,6 +48,33 @@ private:
   std::vector<TKGroup<T>> m_groupsBefore;
 };
 
+namespace GroupLists {
+
+/// The positions of the groups that are not removed. Each id removes the first group that has it
+/// and that no id before it removes.
+template <class T>
+std::vector<std::size_t> positionsWithout(const std::vector<Identifier>& removedIds,
+                                          const std::vector<TKGroup<T>>& groups)
+{
+  std::vector<Identifier> ids;
+  ids.reserve(groups.size());
+  for (const auto& group : groups)
+    ids.push_back(group.getId());
+  std::vector<bool> isRemoved(groups.size());
+  Search<Identifier>(removedIds).match(ids, [&isRemoved](std::size_t position, std::size_t) {
+    isRemoved[position] = true;
+  });
+
+  std::vector<std::size_t> positions;
+  for (std::size_t i = 0; i < groups.size(); ++i) {
+    if (!isRemoved[i])
+      positions.push_back(i);
+  }
+  return positions;
+}
+
+}
+
 template <class T>
 RemoveTKGroupsCmd<T>::RemoveTKGroupsCmd(std::shared_ptr<TKGroupProviderInterface<T>> provider,
                                         const std::vector<Identifier>& groupIds)
@@ -80,8 +108,8 @@ void RemoveTKGroupsCmd<T>::redo()
 template <class T>
 void RemoveTKGroupsCmd<T>::initialize()
 {
-  m_groupsBefore = m_provider->getGroups(); // may be m_groupsBefore itself
-  GroupLists::copyWithout(m_groupIds, m_groupsBefore, m_groupsAfter);
+  GroupLists::takeSnapshots(*m_provider, m_groupsBefore, m_groupsAfter);
+  GroupLists::arrange(m_groupsAfter, GroupLists::positionsWithout(m_groupIds, m_groupsAfter));
 }
 
 /// Removes one group. Nothing calls it, since all groups are removed at once; the binary interface

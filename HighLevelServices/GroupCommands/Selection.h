@@ -1,86 +1,35 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "HighLevelServices/GroupCommands/ComparedElements.h"
-#include "HighLevelServices/GroupCommands/GroupLists.h"
-#include "HighLevelServices/GroupCommands/HashedElements.h"
+#include "HighLevelServices/GroupCommands/MemberLists.h"
+#include "HighLevelServices/GroupCommands/Search.h"
 #include "HighLevelServices/Groups/TKGroup.h"
-#include "Identifier/Identifier.h"
 
 #include <cstddef>
-#include <type_traits>
-#include <utility>
-#include <variant>
 #include <vector>
 
 namespace Tarvik::GroupLists {
 
-/// So many elements are compared with a member in less time than a hash of the member takes.
-constexpr std::size_t fewElements = 3;
-
-/// The elements of a selection, found in the way that is faster.
-template <class T>
-class SelectedElements {
-public:
-  explicit SelectedElements(const std::vector<T>& elements) : m_elements(chosenFor(elements)) {}
-
-  /// See HashedElements.
-  bool isAnyWanting() const
-  {
-    return std::visit([](const auto& elements) { return elements.isAnyWanting(); }, m_elements);
-  }
-
-  /// See HashedElements.
-  template <class Taken>
-  void take(const std::vector<T>& members, Taken taken)
-  {
-    std::visit([&](auto& elements) { elements.take(members, taken); }, m_elements);
-  }
-
-  /// See HashedElements.
-  std::vector<std::size_t> firstPositions(const std::vector<T>& members) const
-  {
-    return std::visit([&](const auto& elements) { return elements.firstPositions(members); },
-                      m_elements);
-  }
-
-private:
-  using Either = std::conditional_t<Hashable<T>,
-                                    std::variant<ComparedElements<T>, HashedElements<T>>,
-                                    std::variant<ComparedElements<T>>>;
-
-  static Either chosenFor(const std::vector<T>& elements)
-  {
-    if constexpr (Hashable<T>) {
-      if (elements.size() > fewElements)
-        return Either(std::in_place_type<HashedElements<T>>, elements);
-    }
-    return Either(std::in_place_type<ComparedElements<T>>, elements);
-  }
-
-  Either m_elements;
-};
-
-/// The elements given to a command, taken out of a list of groups in one pass.
+/// The elements given to a command, taken out of a list of groups in one pass. Not for hosts.
 ///
-/// What counts is a walk: for one element after another, the first group of the list that holds it
-/// loses the first member that is equal to it. The pass gives the same lists. Elements that are not
-/// equal never compete for a member, so look at n equal elements. The walk takes out the first
-/// member equal to them in the order of the list, then the first of the rest, and so on: together
-/// the first n such members, in the order of the elements. The pass meets the members in the order
-/// of the list, and gives each to the next of the equal elements until all of them have one.
+/// The result is that of a walk: for one element after another, the first group of the list that
+/// holds it loses the first member that is equal to it. Elements that are not equal never compete
+/// for a member, so look at n equal elements. The walk takes out the first member equal to them in
+/// the order of the list, then the first of the rest, and so on: together the first n such members,
+/// in the order of the elements. The pass meets the members in the order of the list, and matches
+/// each with the next of the equal elements until all of them have one.
 ///
 /// Call takeOutOf() for every group of the list, in its order. lowered() and insertInto() are for
 /// the group that it was called for last.
-template <class T, class Elements = SelectedElements<T>>
+template <class T, class ElementSearch = Search<T>>
 class Selection {
 public:
   /// @param elements  must outlive the selection and must not change
-  explicit Selection(const std::vector<T>& elements) : m_elements(elements), m_lookup(elements) {}
+  explicit Selection(const std::vector<T>& elements);
 
-  /// Takes the elements out of the next group of the list.
-  /// @param before  the same group; what `group` becomes again when memory runs out
-  void takeOutOf(TKGroup<T>& group, const TKGroup<T>& before);
+  /// Takes the elements out of the next group of the list. When that throws, the group is as it
+  /// was.
+  void takeOutOf(TKGroup<T>& group);
 
   /// An insert index after the walk. The walk lowers it by one for each element that it finds
   /// before the index, even if it then takes that element out of an earlier group instead.
@@ -88,98 +37,93 @@ public:
   /// @param before  the group as it was
   int lowered(int index, const TKGroup<T>& before) const;
 
-  /// Does what `group.addGroupMembersAtIndex(elements, index)` does, in linear time.
-  /// @param before  the group as it was; what `group` becomes again when memory runs out
-  void insertInto(TKGroup<T>& group, int index, const TKGroup<T>& before) const;
+  /// Does what `group.addGroupMembersAtIndex(elements, index)` does, in linear time. When that
+  /// throws, the group is as it was.
+  void insertInto(TKGroup<T>& group, int index) const;
 
 private:
   /// A member that was taken out for an element.
-  struct Find {
+  struct Match {
     std::size_t group;
     std::size_t position; ///< among the members before anything was taken out
     std::size_t element;
   };
 
-  void takeOut(TKGroup<T>& group, std::size_t find, const TKGroup<T>& before);
+  std::vector<T> membersWithout(const TKGroup<T>& group, std::size_t match) const;
 
   const std::vector<T>& m_elements;
-  Elements m_lookup;
-  std::vector<Find> m_finds; ///< in the order of the list
+  ElementSearch m_search;
+  std::vector<Match> m_matches; ///< in the order of the list
   std::size_t m_numberOfGroups = 0;
-  std::vector<T> m_kept; ///< its memory serves one group after another
 };
 
-/// Gives a group other members.
-/// @param before  what the group becomes when memory runs out. It was a copy of this: its memory
-///                is enough
-template <class T>
-void replaceMembers(TKGroup<T>& group, const std::vector<T>& members, const TKGroup<T>& before)
+template <class T, class ElementSearch>
+Selection<T, ElementSearch>::Selection(const std::vector<T>& elements)
+    : m_elements(elements), m_search(elements)
 {
-  try {
-    group.clear();
-    group.addGroupMembersAtIndex(members, endOfGroup);
-  } catch (...) {
-    group = before;
-    throw;
-  }
+  m_matches.reserve(elements.size());
 }
 
-template <class T, class Elements>
-void Selection<T, Elements>::takeOutOf(TKGroup<T>& group, const TKGroup<T>& before)
+template <class T, class ElementSearch>
+void Selection<T, ElementSearch>::takeOutOf(TKGroup<T>& group)
 {
   const auto number = m_numberOfGroups++;
-  if (!m_lookup.isAnyWanting())
+  if (!m_search.hasUnmatched())
     return;
-  const auto earlier = m_finds.size();
-  m_lookup.take(group.getGroupMembers(), [this, number](std::size_t position, std::size_t taker) {
-    m_finds.push_back({number, position, taker});
-  });
-  takeOut(group, earlier, before);
+  const auto earlier = m_matches.size();
+  m_search.match(group.getGroupMembers(),
+                 [this, number](std::size_t position, std::size_t element) {
+                   m_matches.push_back({number, position, element});
+                 });
+
+  const auto count = m_matches.size() - earlier;
+  if (count == 1) {
+    group.removeGroupMember(m_elements[m_matches.back().element]);
+  } else if (count > 1) {
+    auto members = membersWithout(group, earlier);
+    MemberLists<T>::swap(group, members);
+  }
 }
 
-/// Takes the finds from this number on out of the group.
-template <class T, class Elements>
-void Selection<T, Elements>::takeOut(TKGroup<T>& group, std::size_t find, const TKGroup<T>& before)
+/// The members of a group without the matches from this one on.
+template <class T, class ElementSearch>
+std::vector<T> Selection<T, ElementSearch>::membersWithout(const TKGroup<T>& group,
+                                                           std::size_t match) const
 {
-  constexpr std::size_t few = 4; // so many searches of the group are cheaper than a new member list
-  if (m_finds.size() - find < few) {
-    for (; find < m_finds.size(); ++find)
-      group.removeGroupMember(m_elements[m_finds[find].element]);
-    return;
-  }
   const auto& members = group.getGroupMembers();
+  std::vector<T> kept;
+  kept.reserve(members.size());
   auto from = members.begin();
-  m_kept.clear();
-  for (; find < m_finds.size(); ++find) {
-    const auto taken = members.begin() + static_cast<std::ptrdiff_t>(m_finds[find].position);
-    m_kept.insert(m_kept.end(), from, taken);
+  for (; match < m_matches.size(); ++match) {
+    const auto taken = members.begin() + static_cast<std::ptrdiff_t>(m_matches[match].position);
+    kept.insert(kept.end(), from, taken);
     from = taken + 1;
   }
-  m_kept.insert(m_kept.end(), from, members.end());
-  replaceMembers(group, m_kept, before);
+  kept.insert(kept.end(), from, members.end());
+  return kept;
 }
 
-template <class T, class Elements>
-int Selection<T, Elements>::lowered(int index, const TKGroup<T>& before) const
+template <class T, class ElementSearch>
+int Selection<T, ElementSearch>::lowered(int index, const TKGroup<T>& before) const
 {
   if (index <= 0)
     return index; // no member is before it
   const auto& members = before.getGroupMembers();
-  const auto firsts = m_lookup.firstPositions(members);
-  std::vector<const Find*> finds(m_elements.size());
-  for (const Find& find : m_finds)
-    finds[find.element] = &find;
+  const auto firsts = m_search.firstPositions(members);
+  std::vector<const Match*> matches(m_elements.size());
+  for (const Match& match : m_matches)
+    matches[match.element] = &match;
 
   // The walk, without moving members: `index` of the members before `end` are still there. An index
   // past the last member counts members that are not there.
   std::vector<bool> isGone(members.size());
   auto end = static_cast<std::size_t>(index);
-  for (std::size_t i = 0; i < finds.size(); ++i) {
-    if (finds[i] == nullptr)
+  for (std::size_t i = 0; i < matches.size(); ++i) {
+    if (matches[i] == nullptr)
       continue; // the group has no such member left
-    if (finds[i]->group == m_numberOfGroups - 1) {
-      isGone[finds[i]->position] = true;
-      if (finds[i]->position < end)
+    if (matches[i]->group == m_numberOfGroups - 1) {
+      isGone[matches[i]->position] = true;
+      if (matches[i]->position < end)
         --index;
     } else if (firsts[i] < end) {
       --index;
@@ -191,17 +135,15 @@ int Selection<T, Elements>::lowered(int index, const TKGroup<T>& before) const
   return index;
 }
 
-template <class T, class Elements>
-void Selection<T, Elements>::insertInto(TKGroup<T>& group,
-                                        int index,
-                                        const TKGroup<T>& before) const
+template <class T, class ElementSearch>
+void Selection<T, ElementSearch>::insertInto(TKGroup<T>& group, int index) const
 {
   if (m_elements.size() <= fewElements) {
     group.addGroupMembersAtIndex(m_elements, index);
     return;
   }
   const auto& members = group.getGroupMembers();
-  const auto positions = m_lookup.firstPositions(members);
+  const auto positions = m_search.firstPositions(members);
   const bool isInside = index >= 0 && static_cast<std::size_t>(index) < members.size();
   const auto place = isInside ? members.begin() + index : members.end();
 
@@ -213,47 +155,16 @@ void Selection<T, Elements>::insertInto(TKGroup<T>& group,
       together.push_back(m_elements[i]);
   }
   together.insert(together.end(), place, members.end());
-  replaceMembers(group, together, before);
+  MemberLists<T>::swap(group, together);
 }
 
 /// Takes each element out of its first holder.
-/// @param groups  a copy of `before`
 template <class T>
-void removeFromFirstHolders(std::vector<TKGroup<T>>& groups,
-                            const std::vector<T>& elements,
-                            const std::vector<TKGroup<T>>& before)
+void removeFromFirstHolders(std::vector<TKGroup<T>>& groups, const std::vector<T>& elements)
 {
   Selection<T> selection(elements);
-  for (std::size_t i = 0; i < groups.size(); ++i)
-    selection.takeOutOf(groups[i], before[i]);
-}
-
-/// Makes `list` a copy of `groups` without those that are removed: for one id after another, the
-/// first group that is left and has it. When that throws, `list` keeps what it had.
-template <class T>
-void copyWithout(const std::vector<Identifier>& removedIds,
-                 const std::vector<TKGroup<T>>& groups,
-                 std::vector<TKGroup<T>>& list)
-{
-  std::vector<Identifier> ids;
-  ids.reserve(groups.size());
-  for (const auto& group : groups)
-    ids.push_back(group.getId());
-  std::vector<bool> isRemoved(groups.size());
-  std::size_t left = groups.size();
-  SelectedElements<Identifier> removed(removedIds);
-  removed.take(ids, [&](std::size_t position, std::size_t) {
-    isRemoved[position] = true;
-    --left;
-  });
-
-  std::vector<TKGroup<T>> copy;
-  copy.reserve(left);
-  for (std::size_t i = 0; i < groups.size(); ++i) {
-    if (!isRemoved[i])
-      copy.push_back(groups[i]);
-  }
-  list.swap(copy);
+  for (auto& group : groups)
+    selection.takeOutOf(group);
 }
 
 }

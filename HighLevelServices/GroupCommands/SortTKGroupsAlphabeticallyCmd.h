@@ -53,10 +53,9 @@ private:
 
 namespace GroupLists {
 
-/// A copy of the groups, in the order of their names. Positions are sorted rather than groups: a
-/// group cannot be moved, so each swap of two groups would copy both.
+/// The positions of the groups in the order of their names.
 template <class T>
-std::vector<TKGroup<T>> sortedByName(const std::vector<TKGroup<T>>& groups)
+std::vector<std::size_t> positionsByName(const std::vector<TKGroup<T>>& groups)
 {
   std::vector<std::size_t> positions(groups.size());
   std::iota(positions.begin(), positions.end(), std::size_t{0});
@@ -64,23 +63,7 @@ std::vector<TKGroup<T>> sortedByName(const std::vector<TKGroup<T>>& groups)
     return StringUtility::toLower(groups[a].getName()) <
            StringUtility::toLower(groups[b].getName());
   });
-
-  std::vector<TKGroup<T>> sorted;
-  sorted.reserve(groups.size());
-  for (const std::size_t position : positions)
-    sorted.push_back(groups[position]);
-  return sorted;
-}
-
-/// Makes `list` a copy of `groups` while an exception is handled. When the copy fails too, `list`
-/// keeps what it had, and the caller still sees the first exception.
-template <class T>
-void copyQuietly(std::vector<TKGroup<T>>& list, const std::vector<TKGroup<T>>& groups) noexcept
-{
-  try {
-    copyInto(list, groups);
-  } catch (...) { // NOLINT(bugprone-empty-catch): see above
-  }
+  return positions;
 }
 
 }
@@ -133,13 +116,8 @@ void SortTKGroupsAlphabeticallyCmd<T>::redo()
 template <class T>
 void SortTKGroupsAlphabeticallyCmd<T>::initialize()
 {
-  m_groupsBefore = m_provider->getGroups(); // may be m_groupsBefore itself
-  try {
-    GroupLists::sortedByName(m_groupsBefore).swap(m_groupsAfter);
-  } catch (...) {
-    GroupLists::copyQuietly(m_groupsAfter, m_groupsBefore); // redo() must not delete groups
-    throw;
-  }
+  GroupLists::takeSnapshots(*m_provider, m_groupsBefore, m_groupsAfter);
+  GroupLists::arrange(m_groupsAfter, GroupLists::positionsByName(m_groupsAfter));
   for (auto& group : m_groupsAfter)
     sortGroup(group);
 }
@@ -148,9 +126,8 @@ template <class T>
 void SortTKGroupsAlphabeticallyCmd<T>::sortGroup(TKGroup<T>& group) const
 {
   auto names = m_provider->getGroupMemberNames(group.getId());
-  const auto members = GroupLists::membersByName(names);
-  group.clear();
-  group.addGroupMembersAtIndex(members, GroupLists::endOfGroup);
+  auto members = GroupLists::membersByName(names);
+  GroupLists::MemberLists<T>::swap(group, members);
 }
 
 extern template class TKM_HIGHLEVELSERVICES_DECLARE SortTKGroupsAlphabeticallyCmd<Identifier>;

@@ -19,6 +19,11 @@ class PersistenceArchiver;
 template <class T>
 class GroupRegistration;
 
+namespace GroupLists {
+template <class T>
+class MemberLists;
+}
+
 /// A named, ordered list of elements with its own id.
 ///
 /// A plain value: hosts keep groups in vectors and pass whole lists. Members are searched for with
@@ -85,6 +90,7 @@ public:
   static bool s_force_serialization_registration;
 
 private:
+  friend class GroupLists::MemberLists<T>;
   friend class GroupRegistration<T>; // the entries of its record call these two
 
   /// @throws std::exception "Parent not registered" when the archive refused the caster between

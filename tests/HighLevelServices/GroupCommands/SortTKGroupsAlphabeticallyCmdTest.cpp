@@ -97,6 +97,27 @@ TYPED_TEST(SortGroups, SortsMembersByTheNamesThatTheHostGivesThem)
             (Names{"alpha", "Beta10", "beta9", "Zeta"}));
 }
 
+TYPED_TEST(SortGroups, SortsMembersByWhateverByteTheirNamesDifferIn)
+{
+  using namespace std::string_literals;
+  const Names sorted{"",
+                     "\0"s,
+                     "\0a"s,
+                     "element",
+                     "element\0"s,
+                     "element 1",
+                     "element 10",
+                     "element 2",
+                     "element 2b",
+                     "element \xC3",
+                     "\xC3"
+                     "element"};
+  Names shuffled(sorted.rbegin(), sorted.rend());
+  std::swap(shuffled[2], shuffled[7]);
+
+  EXPECT_EQ(this->sortedMembers(shuffled), sorted);
+}
+
 TYPED_TEST(SortGroups, SortsManyGroupsWithTheirMembersAndIds)
 {
   const auto [a, b, c, d] = distinct<TypeParam, 4>();

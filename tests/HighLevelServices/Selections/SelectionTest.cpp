@@ -157,10 +157,9 @@ public:
 
   static void takeOut(Case<T>& each)
   {
-    const auto before = each.groups;
     Selected selection(each.elements);
-    for (std::size_t i = 0; i < before.size(); ++i)
-      selection.takeOutOf(each.groups[i], before[i]);
+    for (auto& group : each.groups)
+      selection.takeOutOf(group);
   }
 
   static void moveIn(Case<T>& each)
@@ -168,10 +167,10 @@ public:
     const auto before = each.groups;
     Selected selection(each.elements);
     for (std::size_t i = 0; i < before.size(); ++i) {
-      selection.takeOutOf(each.groups[i], before[i]);
+      selection.takeOutOf(each.groups[i]);
       if (i == each.target) {
         each.index = selection.lowered(each.index, before[i]);
-        selection.insertInto(each.groups[i], each.index, before[i]);
+        selection.insertInto(each.groups[i], each.index);
       }
     }
   }
@@ -197,10 +196,10 @@ public:
   }
 };
 
-using Ways = ::testing::Types<HashedElements<Identifier>,
-                              HashedElements<GUIdentifier>,
-                              ComparedElements<Identifier>,
-                              ComparedElements<GUIdentifier>>;
+using Ways = ::testing::Types<HashSearch<Identifier>,
+                              HashSearch<GUIdentifier>,
+                              ComparingSearch<Identifier>,
+                              ComparingSearch<GUIdentifier>>;
 
 struct WayName {
   template <class E>
@@ -211,12 +210,12 @@ struct WayName {
 
 private:
   template <class T>
-  static std::string nameOf(HashedElements<T>*)
+  static std::string nameOf(HashSearch<T>*)
   {
     return "Hashed" + KindName::GetName<T>(0);
   }
   template <class T>
-  static std::string nameOf(ComparedElements<T>*)
+  static std::string nameOf(ComparingSearch<T>*)
   {
     return "Compared" + KindName::GetName<T>(0);
   }
