@@ -42,9 +42,9 @@ struct IdentifierBits {
   /// Whether no bit is set, as in the invalid identifier.
   constexpr bool isZero() const { return (high | low) == 0; }
 
-  /// A hash in which every bit counts, also for hash tables that use only its lowest bits. It differs
-  /// from process to process: whoever does not know the seed cannot prepare a file whose identifiers
-  /// all have the same hash.
+  /// A hash in which every bit counts, also for hash tables that use only its lowest bits. It
+  /// differs from process to process: whoever does not know the seed cannot prepare a file whose
+  /// identifiers all have the same hash.
   std::size_t hash() const { return hash(seed); }
 
   /// The same with a given seed. Folding the product of both words is how wyhash mixes
