@@ -11,8 +11,9 @@
 
 namespace Tarvik::GroupLists {
 
-/// The same as HashedElements for identifiers that have no hash: members are compared with one
-/// element after another, in pieces that stay in the cache meanwhile.
+/// Does what HashedElements does, but without a hash: for identifiers that have none, and for few
+/// elements. One element after another is compared with a piece of the members that fits into the
+/// cache.
 template <class T>
 class ComparedElements {
 public:

@@ -12,15 +12,14 @@
 namespace Tarvik::GroupLists {
 
 // clang-format off
-/// Whether `std::hash` takes such identifiers. Equal identifiers must have equal hashes.
+/// Whether the identifiers have a `std::hash`. Equal identifiers must have equal hashes.
 template <class T>
 concept Hashable = requires(const T& identifier) {
   { std::hash<T>{}(identifier) } -> std::convertible_to<std::size_t>;
 };
 
 /// Whether all bits of a hash depend on all bits of the identifier. A hash says so with the member
-/// type that other hash tables look for as well, such as ankerl::unordered_dense and
-/// Boost.Unordered.
+/// type `is_avalanching`, which ankerl::unordered_dense and Boost.Unordered look for as well.
 template <class Hash>
 concept Avalanching =
   sizeof(std::size_t) == sizeof(std::uint64_t) && requires { typename Hash::is_avalanching; };
@@ -37,8 +36,8 @@ public:
   /// An empty table with room for all the elements.
   explicit ElementTable(const std::vector<T>& elements);
 
-  /// The position of the element in the table that is equal to the identifier. Nowhere when there
-  /// is none; assign a position to add an element.
+  /// The position of the element in the table that is equal to the identifier; nowhere when there
+  /// is none. Assign a position to add an element.
   std::size_t& at(const T& identifier, std::uint64_t hash)
   {
     return m_slots[slot(identifier, hash)];
@@ -54,7 +53,7 @@ public:
     const std::uint64_t hash = std::hash<T>{}(identifier);
     if constexpr (Avalanching<std::hash<T>>)
       return hash;
-    constexpr std::uint64_t goldenRatio = 0x9e3779b97f4a7c15; // 2^64 divided by it, and odd
+    constexpr std::uint64_t goldenRatio = 0x9e3779b97f4a7c15; // 2^64 divided by it, made odd
     return std::rotl(hash * goldenRatio, 32);
   }
 

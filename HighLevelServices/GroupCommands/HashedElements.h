@@ -14,15 +14,15 @@ namespace Tarvik::GroupLists {
 
 /// The elements of a selection, found by their hashes. `operator==` decides which ones are equal.
 ///
-/// Most members of a list are in no selection. A table of bytes shows that without a look at the
-/// elements: such a member costs its hash and one byte from the cache. The elements must outlive
-/// this object and must not change.
+/// Most members of a list are not selected. A table of bytes rules them out without a look at the
+/// elements, so that such a member costs its hash and one byte from the cache. The elements must
+/// outlive this object and must not change.
 template <class T>
 class HashedElements {
 public:
   explicit HashedElements(const std::vector<T>& elements);
 
-  /// Whether an element has taken no member yet.
+  /// Whether there is an element that has not taken a member yet.
   bool isAnyWanting() const { return m_numberOfWanting > 0; }
 
   /// Lets every element that has no member yet take the first one that is equal to it and that no
@@ -31,7 +31,7 @@ public:
   template <class Taken>
   void take(const std::vector<T>& members, Taken taken);
 
-  /// For every element the position of the first member that is equal to it, or nowhere.
+  /// For each element, the position of the first member that is equal to it, or nowhere.
   std::vector<std::size_t> firstPositions(const std::vector<T>& members) const;
 
 private:

@@ -15,10 +15,10 @@
 
 namespace Tarvik::GroupLists {
 
-/// So many elements are compared with a member in less time than a hash of the member takes.
+/// To compare a member with this many elements takes less time than to hash it.
 constexpr std::size_t fewElements = 3;
 
-/// The elements of a selection, found in the way that is faster.
+/// The elements of a selection, looked up in the faster of two ways.
 template <class T>
 class SelectedElements {
 public:
@@ -61,14 +61,14 @@ private:
   Either m_elements;
 };
 
-/// The elements given to a command, taken out of a list of groups in one pass.
+/// Takes the elements given to a command out of a list of groups in one pass.
 ///
-/// What counts is a walk: for one element after another, the first group of the list that holds it
-/// loses the first member that is equal to it. The pass gives the same lists. Elements that are not
-/// equal never compete for a member, so look at n equal elements. The walk takes out the first
-/// member equal to them in the order of the list, then the first of the rest, and so on: together
-/// the first n such members, in the order of the elements. The pass meets the members in the order
-/// of the list, and gives each to the next of the equal elements until all of them have one.
+/// The result is defined by a walk: for one element after another, the first group of the list that
+/// holds it loses the first member that is equal to it. The pass gives the same result. Only equal
+/// elements compete for a member, so look at n equal ones. The walk takes out the first member of
+/// the list that is equal to them, then the next one, and so on: the first n of them, in the order
+/// of the elements. The pass meets the members in the order of the list, and gives each to the next
+/// of the equal elements until all of them have one.
 ///
 /// Call takeOutOf() for every group of the list, in its order. lowered() and insertInto() are for
 /// the group that it was called for last.
@@ -79,17 +79,17 @@ public:
   explicit Selection(const std::vector<T>& elements) : m_elements(elements), m_lookup(elements) {}
 
   /// Takes the elements out of the next group of the list.
-  /// @param before  the same group; what `group` becomes again when memory runs out
+  /// @param before  a copy of the group, which restores it when memory runs out
   void takeOutOf(TKGroup<T>& group, const TKGroup<T>& before);
 
-  /// An insert index after the walk. The walk lowers it by one for each element that it finds
+  /// The insert index after the walk. The walk lowers it by one for each element that it finds
   /// before the index, even if it then takes that element out of an earlier group instead.
-  /// @param index   negative for the end of the group; it stays the same
-  /// @param before  the group as it was
+  /// @param index   negative for the end of the group, which is returned unchanged
+  /// @param before  the group before takeOutOf()
   int lowered(int index, const TKGroup<T>& before) const;
 
   /// Does what `group.addGroupMembersAtIndex(elements, index)` does, in linear time.
-  /// @param before  the group as it was; what `group` becomes again when memory runs out
+  /// @param before  the group before takeOutOf(), which restores it when memory runs out
   void insertInto(TKGroup<T>& group, int index, const TKGroup<T>& before) const;
 
 private:
@@ -106,12 +106,12 @@ private:
   Elements m_lookup;
   std::vector<Find> m_finds; ///< in the order of the list
   std::size_t m_numberOfGroups = 0;
-  std::vector<T> m_kept; ///< its memory serves one group after another
+  std::vector<T> m_kept; ///< a field, so that all groups use the same memory
 };
 
 /// Gives a group other members.
-/// @param before  what the group becomes when memory runs out. It was a copy of this: its memory
-///                is enough
+/// @param before  restores the group when memory runs out. The group was a copy of it, so it has
+///                enough memory for that
 template <class T>
 void replaceMembers(TKGroup<T>& group, const std::vector<T>& members, const TKGroup<T>& before)
 {
@@ -137,11 +137,11 @@ void Selection<T, Elements>::takeOutOf(TKGroup<T>& group, const TKGroup<T>& befo
   takeOut(group, earlier, before);
 }
 
-/// Takes the finds from this number on out of the group.
+/// Takes the members of this find and of all later ones out of the group.
 template <class T, class Elements>
 void Selection<T, Elements>::takeOut(TKGroup<T>& group, std::size_t find, const TKGroup<T>& before)
 {
-  constexpr std::size_t few = 4; // so many searches of the group are cheaper than a new member list
+  constexpr std::size_t few = 4; // fewer searches than this are cheaper than a new member list
   if (m_finds.size() - find < few) {
     for (; find < m_finds.size(); ++find)
       group.removeGroupMember(m_elements[m_finds[find].element]);
@@ -228,8 +228,8 @@ void removeFromFirstHolders(std::vector<TKGroup<T>>& groups,
     selection.takeOutOf(groups[i], before[i]);
 }
 
-/// Makes `list` a copy of `groups` without those that are removed: for one id after another, the
-/// first group that is left and has it. When that throws, `list` keeps what it had.
+/// Makes `list` a copy of `groups` without the removed ones: each id in turn removes the first
+/// remaining group that has it. When that throws, `list` keeps what it had.
 template <class T>
 void copyWithout(const std::vector<Identifier>& removedIds,
                  const std::vector<TKGroup<T>>& groups,
