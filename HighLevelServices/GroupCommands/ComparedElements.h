@@ -17,6 +17,7 @@ namespace Tarvik::GroupLists {
 template <class T>
 class ComparedElements {
 public:
+  /// @param elements  must outlive this object and must not change
   explicit ComparedElements(const std::vector<T>& elements);
 
   /// See HashedElements.

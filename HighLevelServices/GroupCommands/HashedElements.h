@@ -15,11 +15,11 @@ namespace Tarvik::GroupLists {
 /// The elements of a selection, found by their hashes. `operator==` decides which ones are equal.
 ///
 /// Most members of a list are not selected. A table of bytes rules them out without a look at the
-/// elements, so that such a member costs its hash and one byte from the cache. The elements must
-/// outlive this object and must not change.
+/// elements, so that such a member costs its hash and one byte from the cache.
 template <class T>
 class HashedElements {
 public:
+  /// @param elements  must outlive this object and must not change
   explicit HashedElements(const std::vector<T>& elements);
 
   /// Whether there is an element that has not taken a member yet.

@@ -22,6 +22,7 @@ constexpr std::size_t fewElements = 3;
 template <class T>
 class SelectedElements {
 public:
+  /// @param elements  must outlive this object and must not change
   explicit SelectedElements(const std::vector<T>& elements) : m_elements(chosenFor(elements)) {}
 
   /// See HashedElements.
@@ -88,7 +89,7 @@ public:
   /// @param before  the group before takeOutOf()
   int lowered(int index, const TKGroup<T>& before) const;
 
-  /// Does what `group.addGroupMembersAtIndex(elements, index)` does, in linear time.
+  /// Does what `group.addGroupMembersAtIndex(elements, index)` does, in linear time with a hash.
   /// @param before  the group before takeOutOf(), which restores it when memory runs out
   void insertInto(TKGroup<T>& group, int index, const TKGroup<T>& before) const;
 
@@ -217,7 +218,7 @@ void Selection<T, Elements>::insertInto(TKGroup<T>& group,
 }
 
 /// Takes each element out of its first holder.
-/// @param groups  a copy of `before`
+/// @param before  a copy of `groups`, which restores them when memory runs out
 template <class T>
 void removeFromFirstHolders(std::vector<TKGroup<T>>& groups,
                             const std::vector<T>& elements,

@@ -7,8 +7,8 @@ namespace Tarvik {
 
 /// The product of two words, which has 128 bits.
 struct WideProduct {
-  std::uint64_t high;
-  std::uint64_t low;
+  std::uint64_t high; ///< the upper 64 bits
+  std::uint64_t low;  ///< the lower 64 bits
 
   /// The product, computed with the processor's own instruction where the compiler offers it.
   static constexpr WideProduct of(std::uint64_t a, std::uint64_t b)
