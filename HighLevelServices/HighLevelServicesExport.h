@@ -8,7 +8,7 @@
 /// - `TKM_HIGHLEVELSERVICES_DECLARE` in `extern template class ... X<Identifier>;` in a header,
 /// - `TKM_HIGHLEVELSERVICES_DEFINE` in `template class ... X<Identifier>;` in the source file.
 ///
-/// While the library is built, compilers want the mark in different places. MSVC exports at the
+/// While the library is built, compilers need the mark in different places. MSVC exports at the
 /// definition, and warns about an export at an extern declaration (C4910). GCC and Clang take the
 /// attribute from the first declaration, and ignore it at the definition. Define members outside
 /// the class body: MinGW's GCC exports no others.

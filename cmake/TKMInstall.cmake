@@ -14,7 +14,7 @@ set(TKM_INSTALL_HEADERS "${CMAKE_INSTALL_INCLUDEDIR}/${TKM_PACKAGE}")
 set(TKM_INSTALL_CMAKE "${CMAKE_INSTALL_LIBDIR}/cmake/${TKM_PACKAGE}")
 
 # tkm_install_run_path(<target> <dir>): lets the target, which is installed into <dir>, find the
-# libraries, also when all of it is moved.
+# libraries, even after the whole installation is moved.
 function(tkm_install_run_path target dir)
   if(WIN32 OR TKM_DEBIAN_LAYOUT)
     return()
@@ -107,7 +107,7 @@ function(tkm_install_compiler_runtime)
     set(CMAKE_INSTALL_SYSTEM_RUNTIME_COMPONENT TKMService_Runtime)
     include(InstallRequiredSystemLibraries)
   elseif(MINGW)
-    set(stripped "${PROJECT_BINARY_DIR}/runtime") # much smaller than the compiler's own files
+    set(stripped "${PROJECT_BINARY_DIR}/runtime") # copies, much smaller than the compiler's files
     file(MAKE_DIRECTORY "${stripped}")
     foreach(library IN ITEMS libgcc_s_seh-1.dll libstdc++-6.dll libwinpthread-1.dll)
       execute_process(COMMAND "${CMAKE_CXX_COMPILER}" "-print-file-name=${library}"

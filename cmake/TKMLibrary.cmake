@@ -67,7 +67,7 @@ if(MSVC)
   # throw.
   target_compile_options(tkm_warnings INTERFACE /W4 /permissive- /utf-8 /wd4251 /wd4275 /wd4702
     $<$<BOOL:${TKM_WARNINGS_AS_ERRORS}>:/WX>)
-  # MSVC warns of standard functions for which it has its own, and windows.h has macros min and max.
+  # MSVC warns about standard functions that it has replacements for, and windows.h has macros min and max.
   target_compile_definitions(tkm_warnings INTERFACE _CRT_SECURE_NO_WARNINGS NOMINMAX)
 else()
   target_compile_options(tkm_warnings INTERFACE

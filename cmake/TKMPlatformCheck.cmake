@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 # Proves that a program and the library share one copy of the platform: one registry, one translator,
-# one source of identifiers. Two copies build without a word and go wrong later. Also tries whether the
-# registry takes a pair of classes twice, as the library needs.
+# one source of identifiers. Two copies build without an error and fail later. Also checks that the
+# registry accepts a pair of classes twice, as the library needs.
 include(MinGWRuntime)
 
 # tkm_add_platform_check([LIBRARY <target>]): the program tkm-check-platform, which runs when it is

@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: MIT
-# Fails when the file LOG has warnings of Doxygen, and shows them. Special members may be without a
-# comment (constructors without parameters, copying, moving, and destructors): most of their comments
-# would only repeat the declaration.
-cmake_minimum_required(VERSION 3.25) # as a script of its own it would have old policies
+# Fails when the file LOG has warnings from Doxygen, and shows them. Special members (constructors
+# without parameters, copying, moving, and destructors) need no comment: most of their comments would
+# only repeat the declaration.
+cmake_minimum_required(VERSION 3.25) # a script without this line has old policies
 
 file(STRINGS "${LOG}" lines)
 set(warnings "")

@@ -20,9 +20,9 @@ namespace Tarvik {
 
 /// Puts elements into a group, at a given place or at its end. Each leaves its first holder.
 ///
-/// Elements that are still members of the target after that stay where they are in it; others that
-/// are given twice are inserted twice. When the target is unknown, nothing happens, also on undo()
-/// and redo(). Call execute() once, then undo() and redo() in turn.
+/// An element that the target still has after that stays where it is; any other that is given twice
+/// is inserted twice. When the target is unknown, nothing happens, not even on undo() and redo().
+/// Call execute() once, then undo() and redo() in turn.
 template <class T>
 class AddToTKGroupCmd : public CommandBase {
 public:
@@ -38,13 +38,11 @@ public:
   AddToTKGroupCmd& operator=(AddToTKGroupCmd&& other);
   ~AddToTKGroupCmd() override;
 
-  /// Sets the place of the elements. Call it before execute(), and again before any further
-  /// execute(), which starts from the lowered index.
-  /// @param index  the position of the member of the target before which the elements go. It is
-  ///               counted from 0 in the group before execute(), moved members included. Negative
-  ///               (as by default, -1) or past the last member: the end. When an element of the
-  ///               target before that place leaves an earlier holder instead, the place is one
-  ///               closer to the front
+  /// Sets the place of the elements. Call it before each execute(), which lowers the index.
+  /// @param index  the elements go before the target's member at this position, counted from 0 in
+  ///               the group as it is before execute(). Negative (the default, -1) or past the last
+  ///               member: the end. For each element that the target has before this position, but
+  ///               that leaves an earlier holder instead, the place is one closer to the front
   void setInsertIndex(int index);
 
   void execute() override;
@@ -148,8 +146,8 @@ bool AddToTKGroupCmd<T>::isTargetGroupValid() const
   return GroupLists::findGroup(m_groupsAfter, m_targetGroupId) != m_groupsAfter.end();
 }
 
-/// Takes one element out of its first holder. Nothing calls it, since a whole selection is taken
-/// out at once; the binary interface of the class has it.
+/// Takes one element out of its first holder. Unused, since a whole selection is taken out at once;
+/// kept for the binary interface.
 template <class T>
 void AddToTKGroupCmd<T>::removeFromGroups(const T& element)
 {

@@ -129,8 +129,8 @@ void CreateTKGroupCmd<T>::generateName()
   m_name = UniqueNameProvider::createUniqueName(m_name, taken);
 }
 
-/// Takes one element out of its first holder. Nothing calls it, since a whole selection is taken
-/// out at once; the binary interface of the class has it.
+/// Takes one element out of its first holder. Unused, since a whole selection is taken out at once;
+/// kept for the binary interface.
 template <class T>
 void CreateTKGroupCmd<T>::removeFromGroups(const T& element)
 {

@@ -13,19 +13,19 @@
 
 namespace Tarvik::GroupLists {
 
-/// Lowers a member's name byte by byte with the current global locale. Names of groups are lowered
-/// in another way, on purpose.
+/// Lowers a member's name byte by byte with the current global locale. Names of groups are
+/// deliberately lowered in another way.
 inline void lowerMemberName(std::string& name)
 {
   const std::locale global;
   const auto& letters = std::use_facet<std::ctype<char>>(global);
-  // one call per byte: a program's own facet need not do the same for a range
+  // one call per byte: a program's own facet may do something else for a range
   std::transform(name.begin(), name.end(), name.begin(),
                  [&letters](char letter) { return letters.tolower(letter); });
 }
 
-/// The first eight bytes of a name as a number: names whose numbers differ are in the order of the
-/// numbers.
+/// The first eight bytes of a name as a number. If the numbers of two names differ, the names have
+/// the same order as the numbers.
 inline std::uint64_t firstBytes(const std::string& name)
 {
   std::uint64_t number = 0;

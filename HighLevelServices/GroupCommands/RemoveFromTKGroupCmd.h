@@ -100,8 +100,8 @@ void RemoveFromTKGroupCmd<T>::initialize()
   GroupLists::removeFromFirstHolders(m_groupsAfter, m_elements);
 }
 
-/// Takes one element out of its first holder. Nothing calls it, since a whole selection is taken
-/// out at once; the binary interface of the class has it.
+/// Takes one element out of its first holder. Unused, since a whole selection is taken out at once;
+/// kept for the binary interface.
 template <class T>
 void RemoveFromTKGroupCmd<T>::removeFromGroups(const T& element)
 {

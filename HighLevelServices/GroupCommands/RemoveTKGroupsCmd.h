@@ -18,7 +18,7 @@
 
 namespace Tarvik {
 
-/// Deletes groups. Their members go with them, and into no other group.
+/// Deletes groups. Their members are not put into any other group.
 ///
 /// Each id deletes the first group that has it; unknown ids are skipped. Call execute() once, then
 /// undo() and redo() in turn. Unlike the other commands, this one cannot be moved.
@@ -112,8 +112,7 @@ void RemoveTKGroupsCmd<T>::initialize()
   GroupLists::arrange(m_groupsAfter, GroupLists::positionsWithout(m_groupIds, m_groupsAfter));
 }
 
-/// Removes one group. Nothing calls it, since all groups are removed at once; the binary interface
-/// of the class has it.
+/// Removes one group. Unused, since all groups are removed at once; kept for the binary interface.
 template <class T>
 void RemoveTKGroupsCmd<T>::removeGroup(const Identifier& id)
 {

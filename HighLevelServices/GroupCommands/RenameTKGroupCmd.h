@@ -19,8 +19,8 @@ namespace Tarvik {
 /// Gives a group another name.
 ///
 /// Keeps two names instead of two lists, and asks the provider to rename the group on execute, undo
-/// and redo. It also asks for an unknown id, with an empty old name. Every name is passed on
-/// unchanged, also when it is empty or taken. Call execute() once, then undo() and redo() in turn.
+/// and redo, even when the id is unknown: the old name is then empty. Every name is passed on
+/// unchanged, even when it is empty or taken. Call execute() once, then undo() and redo() in turn.
 template <class T>
 class RenameTKGroupCmd : public CommandBase {
 public:
@@ -115,8 +115,8 @@ TKGroup<T>& RenameTKGroupCmd<T>::getGroup()
   return fallback;
 }
 
-/// Renames the group in the provider's list directly, without undo. Nothing calls it; the binary
-/// interface of the class has it.
+/// Renames the group in the provider's list directly, without undo. Unused; kept for the binary
+/// interface.
 template <class T>
 void RenameTKGroupCmd<T>::setName(const std::string& name)
 {

@@ -10,14 +10,14 @@
 
 namespace Tarvik::GroupLists {
 
-/// The elements given to a command, taken out of a list of groups in one pass. Not for hosts.
+/// Takes the elements given to a command out of a list of groups in one pass. Not for hosts.
 ///
-/// The result is that of a walk: for one element after another, the first group of the list that
-/// holds it loses the first member that is equal to it. Elements that are not equal never compete
-/// for a member, so look at n equal elements. The walk takes out the first member equal to them in
-/// the order of the list, then the first of the rest, and so on: together the first n such members,
-/// in the order of the elements. The pass meets the members in the order of the list, and matches
-/// each with the next of the equal elements until all of them have one.
+/// The result is defined by a walk: for one element after another, the first group of the list that
+/// holds it loses the first member that is equal to it. The pass gives the same result. Only equal
+/// elements compete for a member, so look at n equal ones. The walk takes out the first member of
+/// the list that is equal to them, then the next one, and so on: the first n of them, in the order
+/// of the elements. The pass meets the members in the order of the list, and gives each to the next
+/// of the equal elements until all of them have one.
 ///
 /// Call takeOutOf() for every group of the list, in its order. lowered() and insertInto() are for
 /// the group that it was called for last.
@@ -31,14 +31,14 @@ public:
   /// was.
   void takeOutOf(TKGroup<T>& group);
 
-  /// An insert index after the walk. The walk lowers it by one for each element that it finds
+  /// The insert index after the walk. The walk lowers it by one for each element that it finds
   /// before the index, even if it then takes that element out of an earlier group instead.
-  /// @param index   negative for the end of the group; it stays the same
-  /// @param before  the group as it was
+  /// @param index   negative for the end of the group, which is returned unchanged
+  /// @param before  the group before takeOutOf()
   int lowered(int index, const TKGroup<T>& before) const;
 
-  /// Does what `group.addGroupMembersAtIndex(elements, index)` does, in linear time. When that
-  /// throws, the group is as it was.
+  /// Does what `group.addGroupMembersAtIndex(elements, index)` does, in linear time with a hash.
+  /// When that throws, the group is as it was.
   void insertInto(TKGroup<T>& group, int index) const;
 
 private:

@@ -16,7 +16,8 @@ public:
   using Conversion = void* (*)(void*);
 
   /// @param derivedToBase  takes a `Derived*`, returns a `Base*`
-  /// @param baseToDerived  takes a `Base*`, returns a `Derived*`, or null when the object is none
+  /// @param baseToDerived  takes a `Base*`, returns a `Derived*`, or null when the object is of
+  ///                       another class
   CasterAccess(Conversion derivedToBase, Conversion baseToDerived);
 
   void* toBase(void* derived) const override;

@@ -10,7 +10,9 @@ namespace Tarvik {
 ///
 /// A default-constructed identifier is a new one. `getInvalidId()` returns an identifier that is
 /// not valid; the reference must stay usable while the library is loaded. Identifiers are copied
-/// and compared for equality: they need no move, no order and no hash.
+/// and compared for equality; they need no move and no order. A `std::hash` is optional. With one,
+/// commands take time that is linear in the size of a selection; without one, they compare each of
+/// its elements with the members.
 // clang-format off
 template <class T>
 concept ElementIdentifier =

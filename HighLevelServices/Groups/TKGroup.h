@@ -81,9 +81,9 @@ public:
   /// Removes all members; name and id stay.
   void clear();
 
-  /// Registers the class with the archive, unless that is done, and copies its class record. The
-  /// class name is "TKIdGroup" or "TKGUIdGroup", the version 500001.
-  /// @param out  a BaseClassRegister to overwrite; left alone when the archive refused the class
+  /// Registers the class with the archive if needed, and copies its class record. The class name is
+  /// "TKIdGroup" or "TKGUIdGroup", the version 500001.
+  /// @param out  a BaseClassRegister to overwrite; unchanged when the archive refused the class
   static void serialization_register(void* out);
 
   /// Whether the archive accepted the class when the library was loaded.

@@ -15,9 +15,9 @@
 /// @file
 /// How groups are registered, saved and loaded: the part of TKGroup that only the library compiles.
 ///
-/// A group's bytes: a frame with the name, the id, a frame with the members. The two frames are
-/// read in different ways; the id goes through the stream operators, the members through the
-/// entries of their class. Keep these differences: archives of other programs depend on them.
+/// A group is saved as a frame with the name, then the id, then a frame with the members. The two
+/// frames are read in different ways; the id goes through the stream operators, the members through
+/// the entries of their class. Keep these differences: archives of other programs depend on them.
 ///
 /// The casts to void say that the result is ignored on purpose: a platform may mark it
 /// [[nodiscard]].
@@ -162,11 +162,11 @@ void loadMembers(PersistenceArchiver& archive, std::vector<T>& members)
 
 }
 
-/// The registration of one kind of groups with the archive.
+/// Registers one kind of group with the archive.
 template <class T>
 class GroupRegistration {
 public:
-  /// Registers the class, unless that is done.
+  /// Registers the class if needed.
   /// @return its record; null when the archive refuses the class
   static BaseClassRegister* registerClass();
 

@@ -69,7 +69,7 @@ constexpr std::strong_ordering operator<=>(const GUIdentifier& a, const GUIdenti
 
 template <>
 struct std::hash<Tarvik::GUIdentifier> {
-  using is_avalanching = void; ///< for hash tables that would mix the bits once more otherwise
+  using is_avalanching = void; ///< tells hash tables that the bits need no more mixing
 
   std::size_t operator()(const Tarvik::GUIdentifier& identifier) const noexcept
   {

@@ -78,7 +78,7 @@ TKM_IDENTIFIER_API PersistenceArchiver& operator>>(PersistenceArchiver& archive,
 
 template <>
 struct std::hash<Tarvik::Identifier> {
-  using is_avalanching = void; ///< for hash tables that would mix the bits once more otherwise
+  using is_avalanching = void; ///< tells hash tables that the bits need no more mixing
 
   std::size_t operator()(const Tarvik::Identifier& identifier) const noexcept
   {

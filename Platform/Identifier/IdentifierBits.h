@@ -42,16 +42,16 @@ struct IdentifierBits {
   /// Whether no bit is set, as in the invalid identifier.
   constexpr bool isZero() const { return (high | low) == 0; }
 
-  /// A hash in which every bit counts, also for hash tables that use only its lowest bits. It differs
-  /// from process to process: whoever does not know the seed cannot prepare a file whose identifiers
-  /// all have the same hash.
+  /// A hash in which every bit counts, even for hash tables that use only its lowest bits. It
+  /// depends on the random seed of this process, so never save it. Without the seed nobody can
+  /// prepare a file whose identifiers all have the same hash.
   std::size_t hash() const { return hash(seed); }
 
   /// The same with a given seed. Folding the product of both words is how wyhash mixes
   /// (https://github.com/wangyi-fudan/wyhash).
   constexpr std::size_t hash(const IdentifierBits& ofSeed) const
   {
-    constexpr std::uint64_t goldenRatio = 0x9e3779b97f4a7c15; // 2^64 divided by it, and odd
+    constexpr std::uint64_t goldenRatio = 0x9e3779b97f4a7c15; // 2^64 divided by it, made odd
     const auto product = WideProduct::of(low ^ ofSeed.low, high ^ ofSeed.high);
     const auto mixed = (product.high ^ product.low) * goldenRatio;
     return static_cast<std::size_t>(std::rotl(mixed, 32)); // the upper half is the better mixed one

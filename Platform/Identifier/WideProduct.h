@@ -22,7 +22,7 @@ struct WideProduct {
 #endif
   }
 
-  /// The same, computed from the products of half words as by hand.
+  /// The same, computed from the products of half words, as in long multiplication.
   static constexpr WideProduct ofHalves(std::uint64_t a, std::uint64_t b)
   {
     constexpr std::uint64_t half = 0xFFFFFFFF;

@@ -5,16 +5,16 @@
 #include <string>
 #include <string_view>
 
-/// How the archive says no: all its errors are made here. Not for others.
+/// Throws all errors of the archive. Not for hosts.
 namespace Tarvik::ArchiveComplaints {
 
-/// What the reader of an error should know or do.
+/// What whoever reads the error should know or do.
 inline constexpr std::string_view damaged = "the archive is damaged";
 inline constexpr std::string_view useNewerProgram =
     "use the version of the program that wrote it, or a newer one";
 
 /// Refuses what is in an archive, or what does not fit into one.
-/// @param position  the byte that it is about
+/// @param position  the byte that the error is about
 /// @throws ArchiveError "archive, byte 8: expected …, found …; <advice>"
 [[noreturn]] void refuse(std::size_t position,
                          const std::string& expected,

@@ -12,7 +12,7 @@ namespace Tarvik {
 /// The bytes of an archive are not what its reader needs, or a value does not fit into an archive.
 class TKM_PERSISTENCEARCHIVER_API ArchiveError : public std::runtime_error {
 public:
-  /// @param position  the byte of the archive that it is about, counted from 0
+  /// @param position  the byte of the archive that the error is about, counted from 0
   /// @param message   what was expected and what was found
   ArchiveError(std::size_t position, const std::string& message);
 
@@ -24,7 +24,7 @@ public:
 
   ~ArchiveError() override;
 
-  /// The byte of the archive that it is about, counted from 0.
+  /// The byte of the archive that the error is about, counted from 0.
   std::size_t position() const noexcept { return m_position; }
 
 private:

@@ -5,8 +5,8 @@
 #include <cstddef>
 #include <cstdint>
 
-/// The numbers of archive format version 1. docs/archive-format.md describes the bytes; whoever
-/// changes one changes the other.
+/// The numbers of archive format version 1. docs/archive-format.md describes the bytes: change
+/// both together.
 namespace Tarvik::ArchiveFormat {
 
 /// The first bytes of every archive.

@@ -20,11 +20,11 @@ namespace Tarvik {
 /// Reads one archive. Not for hosts: PersistenceArchiver is.
 ///
 /// The position is always within the innermost open frame, or within the body when no frame is
-/// open. What would lead out of it is an ArchiveError and changes nothing. In an unused reader
-/// nothing remains to be read, and all that asks for more is a mistake of the program.
+/// open. To read past its end is an ArchiveError, and changes nothing. An unused reader has nothing
+/// to read, and to ask it for anything is a mistake of the program.
 class ArchiveReader {
 public:
-  /// The unused reader of an archive that is written.
+  /// An unused reader, for an archive that is written.
   ArchiveReader() = default;
 
   /// Checks the header and the checksum.
@@ -45,7 +45,7 @@ public:
   std::size_t remaining() const noexcept { return static_cast<std::size_t>(m_end - m_position); }
 
   /// Reads a number.
-  /// @throws ArchiveError when fewer bytes remain, as all that reads
+  /// @throws ArchiveError when fewer bytes remain, like every operation that reads
   template <ArchivedNumber Number>
   Number take();
 
@@ -53,13 +53,15 @@ public:
   template <ArchivedNumber Number>
   void take(std::span<Number> numbers);
 
-  /// Reads a length and as many bytes.
+  /// Reads a length and that many bytes.
   std::string takeText();
 
-  /// Takes a count of elements for which the remaining bytes suffice.
+  /// Reads a count of elements.
+  /// @throws ArchiveError when the remaining bytes cannot hold so many
   TKM_PERSISTENCEARCHIVER_API std::size_t takeCount(std::size_t leastElementSize);
 
-  /// Checks a count that was just taken, by the least size of an object of the frame's class.
+  /// Refuses a count that was just read if the remaining bytes cannot hold so many objects of the
+  /// frame's class.
   void checkCount(std::size_t count) const;
 
   /// Enters a frame; its class hash comes next.

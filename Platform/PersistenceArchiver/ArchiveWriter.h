@@ -23,14 +23,14 @@ namespace Tarvik {
 /// Writes one archive into memory that grows up to a limit. Not for hosts: PersistenceArchiver is.
 ///
 /// A writer is open until finish(), or until something could not be written; clear() opens it
-/// again. A closed writer has no room, so that whatever appends ends in grow(), which says why it
-/// is closed. The check for room is the only one on the way.
+/// again. A closed writer has no room: everything that appends then calls grow(), which says why
+/// the writer is closed. So appending needs only one check, the one for room.
 class ArchiveWriter {
 public:
   /// Begins an archive.
   ArchiveWriter();
 
-  /// The closed writer of an archive that is read.
+  /// A closed writer, for an archive that is read.
   static ArchiveWriter unused();
 
   ArchiveWriter(const ArchiveWriter&) = delete;
@@ -41,7 +41,7 @@ public:
   std::size_t position() const noexcept;
 
   /// Appends a number.
-  /// @throws ArchiveError when it does not fit into the limit, as all that appends
+  /// @throws ArchiveError when it does not fit into the limit, like every operation that appends
   template <ArchivedNumber Number>
   void append(Number number);
 
@@ -62,7 +62,7 @@ public:
   void openFrame(std::size_t start, unsigned int classHash);
 
   /// Ends a frame.
-  /// @param start  that of the frame that was opened last
+  /// @param start  the start of the frame that was opened last
   /// @param end    position()
   void closeFrame(std::size_t start, std::size_t end);
 
@@ -71,7 +71,7 @@ public:
   /// @return the archive; the same one when it is called again
   std::span<const std::byte> finish(ClassTable::Records& classes);
 
-  /// Closes an open writer whose archive lacks something.
+  /// Closes an open writer whose archive is incomplete.
   TKM_PERSISTENCEARCHIVER_API void giveUp() noexcept;
 
   /// Begins another archive in the same memory.

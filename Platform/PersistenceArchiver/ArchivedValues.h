@@ -161,7 +161,7 @@ BaseClassRegister PersistenceArchiver::recordOf()
   return record;
 }
 
-/// The fewest bytes that an element takes, so that a count which cannot be true is refused.
+/// The fewest bytes that an element takes. Shows whether a count can be true.
 template <class Element>
 constexpr std::size_t PersistenceArchiver::leastSizeOf()
 {

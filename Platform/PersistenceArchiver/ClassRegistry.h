@@ -10,7 +10,7 @@ class Caster;
 }
 
 /// The registry of the program: its classes, their types, and the casters between them. The static
-/// operations of PersistenceArchiver fill it. Not for others. May be used from any thread.
+/// operations of PersistenceArchiver fill it. Not for hosts. May be used from any thread.
 namespace Tarvik::ClassRegistry {
 
 struct RegisteredClass {

@@ -14,12 +14,12 @@ namespace Tarvik {
 /// One shared object.
 struct LoadedObject {
   std::shared_ptr<void> owner;
-  void* object = nullptr; ///< as one of its own class
+  void* object = nullptr; ///< as an object of its own class
   unsigned int classHash = BaseClassRegister::unknownClassHash;
 };
 
 /// The shared objects that one archive has loaded, by number, and the pointers to them that were
-/// handed out, by the class of the pointer. Keeps a share of each. Not for others.
+/// handed out, by the class of the pointer. Keeps a share of each. Not for hosts.
 class LoadedObjects {
 public:
   /// The greatest number so far.
@@ -29,11 +29,11 @@ public:
   const LoadedObject& operator[](std::size_t number) const { return m_objects[number - 1]; }
 
   /// Makes the object with the next number.
-  /// @param record  of its own class; has a create entry
+  /// @param record  of the object's own class; has a create entry
   /// @return valid until the next one is made; without an owner, which the caller must set
   LoadedObject& create(const BaseClassRegister& record);
 
-  /// The container for pointers to the class, which the class makes when it is first needed.
+  /// The container for pointers to the class. The class makes it when it is first needed.
   /// @throws std::logic_error when the class makes none
   MapContainer& pointersTo(const BaseClassRegister& declared);
 

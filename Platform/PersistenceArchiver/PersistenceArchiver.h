@@ -25,17 +25,17 @@ class LoadedObjects;
 class SavedObjects;
 struct SharedPointerAccess;
 
-/// Writes values and objects into a growing block of bytes, or reads them back from one, and knows
-/// the classes whose objects take part. docs/archive-format.md describes the bytes.
+/// Writes values and objects into a growing block of bytes, or reads them back from one. Its static
+/// operations register the classes of the objects. docs/archive-format.md describes the bytes.
 ///
 /// Writing: fill the archive with `<<`, then take the bytes from finish(). Reading: give the bytes
 /// to the constructor, which checks all of them, and read with `>>` in the same order.
 ///
 /// An archive either writes or reads. To use it the other way is a std::logic_error, as is every
 /// other mistake of the program. Bytes that are not what the reader needs are an ArchiveError, and
-/// so is what does not fit into an archive. After either, and after any other exception that comes
-/// out of an object or a list, only destroy the archive, or clear() one that is written; an object
-/// that was being loaded may be partly loaded.
+/// so is a value that does not fit into an archive. After an error, or any other exception from an
+/// object or a list, only destroy the archive, or clear() one that is written; an object that was
+/// being loaded may be partly loaded.
 ///
 /// The program reads and writes the files. Use an archive from one thread at a time, the static
 /// operations from any.
@@ -62,13 +62,14 @@ public:
   /// The class registered for a type, or BaseClassRegister::unknownClassHash.
   static unsigned int getHashForType(unsigned int typeNameHash);
 
-  /// Registers how pointers are converted between two classes. A known pair gets the new caster.
+  /// Registers how pointers are converted between two classes. A pair that is already registered
+  /// gets the new caster.
   /// @param parentHash  the base class
   /// @param childHash   the derived class
   /// @param caster  made by plain `new`; owned by the registry from now on, whatever the result. A
   ///                registered one is kept until the program ends, and its destructor is not run:
   ///                its code may have been unloaded before.
-  /// @return whether the pair is known now; false without a caster, and for the unknown class
+  /// @return whether the pair is registered now; false without a caster, and for the unknown class
   static bool registerCaster(unsigned int parentHash, unsigned int childHash, Caster* caster);
 
   /// The version for classes that are registered without one: that of the archive format.
@@ -98,8 +99,8 @@ public:
   /// @throws std::logic_error in an archive that was opened for reading
   void clear();
 
-  /// Lets the archive grow to this many bytes and no more: to write beyond is an ArchiveError.
-  /// Without it the limit is where 32-bit positions end, at 4 GiB less one byte.
+  /// Lets the archive grow to this many bytes and no more: to write more is an ArchiveError.
+  /// By default the limit is where 32-bit positions end, at 4 GiB less one byte.
   void limitSize(std::uint32_t bytes);
 
   /// The write position, in bytes from the beginning of the archive.
@@ -135,7 +136,7 @@ public:
   void check_container_size(unsigned int count);
 
   /// The classes met in the archive, by class hash. In an archive that is read, the read version of
-  /// each is the version in which its objects were written. Load entries may add entries for what
+  /// each is the version in which its objects were written. Load entries may add the classes that
   /// they look up.
   std::map<unsigned int, BaseClassRegister>& classTable() noexcept;
 
@@ -149,12 +150,12 @@ public:
   PersistenceArchiver& operator>>(Number& value);
   /// @}
 
-  /// Others would be cut to `unsigned int` without a warning.
+  /// Other numbers would be cut to `unsigned int` without a warning.
   template <UnarchivedNumber Value>
   PersistenceArchiver& operator<<(const Value& value) = delete;
 
   /// @{
-  /// A fixed number of numbers, as if one after the other, in one step.
+  /// A fixed number of numbers: the same bytes as one after the other, but in one step.
   template <ArchivedNumber Number, std::size_t size>
   PersistenceArchiver& operator<<(const std::array<Number, size>& numbers);
   template <ArchivedNumber Number, std::size_t size>
@@ -194,8 +195,8 @@ public:
   /// destructor. If C has no virtual operations, the archive cannot see an object's derived class,
   /// and saves it as a C.
   ///
-  /// To load an object as another class than it was saved as, one needs a caster between them; a
-  /// polymorphic C needs a virtual destructor.
+  /// Loading an object as a class other than the one it was saved as needs a caster between the
+  /// two. A polymorphic C needs a virtual destructor.
   template <RegisteredClass C>
   PersistenceArchiver& operator<<(const std::shared_ptr<C>& object);
   template <RegisteredClass C>

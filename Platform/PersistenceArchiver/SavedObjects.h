@@ -9,15 +9,15 @@
 namespace Tarvik {
 
 /// The shared objects that one archive has saved: gives each its number, 1 for the first, and keeps
-/// a share of it, so that its address does not become another object's. Not for others.
+/// a share of it, so that its address does not become another object's. Not for hosts.
 class SavedObjects {
 public:
   struct Number {
     unsigned int value;
-    bool isNew; ///< the object is to follow
+    bool isNew; ///< the object must follow
   };
 
-  /// @param object     points to it as one of its own class
+  /// @param object     points to it as an object of its own class
   /// @param classHash  its own class, since an object begins where its first member does
   Number numberOf(const std::shared_ptr<void>& owner, const void* object, unsigned int classHash);
 

@@ -8,7 +8,7 @@
 namespace Tarvik {
 
 /// How to handle shared pointers to one class, for code that does not know the class. All
-/// `void` pointers point to objects as ones of this class. Not for hosts.
+/// `void` pointers point to objects as objects of this class. Not for hosts.
 struct SharedPointerAccess {
   /// Takes ownership of a new object.
   std::shared_ptr<void> (*own)(void* object);

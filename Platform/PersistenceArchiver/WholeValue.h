@@ -6,7 +6,7 @@
 namespace Tarvik {
 
 /// Guards a value that is written in several steps: when an exception keeps complete() from being
-/// called, the writer gives up its archive, which lacks the other steps. Not for hosts.
+/// called, the writer gives up its archive, which is incomplete. Not for hosts.
 class WholeValue {
 public:
   /// @param writer  must outlive the guard

@@ -16,7 +16,7 @@ class PointDocument;
 class MoveCollectionsCmd : public CommandBase {
 public:
   /// @param document      shared for the command's life; not null
-  /// @param target        the element they are placed beside; if it is unknown, nothing changes
+  /// @param target        the element next to which they go; if it is unknown, nothing changes
   /// @param elements      the elements, in their new order
   /// @param insertBefore  true: before the target; false: after it
   MoveCollectionsCmd(std::shared_ptr<PointDocument> document,

@@ -49,7 +49,7 @@ public:
   /// The element with exactly that name, or null; valid as long as the document.
   const PointCollection* findByName(const std::string& name) const;
 
-  /// The order after a command of createMoveCommand(); the present order if nothing moves.
+  /// The order that a command of createMoveCommand() would make; the present one if nothing moves.
   std::vector<GUIdentifier> orderAfterMove(const GUIdentifier& target,
                                            const std::vector<GUIdentifier>& elements,
                                            bool insertBefore) const;

@@ -33,7 +33,7 @@ public:
   /// How many steps can be undone. Each keeps two lists of groups, so memory sets a limit.
   static constexpr std::size_t historyLimit = 1000;
 
-  /// What saving a file would destroy without the user having seen it.
+  /// What saving would overwrite that the user has not seen.
   enum class OverwriteRisk {
     None,
     OtherFile,   ///< a file that the document was neither opened from nor saved in
@@ -48,7 +48,7 @@ public:
   Editor& operator=(const Editor&) = delete;
   ~Editor() = default;
 
-  /// Never null. Commands share it, so it may outlive its time in the editor.
+  /// Never null. Commands share it, so it may live on after replaceDocument().
   const std::shared_ptr<PointDocument>& document() const { return m_opened.document; }
 
   const std::string& title() const { return m_opened.title; }

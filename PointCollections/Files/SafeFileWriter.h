@@ -13,9 +13,9 @@ namespace Tarvik::PointCollections {
 /// old content or its complete new content.
 ///
 /// The bytes are written to a new file in the same folder, `.point-collections-` with 32 digits and
-/// `.tmp`, and flushed to the disk. Only then the new file replaces the old one. Failures are
-/// std::system_errors; the destructor then removes the new file. Only a program that is killed
-/// leaves it, and it is never in the way of another one.
+/// `.tmp`, and flushed to the disk. Only then does the new file replace the old one. Failures
+/// are std::system_errors; the destructor then removes the new file. Only a program that is killed
+/// leaves it behind, and it is never in the way of another one.
 ///
 /// A symbolic link stays; the file that it leads to is replaced. The new file gets the access
 /// rights of the old one. Other names of the old file (hard links) keep the old content. MinGW's
@@ -38,7 +38,7 @@ public:
   void commit();
 
 private:
-  std::filesystem::path m_file; ///< the end of all links
+  std::filesystem::path m_file; ///< with all links followed
   NewFile m_newFile;
 };
 

@@ -23,7 +23,7 @@ std::string inQuotes(std::string_view name);
 /// As asTyped(), for messages: a name longer than 60 characters is cut and ends in "…".
 std::string displayName(std::string_view name);
 
-/// The text; if it is longer than so many characters, it is cut there and ends in "…".
+/// The text; if it has more than that many characters, it is cut there and ends in "…".
 std::string abbreviated(std::string_view text, std::size_t characters);
 
 /// "1 element", "2 elements": a number and a noun whose plural ends in s.

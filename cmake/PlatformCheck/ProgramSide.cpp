@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Compares what the program and the library see of the platform, and tries what a registry must
+// Compares what the program and the library see of the platform, and checks what a registry must
 // allow. Fails with a line for each problem.
 
 #include "Side.h"
@@ -65,7 +65,7 @@ void checkIds(const std::string& kind)
               "s: new ones made in a library equal new ones made in the program.");
 }
 
-/// Not in Windows, where the address may be that of a stub in each DLL.
+/// Not on Windows, where the address may be that of a stub in each DLL.
 void checkTranslator()
 {
 #if defined(TKM_CHECK_TRANSLATOR) && !defined(_WIN32)

@@ -21,7 +21,7 @@
 
 namespace Tarvik::PlatformCheck {
 
-/// As many new identifiers as two copies of a generator need to repeat each other.
+/// Enough new identifiers for two copies of a generator to repeat each other.
 template <class T>
 using NewIds = std::array<T, 100>;
 

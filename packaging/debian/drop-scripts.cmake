@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# cpack runs this after it has made the packages. It gives packages of libraries scripts that call
+# cpack runs this after it has made the packages. cpack gives packages of libraries scripts that call
 # ldconfig. The trigger does that already, and with a script `dpkg -r` would not remove all of the
 # package.
 if(NOT CPACK_GENERATOR STREQUAL "DEB")

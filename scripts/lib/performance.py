@@ -38,7 +38,7 @@ class Results:
         return max(len(rounds) for rounds in self._rounds.values())
 
     def times(self, names):
-        """The time in each round, in nanoseconds: of one benchmark, or of several one after another."""
+        """The time in each round, in nanoseconds: of one benchmark, or of several in a row."""
         each = [[round["cpu_time"] * NANOSECONDS[round["time_unit"]] for round in self._rounds[name]]
                 for name in names.split(" + ")]
         return [sum(times) for times in zip(*each)]
@@ -60,7 +60,7 @@ class Results:
 # Tables: a list of rows, the first of them the titles.
 
 def markdown(rows):
-    """Numbers are to the right: columns whose cells begin with a digit, or are empty."""
+    """Aligns numbers to the right: columns whose cells begin with a digit, or are empty."""
     columns = list(zip(*rows))
     is_number = [all(re.match(r"\d|$", cell) for cell in column[1:]) for column in columns]
     rule = ["---:" if number else "---" for number in is_number]

@@ -8,7 +8,7 @@
 
 namespace Tarvik::PointCollections {
 
-/// What the user answers to the question whether unsaved changes may be discarded.
+/// The user's answer to the question whether unsaved changes may be discarded.
 enum class Confirmation {
   Given,   ///< go on: nothing is unsaved, or the user has just saved it or discards it
   Refused, ///< stop: the user wants to keep the document open

@@ -32,7 +32,7 @@ public:
   virtual ~LineReader() = default;
 
   /// Returns the line that the user types, without its line end, or nothing at the end of the
-  /// input. A terminal can be read on after that.
+  /// input. A terminal can still be read after that.
   /// @throws UserError if the line cannot be read
   virtual std::optional<std::string> readLine(const std::string& prompt) = 0;
 };

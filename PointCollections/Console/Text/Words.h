@@ -24,9 +24,8 @@ struct Word {
 };
 
 /// The words of a line.
-/// @throws UserError with the column (counted from 1, in characters) if the line is not UTF-8, has
-/// a
-///         control character, or breaks the grammar above
+/// @throws UserError with the column (counted from 1, in characters) if the line is not UTF-8,
+///         contains a control character, or breaks the grammar above
 std::vector<Word> splitWords(std::string_view line);
 
 /// A line that the user is still typing.

@@ -7,7 +7,8 @@
 
 namespace Tarvik::PointCollections {
 
-/// All verbs, in the order in which help lists them. For what runs lines; no verb includes this.
+/// All verbs, in the order in which help lists them. For the code that runs lines: no verb includes
+/// this.
 const std::vector<Verb>& allVerbs();
 
 }
