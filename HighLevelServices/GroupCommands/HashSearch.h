@@ -109,7 +109,9 @@ void HashSearch<T>::findWhile(const std::vector<T>& members, Found found) const
   const auto mask = m_filter.size() - 1;
   const auto goesOn = [this, &members, &found](std::size_t position, std::uint64_t hash) {
     const auto first = m_table.at(members[position], hash);
-    return first == nowhere || found(position, first);
+    if (first == nowhere)
+      return true;
+    return found(position, first);
   };
 
   std::size_t i = 0;

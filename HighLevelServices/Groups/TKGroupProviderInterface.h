@@ -53,7 +53,8 @@ public:
   createMoveCommand(const T& target, const std::vector<T>& elements, bool insertBefore) = 0;
 
   /// The members that the group is to have, each with the name under which the host shows it, in
-  /// any order. A member that is not listed leaves the group when the groups are sorted.
+  /// any order. A member that is not listed leaves the group when the groups are sorted. Called in
+  /// the middle of a sort: do not execute the calling command again here.
   virtual std::vector<std::pair<T, std::string>> getGroupMemberNames(const Identifier& groupId) = 0;
 
   /// Gives the group with that id the name.
