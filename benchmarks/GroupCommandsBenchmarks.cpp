@@ -245,9 +245,12 @@ void sortMembers(BenchmarkHost<T>& host, TKGroup<T>& group)
     GroupLists::lowerMemberName(name);
   std::sort(names.begin(), names.end(),
             [](const auto& a, const auto& b) { return a.second < b.second; });
-  group.clear();
+  std::vector<T> members;
+  members.reserve(names.size());
   for (const auto& [member, name] : names)
-    group.addGroupMember(member);
+    members.push_back(member);
+  group.clear();
+  group.addGroupMembersAtIndex(members, -1);
 }
 
 /// Groups and members by name. The least is to sort pointers and copy each group once.

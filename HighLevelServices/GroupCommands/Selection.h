@@ -93,13 +93,12 @@ std::vector<T> Selection<T, ElementSearch>::membersWithout(const TKGroup<T>& gro
   const auto& members = group.getGroupMembers();
   std::vector<T> kept;
   kept.reserve(members.size());
-  auto from = members.begin();
-  for (; match < m_matches.size(); ++match) {
-    const auto taken = members.begin() + static_cast<std::ptrdiff_t>(m_matches[match].position);
-    kept.insert(kept.end(), from, taken);
-    from = taken + 1;
+  for (std::size_t i = 0; i < members.size(); ++i) {
+    if (match < m_matches.size() && m_matches[match].position == i)
+      ++match;
+    else
+      kept.push_back(members[i]);
   }
-  kept.insert(kept.end(), from, members.end());
   return kept;
 }
 
