@@ -79,17 +79,18 @@ void expectToTakeOneElementOut(Command& command, RecordingHost<T>& host, const s
 TYPED_TEST(UncalledOperation, TakesOneElementOutOfItsFirstHolder)
 {
   const auto [x, y, z] = distinct<TypeParam, 3>();
-  const auto make = [&] { return hostWith(group("A", {x, y}), group("B", {x, z})); };
+  const auto first = group("A", {x, y});
+  const auto second = group("B", {x, z});
 
-  auto host = make();
+  auto host = hostWith(first, second);
   AddToTKGroupCmd<TypeParam> add(host, {}, host->idOf("B"));
   expectToTakeOneElementOut(add, *host, {x, y});
 
-  host = make();
+  host = hostWith(first, second);
   CreateTKGroupCmd<TypeParam> create(host, {}, "C");
   expectToTakeOneElementOut(create, *host, {x, y});
 
-  host = make();
+  host = hostWith(first, second);
   RemoveFromTKGroupCmd<TypeParam> remove(host, {});
   expectToTakeOneElementOut(remove, *host, {x, y});
 }

@@ -169,7 +169,7 @@ TEST(Bits, SpreadEvenlyOverHashesWhereverTheyDiffer)
 TEST(Bits, ThatCollideForOneSeedSpreadEvenlyForAnother)
 {
   constexpr IdentifierBits knownSeed{0x919108f752d18320, 0};
-  const auto prepared = [&knownSeed](std::uint64_t i) {
+  const auto prepared = [](std::uint64_t i) {
     return IdentifierBits{knownSeed.high, i}; // makes one factor of the product zero
   };
 
