@@ -88,4 +88,79 @@ private:
   ByteSum m_bytes;
 };
 
+inline std::span<const std::shared_ptr<CommandBase>> EntryList::commands() const noexcept
+{
+  return std::span(m_commands).subspan(m_first);
+}
+
+inline std::size_t EntryList::size() const noexcept
+{
+  return m_commands.size() - m_first;
+}
+
+inline std::size_t EntryList::position() const noexcept
+{
+  return m_position;
+}
+
+inline std::optional<std::size_t> EntryList::cleanPosition() const noexcept
+{
+  return m_cleanPosition;
+}
+
+inline bool EntryList::isClean() const noexcept
+{
+  return m_cleanPosition == m_position;
+}
+
+inline std::size_t EntryList::sizeInBytes() const noexcept
+{
+  return m_bytes.value();
+}
+
+inline CommandBase& EntryList::before() const noexcept
+{
+  return *m_commands[m_first + m_position - 1];
+}
+
+inline CommandBase& EntryList::after() const noexcept
+{
+  return *m_commands[m_first + m_position];
+}
+
+inline std::size_t EntryList::firstState() const noexcept
+{
+  return m_firstState;
+}
+
+inline std::size_t EntryList::state() const noexcept
+{
+  return m_firstState + m_position;
+}
+
+inline std::size_t EntryList::sizeBefore() const noexcept
+{
+  return m_sizes[m_first + m_position - 1];
+}
+
+inline void EntryList::moveBack() noexcept
+{
+  --m_position;
+}
+
+inline void EntryList::moveForward() noexcept
+{
+  ++m_position;
+}
+
+inline void EntryList::markClean() noexcept
+{
+  m_cleanPosition = m_position;
+}
+
+inline void EntryList::forgetCleanMark() noexcept
+{
+  m_cleanPosition.reset();
+}
+
 }
