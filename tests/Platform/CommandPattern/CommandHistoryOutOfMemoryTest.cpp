@@ -145,6 +145,17 @@ TEST_F(HistoryOutOfMemory, DoesNotUndoSomethingElseThanWasAskedFor)
   EXPECT_EQ(desk.place, 5);
 }
 
+TEST_F(HistoryOutOfMemory, DoesNotUndoTwiceWhenTheHostUndoes)
+{
+  dragFiveTimes();
+  history.setOutOfMemoryHandler([](CommandHistory& full) { return full.undo(); });
+  desk.exhausting = {"undo 5"};
+
+  EXPECT_THROW(history.undo(), std::bad_alloc);
+
+  EXPECT_EQ(desk.place, 4);
+}
+
 TEST_F(HistoryOutOfMemory, DoesNotJumpInAHistoryThatTheHostCleared)
 {
   dragFiveTimes();
