@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "CommandPattern/CommandHistory.h"
+#include "CommandPattern/CommandTransaction.h"
 
 #include "Platform/CommandPattern/HistoryTest.h"
 
@@ -57,8 +58,19 @@ TEST_F(RunningHistory, RefusesToBeOperatedByACommandThatItRuns)
       {"redo", [](auto& subject) { subject.redo(); }},
       {"jumpTo", [](auto& subject) { subject.jumpTo(0); }},
       {"markClean", [](auto& subject) { subject.markClean(); }},
+      {"forgetCleanMark", [](auto& subject) { subject.forgetCleanMark(); }},
       {"setLimit", [](auto& subject) { subject.setLimit(1); }},
-      {"clear", [](auto& subject) { subject.clear(); }}};
+      {"setBudget", [](auto& subject) { subject.setBudget(1); }},
+      {"setSizeFunction", [](auto& subject) { subject.setSizeFunction(nullptr); }},
+      {"setOutOfMemoryHandler", [](auto& subject) { subject.setOutOfMemoryHandler(nullptr); }},
+      {"setDropsCommandsWithoutChange",
+       [](auto& subject) { subject.setDropsCommandsWithoutChange(true); }},
+      {"keep", [this](auto& subject) { subject.keep(append(document, "X")); }},
+      {"releaseOldest", [](auto& subject) { subject.releaseOldest(1); }},
+      {"releaseUndone", [](auto& subject) { subject.releaseUndone(); }},
+      {"clear", [](auto& subject) { subject.clear(); }},
+      {"reset", [](auto& subject) { subject.reset(); }},
+      {"CommandTransaction", [](auto& subject) { CommandTransaction(subject).rollBack(); }}};
 
   for (const auto& [name, operate] : operations) {
     CommandHistory subject;
@@ -98,9 +110,9 @@ TEST_F(RunningHistory, LetsARunningCommandLookAtIt)
   std::vector<std::string> seen;
 
   history.execute(std::make_shared<MeddlingCommand>([&] { seen.push_back(view(history)); }));
-  history.undo(); // asks whether it can be redone, too
+  history.undo(); // asks before and after whether it can be redone
 
-  EXPECT_EQ(seen, (std::vector<std::string>{"* A |", "* A M |", "* A M |"}));
+  EXPECT_EQ(seen, (std::vector<std::string>{"* A |", "* A M |", "* A M |", "* A M |"}));
 }
 
 TEST_F(RunningHistory, LetsARunningCommandOperateAnotherHistory)
