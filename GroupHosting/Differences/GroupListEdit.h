@@ -37,6 +37,13 @@ struct GroupListEdit {
   std::vector<GroupEdit<T>> changed; ///< ascending by positionAfter
 };
 
+/// Whether nothing changes.
+template <class T>
+bool isEmpty(const GroupListEdit<T>& edit)
+{
+  return isEmpty(edit.groups) && edit.changed.empty();
+}
+
 enum class Direction { Forward, Backward };
 
 /// The entries of a list at these positions.
