@@ -108,13 +108,16 @@ void CreateTKGroupCmd<T>::redo()
 template <class T>
 void CreateTKGroupCmd<T>::initialize()
 {
-  GroupLists::takeSnapshots(*m_provider, m_groupsBefore, m_groupsAfter, 1);
+  GroupLists::Selection<T> selection(m_elements);
+  GroupLists::takeSnapshots(
+      m_provider->getGroups(), m_groupsBefore, m_groupsAfter,
+      [&selection](TKGroup<T>& group, std::size_t) { selection.takeOutOf(group); }, 1);
   generateName();
 
-  TKGroup<T> newGroup(m_name);
-  GroupLists::removeFromFirstHolders(m_groupsAfter, m_elements);
-  newGroup.addGroupMembersAtIndex(GroupLists::distinct(m_elements), GroupLists::endOfGroup);
+  auto members = GroupLists::distinct(m_elements);
+  const TKGroup<T> newGroup(m_name);
   m_groupsAfter.push_back(newGroup);
+  GroupLists::MemberLists<T>::swap(m_groupsAfter.back(), members);
 }
 
 template <class T>
