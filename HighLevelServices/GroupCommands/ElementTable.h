@@ -158,39 +158,4 @@ std::uint64_t ElementTable<T>::hashOf(const T& identifier)
   return hash;
 }
 
-/// For each element whether an equal one is before it.
-template <class T>
-std::vector<bool> repeatedOnes(const std::vector<T>& elements)
-{
-  std::vector<bool> isRepeated(elements.size());
-  if constexpr (Hashable<T>) {
-    if (areHashed(elements.size())) {
-      const ElementTable<T> table(
-          elements, [&isRepeated](std::size_t, std::size_t later) { isRepeated[later] = true; });
-      return isRepeated;
-    }
-  }
-  for (auto element = elements.begin(); element != elements.end(); ++element)
-    isRepeated[static_cast<std::size_t>(element - elements.begin())] =
-        std::find(elements.begin(), element, *element) != element;
-  return isRepeated;
-}
-
-/// The elements without duplicates, in the order of their first occurrence.
-template <class T>
-std::vector<T> distinct(const std::vector<T>& elements)
-{
-  const auto isRepeated = repeatedOnes(elements);
-  const auto repeats = std::count(isRepeated.begin(), isRepeated.end(), true);
-  if (repeats == 0)
-    return elements;
-  std::vector<T> result;
-  result.reserve(elements.size() - static_cast<std::size_t>(repeats));
-  for (std::size_t i = 0; i < elements.size(); ++i) {
-    if (!isRepeated[i])
-      result.push_back(elements[i]);
-  }
-  return result;
-}
-
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "HighLevelServices/GroupCommands/ElementTable.h"
+#include "HighLevelServices/GroupCommands/DistinctElements.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -33,9 +33,9 @@ public:
   }
 
   /// See HashSearch.
-  std::vector<std::size_t> firstPositions(const std::vector<T>& members) const
+  std::vector<std::size_t> firstPositions(const std::vector<T>& members)
   {
-    return std::visit([&](const auto& search) { return search.firstPositions(members); }, m_search);
+    return std::visit([&](auto& search) { return search.firstPositions(members); }, m_search);
   }
 
 private:

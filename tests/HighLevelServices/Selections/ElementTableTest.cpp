@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "HighLevelServices/GroupCommands/ElementTable.h"
+#include "HighLevelServices/GroupCommands/DistinctElements.h"
 #include "Support/Identifiers.h"
 
 #include <gtest/gtest.h>
