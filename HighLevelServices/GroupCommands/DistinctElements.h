@@ -45,11 +45,10 @@ template <class T>
 std::vector<T> distinct(const std::vector<T>& elements)
 {
   const auto isRepeated = repeatedOnes(elements);
-  const auto repeats = std::count(isRepeated.begin(), isRepeated.end(), true);
-  if (repeats == 0)
+  if (std::none_of(isRepeated.begin(), isRepeated.end(), [](bool is) { return is; }))
     return elements;
   std::vector<T> result;
-  result.reserve(elements.size() - static_cast<std::size_t>(repeats));
+  result.reserve(elements.size());
   for (std::size_t i = 0; i < elements.size(); ++i) {
     if (!isRepeated[i])
       result.push_back(elements[i]);

@@ -90,6 +90,7 @@ public:
 private:
   static constexpr std::uint32_t empty = 0;
 
+  static std::size_t numberOfSlots(std::size_t numberOfElements);
   std::size_t slotOf(const T& identifier, std::uint64_t hash) const;
   std::size_t firstSlotOf(std::uint64_t hash) const
   {
@@ -107,12 +108,22 @@ private:
   std::vector<std::uint32_t> m_slots; ///< at most half of them are taken
 };
 
+/// Two for each element; more for few elements, so that most other identifiers meet an empty slot
+/// at once.
+template <class T>
+std::size_t ElementTable<T>::numberOfSlots(std::size_t numberOfElements)
+{
+  constexpr std::size_t most = 128;
+  const auto sparse = std::bit_ceil(64 * (std::min)(numberOfElements, most));
+  return (std::max)(sparse, std::bit_ceil(2 * numberOfElements + 2));
+}
+
 template <class T>
 template <class Repeated>
 ElementTable<T>::ElementTable(const std::vector<T>& elements, Repeated repeated)
     : m_elements(&elements),
       m_numberMask(static_cast<std::uint32_t>(std::bit_ceil(elements.size() + 1) - 1)),
-      m_slots(std::bit_ceil(2 * elements.size() + 2), empty)
+      m_slots(numberOfSlots(elements.size()), empty)
 {
   std::array<std::uint64_t, 32> hashes{};      // of some elements, whose slots are loaded meanwhile
   for (auto end = elements.size(); end > 0;) { // backwards, so that the first of equal ones remains

@@ -60,10 +60,11 @@ HashSearch<T>::HashSearch(const std::vector<T>& elements)
       m_filter(elements.size()),
       m_firstEqual(elements.size()),
       m_nextEqual(elements.size(), none),
+      m_unmatched(elements.size()),
       m_numberOfUnmatched(elements.size())
 {
   std::iota(m_firstEqual.begin(), m_firstEqual.end(), std::uint32_t{0});
-  m_unmatched = m_firstEqual;
+  std::iota(m_unmatched.begin(), m_unmatched.end(), std::uint32_t{0});
   bool areDifferent = true;
   for (const T& element : elements)
     areDifferent = m_filter.add(element) && areDifferent;
