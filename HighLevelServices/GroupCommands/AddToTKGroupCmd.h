@@ -123,23 +123,27 @@ void AddToTKGroupCmd<T>::redo()
 template <class T>
 void AddToTKGroupCmd<T>::initialize()
 {
-  GroupLists::takeSnapshots(*m_provider, m_groupsBefore, m_groupsAfter);
-  if (!isTargetGroupValid())
-    return;
-
-  const auto found = GroupLists::findGroup(m_groupsAfter, m_targetGroupId);
-  const auto target = static_cast<std::size_t>(found - m_groupsAfter.begin());
+  const auto& groups = m_provider->getGroups();
+  const auto found = GroupLists::findGroup(groups, m_targetGroupId);
+  const auto target = static_cast<std::size_t>(found - groups.begin());
+  const bool isTargetKnown = target < groups.size();
   GroupLists::Selection<T> selection(m_elements);
-  for (std::size_t i = 0; i < m_groupsAfter.size(); ++i) {
-    selection.takeOutOf(m_groupsAfter[i]);
-    if (i == target) {
-      m_insertIndex = selection.lowered(m_insertIndex, m_groupsBefore[i]);
-      selection.insertInto(m_groupsAfter[i], m_insertIndex);
-    }
-  }
+  auto index = m_insertIndex;
+  GroupLists::takeSnapshots(groups, m_groupsBefore, m_groupsAfter,
+                            [&](TKGroup<T>& group, std::size_t position) {
+                              if (position == target)
+                                index = selection.moveInto(group, index);
+                              else if (isTargetKnown)
+                                selection.takeOutOf(group);
+                            });
+  if (!isTargetKnown)
+    return;
+  m_insertIndex = index;
   m_changed = true;
 }
 
+/// Whether the after list has the target group. Unused, since the list is edited while it is
+/// copied; kept for the binary interface.
 template <class T>
 bool AddToTKGroupCmd<T>::isTargetGroupValid() const
 {

@@ -4,8 +4,9 @@
 #include "CommandPattern/CommandBase.h"
 #include "GeneralServices/SimpleNameSetProvider.h"
 #include "GeneralServices/UniqueNameProvider.h"
-#include "HighLevelServices/GroupCommands/ElementTable.h"
+#include "HighLevelServices/GroupCommands/DistinctElements.h"
 #include "HighLevelServices/GroupCommands/GroupLists.h"
+#include "HighLevelServices/GroupCommands/MemberLists.h"
 #include "HighLevelServices/GroupCommands/Selection.h"
 #include "HighLevelServices/Groups/TKGroup.h"
 #include "HighLevelServices/Groups/TKGroupProviderInterface.h"
@@ -108,13 +109,16 @@ void CreateTKGroupCmd<T>::redo()
 template <class T>
 void CreateTKGroupCmd<T>::initialize()
 {
-  GroupLists::takeSnapshots(*m_provider, m_groupsBefore, m_groupsAfter, 1);
+  GroupLists::Selection<T> selection(m_elements);
+  GroupLists::takeSnapshots(
+      m_provider->getGroups(), m_groupsBefore, m_groupsAfter,
+      [&selection](TKGroup<T>& group, std::size_t) { selection.takeOutOf(group); }, 1);
   generateName();
 
-  TKGroup<T> newGroup(m_name);
-  GroupLists::removeFromFirstHolders(m_groupsAfter, m_elements);
-  newGroup.addGroupMembersAtIndex(GroupLists::distinct(m_elements), GroupLists::endOfGroup);
+  auto members = GroupLists::distinct(m_elements);
+  const TKGroup<T> newGroup(m_name);
   m_groupsAfter.push_back(newGroup);
+  GroupLists::MemberLists<T>::swap(m_groupsAfter.back(), members);
 }
 
 template <class T>

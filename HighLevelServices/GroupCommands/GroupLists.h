@@ -14,33 +14,38 @@
 /// Steps that several commands take on a list of groups. Not for hosts.
 namespace Tarvik::GroupLists {
 
-/// Makes `list` a copy of `groups`. When that throws, `list` keeps what it had.
-/// @param room  how many groups will be appended; a list that grows later copies all its groups
-template <class T>
-void copyInto(std::vector<TKGroup<T>>& list,
-              const std::vector<TKGroup<T>>& groups,
-              std::size_t room = 0)
+/// Copies the list of groups twice, for undo() and to be edited. Each group is edited as soon as
+/// its second copy is made, while its members are still in the processor's cache. When that fails,
+/// `after` keeps its groups, since redo() with an empty list would delete those of the host.
+/// @param groups  the provider's list
+/// @param before  for undo(); may be the provider's list itself
+/// @param after   the edited list
+/// @param edit    called as `edit(group, position)` for one group after another
+/// @param room    how many groups will be appended; a list that grows later copies all its groups
+template <class T, class Edit>
+void takeSnapshots(const std::vector<TKGroup<T>>& groups,
+                   std::vector<TKGroup<T>>& before,
+                   std::vector<TKGroup<T>>& after,
+                   Edit edit,
+                   std::size_t room = 0)
 {
-  std::vector<TKGroup<T>> copy;
-  copy.reserve(groups.size() + room);
-  copy = groups;
-  list.swap(copy);
+  before = groups; // may be `before` itself: self-assignment changes nothing
+  std::vector<TKGroup<T>> edited;
+  edited.reserve(before.size() + room);
+  for (const auto& group : before) {
+    edited.push_back(group);
+    edit(edited.back(), edited.size() - 1);
+  }
+  after.swap(edited);
 }
 
-/// Starts an edit: both lists become the provider's current list. When the copy fails, `after`
-/// keeps its groups, since redo() with an empty list would delete those of the host.
-/// @param provider  owner of the list
-/// @param before    for undo(); may be the provider's own list
-/// @param after     the one to be edited
-/// @param room      how many groups the edit will append
+/// The same without an edit: both lists become the provider's list.
 template <class T>
 void takeSnapshots(TKGroupProviderInterface<T>& provider,
                    std::vector<TKGroup<T>>& before,
-                   std::vector<TKGroup<T>>& after,
-                   std::size_t room = 0)
+                   std::vector<TKGroup<T>>& after)
 {
-  before = provider.getGroups(); // may be `before` itself: self-assignment changes nothing
-  copyInto(after, before, room);
+  takeSnapshots(provider.getGroups(), before, after, [](TKGroup<T>&, std::size_t) {});
 }
 
 /// Leaves the groups at these positions in the list, in this order. Copies their names and ids

@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "HighLevelServices/GroupCommands/ElementFilter.h"
 #include "HighLevelServices/GroupCommands/ElementTable.h"
 
 #include <algorithm>
-#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <numeric>
+#include <optional>
 #include <vector>
 
 namespace Tarvik::GroupLists {
@@ -15,12 +16,13 @@ namespace Tarvik::GroupLists {
 /// Finds elements among members by their hashes. `operator==` decides which of those with equal
 /// hashes are equal. Not for hosts.
 ///
-/// Most members of a list are not searched for. A table of bytes shows that without a look at the
-/// elements: such a member costs its hash and one byte from the cache.
+/// Most members of a list are not searched for: a filter shows that. Often the elements are a part
+/// of the list, in the same order: so a member after one that was found is compared with the next
+/// element. The table is made when neither helps.
 template <class T>
 class HashSearch {
 public:
-  /// @param elements  must outlive the search and must not change
+  /// @param elements  at most `mostElements`; must outlive the search and must not change
   explicit HashSearch(const std::vector<T>& elements);
 
   /// Whether an element has no member yet.
@@ -33,40 +35,53 @@ public:
   void match(const std::vector<T>& members, Matched matched);
 
   /// For every element the position of the first equal member, or nowhere.
-  std::vector<std::size_t> firstPositions(const std::vector<T>& members) const;
+  std::vector<std::size_t> firstPositions(const std::vector<T>& members);
 
 private:
-  template <class Found>
-  void findWhile(const std::vector<T>& members, Found found) const;
+  static constexpr std::uint32_t none = 0xffffffff;
 
-  ElementTable<T> m_table;              ///< the first of equal elements
-  std::vector<std::uint8_t> m_filter;   ///< by the lowest bits of a hash: 0 if no element has them
-  std::vector<std::size_t> m_nextEqual; ///< by element
-  std::vector<std::size_t> m_unmatched; ///< by the first of equal elements: the next to match
+  void makeTable();
+  template <class Found>
+  void findWhile(const std::vector<T>& members, Found found);
+  std::size_t firstEqual(const T& member, std::size_t guess);
+
+  const std::vector<T>* m_elements;
+  ElementFilter<T> m_filter;
+  std::optional<ElementTable<T>> m_table;
+  std::vector<std::uint32_t> m_firstEqual; ///< by element
+  std::vector<std::uint32_t> m_nextEqual;  ///< by element
+  std::vector<std::uint32_t> m_unmatched;  ///< by the first of equal elements: the next to match
   std::size_t m_numberOfUnmatched;
 };
 
 template <class T>
 HashSearch<T>::HashSearch(const std::vector<T>& elements)
-    : m_table(elements),
-      m_nextEqual(elements.size()),
+    : m_elements(&elements),
+      m_filter(elements.size()),
+      m_firstEqual(elements.size()),
+      m_nextEqual(elements.size(), none),
       m_unmatched(elements.size()),
       m_numberOfUnmatched(elements.size())
 {
-  // 64 bytes for each element, so that few members seem to be elements; fewer where they would not
-  // fit into the cache.
-  constexpr std::size_t most = 1024;
-  const auto sparse = std::bit_ceil(64 * (std::min)(elements.size(), most));
-  m_filter.assign((std::max)(sparse, std::bit_ceil(4 * elements.size())), 0);
+  std::iota(m_firstEqual.begin(), m_firstEqual.end(), std::uint32_t{0});
+  std::iota(m_unmatched.begin(), m_unmatched.end(), std::uint32_t{0});
+  bool areDifferent = true;
+  for (const T& element : elements)
+    areDifferent = m_filter.add(element) && areDifferent;
+  if (!areDifferent)
+    makeTable(); // it finds the equal ones
+}
 
-  for (std::size_t i = elements.size(); i-- > 0;) { // backwards, so that the first one remains
-    const auto hash = ElementTable<T>::hashOf(elements[i]);
-    auto& first = m_table.at(elements[i], hash);
-    m_nextEqual[i] = first;
-    first = i;
-    m_filter[static_cast<std::size_t>(hash) & (m_filter.size() - 1)] = 1;
+template <class T>
+void HashSearch<T>::makeTable()
+{
+  m_table.emplace(*m_elements, [this](std::size_t element, std::size_t next) {
+    m_nextEqual[element] = static_cast<std::uint32_t>(next);
+  });
+  for (std::size_t i = 0; i < m_nextEqual.size(); ++i) {
+    if (m_nextEqual[i] != none)
+      m_firstEqual[m_nextEqual[i]] = m_firstEqual[i];
   }
-  std::iota(m_unmatched.begin(), m_unmatched.end(), std::size_t{0});
 }
 
 template <class T>
@@ -75,27 +90,25 @@ void HashSearch<T>::match(const std::vector<T>& members, Matched matched)
 {
   findWhile(members, [this, &matched](std::size_t position, std::size_t first) {
     const auto element = m_unmatched[first];
-    if (element != nowhere) {
+    if (element != none) {
       m_unmatched[first] = m_nextEqual[element];
       --m_numberOfUnmatched;
-      matched(position, element);
+      matched(position, std::size_t{element});
     }
     return hasUnmatched();
   });
 }
 
 template <class T>
-std::vector<std::size_t> HashSearch<T>::firstPositions(const std::vector<T>& members) const
+std::vector<std::size_t> HashSearch<T>::firstPositions(const std::vector<T>& members)
 {
-  std::vector<std::size_t> positions(m_nextEqual.size(), nowhere);
+  std::vector<std::size_t> positions(m_elements->size(), nowhere);
   findWhile(members, [&positions](std::size_t position, std::size_t first) {
     positions[first] = (std::min)(positions[first], position);
     return true;
   });
-  for (std::size_t i = 0; i < positions.size(); ++i) {
-    if (m_nextEqual[i] != nowhere)
-      positions[m_nextEqual[i]] = positions[i];
-  }
+  for (std::size_t i = 0; i < positions.size(); ++i)
+    positions[i] = positions[m_firstEqual[i]];
   return positions;
 }
 
@@ -103,28 +116,29 @@ std::vector<std::size_t> HashSearch<T>::firstPositions(const std::vector<T>& mem
 /// until it returns false.
 template <class T>
 template <class Found>
-void HashSearch<T>::findWhile(const std::vector<T>& members, Found found) const
+void HashSearch<T>::findWhile(const std::vector<T>& members, Found found)
 {
-  const auto* const filter = m_filter.data();
-  const auto mask = m_filter.size() - 1;
-  const auto goesOn = [this, &members, &found](std::size_t position, std::uint64_t hash) {
-    const auto first = m_table.at(members[position], hash);
+  std::size_t guess = 0;
+  for (auto i = m_filter.next(members, 0); i < members.size(); i = m_filter.next(members, i + 1)) {
+    const auto first = firstEqual(members[i], guess);
     if (first == nowhere)
-      return true;
-    return found(position, first);
-  };
-
-  std::size_t i = 0;
-  for (; i + 1 < members.size(); i += 2) { // the processor works on both hashes at once
-    const auto hash = ElementTable<T>::hashOf(members[i]);
-    const auto nextHash = ElementTable<T>::hashOf(members[i + 1]);
-    if ((filter[hash & mask] | filter[nextHash & mask]) == 0)
       continue;
-    if (!goesOn(i, hash) || !goesOn(i + 1, nextHash))
+    if (!found(i, first))
       return;
+    guess = first + 1;
   }
-  if (i < members.size())
-    goesOn(i, ElementTable<T>::hashOf(members[i]));
+}
+
+/// The position of the first element that is equal to the member, or nowhere.
+/// @param guess  the position of an element that may be equal; any number
+template <class T>
+std::size_t HashSearch<T>::firstEqual(const T& member, std::size_t guess)
+{
+  if (guess < m_elements->size() && member == (*m_elements)[guess])
+    return m_firstEqual[guess];
+  if (!m_table)
+    makeTable();
+  return m_table->find(member);
 }
 
 }

@@ -7,10 +7,12 @@
 
 namespace Tarvik::GroupLists {
 
-/// Hands member lists over without a copy, which cannot fail. Not for hosts.
+/// Lets commands edit member lists, and hand them over without a copy. Not for hosts.
 template <class T>
 class MemberLists {
 public:
+  static std::vector<T>& of(TKGroup<T>& group) noexcept { return group.m_members; }
+
   static void swap(TKGroup<T>& group, std::vector<T>& members) noexcept
   {
     group.m_members.swap(members);

@@ -4,7 +4,7 @@
 #include "CommandPattern/CommandBase.h"
 #include "CommandPattern/MacroCommand.h"
 #include "HighLevelServices/GroupCommands/AddToTKGroupCmd.h"
-#include "HighLevelServices/GroupCommands/ElementTable.h"
+#include "HighLevelServices/GroupCommands/DistinctElements.h"
 #include "HighLevelServices/GroupCommands/GroupLists.h"
 #include "HighLevelServices/GroupCommands/RemoveFromTKGroupCmd.h"
 #include "HighLevelServices/Groups/TKGroup.h"

@@ -96,8 +96,10 @@ void RemoveFromTKGroupCmd<T>::redo()
 template <class T>
 void RemoveFromTKGroupCmd<T>::initialize()
 {
-  GroupLists::takeSnapshots(*m_provider, m_groupsBefore, m_groupsAfter);
-  GroupLists::removeFromFirstHolders(m_groupsAfter, m_elements);
+  GroupLists::Selection<T> selection(m_elements);
+  GroupLists::takeSnapshots(
+      m_provider->getGroups(), m_groupsBefore, m_groupsAfter,
+      [&selection](TKGroup<T>& group, std::size_t) { selection.takeOutOf(group); });
 }
 
 /// Takes one element out of its first holder. Unused, since a whole selection is taken out at once;

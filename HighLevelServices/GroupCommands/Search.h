@@ -12,9 +12,6 @@
 
 namespace Tarvik::GroupLists {
 
-/// Up to this many elements, comparing is faster than hashing.
-constexpr std::size_t fewElements = 3;
-
 /// A HashSearch, or a ComparingSearch where there is no hash or where it is faster. Not for hosts.
 template <class T>
 class Search {
@@ -36,9 +33,9 @@ public:
   }
 
   /// See HashSearch.
-  std::vector<std::size_t> firstPositions(const std::vector<T>& members) const
+  std::vector<std::size_t> firstPositions(const std::vector<T>& members)
   {
-    return std::visit([&](const auto& search) { return search.firstPositions(members); }, m_search);
+    return std::visit([&](auto& search) { return search.firstPositions(members); }, m_search);
   }
 
 private:
@@ -49,7 +46,7 @@ private:
   static Either chosenFor(const std::vector<T>& elements)
   {
     if constexpr (Hashable<T>) {
-      if (elements.size() > fewElements)
+      if (areHashed(elements.size()))
         return Either(std::in_place_type<HashSearch<T>>, elements);
     }
     return Either(std::in_place_type<ComparingSearch<T>>, elements);

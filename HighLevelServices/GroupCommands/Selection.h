@@ -5,6 +5,7 @@
 #include "HighLevelServices/GroupCommands/Search.h"
 #include "HighLevelServices/Groups/TKGroup.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <vector>
 
@@ -19,42 +20,41 @@ namespace Tarvik::GroupLists {
 /// of the elements. The pass meets the members in the order of the list, and gives each to the next
 /// of the equal elements until all of them have one.
 ///
-/// Call takeOutOf() for every group of the list, in its order. lowered() and insertInto() are for
-/// the group that it was called for last.
+/// Call takeOutOf() for every group of the list, in its order, or moveInto() for the target.
 template <class T, class ElementSearch = Search<T>>
 class Selection {
 public:
   /// @param elements  must outlive the selection and must not change
   explicit Selection(const std::vector<T>& elements);
 
-  /// Takes the elements out of the next group of the list. When that throws, the group is as it
-  /// was.
+  /// Takes the elements out of the next group of the list.
   void takeOutOf(TKGroup<T>& group);
 
-  /// The insert index after the walk. The walk lowers it by one for each element that it finds
-  /// before the index, even if it then takes that element out of an earlier group instead.
-  /// @param index   negative for the end of the group, which is returned unchanged
-  /// @param before  the group before takeOutOf()
-  int lowered(int index, const TKGroup<T>& before) const;
-
-  /// Does what `group.addGroupMembersAtIndex(elements, index)` does, in linear time with a hash.
-  /// When that throws, the group is as it was.
-  void insertInto(TKGroup<T>& group, int index) const;
+  /// The same, then does what `group.addGroupMembersAtIndex(elements, index)` does, with the index
+  /// after the walk. The walk lowers it by one for each element that it finds before the index,
+  /// even if it takes that element out of an earlier group instead.
+  /// @param index  negative for the end of the group
+  /// @return the index after the walk; a negative one is not changed
+  int moveInto(TKGroup<T>& group, int index);
 
 private:
   /// A member that was taken out for an element.
   struct Match {
-    std::size_t group;
     std::size_t position; ///< among the members before anything was taken out
     std::size_t element;
   };
+  /// By element: the first equal member, or nowhere.
+  using Positions = std::vector<std::size_t>;
 
-  std::vector<T> membersWithout(const TKGroup<T>& group, std::size_t match) const;
+  void eraseMatches(std::vector<T>& members) const;
+  int lowered(int index, const Positions& firsts, std::size_t numberOfMembers) const;
+  std::vector<T>
+  membersWithElements(const TKGroup<T>& group, const Positions& firsts, int index) const;
 
   const std::vector<T>& m_elements;
   ElementSearch m_search;
-  std::vector<Match> m_matches; ///< in the order of the list
-  std::size_t m_numberOfGroups = 0;
+  std::vector<Match> m_matches;     ///< in the order of the list
+  std::size_t m_earlierMatches = 0; ///< how many of them are in groups before the current one
 };
 
 template <class T, class ElementSearch>
@@ -67,62 +67,70 @@ Selection<T, ElementSearch>::Selection(const std::vector<T>& elements)
 template <class T, class ElementSearch>
 void Selection<T, ElementSearch>::takeOutOf(TKGroup<T>& group)
 {
-  const auto number = m_numberOfGroups++;
+  m_earlierMatches = m_matches.size();
   if (!m_search.hasUnmatched())
     return;
-  const auto earlier = m_matches.size();
-  m_search.match(group.getGroupMembers(),
-                 [this, number](std::size_t position, std::size_t element) {
-                   m_matches.push_back({number, position, element});
-                 });
-
-  const auto count = m_matches.size() - earlier;
-  if (count == 1) {
-    group.removeGroupMember(m_elements[m_matches.back().element]);
-  } else if (count > 1) {
-    auto members = membersWithout(group, earlier);
-    MemberLists<T>::swap(group, members);
-  }
+  m_search.match(group.getGroupMembers(), [this](std::size_t position, std::size_t element) {
+    m_matches.push_back({position, element});
+  });
+  if (m_matches.size() > m_earlierMatches)
+    eraseMatches(MemberLists<T>::of(group));
 }
 
-/// The members of a group without the matches from this one on.
+/// Erases the matches of the current group: the members between two of them move up together.
 template <class T, class ElementSearch>
-std::vector<T> Selection<T, ElementSearch>::membersWithout(const TKGroup<T>& group,
-                                                           std::size_t match) const
+void Selection<T, ElementSearch>::eraseMatches(std::vector<T>& members) const
 {
-  const auto& members = group.getGroupMembers();
-  std::vector<T> kept;
-  kept.reserve(members.size());
-  for (std::size_t i = 0; i < members.size(); ++i) {
-    if (match < m_matches.size() && m_matches[match].position == i)
-      ++match;
-    else
-      kept.push_back(members[i]);
-  }
-  return kept;
+  const auto place = [&](std::size_t match) {
+    return match < m_matches.size()
+               ? members.begin() + static_cast<std::ptrdiff_t>(m_matches[match].position)
+               : members.end();
+  };
+  auto end = place(m_earlierMatches);
+  for (auto match = m_earlierMatches; match < m_matches.size(); ++match)
+    end = std::copy(place(match) + 1, place(match + 1), end);
+  members.erase(end, members.end());
 }
 
 template <class T, class ElementSearch>
-int Selection<T, ElementSearch>::lowered(int index, const TKGroup<T>& before) const
+int Selection<T, ElementSearch>::moveInto(TKGroup<T>& group, int index)
+{
+  const auto numberOfMembers = group.getGroupMembers().size();
+  auto firsts = m_search.firstPositions(group.getGroupMembers());
+  takeOutOf(group);
+  index = lowered(index, firsts, numberOfMembers);
+  if (group.getGroupMembers().size() < numberOfMembers)
+    firsts = m_search.firstPositions(group.getGroupMembers());
+
+  auto members = membersWithElements(group, firsts, index);
+  MemberLists<T>::swap(group, members);
+  return index;
+}
+
+/// @param firsts  in the group before anything was taken out of it
+template <class T, class ElementSearch>
+int Selection<T, ElementSearch>::lowered(int index,
+                                         const Positions& firsts,
+                                         std::size_t numberOfMembers) const
 {
   if (index <= 0)
     return index; // no member is before it
-  const auto& members = before.getGroupMembers();
-  const auto firsts = m_search.firstPositions(members);
-  std::vector<const Match*> matches(m_elements.size());
-  for (const Match& match : m_matches)
-    matches[match.element] = &match;
+
+  constexpr auto inEarlierGroup = nowhere - 1;
+  Positions matches(m_elements.size(), nowhere); // by element
+  for (std::size_t i = 0; i < m_matches.size(); ++i)
+    matches[m_matches[i].element] = i < m_earlierMatches ? inEarlierGroup : m_matches[i].position;
 
   // The walk, without moving members: `index` of the members before `end` are still there. An index
   // past the last member counts members that are not there.
-  std::vector<bool> isGone(members.size());
+  std::vector<bool> isGone(numberOfMembers);
   auto end = static_cast<std::size_t>(index);
   for (std::size_t i = 0; i < matches.size(); ++i) {
-    if (matches[i] == nullptr)
+    if (matches[i] == nowhere)
       continue; // the group has no such member left
-    if (matches[i]->group == m_numberOfGroups - 1) {
-      isGone[matches[i]->position] = true;
-      if (matches[i]->position < end)
+    if (matches[i] != inEarlierGroup) {
+      isGone[matches[i]] = true;
+      if (matches[i] < end)
         --index;
     } else if (firsts[i] < end) {
       --index;
@@ -134,36 +142,25 @@ int Selection<T, ElementSearch>::lowered(int index, const TKGroup<T>& before) co
   return index;
 }
 
+/// The members of a group with those elements that have no first position there, as one block.
 template <class T, class ElementSearch>
-void Selection<T, ElementSearch>::insertInto(TKGroup<T>& group, int index) const
+std::vector<T> Selection<T, ElementSearch>::membersWithElements(const TKGroup<T>& group,
+                                                                const Positions& firsts,
+                                                                int index) const
 {
-  if (m_elements.size() <= fewElements) {
-    group.addGroupMembersAtIndex(m_elements, index);
-    return;
-  }
   const auto& members = group.getGroupMembers();
-  const auto positions = m_search.firstPositions(members);
   const bool isInside = index >= 0 && static_cast<std::size_t>(index) < members.size();
   const auto place = isInside ? members.begin() + index : members.end();
 
   std::vector<T> together;
   together.reserve(members.size() + m_elements.size());
   together.insert(together.end(), members.begin(), place);
-  for (std::size_t i = 0; i < positions.size(); ++i) {
-    if (positions[i] == nowhere)
+  for (std::size_t i = 0; i < firsts.size(); ++i) {
+    if (firsts[i] == nowhere)
       together.push_back(m_elements[i]);
   }
   together.insert(together.end(), place, members.end());
-  MemberLists<T>::swap(group, together);
-}
-
-/// Takes each element out of its first holder.
-template <class T>
-void removeFromFirstHolders(std::vector<TKGroup<T>>& groups, const std::vector<T>& elements)
-{
-  Selection<T> selection(elements);
-  for (auto& group : groups)
-    selection.takeOutOf(group);
+  return together;
 }
 
 }

@@ -12,7 +12,9 @@ namespace Tarvik {
 /// not valid; the reference must stay usable while the library is loaded. Identifiers are copied
 /// and compared for equality; they need no move and no order. A `std::hash` is optional. With one,
 /// commands take time that is linear in the size of a selection; without one, they compare each of
-/// its elements with the members.
+/// its elements with the members. A `std::hash` may also have a static member `quick()`, a hash
+/// that takes a few shifts and exclusive ors: it makes the search for a few elements faster. See
+/// QuicklyHashable in HighLevelServices/GroupCommands/ElementTable.h.
 // clang-format off
 template <class T>
 concept ElementIdentifier =

@@ -90,6 +90,8 @@ IdentifierBits randomSeed() noexcept
   }
 }
 
+const IdentifierBits seed = randomSeed();
+
 IdentifierBits takeNext()
 {
   const auto bits = next;
@@ -121,7 +123,8 @@ const ForkHandler forkHandler;
 
 }
 
-const IdentifierBits IdentifierBits::seed = randomSeed();
+const std::uint64_t IdentifierBits::seedHigh = seed.high;
+const std::uint64_t IdentifierBits::seedLow = seed.low;
 
 IdentifierBits IdentifierBits::unique()
 {

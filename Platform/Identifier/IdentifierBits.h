@@ -45,7 +45,7 @@ struct IdentifierBits {
   /// A hash in which every bit counts, even for hash tables that use only its lowest bits. It
   /// depends on the random seed of this process, so never save it. Without the seed nobody can
   /// prepare a file whose identifiers all have the same hash.
-  std::size_t hash() const { return hash(seed); }
+  std::size_t hash() const { return hash({seedHigh, seedLow}); }
 
   /// The same with a given seed. Folding the product of both words is how wyhash mixes
   /// (https://github.com/wangyi-fudan/wyhash).
@@ -57,8 +57,13 @@ struct IdentifierBits {
     return static_cast<std::size_t>(std::rotl(mixed, 32)); // the upper half is the better mixed one
   }
 
-  /// The random seed of this process. Set while the library is loaded.
-  TKM_IDENTIFIER_API static const IdentifierBits seed;
+  /// A hash that costs nothing: the word that differs within a block. Anybody can predict it, so
+  /// use it only where equal hashes cost a little time.
+  constexpr std::size_t quickHash() const { return static_cast<std::size_t>(low); }
+
+  /// The random seed of this process, in two words. Set while the library is loaded.
+  TKM_IDENTIFIER_API static const std::uint64_t seedHigh;
+  TKM_IDENTIFIER_API static const std::uint64_t seedLow;
 };
 
 }

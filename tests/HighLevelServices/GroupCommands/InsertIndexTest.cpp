@@ -2,11 +2,14 @@
 // Where AddToTKGroupCmd inserts elements, and how it counts its insert index down.
 
 #include "HighLevelServices/GroupCommands/AddTo.h"
+#include "Support/Allocations.h"
 #include "Support/RecordingHost.h"
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <limits>
+#include <new>
 
 namespace Tarvik {
 namespace {
@@ -130,6 +133,31 @@ TYPED_TEST(InsertIndex, StaysLoweredForASecondExecute)
   command.execute(); // starts from index 1
 
   EXPECT_EQ(host->groups(), list(group("A", {a, b, c})));
+}
+
+TYPED_TEST(InsertIndex, IsNotLoweredByAnExecuteThatFails)
+{
+  const auto [a, b, c, d] = distinct<TypeParam, 4>();
+  const auto target = group("A", {a, b, c, d});
+  const auto later = group("B", {TypeParam()});
+  for (std::size_t successes = 0; successes < 1000; ++successes) {
+    const auto host = hostWith(target, later);
+    AddToTKGroupCmd<TypeParam> command(host, {a, b}, host->idOf("A"));
+    command.setInsertIndex(3);
+    try {
+      const AllocationWatch watch(successes);
+      command.execute();
+    } catch (const std::bad_alloc&) {
+    }
+    command.redo();
+    if (host->groups() != list(target, later))
+      return; // from here on, only the host's own allocations fail
+
+    command.execute();
+
+    ASSERT_EQ(host->groups(), list(group("A", {c, a, b, d}), later)) << successes;
+  }
+  FAIL() << "the command never succeeds";
 }
 
 }

@@ -95,6 +95,39 @@ TYPED_TEST(LargeSelection, IsTakenOutOfItsFirstHolders)
   EXPECT_TRUE(identical(this->host->copyOfGroups(), this->groups));
 }
 
+TYPED_TEST(LargeSelection, MayBeAFewOfManyMembers)
+{
+  const std::vector<TypeParam> members(100'000);
+  this->groups.resize(1);
+  this->groups[0].clear();
+  this->groups[0].addGroupMembersAtIndex(members, -1);
+  this->host->replaceGroups(this->groups);
+  this->elements = {members[70'000], members[99'999], TypeParam(), members[0], members[5]};
+  for (const auto& element : this->elements)
+    this->takeOutOfFirstHolder(element);
+
+  RemoveFromTKGroupCmd<TypeParam>(this->host, this->elements).execute();
+
+  EXPECT_TRUE(identical(this->host->copyOfGroups(), this->groups));
+}
+
+TYPED_TEST(LargeSelection, MayHaveHalfAMillionElements)
+{
+  constexpr std::size_t count = GroupLists::Hashable<TypeParam> ? 500'000 : 5'000;
+  this->elements = std::vector<TypeParam>(count);
+  this->groups.resize(1);
+  this->groups[0].clear();
+  this->groups[0].addGroupMembersAtIndex(this->elements, -1);
+  this->host->replaceGroups(this->groups);
+  this->elements.push_back(this->elements.front());
+  this->elements.erase(this->elements.begin() + count / 2);
+  const auto left = this->groups[0].getGroupMemberAtIndex(count / 2);
+
+  RemoveFromTKGroupCmd<TypeParam>(this->host, this->elements).execute();
+
+  EXPECT_EQ(this->host->groups()[0].members, std::vector<TypeParam>{left});
+}
+
 TYPED_TEST(LargeSelection, IsAddedAtAnyIndex)
 {
   const auto before = this->groups;

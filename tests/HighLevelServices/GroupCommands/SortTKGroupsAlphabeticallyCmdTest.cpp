@@ -118,6 +118,15 @@ TYPED_TEST(SortGroups, SortsMembersByWhateverByteTheirNamesDifferIn)
   EXPECT_EQ(this->sortedMembers(shuffled), sorted);
 }
 
+TYPED_TEST(SortGroups, SortsMembersWhoseNamesBeginAlike)
+{
+  const Names sorted{"Pumping station", "Pumping station 1", "Pumping station 10000000 a",
+                     "Pumping station 10000000 b", "Pumping station 2"};
+
+  EXPECT_EQ(this->sortedMembers(Names(sorted.rbegin(), sorted.rend())), sorted);
+  EXPECT_EQ(this->sortedMembers({"Pump", "Pump", "Pump"}), (Names{"Pump", "Pump", "Pump"}));
+}
+
 TYPED_TEST(SortGroups, SortsManyGroupsWithTheirMembersAndIds)
 {
   const auto [a, b, c, d] = distinct<TypeParam, 4>();

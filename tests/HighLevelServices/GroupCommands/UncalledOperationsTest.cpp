@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Private operations that nothing calls: each handles one element or group, where the commands
-// handle all of them at once. They are part of the binary interface.
+// Private operations that nothing calls, since the commands handle all elements and groups at once.
+// They are part of the binary interface.
 
 #include "HighLevelServices/GroupCommands/AddToTKGroupCmd.h"
 #include "HighLevelServices/GroupCommands/CreateTKGroupCmd.h"
@@ -57,6 +57,17 @@ template struct DirectCall<RemoveTKGroupsCmd<GUIdentifier>,
                            Identifier,
                            &RemoveTKGroupsCmd<GUIdentifier>::removeGroup>;
 
+template <class Command, bool (Command::*operation)() const>
+struct DirectQuestion {
+  friend bool isTargetGroupValid(const Command& command) { return (command.*operation)(); }
+};
+bool isTargetGroupValid(const AddToTKGroupCmd<Identifier>& command);
+template struct DirectQuestion<AddToTKGroupCmd<Identifier>,
+                               &AddToTKGroupCmd<Identifier>::isTargetGroupValid>;
+bool isTargetGroupValid(const AddToTKGroupCmd<GUIdentifier>& command);
+template struct DirectQuestion<AddToTKGroupCmd<GUIdentifier>,
+                               &AddToTKGroupCmd<GUIdentifier>::isTargetGroupValid>;
+
 template <class T>
 class UncalledOperation : public ::testing::Test {};
 TYPED_TEST_SUITE(UncalledOperation, ElementIdentifiers, KindName);
@@ -106,6 +117,19 @@ TYPED_TEST(UncalledOperation, RemovesOneGroup)
   command.redo();
 
   EXPECT_EQ(host->groups(), list(group<TypeParam>("B", {})));
+}
+
+TYPED_TEST(UncalledOperation, LooksForTheTargetGroup)
+{
+  const auto host = hostWith(group<TypeParam>("A", {}), group<TypeParam>("B", {}));
+  AddToTKGroupCmd<TypeParam> known(host, {}, host->idOf("B"));
+  AddToTKGroupCmd<TypeParam> unknown(host, {}, Identifier());
+
+  known.execute();
+  unknown.execute();
+
+  EXPECT_TRUE(isTargetGroupValid(known));
+  EXPECT_FALSE(isTargetGroupValid(unknown));
 }
 
 }

@@ -9,7 +9,8 @@
 /// that sorting by name has one outcome.
 namespace Tarvik::Modelling {
 
-/// The host knows the first ones; the last is the invalid identifier.
+/// The host knows the first ones; the last is the invalid identifier. After them come the elements
+/// of a crowd, all of which the host knows, for tests of large selections.
 inline constexpr std::array elementNames{"Zeta",  "alpha", "Alpha 10",     "alpha 9",
                                          "Beta1", "B_eta", "\xC3\xA4ther", "eta",
                                          "stray", "Alien", "invalid"};
@@ -19,6 +20,8 @@ inline constexpr int invalidElement = numberOfElements - 1;
 
 inline std::string elementName(int number)
 {
+  if (number >= numberOfElements)
+    return "Crowd " + std::to_string(number);
   return elementNames.at(static_cast<std::size_t>(number));
 }
 

@@ -63,6 +63,8 @@ std::string lowered(std::string text)
 
 bool isKnown(const std::string& element)
 {
+  if (element.starts_with("Crowd "))
+    return true;
   for (int number = 0; number < knownElements; ++number)
     if (elementName(number) == element)
       return true;
@@ -273,10 +275,13 @@ std::string text(const State& state)
   return result + "  order of elements: " + joined(state.order) + '\n';
 }
 
-Model::Model() : m_states(1)
+Model::Model(std::size_t crowd) : m_states(1)
 {
+  auto& order = m_states.front().order;
   for (int number = 0; number < knownElements; ++number)
-    m_states.front().order.push_back(elementName(number));
+    order.push_back(elementName(number));
+  for (int number = numberOfElements; number < numberOfElements + static_cast<int>(crowd); ++number)
+    order.push_back(elementName(number));
 }
 
 void Model::run(const Operation& operation)

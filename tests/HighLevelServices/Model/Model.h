@@ -36,7 +36,8 @@ std::string text(const State& state);
 class Model {
 public:
   /// No groups, and the known elements in the order of their numbers.
-  Model();
+  /// @param crowd  as for ModelHost
+  explicit Model(std::size_t crowd = 0);
 
   void run(const Operation& operation);
 

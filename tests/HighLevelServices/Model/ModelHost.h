@@ -27,11 +27,15 @@ class ModelHost : public TKGroupProviderInterface<T> {
 public:
   using Element = T;
 
-  ModelHost() : m_elements(elementNames.size())
+  /// @param crowd  how many elements there are besides those with names of their own
+  explicit ModelHost(std::size_t crowd = 0) : m_elements(elementNames.size() + crowd)
   {
     m_elements[invalidElement] = T::getInvalidId();
     m_order.assign(m_elements.begin(), m_elements.begin() + knownElements);
+    m_order.insert(m_order.end(), m_elements.begin() + numberOfElements, m_elements.end());
   }
+
+  std::size_t crowd() const { return m_elements.size() - elementNames.size(); }
 
   std::vector<TKGroup<T>>& getGroups() override { return m_groups; }
 

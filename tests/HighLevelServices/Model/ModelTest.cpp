@@ -37,9 +37,9 @@ std::uint64_t setting(const std::string& name, std::uint64_t otherwise)
 }
 
 template <class T>
-std::optional<Difference> differenceAfter(const Operations& operations)
+std::optional<Difference> differenceAfter(const Operations& operations, std::size_t crowd = 0)
 {
-  return run<T>(operations, std::make_shared<ModelHost<T>>());
+  return run<T>(operations, std::make_shared<ModelHost<T>>(crowd));
 }
 
 /// All that somebody needs to see the failure again.
@@ -75,6 +75,18 @@ TYPED_TEST(CommandsModel, AgreesWithTheCommandsWhateverIsDone)
       FAIL() << "Sequence " << seed - firstSeed + 1 << ".\n"
              << report<TypeParam>(operations, seed, length);
     }
+  }
+}
+
+TYPED_TEST(CommandsModel, AgreesWithTheCommandsOnSelectionsOfThousands)
+{
+  constexpr std::size_t crowd = 2000;
+  constexpr std::size_t length = 10;
+  for (std::uint64_t seed = 1; seed <= 2; ++seed) {
+    const auto difference =
+        differenceAfter<TypeParam>(randomOperations(seed, length, crowd), crowd);
+
+    ASSERT_FALSE(difference) << "seed " << seed << ", operation " << difference->operations;
   }
 }
 

@@ -22,7 +22,8 @@ constexpr std::array groupNames{"",   " A ", "Group",       "group",   "Group 2"
 /// numbers on different platforms.
 class Random {
 public:
-  explicit Random(std::uint64_t seed) : m_numbers(seed) {}
+  Random(std::uint64_t seed, std::size_t crowd) : m_numbers(seed), m_crowd(static_cast<int>(crowd))
+  {}
 
   int below(int bound) { return static_cast<int>(m_numbers() % static_cast<std::uint64_t>(bound)); }
 
@@ -43,10 +44,17 @@ public:
     return below(12);
   }
 
-  int element() { return once(6) ? below(numberOfElements) : below(knownElements); }
+  int element()
+  {
+    if (m_crowd > 0)
+      return numberOfElements + below(m_crowd);
+    return once(6) ? below(numberOfElements) : below(knownElements);
+  }
 
   Elements elements()
   {
+    if (m_crowd > 0)
+      return partOfCrowd();
     Elements result;
     const int size = once(10) ? 0 : 1 + below(4);
     while (static_cast<int>(result.size()) < size)
@@ -60,7 +68,7 @@ public:
       return std::nullopt;
     if (once(12))
       return once(2) ? std::numeric_limits<int>::max() : std::numeric_limits<int>::min();
-    return below(8) - 2;
+    return below(m_crowd > 0 ? m_crowd : 8) - 2;
   }
 
   HaveGroup haveGroup()
@@ -112,14 +120,31 @@ private:
     return oneOf(listings);
   }
 
+  /// Elements here and there, or hundreds of successive ones. Some are given twice.
+  Elements partOfCrowd()
+  {
+    Elements result;
+    const int size = below(m_crowd);
+    const bool areSuccessive = once(2);
+    int successive = element();
+    while (static_cast<int>(result.size()) < size) {
+      result.push_back(areSuccessive ? successive : element());
+      successive = result.size() % 100 == 0 ? element() : successive + 1;
+      if (successive == numberOfElements + m_crowd)
+        successive = numberOfElements;
+    }
+    return result;
+  }
+
   std::mt19937_64 m_numbers;
+  int m_crowd;
 };
 
 }
 
-Operations randomOperations(std::uint64_t seed, std::size_t length)
+Operations randomOperations(std::uint64_t seed, std::size_t length, std::size_t crowd)
 {
-  Random random(seed);
+  Random random(seed, crowd);
   Operations operations;
   for (int groups = random.below(5); groups > 0; --groups)
     operations.push_back(random.haveGroup());

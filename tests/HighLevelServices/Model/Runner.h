@@ -181,7 +181,9 @@ private:
 template <class T>
 class Comparison {
 public:
-  explicit Comparison(const std::shared_ptr<ModelHost<T>>& host) : m_library(host) {}
+  explicit Comparison(const std::shared_ptr<ModelHost<T>>& host)
+      : m_library(host), m_model(host->crowd())
+  {}
 
   /// Stops at the first difference.
   void run(const Operation& operation, const std::string& moment)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "HighLevelServices/GroupCommands/ElementTable.h"
+#include "HighLevelServices/GroupCommands/DistinctElements.h"
 #include "Support/Identifiers.h"
 
 #include <gtest/gtest.h>
@@ -52,6 +53,8 @@ using namespace GroupLists;
 
 static_assert(Hashable<Identifier> && Hashable<GUIdentifier> && Hashable<Number>);
 static_assert(!Hashable<NumberWithoutHash>);
+static_assert(QuicklyHashable<Identifier> && QuicklyHashable<GUIdentifier>);
+static_assert(!QuicklyHashable<Number> && !QuicklyHashable<NumberWithoutHash>);
 static_assert(Avalanching<std::hash<Identifier>> == (sizeof(std::size_t) == 8));
 static_assert(Avalanching<HashThatMixes> == (sizeof(std::size_t) == 8));
 static_assert(!Avalanching<HashThatSaysThatItDoesNotMix> && !Avalanching<std::hash<Number>>);
@@ -73,6 +76,25 @@ TEST(DistinctElementsWithoutHash, AreInTheOrderOfTheirFirstOccurrence)
   const std::vector<NumberWithoutHash> numbers{{{2}}, {{1}}, {{2}}, {{3}}, {{1}}};
 
   EXPECT_EQ(distinct(numbers), (std::vector<NumberWithoutHash>{{{2}}, {{1}}, {{3}}}));
+}
+
+TEST(Elements, AreHashedUnlessTheyAreFewOrMoreThanATableCanNumber)
+{
+  EXPECT_FALSE(areHashed(0));
+  EXPECT_FALSE(areHashed(fewElements));
+  EXPECT_TRUE(areHashed(fewElements + 1));
+  EXPECT_TRUE(areHashed(0x7fffffff));
+  EXPECT_FALSE(areHashed(0x80000000));
+}
+
+TYPED_TEST(DistinctElements, AreFoundAmongThousandsWithoutALookAtTheOthers)
+{
+  std::vector<TypeParam> elements(5000);
+  const auto expected = elements;
+  elements.insert(elements.end(), expected.begin() + 1000, expected.begin() + 3000);
+
+  EXPECT_EQ(distinct(elements), expected);
+  EXPECT_EQ(distinct(expected), expected);
 }
 
 TEST(DistinctElementsWithAPlainHash, AreComparedAFewTimesWhicheverBitsDiffer)

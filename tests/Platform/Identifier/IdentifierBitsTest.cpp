@@ -185,8 +185,18 @@ TEST(Bits, AreHashedWithTheSeedOfTheProcess)
 {
   constexpr IdentifierBits bits{0x0123456789abcdef, 0xfedcba9876543210};
 
-  EXPECT_EQ(bits.hash(), bits.hash(IdentifierBits::seed));
-  EXPECT_FALSE(IdentifierBits::seed.isZero());
+  EXPECT_EQ(bits.hash(), bits.hash({IdentifierBits::seedHigh, IdentifierBits::seedLow}));
+  EXPECT_NE(IdentifierBits::seedHigh, IdentifierBits::seedLow) << "drawn once, used twice";
+}
+
+TEST(Bits, OfABlockDifferInTheLowestBitsOfTheirQuickHashes)
+{
+  constexpr IdentifierBits start{0x919108f752d18320, 0x9bacf847db410000};
+  std::set<std::size_t> lowestBits;
+  for (std::uint64_t i = 0; i < 1024; ++i)
+    lowestBits.insert(IdentifierBits{start.high, start.low + i}.quickHash() % 1024);
+
+  EXPECT_EQ(lowestBits.size(), 1024U);
 }
 
 TEST(Bits, HaveTheSameHashWhenEqual)

@@ -107,6 +107,7 @@ TYPED_TEST(ComparedIds, HaveTheHashOfTheirBits)
 
   EXPECT_EQ(hash(TypeParam(knownBits)), hash(TypeParam(knownBits)));
   EXPECT_EQ(hash(TypeParam(knownBits)), knownBits.hash());
+  EXPECT_EQ(hash.quick(TypeParam(knownBits)), knownBits.quickHash());
   static_assert(std::is_nothrow_invocable_v<std::hash<TypeParam>, const TypeParam&>);
 }
 
