@@ -66,7 +66,7 @@ void PersistenceArchiver::clear()
 {
   m_writer.clear();
   m_classTable.clear();
-  *m_savedObjects = {};
+  m_savedObjects->clear();
 }
 
 void PersistenceArchiver::limitSize(std::uint32_t bytes)
