@@ -78,9 +78,7 @@ TEST(LongChains, AreReleasedByAnArchiveThatRefusesWhatFollowsThem)
   appendWord(body, length + 1); // one more than the next number
   const auto bytes = archiveAround(body, {{"Test.Node"}});
 
-  ThreadWithStack::run(smallStack, [&] {
-    EXPECT_THROW(loadedFrom<Nodes>(bytes), ArchiveError);
-  });
+  ThreadWithStack::run(smallStack, [&] { EXPECT_THROW(loadedFrom<Nodes>(bytes), ArchiveError); });
 }
 
 TEST(LongChains, AreReleasedByTheArchiveThatSavedThem)
