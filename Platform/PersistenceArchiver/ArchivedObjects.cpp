@@ -45,8 +45,8 @@ unsigned int takeObjectNumber(ArchiveReader& reader, std::size_t next)
 
 /// What is needed to make and load an object.
 struct NewObject {
-  BaseClassRegister record;       ///< of its own class
-  std::optional<CasterPath> path; ///< to the declared class; there is one
+  const BaseClassRegister& record; ///< of its own class
+  std::optional<CasterPath> path;  ///< to the declared class; there is one
 };
 
 /// Finds out what the frame that comes next needs, and enters it.
@@ -80,6 +80,23 @@ void* convert(const LoadedObject& object,
            "a shared object of the class " + describe(declared.classHash),
            "one of the class " + describe(object.classHash));
   return converted;
+}
+
+/// Makes the object of the frame that comes next, which is entered.
+/// @param record  becomes that of the object and its own class
+std::shared_ptr<void> makeObjectFor(const BaseClassRegister& declared,
+                                    const SharedPointerAccess& access,
+                                    ArchiveReader& reader,
+                                    LoadedObjects& objects,
+                                    BaseClassRegister& record)
+{
+  const auto [ofItsClass, path] = enterObjectFor(declared, reader);
+  auto& created = objects.create(ofItsClass);
+  // nothing between these two may need memory: nobody owns the object yet
+  created.owner = access.own(convert(created, path, declared, reader));
+  record = ofItsClass;
+  record.object = created.object;
+  return created.owner;
 }
 
 /// Loads the record's object from the frame that was entered, and leaves the frame.
@@ -182,12 +199,8 @@ std::shared_ptr<void> PersistenceArchiver::loadShared(const BaseClassRegister& d
     return pointer;
   }
 
-  auto [record, path] = enterObjectFor(declared, m_reader);
-  auto& created = objects.create(record);
-  record.object = created.object;
-  // nothing between these two may need memory: nobody owns the object yet
-  auto pointer = access.own(convert(created, path, declared, m_reader));
-  created.owner = pointer;
+  BaseClassRegister record;
+  auto pointer = makeObjectFor(declared, access, m_reader, objects, record);
   access.add(pointers, number, pointer); // before it is loaded: it may lead back to itself
   callLoadEntry(*this, m_reader, record);
   return pointer;

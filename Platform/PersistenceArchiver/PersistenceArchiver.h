@@ -192,8 +192,8 @@ public:
   /// A shared object of C or a class derived from C, or none: the object's number as 32 bits, 0 for
   /// none; when the number is new, the object follows in a frame of its class. What was shared is
   /// shared again, cycles included. The archive keeps a share of each object until clear() or its
-  /// destructor. If C has no virtual operations, the archive cannot see an object's derived class,
-  /// and saves it as a C.
+  /// destructor, which release them from the last to the first. If C has no virtual operations, the
+  /// archive cannot see an object's derived class, and saves it as a C.
   ///
   /// Loading an object as a class other than the one it was saved as needs a caster between the
   /// two. A polymorphic C needs a virtual destructor.

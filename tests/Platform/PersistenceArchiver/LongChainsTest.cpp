@@ -20,9 +20,9 @@ namespace {
 /// From the end of the chain to its beginning.
 using Nodes = std::vector<std::shared_ptr<Node>>;
 
-/// Releasing such a chain from its beginning takes many times the stack of smallStack.
+/// When each release of such a chain sets off the next one, they take many times this stack.
 constexpr std::uint32_t length = 100'000;
-constexpr std::size_t smallStack = 256 * 1024;
+constexpr std::size_t smallStack = std::size_t{256} * 1024;
 
 Nodes chain()
 {
