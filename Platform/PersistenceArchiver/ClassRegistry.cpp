@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PersistenceArchiver/ClassRegistry.h"
 
+#include "ForkHandlers.h"
 #include "PersistenceArchiver/Caster.h"
 
 #include <cstdint>
@@ -23,6 +24,8 @@ struct ReleaseMemory {
 };
 
 struct Registry {
+  Registry();
+
   std::mutex mutex;
   std::map<unsigned int, ClassRegistry::RegisteredClass> classes; // a map: its entries never move
   std::map<unsigned int, unsigned int> classHashesOfTypes;
@@ -32,6 +35,14 @@ struct Registry {
 
 /// Constructed when the library is loaded, destroyed after everything that was loaded later.
 Registry registry;
+
+/// A forked child has only the thread that forked it: if another one had the lock, nobody would
+/// release the child's copy.
+Registry::Registry()
+{
+  constexpr auto unlock = [] { registry.mutex.unlock(); };
+  ForkHandlers::add([] { registry.mutex.lock(); }, unlock, unlock);
+}
 
 bool haveSameEntries(const BaseClassRegister& a, const BaseClassRegister& b)
 {
