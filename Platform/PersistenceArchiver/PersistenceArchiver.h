@@ -76,6 +76,13 @@ public:
   /// @param reserved  0
   static unsigned int getCurrentVersion(unsigned int reserved);
 
+  /// Refuses by its first bytes what cannot be an archive, so that a program need not read all of a
+  /// huge file to find that out.
+  /// @param start  the first 20 bytes, or more; all of them when there are fewer
+  /// @param size   how many bytes there are in all
+  /// @throws ArchiveError when the constructor would refuse them for their beginning or their size
+  static void checkStart(std::span<const std::byte> start, std::uint64_t size);
+
   /// An empty archive to write into.
   PersistenceArchiver();
 
