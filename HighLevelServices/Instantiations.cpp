@@ -21,6 +21,8 @@ template class TKM_HIGHLEVELSERVICES_DEFINE TKGroup<GUIdentifier>;
 template class TKM_HIGHLEVELSERVICES_DEFINE TKGroupProviderInterface<Identifier>;
 template class TKM_HIGHLEVELSERVICES_DEFINE TKGroupProviderInterface<GUIdentifier>;
 
+template class TKM_HIGHLEVELSERVICES_DEFINE PointerMapContainerBase<TKGroup<Identifier>>;
+template class TKM_HIGHLEVELSERVICES_DEFINE PointerMapContainerBase<TKGroup<GUIdentifier>>;
 template class TKM_HIGHLEVELSERVICES_DEFINE PointerMapContainer<TKGroup<Identifier>>;
 template class TKM_HIGHLEVELSERVICES_DEFINE PointerMapContainer<TKGroup<GUIdentifier>>;
 

@@ -103,7 +103,9 @@ endfunction()
 # tkm_install_compiler_runtime(): on Windows, the libraries of the compiler beside those of this project,
 # so that programs run on a machine without the compiler.
 function(tkm_install_compiler_runtime)
-  if(MSVC)
+  if(MSVC AND NOT CMAKE_HOST_WIN32)
+    message(STATUS "The libraries of Visual C++ are not installed: they are on Windows only.")
+  elseif(MSVC)
     set(CMAKE_INSTALL_SYSTEM_RUNTIME_COMPONENT TKMService_Runtime)
     include(InstallRequiredSystemLibraries)
   elseif(MINGW)

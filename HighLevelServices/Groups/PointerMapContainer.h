@@ -67,6 +67,8 @@ std::size_t PointerMapContainer<C>::removePointer(unsigned int key)
   return m_pointers->erase(key);
 }
 
+extern template class TKM_HIGHLEVELSERVICES_DECLARE PointerMapContainerBase<TKGroup<Identifier>>;
+extern template class TKM_HIGHLEVELSERVICES_DECLARE PointerMapContainerBase<TKGroup<GUIdentifier>>;
 extern template class TKM_HIGHLEVELSERVICES_DECLARE PointerMapContainer<TKGroup<Identifier>>;
 extern template class TKM_HIGHLEVELSERVICES_DECLARE PointerMapContainer<TKGroup<GUIdentifier>>;
 

@@ -11,6 +11,8 @@ namespace Tarvik {
 class TKM_GENERALSERVICES_API StringUtility {
 public:
   StringUtility() = delete;
+  StringUtility(const StringUtility&) = delete;
+  StringUtility& operator=(const StringUtility&) = delete;
 
   /// A copy of the text with the letters A to Z in lower case. All other bytes are copied
   /// unchanged, also those of letters outside ASCII. The locale makes no difference.

@@ -12,6 +12,8 @@ namespace Tarvik {
 class TKM_GENERALSERVICES_API UniqueNameProvider {
 public:
   UniqueNameProvider() = delete;
+  UniqueNameProvider(const UniqueNameProvider&) = delete;
+  UniqueNameProvider& operator=(const UniqueNameProvider&) = delete;
 
   /// The base itself if it is free. Otherwise the base, a blank and the lowest number from 2 up
   /// that makes a free name. Equal arguments give equal names.

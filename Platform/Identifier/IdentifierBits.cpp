@@ -5,6 +5,8 @@
 
 #include "Identifier/IdentifierBits.h"
 
+#include "ForkHandlers.h"
+
 #include <chrono>
 #include <functional>
 #include <system_error>
@@ -12,7 +14,6 @@
 #if defined(_WIN32)
 #include <cstdlib>
 #else
-#include <pthread.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -107,19 +108,11 @@ IdentifierBits takeFirstOfNewBlock()
   return takeNext();
 }
 
-#if !defined(_WIN32)
 /// Ends the current block in a forked child: the child has a copy, and the parent still uses it.
-class ForkHandler {
-public:
-  ForkHandler()
-  {
-    if (const int error = pthread_atfork(nullptr, nullptr, [] { next.low = 0; }); error != 0)
-      throw std::system_error(error, std::generic_category(), "identifiers would not be unique");
-  }
-};
-
-const ForkHandler forkHandler;
-#endif
+[[maybe_unused]] const bool endsBlockInChild = [] {
+  ForkHandlers::add(nullptr, nullptr, [] { next.low = 0; });
+  return true;
+}();
 
 }
 

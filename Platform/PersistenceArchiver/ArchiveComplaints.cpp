@@ -23,7 +23,7 @@ void complain(const std::string& mistake)
   throw std::logic_error("PersistenceArchiver: " + mistake);
 }
 
-std::string bytesText(std::size_t count)
+std::string bytesText(std::uint64_t count)
 {
   return std::to_string(count) + (count == 1 ? " byte" : " bytes");
 }

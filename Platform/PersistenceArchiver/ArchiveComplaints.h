@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -26,6 +27,6 @@ inline constexpr std::string_view useNewerProgram =
 [[noreturn]] void complain(const std::string& mistake);
 
 /// "1 byte", "2 bytes".
-std::string bytesText(std::size_t count);
+std::string bytesText(std::uint64_t count);
 
 }

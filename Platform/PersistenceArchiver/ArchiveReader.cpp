@@ -13,32 +13,41 @@ namespace Tarvik {
 using namespace ArchiveFormat;
 using namespace ArchiveComplaints;
 
-ArchiveReader::ArchiveReader(std::span<const std::byte> archive)
-    : m_position(archive.data()), m_end(archive.data() + archive.size()), m_archive(archive)
+ArchiveReader::ArchiveReader(std::span<const std::byte> archive) : m_archive(archive)
 {
   checkHeader();
+  m_position = m_archive.data() + headerSize;
   m_end = m_archive.data() + tablePosition();
 }
 
-void ArchiveReader::checkHeader()
+void ArchiveReader::checkStart(std::span<const std::byte> start, std::uint64_t size)
 {
-  const auto size = m_archive.size();
   if (size < leastArchiveSize || size > greatestArchiveSize)
     refuse(0,
            "an archive of " + std::to_string(leastArchiveSize) + " to " +
                bytesText(greatestArchiveSize),
            bytesText(size), "it is no archive, or cut off");
-  if (!std::ranges::equal(std::span(takeBytes(magic.size()), magic.size()),
-                          std::as_bytes(std::span(magic))))
+  if (start.size() < headerSize)
+    complain("the first " + bytesText(headerSize) + " of an archive are needed to check its start");
+  if (!std::ranges::equal(start.first(magic.size()), std::as_bytes(std::span(magic))))
     refuse(0, "the first 8 bytes of an archive", "others", "it is no archive");
-  if (const auto found = take<std::uint32_t>(); found != version)
+  const auto wordAt = [start](std::size_t place) {
+    return loadLittleEndian<std::uint32_t>(start.data() + place);
+  };
+  if (const auto found = wordAt(versionPlace); found != version)
     refuse(versionPlace, "format version " + std::to_string(version), std::to_string(found),
            useNewerProgram);
-  if (const auto expected = take<std::uint32_t>(); expected != size)
+  if (const auto expected = wordAt(sizePlace); expected != size)
     refuse(sizePlace, "an archive of " + bytesText(expected), bytesText(size),
            "it is cut off or damaged");
+}
+
+void ArchiveReader::checkHeader() const
+{
+  const auto size = m_archive.size();
+  checkStart(m_archive, size);
   checkChecksum();
-  const auto table = take<std::uint32_t>();
+  const auto table = tablePosition();
   if (table < headerSize || table > size - checksumSize)
     refuse(tablePlace, "the position of the class table", std::to_string(table), damaged);
 }

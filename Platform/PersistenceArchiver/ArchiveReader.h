@@ -35,6 +35,9 @@ public:
   ArchiveReader& operator=(const ArchiveReader&) = delete;
   ~ArchiveReader() = default;
 
+  /// As PersistenceArchiver::checkStart().
+  static void checkStart(std::span<const std::byte> start, std::uint64_t size);
+
   /// Reads and checks the class table; goes to the beginning of the body.
   ClassTable::Records readClassTable();
 
@@ -92,7 +95,7 @@ private:
   [[noreturn]] TKM_PERSISTENCEARCHIVER_API void refuseToTake(std::size_t count) const;
   [[noreturn]] TKM_PERSISTENCEARCHIVER_API void refuseBool(const std::byte* place) const;
   void requireUsed() const;
-  void checkHeader();
+  void checkHeader() const;
   void checkChecksum() const;
   std::size_t tablePosition() const;
 

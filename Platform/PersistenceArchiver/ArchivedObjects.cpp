@@ -8,22 +8,28 @@
 #include "PersistenceArchiver/PersistenceArchiver.h"
 #include "PersistenceArchiver/SavedObjects.h"
 
+#include <optional>
+#include <string>
+#include <utility>
+
 namespace Tarvik {
 
 using ArchiveComplaints::complain;
 using ArchiveComplaints::damaged;
 using ArchiveComplaints::refuse;
+using ClassRegistry::CasterPath;
 using ClassRegistry::describe;
 
 namespace {
 
-/// Whether an object of the class may be made for a pointer to the declared class. Without virtual
-/// operations there, it would be destroyed as one of the declared class.
-bool mayStandFor(const BaseClassRegister& declared, unsigned int classHash)
+/// How an object of the class becomes one of the declared class; nothing if it must not be made for
+/// a pointer to that. Without virtual operations there, it would be destroyed as one of the
+/// declared class.
+std::optional<CasterPath> pathTo(const BaseClassRegister& declared, unsigned int classHash)
 {
-  if (declared.runtimeClass == nullptr)
-    return classHash == declared.classHash;
-  return ClassRegistry::isBase(declared.classHash, classHash);
+  if (declared.runtimeClass == nullptr && classHash != declared.classHash)
+    return std::nullopt;
+  return ClassRegistry::findPath(classHash, declared.classHash);
 }
 
 /// @param next  the number of the object that comes for the first time
@@ -37,35 +43,60 @@ unsigned int takeObjectNumber(ArchiveReader& reader, std::size_t next)
   return number;
 }
 
-/// The record of the class of the frame that comes next, which is entered.
-const BaseClassRegister& enterObjectFor(const BaseClassRegister& declared, ArchiveReader& reader)
+/// What is needed to make and load an object.
+struct NewObject {
+  const BaseClassRegister& record; ///< of its own class
+  std::optional<CasterPath> path;  ///< to the declared class; there is one
+};
+
+/// Finds out what the frame that comes next needs, and enters it.
+NewObject enterObjectFor(const BaseClassRegister& declared, ArchiveReader& reader)
 {
   reader.enterFrame();
   const auto place = reader.position();
   const auto classHash = reader.frameClass();
   const auto* const known = ClassRegistry::find(classHash);
-  if (known == nullptr || !mayStandFor(declared, classHash))
+  auto path = pathTo(declared, classHash);
+  if (known == nullptr || !path)
     refuse(place,
            "an object of the class " + describe(declared.classHash) + " or one derived from it",
            "one of the class " + describe(classHash));
   if (known->record.create == nullptr || known->record.load == nullptr)
     refuse(place, "an object of a class that makes and loads objects",
            "one of the class " + describe(classHash));
-  return known->record;
+  return {known->record, std::move(path)};
 }
 
-/// The object as one of the declared class.
+/// The object as one of the declared class. Needs no memory, unless it refuses.
+/// @param path  from the object's own class to the declared one; without it, the object is refused
 void* convert(const LoadedObject& object,
+              const std::optional<CasterPath>& path,
               const BaseClassRegister& declared,
               const ArchiveReader& reader)
 {
-  auto* const converted =
-      ClassRegistry::toBase(object.object, object.classHash, declared.classHash);
+  auto* const converted = path ? ClassRegistry::toBase(object.object, *path) : nullptr;
   if (converted == nullptr)
     refuse(reader.position() - ArchiveFormat::wordSize,
            "a shared object of the class " + describe(declared.classHash),
            "one of the class " + describe(object.classHash));
   return converted;
+}
+
+/// Makes the object of the frame that comes next, which is entered.
+/// @param record  becomes that of the object and its own class
+std::shared_ptr<void> makeObjectFor(const BaseClassRegister& declared,
+                                    const SharedPointerAccess& access,
+                                    ArchiveReader& reader,
+                                    LoadedObjects& objects,
+                                    BaseClassRegister& record)
+{
+  const auto [ofItsClass, path] = enterObjectFor(declared, reader);
+  auto& created = objects.create(ofItsClass);
+  // nothing between these two may need memory: nobody owns the object yet
+  created.owner = access.own(convert(created, path, declared, reader));
+  record = ofItsClass;
+  record.object = created.object;
+  return created.owner;
 }
 
 /// Loads the record's object from the frame that was entered, and leaves the frame.
@@ -133,7 +164,8 @@ void PersistenceArchiver::saveShared(const BaseClassRegister& declared,
   const auto classHash =
       declared.runtimeClass != nullptr ? declared.runtimeClass(asked) : declared.classHash;
   const auto* const known = ClassRegistry::find(classHash);
-  auto* const asItself = ClassRegistry::toDerived(object.get(), declared.classHash, classHash);
+  const auto path = ClassRegistry::findPath(classHash, declared.classHash);
+  auto* const asItself = path ? ClassRegistry::toDerived(object.get(), *path) : nullptr;
   if (known == nullptr || asItself == nullptr)
     complain("a shared object saved as one of the class " + describe(declared.classHash) +
              " is of a derived class that is not registered, or has no caster");
@@ -161,16 +193,14 @@ std::shared_ptr<void> PersistenceArchiver::loadShared(const BaseClassRegister& d
 
   if (number <= objects.count()) { // so far handed out as another class
     const auto& known = objects[number];
-    std::shared_ptr<void> pointer(known.owner, convert(known, declared, m_reader));
+    const auto path = ClassRegistry::findPath(known.classHash, declared.classHash);
+    std::shared_ptr<void> pointer(known.owner, convert(known, path, declared, m_reader));
     access.add(pointers, number, pointer);
     return pointer;
   }
 
-  auto record = enterObjectFor(declared, m_reader);
-  auto& created = objects.create(record);
-  record.object = created.object;
-  auto pointer = access.own(convert(created, declared, m_reader));
-  created.owner = pointer;
+  BaseClassRegister record;
+  auto pointer = makeObjectFor(declared, access, m_reader, objects, record);
   access.add(pointers, number, pointer); // before it is loaded: it may lead back to itself
   callLoadEntry(*this, m_reader, record);
   return pointer;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PersistenceArchiver/ClassRegistry.h"
 
+#include "ForkHandlers.h"
 #include "PersistenceArchiver/Caster.h"
 
 #include <cstdint>
@@ -8,10 +9,8 @@
 #include <memory>
 #include <mutex>
 #include <numeric>
-#include <optional>
 #include <set>
 #include <utility>
-#include <vector>
 
 namespace Tarvik {
 
@@ -25,6 +24,8 @@ struct ReleaseMemory {
 };
 
 struct Registry {
+  Registry();
+
   std::mutex mutex;
   std::map<unsigned int, ClassRegistry::RegisteredClass> classes; // a map: its entries never move
   std::map<unsigned int, unsigned int> classHashesOfTypes;
@@ -35,38 +36,38 @@ struct Registry {
 /// Constructed when the library is loaded, destroyed after everything that was loaded later.
 Registry registry;
 
+/// A forked child has only the thread that forked it: if another one had the lock, nobody would
+/// release the child's copy.
+Registry::Registry()
+{
+  constexpr auto unlock = [] { registry.mutex.unlock(); };
+  ForkHandlers::add([] { registry.mutex.lock(); }, unlock, unlock);
+}
+
 bool haveSameEntries(const BaseClassRegister& a, const BaseClassRegister& b)
 {
   return a.load == b.load && a.save == b.save && a.create == b.create &&
          a.runtimeClass == b.runtimeClass && a.createContainer == b.createContainer;
 }
 
-using Casters = std::vector<const Caster*>;
+using ClassRegistry::CasterPath;
 
-/// The casters that lead from the child up to the parent, in this order; nothing when there is no
-/// way.
 /// The registry must be locked.
-std::optional<Casters>
-castersFrom(unsigned int childHash, unsigned int parentHash, std::set<unsigned int>& visited)
+/// @param visited  the classes from which no way was found
+std::optional<CasterPath>
+findPath(unsigned int childHash, unsigned int parentHash, std::set<unsigned int>& visited)
 {
   if (childHash == parentHash)
-    return Casters{};
+    return CasterPath{};
   if (!visited.insert(childHash).second)
     return std::nullopt;
   for (auto place = registry.casters.lower_bound({childHash, 0});
        place != registry.casters.end() && place->first.first == childHash; ++place)
-    if (auto rest = castersFrom(place->first.second, parentHash, visited)) {
+    if (auto rest = findPath(place->first.second, parentHash, visited)) {
       rest->insert(rest->begin(), place->second);
       return rest;
     }
   return std::nullopt;
-}
-
-std::optional<Casters> castersFrom(unsigned int childHash, unsigned int parentHash)
-{
-  const std::lock_guard lock(registry.mutex);
-  std::set<unsigned int> visited;
-  return castersFrom(childHash, parentHash, visited);
 }
 
 }
@@ -140,28 +141,24 @@ std::string describe(unsigned int classHash)
   return "with the unknown hash " + std::to_string(classHash);
 }
 
-bool isBase(unsigned int parentHash, unsigned int childHash)
+std::optional<CasterPath> findPath(unsigned int childHash, unsigned int parentHash)
 {
-  return castersFrom(childHash, parentHash).has_value();
+  const std::lock_guard lock(registry.mutex);
+  std::set<unsigned int> visited;
+  return Tarvik::findPath(childHash, parentHash, visited);
 }
 
-void* toBase(void* object, unsigned int childHash, unsigned int parentHash)
+void* toBase(void* object, const CasterPath& path)
 {
-  const auto casters = castersFrom(childHash, parentHash);
-  if (!casters)
-    return nullptr;
   return std::accumulate(
-      casters->begin(), casters->end(), object,
+      path.begin(), path.end(), object,
       [](void* converted, const Caster* caster) { return caster->toBase(converted); });
 }
 
-void* toDerived(void* object, unsigned int parentHash, unsigned int childHash)
+void* toDerived(void* object, const CasterPath& path)
 {
-  const auto casters = castersFrom(childHash, parentHash);
-  if (!casters)
-    return nullptr;
   return std::accumulate(
-      casters->rbegin(), casters->rend(), object,
+      path.rbegin(), path.rend(), object,
       [](void* converted, const Caster* caster) { return caster->toDerived(converted); });
 }
 

@@ -3,7 +3,9 @@
 
 #include "PersistenceArchiver/BaseClassRegister.h"
 
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace Tarvik {
 class Caster;
@@ -41,15 +43,19 @@ const RegisteredClass* find(unsigned int classHash);
 /// The name of the class in quotes, or a text that says that it is not known.
 std::string describe(unsigned int classHash);
 
-/// Whether pointers to the child can be converted to pointers to the parent, which may be the same
-/// class, or a base of a base.
-bool isBase(unsigned int parentHash, unsigned int childHash);
+/// The casters that lead from a class up to one of its bases, in this order. Empty from a class to
+/// itself.
+using CasterPath = std::vector<const Caster*>;
 
-/// Converts a pointer to an object of the class `childHash`; null when no casters lead there.
-void* toBase(void* object, unsigned int childHash, unsigned int parentHash);
+/// The way from the child up to the parent, which may be the same class, or a base of a base;
+/// nothing when no casters lead there.
+std::optional<CasterPath> findPath(unsigned int childHash, unsigned int parentHash);
 
-/// Converts a pointer to an object of the class `parentHash`; null when no casters lead there, or
-/// when the object is not of the class `childHash`.
-void* toDerived(void* object, unsigned int parentHash, unsigned int childHash);
+/// Converts a pointer to an object of the class where the path begins. Needs no memory.
+void* toBase(void* object, const CasterPath& path);
+
+/// Converts a pointer to an object of the class where the path ends; null when the object is not of
+/// the class where it begins.
+void* toDerived(void* object, const CasterPath& path);
 
 }

@@ -6,6 +6,13 @@
 
 namespace Tarvik {
 
+LoadedObjects::~LoadedObjects()
+{
+  m_pointers.clear(); // they hold shares too
+  while (!m_objects.empty())
+    m_objects.pop_back();
+}
+
 LoadedObject& LoadedObjects::create(const BaseClassRegister& record)
 {
   // the place first: nobody would own the object if there were no memory for it

@@ -22,6 +22,14 @@ struct LoadedObject {
 /// handed out, by the class of the pointer. Keeps a share of each. Not for hosts.
 class LoadedObjects {
 public:
+  LoadedObjects() = default;
+  LoadedObjects(const LoadedObjects&) = delete;
+  LoadedObjects& operator=(const LoadedObjects&) = delete;
+
+  /// Releases the objects from the last to the first. In a long chain that was saved from its end,
+  /// no release sets off the next one then, which would use up the stack.
+  ~LoadedObjects();
+
   /// The greatest number so far.
   std::size_t count() const { return m_objects.size(); }
 

@@ -42,6 +42,11 @@ unsigned int PersistenceArchiver::getCurrentVersion(unsigned int /*reserved*/)
   return ArchiveFormat::version;
 }
 
+void PersistenceArchiver::checkStart(std::span<const std::byte> start, std::uint64_t size)
+{
+  ArchiveReader::checkStart(start, size);
+}
+
 PersistenceArchiver::PersistenceArchiver()
     : m_savedObjects(std::make_unique<SavedObjects>()),
       m_loadedObjects(std::make_unique<LoadedObjects>())
@@ -66,7 +71,7 @@ void PersistenceArchiver::clear()
 {
   m_writer.clear();
   m_classTable.clear();
-  *m_savedObjects = {};
+  m_savedObjects->clear();
 }
 
 void PersistenceArchiver::limitSize(std::uint32_t bytes)

@@ -76,6 +76,13 @@ public:
   /// @param reserved  0
   static unsigned int getCurrentVersion(unsigned int reserved);
 
+  /// Refuses by its first bytes what cannot be an archive, so that a program need not read all of a
+  /// huge file to find that out.
+  /// @param start  the first 20 bytes, or more; all of them when there are fewer
+  /// @param size   how many bytes there are in all
+  /// @throws ArchiveError when the constructor would refuse them for their beginning or their size
+  static void checkStart(std::span<const std::byte> start, std::uint64_t size);
+
   /// An empty archive to write into.
   PersistenceArchiver();
 
@@ -192,8 +199,8 @@ public:
   /// A shared object of C or a class derived from C, or none: the object's number as 32 bits, 0 for
   /// none; when the number is new, the object follows in a frame of its class. What was shared is
   /// shared again, cycles included. The archive keeps a share of each object until clear() or its
-  /// destructor. If C has no virtual operations, the archive cannot see an object's derived class,
-  /// and saves it as a C.
+  /// destructor, which release them from the last to the first. If C has no virtual operations, the
+  /// archive cannot see an object's derived class, and saves it as a C.
   ///
   /// Loading an object as a class other than the one it was saved as needs a caster between the
   /// two. A polymorphic C needs a virtual destructor.

@@ -5,6 +5,11 @@
 
 namespace Tarvik {
 
+SavedObjects::~SavedObjects()
+{
+  clear();
+}
+
 SavedObjects::Number SavedObjects::numberOf(const std::shared_ptr<void>& owner,
                                             const void* object,
                                             unsigned int classHash)
@@ -14,6 +19,13 @@ SavedObjects::Number SavedObjects::numberOf(const std::shared_ptr<void>& owner,
   if (isNew)
     m_owners.push_back(owner);
   return {place->second, isNew};
+}
+
+void SavedObjects::clear()
+{
+  m_numbers.clear();
+  while (!m_owners.empty())
+    m_owners.pop_back();
 }
 
 std::size_t SavedObjects::Hash::operator()(const Key& key) const

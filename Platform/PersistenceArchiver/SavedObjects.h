@@ -12,6 +12,11 @@ namespace Tarvik {
 /// a share of it, so that its address does not become another object's. Not for hosts.
 class SavedObjects {
 public:
+  SavedObjects() = default;
+  SavedObjects(const SavedObjects&) = delete;
+  SavedObjects& operator=(const SavedObjects&) = delete;
+  ~SavedObjects();
+
   struct Number {
     unsigned int value;
     bool isNew; ///< the object must follow
@@ -20,6 +25,10 @@ public:
   /// @param object     points to it as an object of its own class
   /// @param classHash  its own class, since an object begins where its first member does
   Number numberOf(const std::shared_ptr<void>& owner, const void* object, unsigned int classHash);
+
+  /// Forgets the objects, and releases them from the last to the first. In a long chain that was
+  /// saved from its end, no release sets off the next one then, which would use up the stack.
+  void clear();
 
 private:
   struct Key {

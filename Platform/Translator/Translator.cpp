@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Translator/Translator.h"
 
+#include "ForkHandlers.h"
+
 #include <memory>
 #include <mutex>
 #include <utility>
@@ -13,6 +15,8 @@ namespace {
 /// without it, so that they may translate or install themselves.
 class InstalledCatalogue {
 public:
+  InstalledCatalogue();
+
   std::shared_ptr<const Translator::Catalogue> get()
   {
     const std::lock_guard lock(m_mutex);
@@ -32,6 +36,14 @@ private:
 
 /// Constructed when the library is loaded, destroyed after everything that was loaded later.
 InstalledCatalogue installed;
+
+/// A forked child has only the thread that forked it: if another one had the lock, nobody would
+/// release the child's copy.
+InstalledCatalogue::InstalledCatalogue()
+{
+  constexpr auto unlock = [] { installed.m_mutex.unlock(); };
+  ForkHandlers::add([] { installed.m_mutex.lock(); }, unlock, unlock);
+}
 
 }
 

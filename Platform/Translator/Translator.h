@@ -23,6 +23,8 @@ public:
       const char* context, const char* text, const char* disambiguation, int count)>;
 
   Translator() = delete;
+  Translator(const Translator&) = delete;
+  Translator& operator=(const Translator&) = delete;
 
   /// Translates a text with the installed catalogue.
   /// @param context         what the text belongs to, such as a class name; may be null

@@ -41,8 +41,10 @@ OpenedDocument openDocument(Files& files, const std::filesystem::path& file)
     auto title = Utf8::fromPath(file.filename());
     if (!isProjectName(file))
       return {PointDocument::create(parsePoints(files.readText(file), name)), std::move(title)};
+    const auto start = files.readStart(file, projectStartSize);
+    checkProjectStart(start.bytes, start.size, name);
     const auto bytes = files.readBytes(file);
-    return {loadProject(bytes, name), std::move(title), file, hashOf(bytes)};
+    return {loadProject(bytes, name), std::move(title), file, bytes.size(), hashOf(bytes)};
   } catch (const std::bad_alloc&) {
     throw UserError(fmt::format("{}: there is not enough memory for this file", name));
   }
@@ -70,7 +72,8 @@ Editor::OverwriteRisk Editor::overwriteRisk(const std::filesystem::path& file) c
 void Editor::save(const std::filesystem::path& file)
 {
   const auto bytes = saveProject(*document());
-  OpenedDocument saved = {document(), Utf8::fromPath(file.filename()), file, hashOf(bytes)};
+  OpenedDocument saved = {document(), Utf8::fromPath(file.filename()), file, bytes.size(),
+                          hashOf(bytes)};
   m_files->write(file, bytes);
 
   m_opened = std::move(saved); // from here on nothing can fail
@@ -79,8 +82,10 @@ void Editor::save(const std::filesystem::path& file)
 
 bool Editor::hasFileChanged() const
 {
+  // the size first: whatever is there now may be huge
   return m_files->exists(projectFile()) &&
-         hashOf(m_files->readBytes(projectFile())) != m_opened.projectHash;
+         (m_files->readStart(projectFile(), 0).size != m_opened.projectSize ||
+          hashOf(m_files->readBytes(projectFile())) != m_opened.projectHash);
 }
 
 std::string summaryOf(const Editor& editor)

@@ -6,6 +6,7 @@
 #include "PointCollections/Files/Files.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -17,6 +18,7 @@ struct OpenedDocument {
   std::shared_ptr<PointDocument> document; ///< never null
   std::string title;                       ///< usually the name of the file, without its folders
   std::filesystem::path projectFile = {};  ///< empty unless the document comes from a project
+  std::uint64_t projectSize = 0;           ///< of the project file, in bytes
   std::size_t projectHash = 0;             ///< of the bytes of the project file
 };
 

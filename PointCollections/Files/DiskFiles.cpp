@@ -8,6 +8,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <fstream>
 #include <new>
@@ -43,13 +44,33 @@ void refuseDevice(const fs::path& file)
     fail(file, "this is a device or the like; expected a file");
 }
 
-std::uintmax_t sizeToRead(const fs::path& file)
+std::uintmax_t sizeOf(const fs::path& file)
 {
   std::error_code ignored;
   const auto size = fs::file_size(file, ignored);
-  if (!ignored && size > greatestSize)
-    fail(file, fmt::format("a file of {} bytes; expected {} at most", size, greatestSize));
   return ignored ? 0 : size;
+}
+
+std::uintmax_t sizeToRead(const fs::path& file)
+{
+  const auto size = sizeOf(file);
+  if (size > greatestSize)
+    fail(file, fmt::format("a file of {} bytes; expected {} at most", size, greatestSize));
+  return size;
+}
+
+std::vector<std::byte> readFirst(const fs::path& file, std::uintmax_t size)
+{
+  auto stream = openText(file);
+  try {
+    std::vector<std::byte> bytes(static_cast<std::size_t>(size));
+    stream.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(size));
+    if (static_cast<std::uintmax_t>(stream.gcount()) != size)
+      fail(file, "reading the file failed");
+    return bytes;
+  } catch (const std::bad_alloc&) {
+    fail(file, fmt::format("there is not enough memory for the {} bytes of this file", size));
+  }
 }
 
 class DiskFiles : public Files {
@@ -63,17 +84,14 @@ public:
   std::vector<std::byte> readBytes(const fs::path& file) override
   {
     refuseDevice(file);
-    const auto size = sizeToRead(file);
-    auto stream = openText(file);
-    try {
-      std::vector<std::byte> bytes(static_cast<std::size_t>(size));
-      stream.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(size));
-      if (static_cast<std::uintmax_t>(stream.gcount()) != size)
-        fail(file, "reading the file failed");
-      return bytes;
-    } catch (const std::bad_alloc&) {
-      fail(file, fmt::format("there is not enough memory for the {} bytes of this file", size));
-    }
+    return readFirst(file, sizeToRead(file));
+  }
+
+  FileStart readStart(const fs::path& file, std::size_t count) override
+  {
+    refuseDevice(file);
+    const auto size = sizeOf(file);
+    return {readFirst(file, std::min<std::uintmax_t>(size, count)), size};
   }
 
   void write(const fs::path& file, std::span<const std::byte> bytes) override

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <span>
@@ -9,6 +10,12 @@
 #include <vector>
 
 namespace Tarvik::PointCollections {
+
+/// The beginning of a file.
+struct FileStart {
+  std::vector<std::byte> bytes; ///< the first ones
+  std::uint64_t size = 0;       ///< of the whole file, in bytes
+};
 
 /// Where documents are read and saved: the disk, or something else in tests. Failures are
 /// UserErrors that name the file.
@@ -24,6 +31,9 @@ public:
 
   /// All bytes of a file.
   virtual std::vector<std::byte> readBytes(const std::filesystem::path& file) = 0;
+
+  /// The first bytes of a file; all when there are fewer.
+  virtual FileStart readStart(const std::filesystem::path& file, std::size_t count) = 0;
 
   /// Replaces the content of a file, or makes the file. If that fails, the file is as it was. There
   /// is one exception: if only the last flush of the folder fails, the file may already be the new

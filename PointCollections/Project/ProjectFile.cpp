@@ -231,6 +231,17 @@ std::vector<std::byte> saveProject(PointDocument& document)
   }
 }
 
+void checkProjectStart(std::span<const std::byte> start,
+                       std::uint64_t size,
+                       const std::string& name)
+{
+  try {
+    PersistenceArchiver::checkStart(start, size);
+  } catch (const ArchiveError& error) {
+    throw UserError(fmt::format("{}, {}", name, messageOf(error)));
+  }
+}
+
 std::shared_ptr<PointDocument> loadProject(std::span<const std::byte> bytes,
                                            const std::string& name)
 {

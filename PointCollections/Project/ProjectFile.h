@@ -4,6 +4,7 @@
 #include "PointCollections/Document/PointDocument.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <span>
@@ -31,6 +32,18 @@ bool isProjectName(const std::filesystem::path& file);
 /// The document as the bytes of a project file.
 /// @throws UserError if loadProject() would refuse the document, or it is too large
 std::vector<std::byte> saveProject(PointDocument& document);
+
+/// How many bytes checkProjectStart() needs.
+constexpr std::size_t projectStartSize = 20;
+
+/// Refuses by its first bytes what cannot be a project file, before the others are read.
+/// @param start  the first projectStartSize bytes; all of them when there are fewer
+/// @param size   of the whole file, in bytes
+/// @param name   what error messages call the file
+/// @throws UserError as loadProject() does
+void checkProjectStart(std::span<const std::byte> start,
+                       std::uint64_t size,
+                       const std::string& name);
 
 /// The document in a project file.
 /// @param bytes  of the file; may be anything

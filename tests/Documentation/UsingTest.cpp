@@ -9,6 +9,7 @@
 #include "PersistenceArchiver/ArchiveError.h"
 #include "PersistenceArchiver/PersistenceArchiver.h"
 #include "Support/RecordingHost.h"
+#include "Support/ThreadWithStack.h"
 #include "Translator/Translator.h"
 
 #include <gtest/gtest.h>
@@ -21,6 +22,7 @@
 #include <optional>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -193,6 +195,43 @@ TEST(UsingTheLibrary, ThrowsAnArchiveErrorForDamagedBytes)
   EXPECT_THROW(PersistenceArchiver(bytes.first(bytes.size() - 1)), ArchiveError);
 }
 
+struct Link {
+  Link() = default;
+  Link(const Link&) = delete;
+  Link& operator=(const Link&) = delete;
+  ~Link();
+
+  std::shared_ptr<Link> next;
+};
+
+Link::~Link()
+{
+  auto rest = std::move(next);
+  while (rest != nullptr && rest.use_count() == 1) // nobody else keeps it
+    rest = std::move(rest->next);
+}
+
+TEST(UsingTheLibrary, TakesALongChainApart)
+{
+  ThreadWithStack::run(std::size_t{256} * 1024, [] {
+    std::shared_ptr<Link> first;
+    std::shared_ptr<Link> kept;
+    for (int i = 0; i < 100'000; ++i) {
+      auto link = std::make_shared<Link>();
+      link->next = std::exchange(first, link);
+      if (i == 9)
+        kept = link;
+    }
+
+    first.reset();
+
+    int length = 0;
+    for (auto link = kept; link != nullptr; link = link->next)
+      ++length;
+    EXPECT_EQ(length, 10) << "what somebody else keeps stays whole";
+  });
+}
+
 TEST(UsingTheLibrary, TakesTextsFromACatalogue)
 {
   Translator::installCatalogue(
@@ -230,7 +269,7 @@ TEST(UsingTheLibrary, IsShownInTheGuideAsItIsHere)
     EXPECT_NE(code.find(example), std::string::npos) << example;
     ++examples;
   }
-  EXPECT_EQ(examples, 6);
+  EXPECT_EQ(examples, 7);
 }
 
 }

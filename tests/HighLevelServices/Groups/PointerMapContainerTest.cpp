@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <memory>
 #include <type_traits>
 
@@ -86,6 +87,32 @@ TYPED_TEST(PointerMap, ReleasesEveryPointerWhenItIsDestroyed)
 
   EXPECT_EQ(a.use_count(), 1);
   EXPECT_EQ(b.use_count(), 1);
+}
+
+/// A container of a host's own.
+template <class C>
+class SinglePointer : public PointerMapContainerBase<C> {
+public:
+  void addPointer(unsigned int, std::shared_ptr<C> pointer) override { m_pointer = pointer; }
+  std::shared_ptr<C> getPointer(unsigned int) override { return m_pointer; }
+  std::size_t removePointer(unsigned int) override { return 0; }
+
+private:
+  std::shared_ptr<C> m_pointer;
+};
+
+TYPED_TEST(PointerMap, MayBeReplacedByAHostsOwn)
+{
+  using Group = TKGroup<TypeParam>;
+  const auto group = this->newGroup("A");
+  const std::unique_ptr<MapContainer> container = std::make_unique<SinglePointer<Group>>();
+
+  auto* const pointers = dynamic_cast<PointerMapContainerBase<Group>*>(container.get());
+
+  ASSERT_NE(pointers, nullptr);
+  pointers->addPointer(1, group);
+  EXPECT_EQ(pointers->getPointer(2), group);
+  EXPECT_EQ(pointers->removePointer(2), 0U);
 }
 
 TYPED_TEST(PointerMap, HoldsNothingButItsMap)

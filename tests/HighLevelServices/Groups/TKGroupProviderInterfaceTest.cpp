@@ -65,9 +65,9 @@ TYPED_TEST(GroupProvider, IsAnInterfaceThatIsDestroyedThroughItself)
 
 TYPED_TEST(GroupProvider, KeepsTheOrderOfItsVirtualOperations)
 {
+#if !defined(_MSC_VER) // its tables are laid out in another way
   using Interface = TKGroupProviderInterface<TypeParam>;
 
-#if !defined(_MSC_VER) // its tables are laid out in another way
   EXPECT_EQ(virtualSlots(&Interface::getGroups, &Interface::getUngroupedElements,
                          &Interface::setGroups, &Interface::createMoveCommand,
                          &Interface::getGroupMemberNames, &Interface::renameGroup,

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -102,6 +103,48 @@ TEST(DamagedArchive, IsDistinguishedFromOtherFiles)
   EXPECT_EQ(refusalToOpen({}),
             "archive, byte 0: expected an archive of 28 to 4294967295 bytes, found 0 bytes; it is "
             "no archive, or cut off");
+}
+
+/// The text of the ArchiveError for the start of an archive.
+std::string refusalOfStart(const Bytes& archive, std::size_t length = 20)
+{
+  const auto start = std::span(archive).first(std::min(length, archive.size()));
+  return refusalOf([&] { PersistenceArchiver::checkStart(start, archive.size()); });
+}
+
+TEST(DamagedArchive, IsRefusedByItsStartIfThatIsWrong)
+{
+  const auto intact = intactArchive();
+  for (std::size_t place = 0; place < 24; ++place) {
+    auto archive = intact;
+    archive[place] ^= std::byte{1};
+
+    EXPECT_EQ(refusalOfStart(archive), place < 16 ? refusalToOpen(archive) : "nothing was refused")
+        << "byte " << place;
+  }
+}
+
+TEST(DamagedArchive, IsRefusedByItsStartIfItsSizeIsWrong)
+{
+  const auto intact = intactArchive();
+  for (std::size_t length = 0; length < intact.size(); ++length) {
+    const Bytes cutOff(intact.begin(), intact.begin() + static_cast<std::ptrdiff_t>(length));
+
+    EXPECT_EQ(refusalOfStart(cutOff), refusalToOpen(cutOff));
+  }
+  EXPECT_EQ(refusalOf([&] { PersistenceArchiver::checkStart(intact, std::uint64_t{1} << 40U); }),
+            "archive, byte 0: expected an archive of 28 to 4294967295 bytes, found 1099511627776 "
+            "bytes; it is no archive, or cut off");
+}
+
+TEST(DamagedArchive, IsJudgedByAllOfItsHeader)
+{
+  const auto intact = intactArchive();
+  for (const std::size_t length : {0U, 8U, 19U})
+    EXPECT_EQ(complaintOf([&] {
+                PersistenceArchiver::checkStart(std::span(intact).first(length), intact.size());
+              }),
+              "the first 20 bytes of an archive are needed to check its start");
 }
 
 TEST(DamagedArchive, NamesTheChecksumThatItShouldHave)

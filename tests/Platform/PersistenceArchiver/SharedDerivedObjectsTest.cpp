@@ -5,10 +5,13 @@
 
 #include "Platform/Support/ArchivedClasses.h"
 #include "Platform/Support/Archives.h"
+#include "Support/Allocations.h"
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <memory>
+#include <new>
 #include <typeinfo>
 
 namespace Tarvik {
@@ -90,6 +93,40 @@ TEST(SharedDerivedObjects, MayBeginElsewhereThanTheirBase)
   EXPECT_EQ(figure.get(), static_cast<Figure*>(loaded.get()));
   EXPECT_EQ(labelled.get(), static_cast<Labelled*>(loaded.get()));
 }
+
+#if !defined(_MSC_VER) // allocations in DLLs cannot be made to fail there
+
+/// Loads a figure, and another pointer to it, while the given allocation fails.
+/// @return whether there were so many allocations
+bool failsToLoad(const Bytes& archive, std::size_t failing)
+{
+  const AllocationWatch watch(failing);
+  try {
+    PersistenceArchiver source(archive);
+    Shared<Figure> figure;
+    Shared<Circle> circle;
+    source >> figure >> circle;
+  } catch (const std::bad_alloc&) {
+    EXPECT_TRUE(AllocationWatch::hasFailed());
+  }
+  return AllocationWatch::hasFailed();
+}
+
+TEST(SharedDerivedObjects, AreDestroyedWhicheverAllocationFails)
+{
+  const auto ring = std::make_shared<Ring>();
+  const auto archive = archived(Shared<Figure>(ring), Shared<Circle>(ring));
+  const auto before = Figure::s_count;
+
+  std::size_t failing = 0;
+  for (; failsToLoad(archive, failing); ++failing)
+    ASSERT_EQ(Figure::s_count, before) << "allocation " << failing;
+
+  EXPECT_EQ(Figure::s_count, before);
+  EXPECT_GT(failing, 10U);
+}
+
+#endif
 
 }
 }

@@ -92,5 +92,38 @@ TEST_F(Editing, KnowsWhatSavingWouldOverwrite)
   EXPECT_EQ(m_editor.overwriteRisk("p.tkpc"), Risk::None);
 }
 
+TEST_F(Editing, ReadsNoMoreThanTheStartOfWhatIsNoProject)
+{
+  m_editor.save("p.tkpc");
+  const auto project = m_files->contents["p.tkpc"];
+  auto& content = m_files->contents["other.tkpc"];
+  const auto mistake = [&] { return mistakeIn([&] { openDocument(*m_files, "other.tkpc"); }); };
+  m_files->wholeReads = 0;
+
+  content = std::string(1'000, '\0');
+  EXPECT_EQ(mistake(),
+            "other.tkpc, byte 0: expected the first 8 bytes of an archive, found others; "
+            "it is no archive");
+  content = "short";
+  EXPECT_EQ(mistake(), "other.tkpc, byte 0: expected an archive of 28 to 4294967295 bytes, found 5 "
+                       "bytes; it is no archive, or cut off");
+  content = project + std::string(1'000'000, '\0');
+  EXPECT_EQ(mistake(), "other.tkpc, byte 12: expected an archive of " +
+                           std::to_string(project.size()) + " bytes, found " +
+                           std::to_string(content.size()) + " bytes; it is cut off or damaged");
+  EXPECT_EQ(m_files->wholeReads, 0);
+}
+
+TEST_F(Editing, KnowsAFileThatOthersHaveChangedByItsSize)
+{
+  m_editor.save("p.tkpc");
+  m_files->wholeReads = 0;
+
+  m_files->contents["p.tkpc"] += std::string(1'000'000, '\0');
+
+  EXPECT_EQ(m_editor.overwriteRisk("p.tkpc"), Risk::OtherChanges);
+  EXPECT_EQ(m_files->wholeReads, 0);
+}
+
 }
 }

@@ -40,6 +40,19 @@ TEST_F(DiskFiles, AreWrittenAndRead)
   EXPECT_THAT(m_files->readBytes(file), ::testing::ElementsAreArray(bytesOf(content)));
 }
 
+TEST_F(DiskFiles, AreReadInPart)
+{
+  const auto file = m_folder.write("a.tkpc", "content");
+
+  for (const std::size_t count : {0U, 3U, 7U, 100U}) {
+    const auto [bytes, size] = m_files->readStart(file, count);
+
+    EXPECT_THAT(bytes,
+                ::testing::ElementsAreArray(bytesOf(std::string_view("content").substr(0, count))));
+    EXPECT_EQ(size, 7U);
+  }
+}
+
 TEST_F(DiskFiles, MayBeEmpty)
 {
   const auto file = m_folder.write("a.tkpc", "old");
@@ -64,7 +77,12 @@ TEST_F(DiskFiles, ThatAreNotFilesAreNotRead)
   const auto mistakeInReading = [&](const std::filesystem::path& file) {
     return mistakeIn([&] { m_files->readBytes(file); });
   };
+  const auto mistakeInReadingTheStart = [&](const std::filesystem::path& file) {
+    return mistakeIn([&] { m_files->readStart(file, 1); });
+  };
 
+  for (const auto& none : {m_folder.path(), m_folder.path() / "none"})
+    EXPECT_EQ(mistakeInReadingTheStart(none), mistakeInReading(none));
   EXPECT_THAT(mistakeInReading(m_folder.path()), HasSubstr("this is a directory"));
   EXPECT_THAT(mistakeInReading(m_folder.path() / "none"), HasSubstr("the file cannot be opened"));
 }

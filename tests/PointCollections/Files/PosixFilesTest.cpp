@@ -2,6 +2,7 @@
 // Files on POSIX systems: modes, owners, links, devices and limits, which Windows does not have or
 // has in another way. See WindowsFilesTest.cpp.
 
+#include "PointCollections/Editor/Editor.h"
 #include "PointCollections/Files/Files.h"
 #include "PointCollections/Support/Documents.h"
 #include "PointCollections/Support/Files.h"
@@ -277,6 +278,7 @@ TEST_F(PosixFiles, AreNotReadFromADevice)
 {
   for (const char* const device : {"/dev/zero", "/dev/null"})
     for (const auto& mistake : {mistakeIn([&] { m_files->readBytes(device); }),
+                                mistakeIn([&] { m_files->readStart(device, 1); }),
                                 mistakeIn([&] { m_files->readText(device); })})
       EXPECT_THAT(mistake, HasSubstr("this is a device or the like; expected a file"));
 }
@@ -288,6 +290,19 @@ TEST_F(PosixFiles, AreNotReadWhenNoArchiveIsThatLarge)
 
   EXPECT_THAT(mistakeIn([&] { m_files->readBytes(file); }),
               HasSubstr("a.tkpc: a file of 4294967296 bytes; expected 4294967295 at most"));
+}
+
+TEST_F(PosixFiles, AreRefusedByTheirStartHoweverLargeTheyAre)
+{
+  const auto file = m_folder.write("a.tkpc", "");
+  for (const auto size : {std::uintmax_t(1) << 31U, std::uintmax_t(1) << 40U}) {
+    fs::resize_file(file, size); // takes no space on the disk
+
+    EXPECT_EQ(m_files->readStart(file, 20).bytes, std::vector<std::byte>(20));
+    EXPECT_EQ(m_files->readStart(file, 20).size, size);
+    EXPECT_THAT(mistakeIn([&] { openDocument(*m_files, file); }),
+                HasSubstr("a.tkpc, byte 0: expected "));
+  }
 }
 
 TEST_F(PosixFiles, SayWhyTheyCannotBeWritten)

@@ -21,14 +21,23 @@ class MemoryFiles : public Files {
 public:
   std::map<std::string, std::string> contents; ///< by file name
   bool isFull = false;                         ///< makes every write fail
+  int wholeReads = 0;                          ///< how often all bytes of a file were read
 
   std::string readText(const std::filesystem::path& file) override { return contentOf(file); }
 
   std::vector<std::byte> readBytes(const std::filesystem::path& file) override
   {
+    ++wholeReads;
     const auto content = contentOf(file);
     const auto bytes = std::as_bytes(std::span(content));
     return {bytes.begin(), bytes.end()};
+  }
+
+  FileStart readStart(const std::filesystem::path& file, std::size_t count) override
+  {
+    const auto content = contentOf(file);
+    const auto bytes = std::as_bytes(std::span(content)).first(std::min(count, content.size()));
+    return {{bytes.begin(), bytes.end()}, content.size()};
   }
 
   void write(const std::filesystem::path& file, std::span<const std::byte> bytes) override
