@@ -24,6 +24,7 @@ function(tkm_add_library name)
   add_library(${target} SHARED ${arg_SOURCES})
   add_library(TKMService::${name} ALIAS ${target})
   tkm_configure_target(${target})
+  tkm_harden_target(${target})
   target_sources(${target} PUBLIC FILE_SET HEADERS BASE_DIRS "${arg_BASE_DIR}" FILES ${arg_HEADERS})
   target_link_libraries(${target} PUBLIC ${arg_DEPENDS})
   set_target_properties(${target} PROPERTIES
