@@ -71,12 +71,12 @@ public:
 };
 
 template <class T>
-using Host = std::shared_ptr<BenchmarkHost<T>>;
+using Provider = std::shared_ptr<TKGroupProviderInterface<T>>;
 
 /// Makes a command for the selected elements.
 template <class T>
-using Maker = std::function<std::shared_ptr<CommandBase>(const Host<T>& host,
-                                                         const std::vector<T>& elements)>;
+using Maker = std::function<std::shared_ptr<CommandBase>(
+    const Provider<T>& provider, const Groups<T>& groups, const std::vector<T>& elements)>;
 
 template <class T>
 std::vector<T> elementsAt(const Groups<T>& groups, const std::vector<Growth::Place>& places)
@@ -89,52 +89,62 @@ std::vector<T> elementsAt(const Groups<T>& groups, const std::vector<Growth::Pla
 }
 
 template <class T>
-std::shared_ptr<CommandBase> makeAdd(const Host<T>& host, const std::vector<T>& elements)
+std::shared_ptr<CommandBase>
+makeAdd(const Provider<T>& provider, const Groups<T>& groups, const std::vector<T>& elements)
 {
-  return std::make_shared<AddToTKGroupCmd<T>>(host, elements, host->getGroups().back().getId());
+  return std::make_shared<AddToTKGroupCmd<T>>(provider, elements, groups.back().getId());
 }
 
 template <class T>
-std::shared_ptr<CommandBase> makeCreate(const Host<T>& host, const std::vector<T>& elements)
+std::shared_ptr<CommandBase>
+makeCreate(const Provider<T>& provider, const Groups<T>&, const std::vector<T>& elements)
 {
-  return std::make_shared<CreateTKGroupCmd<T>>(host, elements, "Group");
+  return std::make_shared<CreateTKGroupCmd<T>>(provider, elements, "Group");
+}
+
+/// Before the member in the middle of the last group.
+template <class T>
+std::shared_ptr<CommandBase>
+makeMove(const Provider<T>& provider, const Groups<T>& groups, const std::vector<T>& elements)
+{
+  const auto& members = groups.back().getGroupMembers();
+  const auto& target = members[members.size() / 2];
+  return std::make_shared<MoveTKGroupElementsCmd<T>>(provider, elements, target, true);
 }
 
 template <class T>
-std::shared_ptr<CommandBase> makeMove(const Host<T>& host, const std::vector<T>& elements)
+std::shared_ptr<CommandBase>
+makeRemove(const Provider<T>& provider, const Groups<T>&, const std::vector<T>& elements)
 {
-  return std::make_shared<MoveTKGroupElementsCmd<T>>(host, elements, host->lastMember(), true);
+  return std::make_shared<RemoveFromTKGroupCmd<T>>(provider, elements);
 }
 
 template <class T>
-std::shared_ptr<CommandBase> makeRemove(const Host<T>& host, const std::vector<T>& elements)
+std::shared_ptr<CommandBase>
+makeRename(const Provider<T>& provider, const Groups<T>& groups, const std::vector<T>&)
 {
-  return std::make_shared<RemoveFromTKGroupCmd<T>>(host, elements);
+  const auto& id = groups[groups.size() / 2].getId();
+  return std::make_shared<RenameTKGroupCmd<T>>(provider, id, "Another name");
 }
 
 template <class T>
-std::shared_ptr<CommandBase> makeRename(const Host<T>& host, const std::vector<T>&)
+std::shared_ptr<CommandBase>
+makeSort(const Provider<T>& provider, const Groups<T>&, const std::vector<T>&)
 {
-  return std::make_shared<RenameTKGroupCmd<T>>(host, host->middleGroup().getId(), "Another name");
-}
-
-template <class T>
-std::shared_ptr<CommandBase> makeSort(const Host<T>& host, const std::vector<T>&)
-{
-  return std::make_shared<SortTKGroupsAlphabeticallyCmd<T>>(host);
+  return std::make_shared<SortTKGroupsAlphabeticallyCmd<T>>(provider);
 }
 
 /// Deletes one group, or every tenth.
 template <class T>
 Maker<T> makerOfDeletion(Selection selection, const Size& size)
 {
-  return [places = Growth::groupsToDelete(selection, size)](const Host<T>& host,
-                                                            const std::vector<T>&) {
+  return [places = Growth::groupsToDelete(selection, size)](
+             const Provider<T>& provider, const Groups<T>& groups, const std::vector<T>&) {
     std::vector<Identifier> ids;
     ids.reserve(places.size());
     for (const auto place : places)
-      ids.push_back(host->getGroups()[place].getId());
-    return std::make_shared<RemoveTKGroupsCmd<T>>(host, ids);
+      ids.push_back(groups[place].getId());
+    return std::make_shared<RemoveTKGroupsCmd<T>>(provider, ids);
   };
 }
 
@@ -147,13 +157,13 @@ void execute(benchmark::State& state, const Maker<T>& make, Selection selection)
       elementsAt(host->getGroups(), Growth::placesOf(selection, Growth::sizeOf(state)));
   CommandHistory history;
   for (auto _ : state) {
-    history.execute(make(host, elements));
+    history.execute(make(host, host->getGroups(), elements));
     history.clear();
   }
 }
 
 template <class T>
-Host<T> editedHostOf(const benchmark::State& state)
+std::shared_ptr<EditedHost<T>> editedHostOf(const benchmark::State& state)
 {
   const auto size = Growth::sizeOf(state);
   return std::make_shared<EditedHost<T>>(size.groups, size.members);
@@ -167,7 +177,7 @@ void undoAndRedo(benchmark::State& state, const Maker<T>& make, Selection select
   const auto elements =
       elementsAt(host->getGroups(), Growth::placesOf(selection, Growth::sizeOf(state)));
   CommandHistory history;
-  history.execute(make(host, elements));
+  history.execute(make(host, host->getGroups(), elements));
   for (auto _ : state) {
     if (!history.undo())
       history.redo();
@@ -183,7 +193,8 @@ void keep(benchmark::State& state, const Maker<T>& make, Selection selection)
   const auto groups = host->getGroups();
   CommandHistory history;
   Growth::reportKept(state, 5, [&](std::size_t round) {
-    history.execute(make(host, elementsAt(groups, Growth::placesOf(selection, size, round))));
+    const auto elements = elementsAt(groups, Growth::placesOf(selection, size, round));
+    history.execute(make(host, host->getGroups(), elements));
   });
 }
 
