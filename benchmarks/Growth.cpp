@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <random>
+#include <thread>
 
 #if defined(__GLIBC__)
 #include <malloc.h>
@@ -29,6 +30,23 @@ std::vector<Place> allOf(std::size_t group, const Size& size)
   for (std::size_t i = 0; i < size.members; ++i)
     places.push_back({group, i});
   return places;
+}
+
+/// How many bytes of the heap are in use; only differences mean something. 0 where that is unknown.
+std::size_t usedHeap()
+{
+#if defined(__GLIBC__)
+  const auto heap = mallinfo2();
+  return heap.uordblks + heap.hblkhd;
+#else
+  return 0;
+#endif
+}
+
+/// Each thread has a cache of freed blocks, which count as used until the thread ends.
+void inAThread(const std::function<void()>& action)
+{
+  std::thread(action).join();
 }
 
 }
@@ -106,25 +124,17 @@ void addSlowBenchmark(const std::string& name, const Function& function, const S
       ->Repetitions(1);
 }
 
-std::size_t usedHeap()
-{
-#if defined(__GLIBC__)
-  const auto heap = mallinfo2();
-  return heap.uordblks + heap.hblkhd;
-#else
-  return 0;
-#endif
-}
-
 void reportKept(benchmark::State& state,
                 std::size_t count,
                 const std::function<void(std::size_t round)>& keepOne)
 {
-  keepOne(0);
+  inAThread([&keepOne] { keepOne(0); });
   const auto before = usedHeap();
   for (auto _ : state) {
-    for (std::size_t round = 1; round <= count; ++round)
-      keepOne(round);
+    inAThread([&keepOne, count] {
+      for (std::size_t round = 1; round <= count; ++round)
+        keepOne(round);
+    });
   }
   state.counters["bytes"] = static_cast<double>(usedHeap() - before) / static_cast<double>(count);
 }

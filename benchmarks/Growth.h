@@ -58,11 +58,8 @@ void addBenchmark(const std::string& name,
 /// The same, run once only: for what takes seconds.
 void addSlowBenchmark(const std::string& name, const Function& function, const Size& size);
 
-/// How many bytes of the heap are in use; only differences mean something. 0 where that is unknown.
-std::size_t usedHeap();
-
 /// Reports how many bytes of the heap each of `count` calls of an action keeps.
-/// @param keepOne  is called with 0 first, which is not counted: then the heap's caches are filled
+/// @param keepOne  called with 0 first, which is not counted: that may allocate what is kept once
 void reportKept(benchmark::State& state,
                 std::size_t count,
                 const std::function<void(std::size_t round)>& keepOne);

@@ -5,6 +5,7 @@
 
 #include "BenchmarkHost.h"
 #include "CommandPattern/CommandHistory.h"
+#include "GroupHosting/Commands/CompactTKGroupCmd.h"
 #include "Growth.h"
 #include "Heap.h"
 #include "HighLevelServices/GroupCommands/AddToTKGroupCmd.h"
@@ -145,6 +146,19 @@ Maker<T> makerOfDeletion(Selection selection, const Size& size)
     for (const auto place : places)
       ids.push_back(groups[place].getId());
     return std::make_shared<RemoveTKGroupsCmd<T>>(provider, ids);
+  };
+}
+
+/// The same command, of which only the difference is kept.
+template <class T>
+Maker<T> makerOfCompact(const Maker<T>& make)
+{
+  return [make](const Provider<T>& provider, const Groups<T>& groups,
+                const std::vector<T>& elements) -> std::shared_ptr<CommandBase> {
+    return std::make_shared<CompactTKGroupCmd<T>>(
+        provider, [&make, &groups, &elements](const Provider<T>& recorder) {
+          return make(recorder, groups, elements); // called once, by execute()
+        });
   };
 }
 
@@ -302,6 +316,14 @@ void addExecutionsOnSelections(const std::string& kind)
   addExecutions<T>("RemoveFromTKGroupCmd", kind, makeRemove<T>);
 }
 
+/// Commands that keep the difference only.
+void addDifferences()
+{
+  const auto make = makerOfCompact<Identifier>(makeAdd<Identifier>);
+  addExecutions<Identifier>("AddToTKGroupCmd", "difference", make);
+  addUndoAndMemory("difference", make);
+}
+
 }
 }
 
@@ -313,6 +335,7 @@ int main(int argc, char** argv)
   Tarvik::addExecutionsOnSelections<Tarvik::UnhashedIdentifier>("comparing");
   Tarvik::addExecutionsOnGroups();
   Tarvik::addUndoAndMemory("Identifier", Tarvik::makeAdd<Tarvik::Identifier>);
+  Tarvik::addDifferences();
 #if defined(TKM_BENCHMARK_QT)
   Tarvik::QtGrowth::addBenchmarks();
 #endif

@@ -21,6 +21,7 @@ inline void keepPagesOfTheHeap()
 #if defined(__GLIBC__)
   mallopt(M_MMAP_MAX, 0);
   mallopt(M_TRIM_THRESHOLD, std::numeric_limits<int>::max());
+  mallopt(M_ARENA_MAX, 1);
   mallopt(M_TOP_PAD, 64 * 1024 * 1024);
 #endif
   const std::vector<char> touched(enough, 1);
