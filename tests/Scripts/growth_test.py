@@ -76,11 +76,26 @@ class Tables(unittest.TestCase):
         self.assertEqual(list(growth.memory_table(measured))[1:],
                          [["one element", "two whole lists", "900 B", "9.00 kB", "9.90 MB", "10.0 GB"]])
 
+    def test_steps_are_what_fits_into_the_budget(self):
+        start = "AddToTKGroupCmd/one/memory/Identifier/10/100"
+        measured = results({start: [1]}, {start: growth.BUDGET / 1234.5})
+
+        self.assertEqual(list(growth.steps_table(measured))[1:],
+                         [["one element", "two whole lists", "1,234", "", "", ""]])
+
+    def test_the_history_is_compared_with_the_same_operation_in_qt(self):
+        measured = results({"push/CommandHistory": [10, 30, 20], "push/QUndoStack": [20, 20, 20],
+                            "push at the limit/CommandHistory/1000": [7]})
+
+        self.assertEqual(list(growth.history_table(measured))[1:],
+                         [["push at the limit of 1,000 entries", "7.00 ns", "", ""],
+                          ["push", "20.0 ns", "20.0 ns", "1.00×"]])
+
 
 class Numbers(unittest.TestCase):
     def test_they_have_three_digits_and_the_unit_that_fits(self):
         for value, text in ((0.5, "0.50 ns"), (1, "1.00 ns"), (9.994, "9.99 ns"), (9.996, "10.0 ns"),
-                            (99.96, "100 ns"), (999.4, "999 ns"), (999.9, "1.00 µs"), (12.3e9, "12.3 s"),
+                            (99.4, "99.4 ns"), (99.96, "100 ns"), (999.4, "999 ns"), (999.9, "1.00 µs"), (12.3e9, "12.3 s"),
                             (5e12, "5000 s")):
             self.assertEqual(charts.with_unit(value, charts.TIME), text)
 
