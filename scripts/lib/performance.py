@@ -1,84 +1,25 @@
 # SPDX-License-Identifier: MIT
-"""Makes the tables and the chart of docs/performance.md from the results of Google Benchmark.
+"""Makes the tables and the charts of the documents from the results of Google Benchmark.
 
     performance.py RESULTS            prints the tables
-    performance.py RESULTS --renew    stores the tables in docs/performance.md, and the chart in docs/images
+    performance.py RESULTS --renew    stores the tables in docs/*.md, and the charts in docs/images
 
 RESULTS is a folder with a JSON file for each benchmark program. Times are medians over the rounds;
 ratios are medians of the ratios in each round.
 """
 
-import json
-import math
 import re
-import statistics
 import sys
 from pathlib import Path
 
+import charts
+from growth import (expected_table, growth_charts, growth_table, history_table, memory_table, qt_table,
+                    steps_table, undo_table)
+from measured import Results, markdown, micro, milli, times_as_long
+
 KINDS = ("Identifier", "GUIdentifier")
 SIZES = ("10/10", "100/100", "1000/1000")
-NANOSECONDS = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
-
-
-class Results:
-    """The rounds of each benchmark of a program, by the name of the benchmark."""
-
-    def __init__(self, path):
-        measured = json.loads(path.read_text(encoding="utf-8"))
-        self.context = measured["context"]
-        self._rounds = {}
-        for each in measured["benchmarks"]:
-            if each["run_type"] == "iteration":
-                self._rounds.setdefault(each["run_name"], []).append(each)
-
-    def names(self):
-        return sorted(self._rounds)
-
-    def number_of_rounds(self):
-        return max(len(rounds) for rounds in self._rounds.values())
-
-    def times(self, names):
-        """The time in each round, in nanoseconds: of one benchmark, or of several in a row."""
-        each = [[round["cpu_time"] * NANOSECONDS[round["time_unit"]] for round in self._rounds[name]]
-                for name in names.split(" + ")]
-        return [sum(times) for times in zip(*each)]
-
-    def time(self, names):
-        return statistics.median(self.times(names))
-
-    def ratio(self, names, others):
-        return statistics.median(own / other for own, other in zip(self.times(names), self.times(others)))
-
-    def best_speed(self, name):
-        """In bytes per second."""
-        return max(round["bytes_per_second"] for round in self._rounds[name])
-
-    def label(self, name):
-        return self._rounds[name][0]["label"]
-
-
-# Tables: a list of rows, the first of them the titles.
-
-def markdown(rows):
-    """Aligns numbers to the right: columns whose cells begin with a digit, or are empty."""
-    columns = list(zip(*rows))
-    is_number = [all(re.match(r"\d|$", cell) for cell in column[1:]) for column in columns]
-    rule = ["---:" if number else "---" for number in is_number]
-    lines = ["| %s |" % " | ".join(row) for row in [rows[0], *rows[1:]]]
-    lines.insert(1, "|%s|" % "|".join(rule))
-    return "\n".join(lines)
-
-
-def micro(nanoseconds, digits=2):
-    return "%.*f" % (digits, nanoseconds / 1e3)
-
-
-def milli(nanoseconds):
-    return "%.2f" % (nanoseconds / 1e6)
-
-
-def times_as_long(ratio):
-    return "%.2f×" % ratio
+PAGES = ("performance.md", "history.md")
 
 
 def shown_size(size):
@@ -207,20 +148,7 @@ def when(results):
         results.context["date"][:10], results.context["num_cpus"], results.number_of_rounds())
 
 
-# The chart
-
-DECADES = range(1, 10)  # powers of ten, in nanoseconds: from 10 ns to 1 s
-DECADE_NAMES = ("10 ns", "0.1 µs", "1 µs", "10 µs", "0.1 ms", "1 ms", "10 ms", "0.1 s", "1 s")
-LEFT, RIGHT, TOP, ROW = 250, 660, 64, 24
-STYLE = """
-    text { font: 13px system-ui, sans-serif; fill: #24292f; }
-    .quiet { fill: #57606a; } .grid { stroke: #d0d7de; }
-    .small { fill: #8ec5ff; } .medium { fill: #2f81f7; } .large { fill: #0a3069; }
-    @media (prefers-color-scheme: dark) {
-      text { fill: #e6edf3; } .quiet { fill: #8b949e; } .grid { stroke: #30363d; }
-      .small { fill: #1f6feb; } .medium { fill: #79c0ff; } .large { fill: #ffffff; }
-    }"""
-
+# The chart of dots
 
 def chart_rows(commands, persistence):
     """A title, the times of three sizes (or only of the last) in nanoseconds, and a remark."""
@@ -235,45 +163,35 @@ def chart_rows(commands, persistence):
     yield "load", [persistence.time("open/archive/Identifier + load new/archive/recycled/Identifier")], ""
 
 
-def chart(rows):
-    rows = list(rows)
-    bottom = TOP + ROW * len(rows)
+# The documents
 
-    def place(nanoseconds):
-        share = (math.log10(nanoseconds) - DECADES[0]) / (DECADES[-1] - DECADES[0])
-        return LEFT + share * (RIGHT - LEFT)
-
-    def text(x, y, content, css="", anchor="start"):
-        return '  <text x="%.1f" y="%.1f" class="%s" text-anchor="%s">%s</text>' % (x, y, css, anchor, content)
-
-    lines = [
-        '<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 760 %d" role="img">' % (bottom + 34),
-        "  <title>Time of each command, by the number of members in all groups</title>",
-        "  <style>%s\n  </style>" % STYLE,
-        text(LEFT - 14, 22, "Members in all groups:", "", "end"),
-        text(RIGHT + 12, 22, "of the least,", "quiet"),
-        text(RIGHT + 12, 38, "at 1,000,000", "quiet"),
-    ]
-    for index, (css, title) in enumerate((("small", "100"), ("medium", "10,000"), ("large", "1,000,000"))):
-        x = LEFT + 6 + 100 * index
-        lines += ['  <circle cx="%d" cy="18" r="5" class="%s"/>' % (x, css), text(x + 10, 22, title)]
-    for decade, name in zip(DECADES, DECADE_NAMES):
-        x = place(10**decade)
-        lines.append('  <line x1="%.1f" y1="%d" x2="%.1f" y2="%d" class="grid"/>' % (x, TOP - 12, x, bottom))
-        lines.append(text(x, bottom + 18, name, "quiet", "middle"))
-    for index, (title, times, remark) in enumerate(rows):
-        y = TOP + ROW * index + 6
-        lines += [text(LEFT - 14, y + 4, title, "", "end"), text(RIGHT + 12, y + 4, remark, "quiet")]
-        for css, time in list(zip(("large", "medium", "small"), reversed(times)))[::-1]:
-            lines.append('  <circle cx="%.1f" cy="%.1f" r="5" class="%s"/>' % (place(time), y, css))
-    return "\n".join(lines) + "\n</svg>\n"
+def store(parts, pages):
+    """Replaces what is between the comments "measured: ..." and "end" in the pages."""
+    texts = {page: page.read_text(encoding="utf-8") for page in pages}
+    for name, part in parts.items():
+        begin, end = "<!-- measured: %s -->\n\n" % name, "\n\n<!-- end -->"
+        found = 0
+        for page, text in texts.items():
+            texts[page], count = re.subn("(?s)%s.*?%s" % (begin, end), lambda _: begin + part + end, text)
+            found += count
+        if found != 1:
+            sys.exit("error: %d places for %s in %s" % (found, name, " and ".join(map(str, pages))))
+    for page, text in texts.items():
+        page.write_text(text, encoding="utf-8")
 
 
 def main(folder, option=""):
-    commands, persistence, platform = (
+    commands, growth, persistence, platform = (
         Results(Path(folder) / (name + ".json"))
-        for name in ("GroupCommandsBenchmarks", "PersistenceBenchmarks", "PlatformBenchmarks"))
+        for name in ("GroupCommandsBenchmarks", "GrowthBenchmarks", "PersistenceBenchmarks", "PlatformBenchmarks"))
     tables = {
+        "expected": expected_table(growth),
+        "growth": growth_table(growth, "Identifier"),
+        "comparing": growth_table(growth, "comparing"),
+        "qt": qt_table(growth),
+        "undo": undo_table(growth),
+        "memory": memory_table(growth),
+        "steps": steps_table(growth),
         "commands": commands_table(commands),
         "sorting": sorting_table(commands),
         "creation": creation_table(commands),
@@ -282,24 +200,22 @@ def main(folder, option=""):
         "archive": archive_table(persistence),
         "platform": platform_table(platform),
     }
+    history = Path(folder) / "HistoryBenchmarks.json"
+    if history.exists():
+        tables["history"] = history_table(Results(history))
     parts = {name: markdown(list(rows)) for name, rows in tables.items()} | {"when": when(commands)}
     if option != "--renew":
         print("\n\n".join(parts.values()))
         return
+    if not any("/Qt/" in name for name in growth.names()):
+        sys.exit("error: the documents compare with Qt, which was not measured: install qt6-base-dev")
 
     documents = Path(__file__).resolve().parents[2] / "docs"
-    page = documents / "performance.md"
-    text = page.read_text(encoding="utf-8")
-    for name, part in parts.items():
-        begin, end = "<!-- measured: %s -->\n\n" % name, "\n\n<!-- end -->"
-        text, found = re.subn("(?s)%s.*?%s" % (begin, end), lambda _: begin + part + end, text)
-        if found != 1:
-            sys.exit("error: %s has %d places for %s" % (page, found, name))
-    page.write_text(text, encoding="utf-8")
-    image = documents / "images/performance.svg"
-    image.parent.mkdir(exist_ok=True)
-    image.write_text(chart(chart_rows(commands, persistence)), encoding="utf-8")
-    print("Stored in %s and %s." % (page, image))
+    store(parts, [documents / name for name in PAGES])
+    images = {"performance": charts.dots_chart(chart_rows(commands, persistence))} | growth_charts(growth)
+    for name, image in images.items():
+        (documents / "images" / (name + ".svg")).write_text(image, encoding="utf-8")
+    print("Stored in %s: %s, and charts in images." % (documents, " and ".join(PAGES)))
 
 
 if __name__ == "__main__":

@@ -1,32 +1,15 @@
 # SPDX-License-Identifier: MIT
 """How scripts/lib/performance.py makes tables of what was measured."""
 
-import importlib.util
-import json
 import tempfile
 import unittest
 import xml.etree.ElementTree
 from pathlib import Path
 
-ROOT = Path(__file__).resolve().parents[2]
-specification = importlib.util.spec_from_file_location("performance", ROOT / "scripts/lib/performance.py")
-performance = importlib.util.module_from_spec(specification)
-specification.loader.exec_module(performance)
+from measured_results import ROOT, results
 
-
-def results(benchmarks):
-    """The results of benchmarks by their names: times in nanoseconds, or (times, unit)."""
-    rounds = []
-    for name, times in benchmarks.items():
-        times, unit = times if isinstance(times, tuple) else (times, "ns")
-        for time in times:
-            rounds.append({"run_name": name, "run_type": "iteration", "cpu_time": time, "time_unit": unit})
-        rounds.append({"run_name": name, "run_type": "aggregate", "cpu_time": 12345, "time_unit": unit})
-    context = {"date": "2026-03-04T05:06:07+00:00", "num_cpus": 3}
-    with tempfile.TemporaryDirectory() as folder:
-        path = Path(folder) / "results.json"
-        path.write_text(json.dumps({"context": context, "benchmarks": rounds}))
-        return performance.Results(path)
+import charts
+import performance
 
 
 class Results(unittest.TestCase):
@@ -44,6 +27,11 @@ class Results(unittest.TestCase):
         measured = results({"own": [10, 40, 90], "other": [10, 20, 10]})
 
         self.assertEqual(measured.ratio("own", "other"), 2)
+
+    def test_the_name_of_a_benchmark_does_not_say_how_often_it_ran(self):
+        measured = results({"a/10/iterations:1/repeats:1": [7]})
+
+        self.assertEqual(measured.time("a/10"), 7)
 
     def test_benchmarks_are_added_round_by_round(self):
         measured = results({"a": [1, 10, 2], "b": [100, 1, 2]})
@@ -82,22 +70,54 @@ class Tables(unittest.TestCase):
 class Chart(unittest.TestCase):
     def test_it_is_an_image_with_a_row_for_each_title_and_a_dot_for_each_time(self):
         image = xml.etree.ElementTree.fromstring(
-            performance.chart([("AddCmd", [10.0, 1e3, 1e9], "1.10×"), ("save", [1e6], "")]))
+            charts.dots_chart([("AddCmd", [10.0, 1e3, 1e9], "1.10×"), ("save", [1e6], "")]))
 
         texts = [text.text for text in image.iter("{http://www.w3.org/2000/svg}text")]
         dots = [float(dot.get("cx")) for dot in image.iter("{http://www.w3.org/2000/svg}circle")][3:]
         self.assertTrue({"AddCmd", "1.10×", "save"} <= set(texts), texts)
-        self.assertEqual(dots[0], performance.LEFT)
-        self.assertEqual(dots[2], performance.RIGHT)
+        self.assertEqual(dots[0], charts.LEFT)
+        self.assertEqual(dots[2], charts.RIGHT)
         self.assertEqual(len(dots), 4)
 
+    def test_it_says_in_words_what_it_shows(self):
+        image = xml.etree.ElementTree.fromstring(charts.dots_chart([("AddCmd", [10.0, 1e3, 1.5e9], "")]))
 
-class Page(unittest.TestCase):
-    def test_it_has_a_place_for_every_table(self):
-        text = (ROOT / "docs/performance.md").read_text(encoding="utf-8")
+        self.assertEqual(image.find("{http://www.w3.org/2000/svg}desc").text,
+                         "AddCmd: 10.0 ns for 100 members, 1.00 µs for 10,000 members, 1.50 s for 1,000,000 members.")
 
-        for name in ("when", "commands", "sorting", "creation", "selections", "persistence", "archive", "platform"):
+
+class Pages(unittest.TestCase):
+    def store(self, parts, *texts):
+        """What pages with these texts contain after parts have been stored in them."""
+        with tempfile.TemporaryDirectory() as folder:
+            pages = [Path(folder) / ("%d.md" % number) for number in range(len(texts))]
+            for page, text in zip(pages, texts):
+                page.write_text(text, encoding="utf-8")
+            performance.store(parts, pages)
+            return [page.read_text(encoding="utf-8") for page in pages]
+
+    def test_each_part_goes_to_its_place_in_whichever_page(self):
+        place = "before\n<!-- measured: %s -->\n\nold\n\n<!-- end -->\nafter"
+
+        self.assertEqual(self.store({"a": "1 \\1", "b": "2"}, place % "a", place % "b"),
+                         [(place % "a").replace("old", "1 \\1"), (place % "b").replace("old", "2")])
+
+    def test_a_part_without_a_place_or_with_two_is_an_error(self):
+        place = "<!-- measured: a -->\n\n\n\n<!-- end -->"
+
+        for texts in ([""], [place, place]):
+            with self.assertRaisesRegex(SystemExit, "error: %d places for a in " % (2 * len(texts) - 2)):
+                self.store({"a": "1"}, *texts)
+
+    def test_they_have_a_place_for_every_table_and_show_every_chart(self):
+        text = "".join((ROOT / "docs" / page).read_text(encoding="utf-8") for page in performance.PAGES)
+
+        for name in ("when", "expected", "growth", "comparing", "qt", "undo", "memory", "steps", "history", "commands",
+                     "sorting", "creation", "selections", "persistence", "archive", "platform"):
             self.assertEqual(text.count("<!-- measured: %s -->\n\n" % name), 1, name)
+        for name in ("performance", "growth", "growth-comparing", "growth-compared", "history-memory"):
+            self.assertEqual(text.count("](images/%s.svg)" % name), 1, name)
+            self.assertTrue((ROOT / "docs/images" / (name + ".svg")).is_file(), name)
 
 
 if __name__ == "__main__":
