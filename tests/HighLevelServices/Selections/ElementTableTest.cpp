@@ -20,10 +20,10 @@ struct Number {
 
   friend bool operator==(const Number& a, const Number& b)
   {
-    ++comparisons;
+    ++s_comparisons;
     return a.value == b.value;
   }
-  static inline std::size_t comparisons = 0;
+  static inline std::size_t s_comparisons = 0;
 };
 
 struct NumberWithoutHash : Number {};
@@ -105,10 +105,10 @@ TEST(DistinctElementsWithAPlainHash, AreComparedAFewTimesWhicheverBitsDiffer)
     std::vector<Number> numbers;
     for (std::size_t i = 0; i < count; ++i)
       numbers.push_back({static_cast<std::uint64_t>(i) << shift});
-    Number::comparisons = 0;
+    Number::s_comparisons = 0;
 
     EXPECT_EQ(distinct(numbers).size(), count);
-    EXPECT_LT(Number::comparisons, 4 * count) << "bits from " << shift;
+    EXPECT_LT(Number::s_comparisons, 4 * count) << "bits from " << shift;
   }
 }
 
