@@ -143,6 +143,8 @@ std::string describe(unsigned int classHash)
 
 std::optional<CasterPath> findPath(unsigned int childHash, unsigned int parentHash)
 {
+  if (childHash == parentHash)
+    return CasterPath{}; // the most frequent case, without the lock
   const std::lock_guard lock(registry.mutex);
   std::set<unsigned int> visited;
   return Tarvik::findPath(childHash, parentHash, visited);

@@ -2,7 +2,16 @@
 // A process that is forked while its threads use the platform: the child has only the thread that
 // forked it, and nobody there would release what the others had locked.
 
-#if defined(__unix__) // Windows cannot fork
+#if defined(__has_feature)
+#define TKM_HAS_FEATURE(feature) __has_feature(feature)
+#else
+#define TKM_HAS_FEATURE(feature) 0
+#endif
+
+// Windows cannot fork. The allocators of sanitizers do not survive a fork beside busy threads
+// themselves.
+#if defined(__unix__) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) &&        \
+    !TKM_HAS_FEATURE(address_sanitizer) && !TKM_HAS_FEATURE(thread_sanitizer)
 
 #include "PersistenceArchiver/PersistenceArchiver.h"
 #include "Translator/Translator.h"
