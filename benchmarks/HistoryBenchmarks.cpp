@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: MIT
-// The history with a million entries, beside Qt's undo stack where Qt is installed.
+// The history with a million entries. QtHistoryBenchmarks.cpp measures Qt's undo stack beside it.
 
 #include "HistoryBenchmarks.h"
 
 #include "CommandPattern/CommandHistory.h"
-
-#if defined(TKM_BENCHMARK_QT)
-#include "QtHistoryBenchmarks.h"
-#endif
 
 #include <benchmark/benchmark.h>
 
@@ -44,18 +40,24 @@ private:
   CommandHistory m_history;
 };
 
+BENCHMARK(HistoryBenchmarks::push<MeasuredHistory>)
+    ->Name("push/CommandHistory")
+    ->Iterations(HistoryBenchmarks::many);
+BENCHMARK(HistoryBenchmarks::pushAtFullLimit<MeasuredHistory>)
+    ->Name("push at the limit/CommandHistory")
+    ->Arg(1000)
+    ->Arg(100'000)
+    ->Arg(1'000'000);
+BENCHMARK(HistoryBenchmarks::undoAndRedo<MeasuredHistory>)->Name("undo and redo/CommandHistory");
+BENCHMARK(HistoryBenchmarks::jump<MeasuredHistory>)
+    ->Name("jump over a million and back/CommandHistory")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(HistoryBenchmarks::clear<MeasuredHistory>)
+    ->Name("clear a million/CommandHistory")
+    ->Iterations(5)
+    ->Unit(benchmark::kMillisecond);
+
 }
 }
 
-int main(int argc, char** argv)
-{
-  Tarvik::HistoryBenchmarks::registerAll<Tarvik::MeasuredHistory>("CommandHistory");
-#if defined(TKM_BENCHMARK_QT)
-  Tarvik::registerQtHistoryBenchmarks();
-#endif
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv))
-    return 1;
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-}
+BENCHMARK_MAIN();

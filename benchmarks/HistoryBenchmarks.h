@@ -5,7 +5,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <string>
 
 /// What is measured of an undo history, whichever it is. A history has:
 ///
@@ -79,23 +78,6 @@ void clear(benchmark::State& state)
     history.clear();
   }
   state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(many));
-}
-
-/// @param name  of the history
-template <class History>
-void registerAll(const std::string& name)
-{
-  benchmark::RegisterBenchmark(("push/" + name).c_str(), push<History>)->Iterations(many);
-  benchmark::RegisterBenchmark(("push at the limit/" + name).c_str(), pushAtFullLimit<History>)
-      ->Arg(1000)
-      ->Arg(100'000)
-      ->Arg(1'000'000);
-  benchmark::RegisterBenchmark(("undo and redo/" + name).c_str(), undoAndRedo<History>);
-  benchmark::RegisterBenchmark(("jump over a million and back/" + name).c_str(), jump<History>)
-      ->Unit(benchmark::kMillisecond);
-  benchmark::RegisterBenchmark(("clear a million/" + name).c_str(), clear<History>)
-      ->Iterations(5)
-      ->Unit(benchmark::kMillisecond);
 }
 
 }

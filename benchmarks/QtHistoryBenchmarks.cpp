@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "QtHistoryBenchmarks.h"
-
 #include "HistoryBenchmarks.h"
 
 #include <QUndoCommand>
@@ -34,11 +32,22 @@ private:
   QUndoStack m_stack;
 };
 
-}
+BENCHMARK(HistoryBenchmarks::push<MeasuredQtStack>)
+    ->Name("push/QUndoStack")
+    ->Iterations(HistoryBenchmarks::many);
+BENCHMARK(HistoryBenchmarks::pushAtFullLimit<MeasuredQtStack>)
+    ->Name("push at the limit/QUndoStack")
+    ->Arg(1000)
+    ->Arg(100'000)
+    ->Arg(1'000'000);
+BENCHMARK(HistoryBenchmarks::undoAndRedo<MeasuredQtStack>)->Name("undo and redo/QUndoStack");
+BENCHMARK(HistoryBenchmarks::jump<MeasuredQtStack>)
+    ->Name("jump over a million and back/QUndoStack")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(HistoryBenchmarks::clear<MeasuredQtStack>)
+    ->Name("clear a million/QUndoStack")
+    ->Iterations(5)
+    ->Unit(benchmark::kMillisecond);
 
-void registerQtHistoryBenchmarks()
-{
-  HistoryBenchmarks::registerAll<MeasuredQtStack>("QUndoStack");
 }
-
 }

@@ -105,9 +105,9 @@ TYPED_TEST(PointerMap, MayBeReplacedByAHostsOwn)
 {
   using Group = TKGroup<TypeParam>;
   const auto group = this->newGroup("A");
-  const std::unique_ptr<MapContainer> container = std::make_unique<SinglePointer<Group>>();
+  const std::unique_ptr<MapContainer> own = std::make_unique<SinglePointer<Group>>();
 
-  auto* const pointers = dynamic_cast<PointerMapContainerBase<Group>*>(container.get());
+  auto* const pointers = dynamic_cast<PointerMapContainerBase<Group>*>(own.get());
 
   ASSERT_NE(pointers, nullptr);
   pointers->addPointer(1, group);
