@@ -9,6 +9,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <new>
 #include <string>
 #include <utility>
 #include <variant>
@@ -72,20 +73,20 @@ private:
 
   struct NameCall {
     Identifier groupId;
-    const std::string* after;
-    const std::string* before = nullptr;
+    std::string after;
+    std::string before{};
 
     void handOver(TKGroupProviderInterface<T>& provider) const
     {
-      provider.renameGroup(groupId, *after);
+      provider.renameGroup(groupId, after);
     }
     void takeBack(TKGroupProviderInterface<T>& provider) const
     {
-      provider.renameGroup(groupId, *before);
+      provider.renameGroup(groupId, before);
     }
     void addTo(RecordedChanges<T>& changes) const
     {
-      changes.emplace_back(NameChange{groupId, *before, *after});
+      changes.emplace_back(NameChange{groupId, before, after});
     }
   };
 
@@ -106,6 +107,7 @@ private:
   void takeBack() noexcept;
   bool isRead(CommandBase& command);
   void keepWhole(const std::shared_ptr<CommandBase>& command);
+  void undoWhole(CommandBase& command);
   template <class Kind, class Matches>
   void read(Matches matches);
   void executeOfHost(const std::shared_ptr<CommandBase>& command);
@@ -184,12 +186,23 @@ void CommandRecorder<T>::keepWhole(const std::shared_ptr<CommandBase>& command)
   try {
     handOverLast();
   } catch (...) {
-    m_calls.clear();
-    command->undo();
+    undoWhole(*command);
     throw;
   }
   m_calls.clear();
   m_changes.emplace_back(HostChange{command});
+}
+
+/// Undoes a command whose changes are not known, if the host got any of them.
+template <class T>
+void CommandRecorder<T>::undoWhole(CommandBase& command)
+{
+  const bool hasHandedOver = m_calls.size() > (m_isLastHandedOver ? 0 : 1);
+  m_phase = Phase::Forwarding;
+  m_calls.clear();
+  m_isLastHandedOver = true;
+  if (hasHandedOver)
+    command.undo();
 }
 
 template <class T>
@@ -243,6 +256,7 @@ void CommandRecorder<T>::takeBack() noexcept
 
 /// Undoes the command to read what was before its changes.
 /// @return whether that was found for all of them; otherwise the command is as after execute()
+/// @throws std::bad_alloc, and the host is then as it was before execute()
 template <class T>
 bool CommandRecorder<T>::isRead(CommandBase& command)
 {
@@ -250,6 +264,9 @@ bool CommandRecorder<T>::isRead(CommandBase& command)
   m_unread = m_calls.size();
   try {
     command.undo();
+  } catch (const std::bad_alloc&) {
+    undoWhole(command);
+    throw;
   } catch (...) {
     return false;
   }
@@ -350,11 +367,11 @@ void CommandRecorder<T>::renameGroup(const Identifier& groupId, const std::strin
 {
   switch (m_phase) {
   case Phase::Executing:
-    note(NameCall{groupId, &name});
+    note(NameCall{groupId, name});
     break;
   case Phase::Reading:
     read<NameCall>([&groupId, &name](NameCall& call) {
-      call.before = &name;
+      call.before = name;
       return call.groupId == groupId;
     });
     break;

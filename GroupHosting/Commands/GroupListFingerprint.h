@@ -5,7 +5,6 @@
 #include "HighLevelServices/Groups/TKGroup.h"
 #include "Identifier/Identifier.h"
 
-#include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -34,16 +33,16 @@ std::uint64_t fingerprintOf(const std::vector<T>& members)
 {
   std::uint64_t fingerprint = members.size();
   if constexpr (Hashable<T>) {
-    std::array<std::uint64_t, 4> sums{1, 2, 3, 4}; // the processor works on all of them at once
-    const auto whole = members.size() / sums.size() * sums.size();
-    for (std::size_t i = 0; i < whole; i += sums.size()) {
-      for (std::size_t lane = 0; lane < sums.size(); ++lane)
-        sums[lane] = continued(sums[lane], ElementTable<T>::hashOf(members[i + lane]));
+    std::size_t i = 0;
+    for (; i + 4 <= members.size(); i += 4) { // the processor works on four hashes at once
+      const auto sum = ElementTable<T>::hashOf(members[i]) +
+                       std::rotl(ElementTable<T>::hashOf(members[i + 1]), 16) +
+                       std::rotl(ElementTable<T>::hashOf(members[i + 2]), 32) +
+                       std::rotl(ElementTable<T>::hashOf(members[i + 3]), 48);
+      fingerprint = continued(fingerprint, sum);
     }
-    for (auto i = whole; i < members.size(); ++i)
+    for (; i < members.size(); ++i)
       fingerprint = continued(fingerprint, ElementTable<T>::hashOf(members[i]));
-    for (const auto sum : sums)
-      fingerprint = continued(fingerprint, mixed(sum));
   }
   return fingerprint;
 }
