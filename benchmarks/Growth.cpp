@@ -117,11 +117,9 @@ void addBenchmark(const std::string& name, const Function& function, const std::
 
 void addSlowBenchmark(const std::string& name, const Function& function, const Size& size)
 {
-  benchmark::RegisterBenchmark(name.c_str(), function)
-      ->Args({static_cast<std::int64_t>(size.groups), static_cast<std::int64_t>(size.members)})
-      ->Unit(benchmark::kMicrosecond)
-      ->Iterations(1)
-      ->Repetitions(1);
+  auto* const added = benchmark::RegisterBenchmark(name.c_str(), function);
+  added->Args({static_cast<std::int64_t>(size.groups), static_cast<std::int64_t>(size.members)});
+  added->Unit(benchmark::kMicrosecond)->Iterations(1)->Repetitions(1);
 }
 
 void reportKept(benchmark::State& state,

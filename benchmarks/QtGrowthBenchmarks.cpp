@@ -131,12 +131,9 @@ private:
 
 void removeOne(Groups& groups, const QUuid& element)
 {
-  for (qsizetype i = 0; i < groups.size(); ++i) {
-    const auto position = groups.at(i).members.indexOf(element); // at() does not copy a shared list
-    if (position >= 0) {
-      groups[i].members.removeAt(position);
+  for (auto& group : groups) {
+    if (group.members.removeOne(element))
       return;
-    }
   }
 }
 

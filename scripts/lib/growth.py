@@ -180,7 +180,7 @@ def panels_of_groups(results):
 def comparison_panels(results):
     """A panel for each selection, with a line for each way to make the same edit."""
     ways = (("with a hash", "a", "execute/Identifier"), ("by comparing", "d", "execute/comparing"),
-            ("CompactTKGroupCmd", "b", "execute/difference"), ("Qt", "c", "execute/Qt"))
+            ("as a difference", "b", "execute/difference"), ("Qt", "c", "execute/Qt"))
     for selection in SELECTIONS_OF_GROWTH:
         lines = [Line(title, style, growth_points(results, "AddToTKGroupCmd/%s/%s" % (selection, way)))
                  for title, style, way in ways]
