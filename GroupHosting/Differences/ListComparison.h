@@ -26,7 +26,8 @@ inline void append(std::vector<Run>& runs, std::size_t position)
     runs.push_back({position, 1});
 }
 
-/// Which of the numbers belong to the longest ascending subsequence. The numbers are different.
+/// Which of the numbers belong to the longest ascending subsequence. The numbers are different, and
+/// there is one at least.
 ///
 /// `last[n]` is the index of the smallest number that ends an ascending subsequence of n + 1
 /// numbers. Each number is put after the longest one that it can continue; going back from the last
@@ -47,7 +48,7 @@ inline std::vector<bool> longestAscending(const std::vector<std::size_t>& number
       last.push_back(i);
   }
   std::vector<bool> belongs(numbers.size());
-  for (auto i = last.empty() ? nowhere : last.back(); i != nowhere; i = previous[i])
+  for (auto i = last.back(); i != nowhere; i = previous[i])
     belongs[i] = true;
   return belongs;
 }
@@ -56,7 +57,7 @@ inline std::vector<bool> longestAscending(const std::vector<std::size_t>& number
 inline bool isSmallerAsOrder(std::size_t entries, std::size_t moves)
 {
   constexpr std::size_t most = (std::numeric_limits<std::uint32_t>::max)();
-  return moves > 1 && entries <= most &&
+  return entries <= most &&
          entries * sizeof(std::uint32_t) + sizeof(ListEdit::order) < moves * sizeof(MovedRun);
 }
 

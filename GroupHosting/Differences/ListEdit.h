@@ -52,12 +52,13 @@ inline std::size_t totalOf(const std::vector<Run>& runs)
 /// The edit that makes the list before of the list after.
 inline ListEdit reversed(const ListEdit& edit)
 {
-  ListEdit result{edit.sizeAfter, edit.sizeBefore, edit.inserted, edit.moved, {}, edit.removed};
+  auto result = edit;
+  std::swap(result.sizeBefore, result.sizeAfter);
+  result.removed.swap(result.inserted);
   for (auto& run : result.moved)
     std::swap(run.from, run.to);
   std::sort(result.moved.begin(), result.moved.end(),
             [](const MovedRun& a, const MovedRun& b) { return a.to < b.to; });
-  result.order.resize(edit.order.size());
   for (std::size_t i = 0; i < edit.order.size(); ++i)
     result.order[edit.order[i]] = static_cast<std::uint32_t>(i);
   return result;

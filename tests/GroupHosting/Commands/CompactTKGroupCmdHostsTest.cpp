@@ -44,11 +44,31 @@ private:
   const std::string& m_failing;
 };
 
+/// A command that is not one of ours: calls functions.
+class OtherCommand : public CommandBase {
+public:
+  using Function = std::function<void()>;
+
+  OtherCommand(Function execute, Function undo)
+      : CommandBase("other"), m_execute(std::move(execute)), m_undo(std::move(undo))
+  {}
+  void execute() override { m_execute(); }
+  void undo() override { m_undo(); }
+  void redo() override { m_execute(); }
+  bool isRedoCapable() override { return false; }
+
+private:
+  Function m_execute;
+  Function m_undo;
+};
+
+template <class T>
+using Provider = typename CompactTKGroupCmd<T>::Provider;
+
 /// A host with two groups and an ungrouped element, and what its own commands note.
 template <class T>
 class CompactCommandOfAHost : public ::testing::Test {
 protected:
-  using Provider = typename CompactTKGroupCmd<T>::Provider;
   using Commands = std::list<std::shared_ptr<CommandBase>>;
 
   CompactCommandOfAHost()
@@ -61,7 +81,7 @@ protected:
   /// Moves an element out of its group, next to the ungrouped one.
   auto moveOut()
   {
-    return compact(host, [this](Provider provider) {
+    return compact(host, [this](Provider<T> provider) {
       return std::make_shared<MoveTKGroupElementsCmd<T>>(provider, std::vector{a}, ungrouped, true);
     });
   }
@@ -69,7 +89,7 @@ protected:
   /// Moves an element to another group, renames that, and sorts everything.
   auto severalCommands()
   {
-    return compact(host, [this](Provider provider) {
+    return compact(host, [this](Provider<T> provider) {
       const auto id = host->idOf("B");
       return std::make_shared<MacroCommand>(
           Commands{std::make_shared<AddToTKGroupCmd<T>>(provider, std::vector{a}, id),
@@ -331,61 +351,123 @@ TYPED_TEST(CompactCommandOfAHost, KeepsTwoKilobytesOfAnElementThatMovesAmongAMil
   EXPECT_GT(command.sizeInBytes(), 2 * sizeof(element));
 }
 
-/// A command that is not one of ours: calls functions.
-class OtherCommand : public CommandBase {
-public:
-  using Function = std::function<void()>;
-
-  OtherCommand(Function execute, Function undo)
-      : CommandBase("other"), m_execute(std::move(execute)), m_undo(std::move(undo))
-  {}
-  void execute() override { m_execute(); }
-  void undo() override { m_undo(); }
-  void redo() override { m_execute(); }
-
-private:
-  Function m_execute;
-  Function m_undo;
-};
-
-TYPED_TEST(CompactCommandOfAHost, KeepsACommandWholeWhoseUndoDoesNotReverseItsCalls)
+TYPED_TEST(CompactCommandOfAHost, TakesALittleMemoryForNamesAndCommandsOfTheHost)
 {
-  const auto without = [this](std::size_t position) {
-    auto groups = this->before;
-    groups.erase(groups.begin() + static_cast<std::ptrdiff_t>(position));
-    return groups;
-  };
-  const auto one = without(0);
-  const auto other = without(1);
-  const auto id = this->host->idOf("A");
-  using Host = TKGroupProviderInterface<TypeParam>;
+  const std::string name(1000, 'n');
+  auto rename = compact(this->host, [&](auto provider) {
+    return std::make_shared<RenameTKGroupCmd<TypeParam>>(provider, this->host->idOf("A"), name);
+  });
+  auto moveOut = this->moveOut();
+
+  rename.execute();
+  moveOut.execute();
+
+  EXPECT_GT(rename.sizeInBytes(), 1000U);
+  EXPECT_LT(rename.sizeInBytes(), 2500U);
+  EXPECT_LT(moveOut.sizeInBytes(), 2000U);
+}
+
+TYPED_TEST(CompactCommandOfAHost, ReversesTheNameWhenTheHostFailsAtTheEnd)
+{
+  auto command = compact(this->host, [this](Provider<TypeParam> provider) {
+    const auto id = this->host->idOf("B");
+    return std::make_shared<MacroCommand>(std::list<std::shared_ptr<CommandBase>>{
+        std::make_shared<RenameTKGroupCmd<TypeParam>>(provider, id, "0"),
+        std::make_shared<AddToTKGroupCmd<TypeParam>>(provider, std::vector{this->a}, id)});
+  });
+  this->host->failIn("setGroups");
+
+  EXPECT_THROW(command.execute(), std::runtime_error);
+
+  EXPECT_EQ(this->takeAllCalls(),
+            (Calls{"getGroups", "renameGroup 0", "getGroups", "setGroups", "renameGroup B"}));
+  EXPECT_TRUE(identical(this->host->copyOfGroups(), this->before));
+}
+
+TYPED_TEST(CompactCommandOfAHost, TellsTheFirstErrorWhenReversingFailsToo)
+{
+  auto command = compact(this->host, [this](Provider<TypeParam> provider) {
+    return std::make_shared<OtherCommand>(
+        [this, provider] {
+          provider->setGroups(this->before);
+          provider->renameGroup(this->before.front().getId(), "New");
+        },
+        [this, provider] {
+          provider->renameGroup(this->before.front().getId(), "A");
+          provider->setGroups(this->before);
+        });
+  });
+  command.execute();
+  this->host->afterChanges([this] { // the name is back: now everything fails
+    this->host->failIn("renameGroup New");
+    this->host->replaceGroups({});
+  });
+
+  EXPECT_THROW(command.undo(), std::runtime_error);
+
+  EXPECT_EQ(this->host->takeCalls().back(), "renameGroup New");
+}
+
+/// What commands of another kind do.
+template <class T>
+class CompactCommandOfAnotherKind : public CompactCommandOfAHost<T> {
+protected:
+  using Host = TKGroupProviderInterface<T>;
   using Step = std::function<void(Host&)>;
-  const Step setOne = [&](Host& to) { to.setGroups(one); };
-  const Step setOther = [&](Host& to) { to.setGroups(other); };
-  const Step setBoth = [&](Host& to) {
+
+  CompactCommandOfAnotherKind()
+  {
+    one.pop_back();
+    other.front() = one.back();
+  }
+
+  CompactTKGroupCmd<T> commandThat(Step executes, Step undoes)
+  {
+    return compact(this->host, [executes, undoes](Provider<T> provider) {
+      return std::make_shared<OtherCommand>([executes, provider] { executes(*provider); },
+                                            [undoes, provider] { undoes(*provider); });
+    });
+  }
+
+  std::vector<TKGroup<T>> one = this->before;
+  std::vector<TKGroup<T>> other = this->before;
+  Identifier id = this->host->idOf("A");
+  Step setOne = [this](Host& to) { to.setGroups(one); };
+  Step setBoth = [this](Host& to) {
     to.setGroups(other);
     to.setGroups(one);
   };
-  const Step restore = [&](Host& to) { to.setGroups(this->before); };
-  const Step rename = [&](Host& to) { to.renameGroup(id, "A"); };
-  const Step nothing = [](Host&) {};
-  const Step fail = [first = true](Host& to) mutable {
+  Step restore = [this](Host& to) { to.setGroups(this->before); };
+  Step rename = [this](Host& to) { to.renameGroup(id, "New"); };
+  Step renameAndSetOne = [this](Host& to) {
+    to.renameGroup(id, "New");
+    to.setGroups(one);
+  };
+  Step renameAnother = [](Host& to) { to.renameGroup(Identifier(), "A"); };
+  Step nothing = [](Host&) {};
+};
+TYPED_TEST_SUITE(CompactCommandOfAnotherKind, ElementIdentifiers, KindName);
+
+TYPED_TEST(CompactCommandOfAnotherKind, IsKeptWholeWhenUndoDoesNotReverseItsCalls)
+{
+  using Function = typename TestFixture::Step;
+  const auto fail = [first = true](typename TestFixture::Host& to) mutable {
     if (std::exchange(first, false))
       throw std::logic_error("not yet");
     to.renameGroup(Identifier(), "");
   };
 
-  for (const auto& [execute, undo] : std::vector<std::pair<Step, Step>>{{setOne, nothing},
-                                                                        {setOne, rename},
-                                                                        {rename, restore},
-                                                                        {setBoth, restore},
-                                                                        {setOne, setBoth},
-                                                                        {nothing, restore},
-                                                                        {setOther, fail}}) {
+  for (const auto& [execute, undo] :
+       std::vector<std::pair<Function, Function>>{{this->setOne, this->nothing},
+                                                  {this->setOne, this->rename},
+                                                  {this->setOne, this->setBoth},
+                                                  {this->setOne, fail},
+                                                  {this->rename, this->restore},
+                                                  {this->rename, this->renameAnother},
+                                                  {this->setBoth, this->restore},
+                                                  {this->nothing, this->restore}}) {
     this->host->replaceGroups(this->before);
-    auto command = compact(this->host, [&, run = execute, reverse = undo](auto provider) {
-      return std::make_shared<OtherCommand>([=] { run(*provider); }, [=] { reverse(*provider); });
-    });
+    auto command = this->commandThat(execute, undo);
 
     command.execute();
     const auto onExecute = this->takeAllCalls();
@@ -396,7 +478,89 @@ TYPED_TEST(CompactCommandOfAHost, KeepsACommandWholeWhoseUndoDoesNotReverseItsCa
     EXPECT_EQ(this->takeAllCalls(), onExecute);
     EXPECT_FALSE(command.hasChangedNothing());
     EXPECT_EQ(command.getDescription(), "other");
+    EXPECT_FALSE(command.isRedoCapable());
   }
+}
+
+TYPED_TEST(CompactCommandOfAnotherKind, IsUndoneWhenTheHostRefusesItsLastChange)
+{
+  auto first = this->commandThat(this->setOne, this->nothing);
+  auto second = this->commandThat(this->renameAndSetOne, this->restore);
+  auto third =
+      this->commandThat(this->renameAndSetOne, [this](auto& to) { to.renameGroup(this->id, "A"); });
+
+  this->host->failIn("setGroups");
+  EXPECT_THROW(first.execute(), std::runtime_error);
+  EXPECT_TRUE(identical(this->host->copyOfGroups(), this->before));
+  EXPECT_THROW(third.execute(), std::runtime_error);
+  EXPECT_TRUE(identical(this->host->copyOfGroups(), this->before));
+  EXPECT_THROW(second.execute(), std::runtime_error);
+}
+
+TYPED_TEST(CompactCommandOfAnotherKind, IsUndoneWhenMemoryRunsOutWhileItIsRead)
+{
+  const auto failOnce = [this, first = true](auto& to) mutable {
+    if (std::exchange(first, false))
+      throw std::bad_alloc();
+    to.renameGroup(this->id, "A");
+  };
+  auto ofOneChange = this->commandThat(this->setOne, failOnce);
+  auto ofTwoChanges = this->commandThat(this->renameAndSetOne, failOnce);
+
+  EXPECT_THROW(ofOneChange.execute(), std::bad_alloc);
+  EXPECT_EQ(this->takeAllCalls(), Calls{});
+  EXPECT_THROW(ofTwoChanges.execute(), std::bad_alloc);
+  EXPECT_EQ(this->takeAllCalls(), (Calls{"renameGroup New", "renameGroup A"}));
+  EXPECT_TRUE(identical(this->host->copyOfGroups(), this->before));
+}
+
+TYPED_TEST(CompactCommandOfAnotherKind, RunsTheHostsOwnCommandWhenItIsKeptWhole)
+{
+  std::shared_ptr<CommandBase> ofHost;
+  auto command = compact(this->host, [&](Provider<TypeParam> provider) {
+    ofHost = provider->createMoveCommand(this->a, {}, true);
+    return std::make_shared<OtherCommand>(
+        [made = ofHost, first = true]() mutable {
+          if (std::exchange(first, false))
+            made->execute();
+          else
+            made->redo();
+        },
+        [made = ofHost, provider] {
+          made->undo();
+          provider->renameGroup(Identifier(), "");
+        });
+  });
+
+  command.execute();
+  EXPECT_EQ(this->calls, (Calls{"host executes"}));
+  command.undo();
+  command.redo();
+
+  EXPECT_EQ(this->calls, (Calls{"host executes", "host undoes", "host redoes"}));
+  EXPECT_EQ(ofHost->getDescription(), "the host's");
+  EXPECT_FALSE(ofHost->isRedoCapable());
+  EXPECT_EQ(ofHost->getSpeedRate(), NotingCommand(this->calls, this->failing).getSpeedRate());
+}
+
+TYPED_TEST(CompactCommandOfAnotherKind, MayAskTheHostForEverything)
+{
+  this->host->makeMoveCommandBy({});
+  std::vector<TypeParam> found{this->a};
+  auto command = this->commandThat(
+      [&](auto& to) {
+        found = to.getUngroupedElements();
+        to.getElementName(this->a);
+        EXPECT_EQ(to.createMoveCommand(this->a, {}, false), nullptr);
+      },
+      this->nothing);
+
+  command.execute();
+
+  EXPECT_TRUE(found.empty());
+  EXPECT_EQ(this->takeAllCalls(),
+            (Calls{"getUngroupedElements", "getElementName", "createMoveCommand after"}));
+  EXPECT_TRUE(command.hasChangedNothing());
 }
 
 }

@@ -69,6 +69,14 @@ private:
   std::vector<Entry> m_entries;
 };
 
+/// The entries of a run of a list.
+template <class Entry, class Run>
+std::vector<Entry> entriesOf(const std::vector<Entry>& list, const Run& run)
+{
+  const auto first = list.begin() + static_cast<std::ptrdiff_t>(run.position);
+  return std::vector<Entry>(first, first + static_cast<std::ptrdiff_t>(run.count));
+}
+
 /// Edits the members of a group.
 template <class T, class Edit>
 void editMembers(std::vector<TKGroup<T>>& groups, std::size_t group, Edit edit)
