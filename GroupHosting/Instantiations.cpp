@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The code of the library: every class, for both kinds of identifiers.
 
+#include "GroupHosting/Commands/CompactTKGroupCmd.h"
 #include "GroupHosting/Commands/MoveTKGroupsCmd.h"
 #include "GroupHosting/Differences/GroupListDifference.h"
 #include "GroupHosting/Providers/GroupsSubscription.h"
@@ -19,5 +20,8 @@ template class TKM_GROUPHOSTING_DEFINE TKGroupProvider<GUIdentifier>;
 
 template class TKM_GROUPHOSTING_DEFINE MoveTKGroupsCmd<Identifier>;
 template class TKM_GROUPHOSTING_DEFINE MoveTKGroupsCmd<GUIdentifier>;
+
+template class TKM_GROUPHOSTING_DEFINE CompactTKGroupCmd<Identifier>;
+template class TKM_GROUPHOSTING_DEFINE CompactTKGroupCmd<GUIdentifier>;
 
 }

@@ -156,7 +156,7 @@ GroupListDifference<T>::~GroupListDifference() = default;
 template <class T>
 bool GroupListDifference<T>::empty() const
 {
-  return GroupLists::isEmpty(m_edit.groups) && m_edit.changed.empty();
+  return GroupLists::isEmpty(m_edit);
 }
 
 template <class T>

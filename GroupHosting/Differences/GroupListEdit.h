@@ -37,6 +37,13 @@ struct GroupListEdit {
   std::vector<GroupEdit<T>> changed; ///< ascending by positionAfter
 };
 
+/// Whether nothing changes.
+template <class T>
+bool isEmpty(const GroupListEdit<T>& edit)
+{
+  return isEmpty(edit.groups) && edit.changed.empty();
+}
+
 enum class Direction { Forward, Backward };
 
 /// The entries of a list at these positions.
@@ -118,17 +125,21 @@ GroupListEdit<T> editBetween(const std::vector<TKGroup<T>>& before,
   edit.groups = editBetween(idsOf(before), idsOf(after));
   edit.removed = entriesAt(edit.groups.removed, before);
   edit.inserted = entriesAt(edit.groups.inserted, after);
-  const auto sources = positionsBefore(edit.groups);
-  for (std::size_t i = 0; i < after.size(); ++i) {
-    if (sources[i] == nowhere)
-      continue;
-    auto groupEdit = editBetween(before[sources[i]], after[i]);
-    compared(sources[i], i, groupEdit.has_value());
-    if (!groupEdit)
-      continue;
-    groupEdit->positionBefore = sources[i];
-    groupEdit->positionAfter = i;
-    edit.changed.push_back(std::move(*groupEdit));
+  std::size_t to = 0;
+  const auto pieces = piecesOf(edit.groups);
+  for (const auto& run : pieces.runs()) {
+    const auto end = to + run.count;
+    if (run.position == nowhere)
+      to = end;
+    for (auto from = run.position; to < end; ++from, ++to) {
+      auto groupEdit = editBetween(before[from], after[to]);
+      compared(from, to, groupEdit.has_value());
+      if (!groupEdit)
+        continue;
+      groupEdit->positionBefore = from;
+      groupEdit->positionAfter = to;
+      edit.changed.push_back(std::move(*groupEdit));
+    }
   }
   edit.changed.shrink_to_fit();
   return edit;
@@ -154,8 +165,14 @@ bool apply(const GroupEdit<T>& edit, Direction direction, TKGroup<T>& group)
   std::vector<T> edited;
   edited.reserve(members.sizeAfter);
   auto next = coming.begin();
-  for (const auto source : positionsBefore(members))
-    edited.push_back(source == nowhere ? *next++ : old[source]);
+  const auto pieces = piecesOf(members);
+  for (const auto& run : pieces.runs()) {
+    const auto count = static_cast<std::ptrdiff_t>(run.count);
+    const auto first = run.position == nowhere
+                           ? std::exchange(next, next + count)
+                           : old.begin() + static_cast<std::ptrdiff_t>(run.position);
+    edited.insert(edited.end(), first, first + count);
+  }
   if (isRenamed)
     group.setName(newName, true);
   MemberLists<T>::swap(group, edited);
@@ -190,15 +207,19 @@ std::optional<std::vector<TKGroup<T>>> applied(const GroupListEdit<T>& edit,
   std::vector<TKGroup<T>> result;
   result.reserve(groups.sizeAfter);
   auto next = coming.begin();
-  for (const auto source : positionsBefore(groups)) {
-    if (source == nowhere) {
-      result.push_back(*next++);
+  const auto pieces = piecesOf(groups);
+  for (const auto& run : pieces.runs()) {
+    if (run.position == nowhere) {
+      const auto first = std::exchange(next, next + static_cast<std::ptrdiff_t>(run.count));
+      result.insert(result.end(), first, next);
       continue;
     }
-    result.push_back(list[source]);
-    copied(source, list[source]);
-    if (editOf[source] != nullptr && !apply(*editOf[source], direction, result.back()))
-      return {};
+    for (auto i = run.position; i < run.position + run.count; ++i) {
+      result.push_back(list[i]);
+      copied(i, list[i]);
+      if (editOf[i] != nullptr && !apply(*editOf[i], direction, result.back()))
+        return {};
+    }
   }
   return result;
 }

@@ -10,6 +10,8 @@
 #include <iterator>
 #include <limits>
 #include <numeric>
+#include <optional>
+#include <utility>
 #include <vector>
 
 /// Finds the smallest edit from one list to another.
@@ -69,6 +71,8 @@ inline void setMoves(ListEdit& edit,
                      std::size_t begin,
                      std::size_t numberKept)
 {
+  if (std::is_sorted(oldPlaces.begin(), oldPlaces.end()))
+    return;
   const auto stays = longestAscending(oldPlaces);
   for (std::size_t i = 0; i < oldPlaces.size(); ++i) {
     if (stays[i])
@@ -126,11 +130,48 @@ inline void setChanges(ListEdit& edit, const std::vector<std::size_t>& matches, 
   edit.inserted.shrink_to_fit();
 }
 
-/// The edit from one list to another. As few entries as possible leave, come or move.
-///
-/// Of entries that are equal, the first one of the list before counts as the first one of the list
-/// after, and so on. So among entries that a list has several times, one more than necessary may
-/// move.
+/// Finds some entries among others, in the same order.
+/// @return by entry: its position among the others; nothing when they are not all there in order
+template <class Iterator>
+std::optional<std::vector<std::size_t>>
+positionsInOrder(Iterator first, Iterator last, Iterator others, Iterator end)
+{
+  if (last - first > end - others)
+    return {};
+  std::vector<std::size_t> positions;
+  positions.reserve(static_cast<std::size_t>(last - first));
+  const auto begin = others;
+  for (; first != last; ++first) {
+    others = std::find(others, end, *first);
+    if (others == end)
+      return {};
+    positions.push_back(static_cast<std::size_t>(others++ - begin));
+  }
+  return positions;
+}
+
+/// For each entry of the list after its position in the list before, or nowhere.
+template <class Iterator>
+std::vector<std::size_t>
+matchesOf(Iterator beginBefore, Iterator endBefore, Iterator beginAfter, Iterator endAfter)
+{
+  if (auto kept = positionsInOrder(beginAfter, endAfter, beginBefore, endBefore))
+    return *std::move(kept); // entries only leave
+  std::vector<std::size_t> matches(static_cast<std::size_t>(endAfter - beginAfter), nowhere);
+  if (const auto kept = positionsInOrder(beginBefore, endBefore, beginAfter, endAfter)) {
+    for (std::size_t i = 0; i < kept->size(); ++i) // entries only come
+      matches[(*kept)[i]] = i;
+    return matches;
+  }
+  const std::vector before(beginBefore, endBefore);
+  const std::vector after(beginAfter, endAfter);
+  Search<typename std::iterator_traits<Iterator>::value_type>(before).match(
+      after, [&matches](std::size_t position, std::size_t entry) { matches[position] = entry; });
+  return matches;
+}
+
+/// The edit from one list to another. As few entries as possible leave, come or move, unless a list
+/// has the same entry several times: then one of these may move although it could stay.
 template <class T>
 ListEdit editBetween(const std::vector<T>& before, const std::vector<T>& after)
 {
@@ -142,15 +183,10 @@ ListEdit editBetween(const std::vector<T>& before, const std::vector<T>& after)
     return edit;
   const auto ends = std::mismatch(before.rbegin(), std::make_reverse_iterator(begins.first),
                                   after.rbegin(), std::make_reverse_iterator(begins.second));
-  const std::vector<T> middleBefore(begins.first, ends.first.base());
-  const std::vector<T> middleAfter(begins.second, ends.second.base());
-
-  std::vector<std::size_t> matches(middleAfter.size(), nowhere);
-  Search<T>(middleBefore).match(middleAfter, [&matches](std::size_t position, std::size_t entry) {
-    matches[position] = entry;
-  });
-  setChanges(edit, matches,
-             {static_cast<std::size_t>(begins.first - before.begin()), middleBefore.size()});
+  const auto endBefore = ends.first.base();
+  setChanges(edit, matchesOf(begins.first, endBefore, begins.second, ends.second.base()),
+             {static_cast<std::size_t>(begins.first - before.begin()),
+              static_cast<std::size_t>(endBefore - begins.first)});
   return edit;
 }
 

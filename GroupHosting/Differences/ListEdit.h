@@ -63,70 +63,118 @@ inline ListEdit reversed(const ListEdit& edit)
   return result;
 }
 
-/// Puts the entries that are kept into their new order.
-inline std::vector<std::size_t> rearranged(const std::vector<std::size_t>& kept,
-                                           const ListEdit& edit)
-{
-  std::vector<std::size_t> result;
-  result.reserve(kept.size());
-  for (const auto position : edit.order)
-    result.push_back(kept[position]);
-  if (!edit.order.empty())
-    return result;
+/// A list that is put together from runs of another list.
+class Pieces {
+public:
+  std::size_t size() const { return m_size; }
 
+  /// Runs of the other list, in order. A run at nowhere has entries that are not in that list.
+  const std::vector<Run>& runs() const { return m_runs; }
+
+  /// Appends a run of the other list.
+  void append(const Run& run)
+  {
+    if (run.count == 0)
+      return;
+    m_starts.push_back(m_size);
+    m_runs.push_back(run);
+    m_size += run.count;
+  }
+
+  /// Appends what other pieces have at these positions.
+  void append(const Pieces& pieces, Run positions)
+  {
+    const auto after =
+        std::upper_bound(pieces.m_starts.begin(), pieces.m_starts.end(), positions.position);
+    auto index = static_cast<std::size_t>(after - pieces.m_starts.begin());
+    while (positions.count > 0) {
+      const auto& run = pieces.m_runs[index - 1];
+      const auto skipped = positions.position - pieces.m_starts[index - 1];
+      const auto count = (std::min)(run.count - skipped, positions.count);
+      append({run.position + skipped, count});
+      positions.position += count;
+      positions.count -= count;
+      ++index;
+    }
+  }
+
+private:
+  std::vector<Run> m_runs;
+  std::vector<std::size_t> m_starts; ///< of the runs, in this list
+  std::size_t m_size = 0;
+};
+
+/// The entries of the list before that are kept, in their old order.
+inline Pieces keptPieces(const ListEdit& edit)
+{
+  Pieces kept;
+  std::size_t next = 0;
+  for (const auto& run : edit.removed) {
+    kept.append({next, run.position - next});
+    next = run.position + run.count;
+  }
+  kept.append({next, edit.sizeBefore - next});
+  return kept;
+}
+
+/// The entries that are kept, in their new order, when `order` has it.
+inline Pieces reorderedPieces(const ListEdit& edit, const Pieces& kept)
+{
+  Pieces result;
+  for (std::size_t i = 0; i < edit.order.size();) {
+    const auto begin = i++;
+    while (i < edit.order.size() && edit.order[i] == edit.order[i - 1] + 1)
+      ++i;
+    result.append(kept, {edit.order[begin], i - begin});
+  }
+  return result;
+}
+
+/// The entries that are kept, in their new order, when `moved` has it.
+inline Pieces movedPieces(const ListEdit& edit, const Pieces& kept)
+{
   auto byOldPlace = edit.moved;
   std::sort(byOldPlace.begin(), byOldPlace.end(),
             [](const MovedRun& a, const MovedRun& b) { return a.from < b.from; });
-  std::size_t next = 0; // of the entries that stay
-  auto passed = byOldPlace.begin();
+  byOldPlace.push_back({kept.size(), 0, kept.size()}); // no run is after this one
+  Pieces result;
+  std::size_t next = 0; // of the entries that stay, with runs that move between them
+  auto passing = byOldPlace.begin();
   const auto appendThoseThatStay = [&](std::size_t end) {
     while (result.size() < end) {
-      if (passed != byOldPlace.end() && passed->from == next)
-        next += passed++->count;
-      else
-        result.push_back(kept[next++]);
+      const auto count = (std::min)(end - result.size(), passing->from - next);
+      result.append(kept, {next, count});
+      next += count;
+      if (next == passing->from)
+        next += passing++->count;
     }
   };
   for (const auto& run : edit.moved) {
     appendThoseThatStay(run.to);
-    for (std::size_t i = 0; i < run.count; ++i)
-      result.push_back(kept[run.from + i]);
+    result.append(kept, {run.from, run.count});
   }
   appendThoseThatStay(kept.size());
   return result;
 }
 
-/// For each position after the edit the position before it, or nowhere for an entry that comes.
-inline std::vector<std::size_t> positionsBefore(const ListEdit& edit)
+/// The list after, from runs of the list before. Entries that come are at nowhere.
+inline Pieces piecesOf(const ListEdit& edit)
 {
-  std::vector<std::size_t> kept;
-  kept.reserve(edit.sizeBefore);
-  std::size_t next = 0;
-  const auto keepUpTo = [&kept, &next](std::size_t end) {
-    for (; next < end; ++next)
-      kept.push_back(next);
-  };
-  for (const auto& run : edit.removed) {
-    keepUpTo(run.position);
-    next += run.count;
-  }
-  keepUpTo(edit.sizeBefore);
-  if (!edit.moved.empty() || !edit.order.empty())
-    kept = rearranged(kept, edit);
+  auto kept = keptPieces(edit);
+  if (!edit.order.empty())
+    kept = reorderedPieces(edit, kept);
+  else if (!edit.moved.empty())
+    kept = movedPieces(edit, kept);
 
-  std::vector<std::size_t> result;
-  result.reserve(edit.sizeAfter);
-  auto source = kept.begin();
-  const auto takeUpTo = [&result, &source](std::size_t end) {
-    const auto count = static_cast<std::ptrdiff_t>(end - result.size());
-    result.insert(result.end(), source, source + count);
-    source += count;
-  };
+  Pieces result;
+  std::size_t next = 0;
   for (const auto& run : edit.inserted) {
-    takeUpTo(run.position);
-    result.insert(result.end(), run.count, nowhere);
+    const auto count = run.position - result.size();
+    result.append(kept, {next, count});
+    next += count;
+    result.append({nowhere, run.count});
   }
-  takeUpTo(edit.sizeAfter);
+  result.append(kept, {next, kept.size() - next});
   return result;
 }
 

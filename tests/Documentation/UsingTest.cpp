@@ -2,6 +2,9 @@
 // The examples of docs/using.md, built and run.
 
 #include "CommandPattern/CommandHistory.h"
+#include "GroupHosting/Commands/CompactTKGroupCmd.h"
+#include "GroupHosting/Differences/GroupListDifference.h"
+#include "HighLevelServices/GroupCommands/AddToTKGroupCmd.h"
 #include "HighLevelServices/GroupCommands/CreateTKGroupCmd.h"
 #include "PersistenceArchiver/ArchiveError.h"
 #include "PersistenceArchiver/PersistenceArchiver.h"
@@ -10,6 +13,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <exception>
 #include <fstream>
 #include <iterator>
@@ -17,6 +21,7 @@
 #include <optional>
 #include <sstream>
 #include <string>
+#include <variant>
 #include <vector>
 
 namespace Tarvik {
@@ -90,6 +95,80 @@ TEST(UsingTheLibrary, ShowsTheErrorOfACommandAndChangesNothing)
   EXPECT_TRUE(application.history.canUndo());
 }
 
+std::shared_ptr<CommandBase> addToGroup(const std::shared_ptr<Host>& host,
+                                        const std::vector<Identifier>& elements,
+                                        const Identifier& group,
+                                        const std::string& groupName)
+{
+  return std::make_shared<CompactTKGroupCmd<Identifier>>(
+      host,
+      [=](auto provider) { // not the host: the command is recorded
+        return std::make_shared<AddToTKGroupCmd<Identifier>>(provider, elements, group);
+      },
+      [=] { return Translator::translate("Menu", "Add to Group: ", nullptr, -1) + groupName; });
+}
+
+TEST(UsingTheLibrary, KeepsWhatACommandChanged)
+{
+  const auto [a, b] = distinct<Identifier, 2>();
+  Application application;
+  application.host->replaceGroups({group("A", {a}), group("B", {b})});
+  auto& history = application.history;
+
+  history.execute(addToGroup(application.host, {a}, application.host->idOf("B"), "B"));
+
+  EXPECT_EQ(application.host->groups(), list(group<Identifier>("A", {}), group("B", {b, a})));
+  EXPECT_EQ(history.undoDescription(), "Add to Group: B");
+  history.undo();
+  EXPECT_EQ(application.host->groups(), list(group("A", {a}), group("B", {b})));
+}
+
+struct View {
+  void setGroupName(std::size_t group, const std::string& name) { names.at(group) = name; }
+  void insertRows(std::size_t group, std::size_t row, std::size_t count)
+  {
+    inserted = {group, row, count};
+  }
+  void rebuild() { isRebuilt = true; }
+
+  std::vector<std::string> names;
+  std::vector<std::size_t> inserted;
+  bool isRebuilt = false;
+};
+
+void update(View& view,
+            const std::vector<TKGroup<Identifier>>& before,
+            const std::vector<TKGroup<Identifier>>& after)
+{
+  const GroupListDifference<Identifier> difference(before, after);
+  for (const auto& step : difference.steps()) {
+    if (const auto* renamed = std::get_if<GroupRenamed>(&step))
+      view.setGroupName(renamed->group, renamed->after);
+    else if (const auto* inserted = std::get_if<MembersInserted<Identifier>>(&step))
+      view.insertRows(inserted->group, inserted->position, inserted->members.size());
+    else
+      view.rebuild(); // there are seven more kinds of steps in "GroupListStep.h"
+  }
+}
+
+TEST(UsingTheLibrary, TellsAViewWhatChanged)
+{
+  const std::vector<TKGroup<Identifier>> before{group<Identifier>("A", {}),
+                                                group("B", {Identifier()})};
+  auto after = before;
+  after[1].setName("C", true);
+  after[1].addGroupMember(Identifier());
+  View view{{"A", "B"}, {}};
+
+  update(view, before, after);
+
+  EXPECT_EQ(view.names, (std::vector<std::string>{"A", "C"}));
+  EXPECT_EQ(view.inserted, (std::vector<std::size_t>{1, 1, 1}));
+  EXPECT_FALSE(view.isRebuilt);
+  update(view, after, {});
+  EXPECT_TRUE(view.isRebuilt);
+}
+
 TEST(UsingTheLibrary, SavesAndLoadsGroups)
 {
   const std::vector<TKGroup<Identifier>> groups{group("A", {Identifier()})};
@@ -151,7 +230,7 @@ TEST(UsingTheLibrary, IsShownInTheGuideAsItIsHere)
     EXPECT_NE(code.find(example), std::string::npos) << example;
     ++examples;
   }
-  EXPECT_EQ(examples, 4);
+  EXPECT_EQ(examples, 6);
 }
 
 }

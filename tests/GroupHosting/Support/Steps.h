@@ -124,4 +124,78 @@ void doStep(std::vector<TKGroup<T>>& groups, const GroupListStep<T>& step)
       step);
 }
 
+/// A step in words: "A B leave 2", "0: 1 members move from 1 to 5".
+template <class T>
+std::string textOf(const GroupListStep<T>& step)
+{
+  const auto text = [](std::size_t number) { return std::to_string(number); };
+  const auto names = [](const auto& groups) {
+    std::string result;
+    for (const auto& group : groups)
+      result += group.getName() + ' ';
+    return result;
+  };
+  const auto numbers = [](const auto& order) {
+    std::string result = "order";
+    for (const auto position : order)
+      result += ' ' + std::to_string(position);
+    return result;
+  };
+  return std::visit(Overloaded{[&](const GroupsRemoved<T>& each) {
+                                 return names(each.groups) + "leave " + text(each.position);
+                               },
+                               [&](const GroupsMoved& each) {
+                                 return text(each.count) + " groups move from " + text(each.from) +
+                                        " to " + text(each.to);
+                               },
+                               [&](const GroupsReordered& each) { return numbers(each.order); },
+                               [&](const GroupsInserted<T>& each) {
+                                 return names(each.groups) + "come to " + text(each.position);
+                               },
+                               [&](const GroupRenamed& each) {
+                                 return text(each.group) + ": " + each.before + " is " + each.after;
+                               },
+                               [&](const MembersRemoved<T>& each) {
+                                 return text(each.group) + ": " + text(each.members.size()) +
+                                        " members leave " + text(each.position);
+                               },
+                               [&](const MembersMoved& each) {
+                                 return text(each.group) + ": " + text(each.count) +
+                                        " members move from " + text(each.from) + " to " +
+                                        text(each.to);
+                               },
+                               [&](const MembersReordered& each) {
+                                 return text(each.group) + ": " + numbers(each.order);
+                               },
+                               [&](const MembersInserted<T>& each) {
+                                 return text(each.group) + ": " + text(each.members.size()) +
+                                        " members come to " + text(each.position);
+                               }},
+                    step);
+}
+
+/// How many members some steps remove, move and insert.
+struct MemberCounts {
+  std::size_t removed = 0;
+  std::size_t moved = 0;
+  std::size_t inserted = 0;
+  bool isReordered = false; ///< `moved` does not tell how many
+};
+
+template <class T>
+MemberCounts membersOf(const std::vector<GroupListStep<T>>& steps)
+{
+  MemberCounts counts;
+  for (const auto& step : steps) {
+    if (const auto* const removed = std::get_if<MembersRemoved<T>>(&step))
+      counts.removed += removed->members.size();
+    if (const auto* const moved = std::get_if<MembersMoved>(&step))
+      counts.moved += moved->count;
+    if (const auto* const inserted = std::get_if<MembersInserted<T>>(&step))
+      counts.inserted += inserted->members.size();
+    counts.isReordered = counts.isReordered || std::holds_alternative<MembersReordered>(step);
+  }
+  return counts;
+}
+
 }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "GroupHosting/Differences/GroupListDifference.h"
 #include "HighLevelServices/Groups/TKGroup.h"
 
 #include <cstdlib>
@@ -10,7 +11,9 @@ int main()
   Tarvik::TKGroup<Identifier> group("Inlet");
   const Identifier pump;
   group.addGroupMember(pump);
-  return group.isInGroup(pump) && decltype(group)::s_force_serialization_registration
+  const Tarvik::GroupListDifference<Identifier> difference({}, {group});
+  return group.isInGroup(pump) && difference.steps().size() == 1 &&
+                 decltype(group)::s_force_serialization_registration
              ? EXIT_SUCCESS
              : EXIT_FAILURE;
 }
