@@ -31,6 +31,9 @@ public:
   /// @param groups  the list to be changed; must not change until commit()
   /// @param after   the new list
   GroupListReplacement(std::vector<TKGroup<T>>& groups, const std::vector<TKGroup<T>>& after);
+  GroupListReplacement(const GroupListReplacement&) = delete;
+  GroupListReplacement& operator=(const GroupListReplacement&) = delete;
+  ~GroupListReplacement();
 
   /// Whether the lists are equal.
   bool isEmpty() const { return !m_isArranged && m_changed.empty(); }
@@ -38,16 +41,22 @@ public:
   /// Whether groups are inserted, removed or moved, or have another name.
   bool isArranged() const { return m_isArranged; }
 
+  /// The groups that stay and have other members.
   const std::vector<ChangedMembers>& changed() const { return m_changed; }
 
   /// By position in the new list: the position before, or `nowhere` for a group that is new.
   const std::vector<std::size_t>& origins() const { return m_origins; }
 
+  /// Copies all that the new list has and the old one has not. When that throws, nothing has
+  /// changed. New groups at the end of the list are in it already after this, until the destructor
+  /// or commit().
   void prepare();
+
   void commit() noexcept;
 
 private:
   void findOrigins();
+  void append();
   void compareMembers(std::size_t position);
   void arrange();
 
@@ -56,6 +65,8 @@ private:
   std::vector<std::size_t> m_origins;
   std::vector<ChangedMembers> m_changed;
   bool m_isArranged = false;
+  bool m_isAppended = false;          ///< the only arrangement is that groups follow at the end
+  std::size_t m_sizeToKeep;           ///< of the list, if commit() is not reached
   std::vector<TKGroup<T>> m_arranged; ///< the new list, without the members of those that stay
   std::vector<std::vector<T>> m_newMembers; ///< of the changed groups
 };
@@ -63,16 +74,29 @@ private:
 template <class T>
 GroupListReplacement<T>::GroupListReplacement(std::vector<TKGroup<T>>& groups,
                                               const std::vector<TKGroup<T>>& after)
-    : m_groups(groups), m_after(after), m_origins(after.size(), nowhere)
+    : m_groups(groups),
+      m_after(after),
+      m_origins(after.size(), nowhere),
+      m_sizeToKeep(groups.size())
 {
   findOrigins();
-  m_isArranged = groups.size() != after.size();
+  std::size_t inPlace = 0;
   for (std::size_t i = 0; i < after.size(); ++i) {
     const auto origin = m_origins[i];
-    m_isArranged = m_isArranged || origin != i || groups[i].getName() != after[i].getName();
+    if (origin == i && groups[i].getName() == after[i].getName())
+      ++inPlace;
     if (origin != nowhere)
       compareMembers(i);
   }
+  m_isArranged = inPlace != groups.size() || inPlace != after.size();
+  m_isAppended = inPlace == groups.size() && after.size() > inPlace;
+}
+
+template <class T>
+GroupListReplacement<T>::~GroupListReplacement()
+{
+  while (m_groups.size() > m_sizeToKeep)
+    m_groups.pop_back();
 }
 
 template <class T>
@@ -111,22 +135,33 @@ void GroupListReplacement<T>::compareMembers(std::size_t position)
     m_changed.push_back({origin, position});
 }
 
-/// Copies all that the new list has and the old one has not.
 template <class T>
 void GroupListReplacement<T>::prepare()
 {
   m_newMembers.reserve(m_changed.size());
   for (const ChangedMembers& each : m_changed)
     m_newMembers.push_back(m_after[each.after].getGroupMembers());
-  if (m_isArranged)
+  m_isAppended = m_isAppended && m_after.size() <= m_groups.capacity();
+  if (m_isAppended)
+    append();
+  else if (m_isArranged)
     arrange();
+}
+
+/// Appends the new groups, for which there is room.
+template <class T>
+void GroupListReplacement<T>::append()
+{
+  while (m_groups.size() < m_after.size())
+    m_groups.push_back(m_after[m_groups.size()]);
 }
 
 /// Makes the new list. Groups that stay have no members in it.
 template <class T>
 void GroupListReplacement<T>::arrange()
 {
-  m_arranged.reserve(m_after.size());
+  const bool grows = m_after.size() > m_groups.capacity();
+  m_arranged.reserve(grows ? 2 * m_after.size() : m_after.size()); // to append without this
   for (std::size_t i = 0; i < m_after.size(); ++i) {
     if (m_origins[i] == nowhere) {
       m_arranged.push_back(m_after[i]);
@@ -145,7 +180,8 @@ void GroupListReplacement<T>::commit() noexcept
 {
   for (std::size_t i = 0; i < m_changed.size(); ++i)
     MemberLists<T>::swap(m_groups[m_changed[i].before], m_newMembers[i]);
-  if (!m_isArranged)
+  m_sizeToKeep = nowhere;
+  if (!m_isArranged || m_isAppended)
     return;
   for (std::size_t i = 0; i < m_origins.size(); ++i) {
     if (m_origins[i] != nowhere)

@@ -253,7 +253,9 @@ void TKGroupProvider<T>::setGroups(const std::vector<TKGroup<T>>& groups)
   Replacement replacement(m_groups, groups);
   if (replacement.isEmpty())
     return;
-  replacement.prepare();
+  Changes changes;
+  if (m_telling.hasListeners())
+    changes.push_back({GroupListDifference<T>(m_groups, groups).steps(), {}});
   auto keys = m_keys.after(replacement.origins());
   GroupLists::HolderEdit<Identifier> ids(m_ids);
   GroupLists::HolderEdit<T> members(m_holders);
@@ -261,11 +263,10 @@ void TKGroupProvider<T>::setGroups(const std::vector<TKGroup<T>>& groups)
   ids.apply();
   members.apply();
   const auto ungrouped = m_elements.changeBy(members, m_holders);
-  Changes changes;
-  if (m_telling.hasListeners())
-    changes.push_back(
-        {GroupListDifference<T>(m_groups, groups).steps(), m_elements.stepsOf(ungrouped)});
+  if (!changes.empty())
+    changes.back().ungrouped = m_elements.stepsOf(ungrouped);
 
+  replacement.prepare();
   replacement.commit(); // nothing fails from here on
   std::swap(m_keys, keys);
   m_elements.apply(ungrouped);

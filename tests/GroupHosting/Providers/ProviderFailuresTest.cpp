@@ -122,6 +122,16 @@ TYPED_TEST(FailingProvider, SetsMembersOnlyOrNothingWhicheverAllocationFails)
                            this->elements);
 }
 
+TYPED_TEST(FailingProvider, AppendsGroupsOrNoneWhicheverAllocationFails)
+{
+  auto more = this->before;
+  setMembers(more[0], {this->ids[5]});
+  more.push_back(group("one more with a name that is long", {this->ids[4], this->ids[9]}));
+  more.push_back(more.back());
+
+  this->expectAllOrNothing([&](auto& provider) { provider.setGroups(more); }, more, this->elements);
+}
+
 TYPED_TEST(FailingProvider, SetsAllElementsOrNoneWhicheverAllocationFails)
 {
   const std::vector<TypeParam> changed = {this->ids[8], this->ids[6], this->ids[0], this->ids[9],
