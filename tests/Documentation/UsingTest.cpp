@@ -6,6 +6,7 @@
 #include "CommandPattern/HistoryEntry.h"
 #include "GroupHosting/Commands/CompactTKGroupCmd.h"
 #include "GroupHosting/Differences/GroupListDifference.h"
+#include "GroupHosting/Providers/TKGroupProvider.h"
 #include "HighLevelServices/GroupCommands/AddToTKGroupCmd.h"
 #include "HighLevelServices/GroupCommands/CreateTKGroupCmd.h"
 #include "PersistenceArchiver/ArchiveError.h"
@@ -20,6 +21,7 @@
 #include <exception>
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <memory>
 #include <optional>
 #include <sstream>
@@ -235,6 +237,38 @@ TEST(UsingTheLibrary, TellsAViewWhatChanged)
   EXPECT_FALSE(view.isRebuilt);
   update(view, after, {});
   EXPECT_TRUE(view.isRebuilt);
+}
+
+class Plants : public TKGroupProvider<Identifier> {
+public:
+  void add(const Identifier& plant, const std::string& name)
+  {
+    m_names[plant] = name;
+    auto plants = elements();
+    plants.push_back(plant);
+    setElements(plants);
+  }
+
+  std::string getElementName(const Identifier& plant) override { return m_names[plant]; }
+
+private:
+  std::map<Identifier, std::string> m_names;
+};
+
+TEST(UsingTheLibrary, DerivesAHostFromTheReadyMadeProvider)
+{
+  const Identifier oak;
+  const Identifier elm;
+  Plants plants;
+  plants.add(oak, "oak");
+  plants.add(elm, "elm");
+  const auto trees = group("trees", {oak});
+
+  plants.setGroups({trees});
+
+  EXPECT_EQ(plants.holderOf(oak), plants.findGroup(trees.getId()));
+  EXPECT_EQ(plants.ungroupedElements(), std::vector{elm});
+  EXPECT_EQ(plants.getGroupMemberNames(trees.getId()).at(0).second, "oak");
 }
 
 TEST(UsingTheLibrary, SavesAndLoadsGroups)

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#ifdef TKM_TEST_COMMANDS_OF_GROUP_HOSTING
+#include "GroupHosting/Commands/MoveTKGroupsCmd.h"
+#endif
 #include "HighLevelServices/GroupCommands/AddToTKGroupCmd.h"
 #include "HighLevelServices/GroupCommands/CreateTKGroupCmd.h"
 #include "HighLevelServices/GroupCommands/MoveTKGroupElementsCmd.h"
@@ -170,7 +173,26 @@ struct SortGroupsCase : SnapshotCommandCase {
   }
 };
 
-/// All commands. The lists below are derived from this one.
+#ifdef TKM_TEST_COMMANDS_OF_GROUP_HOSTING
+template <class T>
+struct MoveGroupsCase : SnapshotCommandCase {
+  using Element = T;
+  using Command = MoveTKGroupsCmd<T>;
+  static constexpr const char* context = "MoveTKGroupsCmd";
+  static constexpr const char* description = "Move Groups";
+
+  template <class C = Command>
+  static C make(const std::shared_ptr<RecordingHost<T>>& host)
+  {
+    return C(host, {host->idOf(longNameB)}, host->idOf(longNameA), true);
+  }
+};
+
+/// All commands of GroupHosting, for its own test program. The lists below are derived from this
+/// one.
+using CommandCases = ForBothKinds<MoveGroupsCase>;
+#else
+/// All commands of HighLevelServices.
 using CommandCases = ForBothKinds<AddToGroupCase,
                                   CreateGroupCase,
                                   MoveElementsCase,
@@ -178,6 +200,7 @@ using CommandCases = ForBothKinds<AddToGroupCase,
                                   RemoveGroupsCase,
                                   RenameGroupCase,
                                   SortGroupsCase>;
+#endif
 
 template <class... Cases>
 ::testing::Types<Cases...> asTypes(const std::tuple<Cases...>& cases);
