@@ -93,7 +93,7 @@ private:
   struct HostCall {
     std::shared_ptr<CommandBase> command;
 
-    void handOver(TKGroupProviderInterface<T>&) const {} // it has run
+    void handOver(TKGroupProviderInterface<T>&) const { command->execute(); }
     void takeBack(TKGroupProviderInterface<T>&) const { command->undo(); }
     void addTo(RecordedChanges<T>& changes) const { changes.emplace_back(HostChange{command}); }
   };
@@ -293,10 +293,8 @@ void CommandRecorder<T>::read(Matches matches)
 template <class T>
 void CommandRecorder<T>::executeOfHost(const std::shared_ptr<CommandBase>& command)
 {
+  note(HostCall{command});
   handOverLast();
-  m_calls.reserve(m_calls.size() + 1);
-  command->execute();
-  m_calls.push_back(HostCall{command});
 }
 
 template <class T>
@@ -327,18 +325,15 @@ std::vector<T> CommandRecorder<T>::getUngroupedElements()
 template <class T>
 void CommandRecorder<T>::setGroups(const std::vector<TKGroup<T>>& groups)
 {
-  switch (m_phase) {
-  case Phase::Executing:
+  if (m_phase == Phase::Forwarding) {
+    m_provider->setGroups(groups);
+  } else if (m_phase == Phase::Executing) {
     note(ListCall{&groups});
-    break;
-  case Phase::Reading:
+  } else {
     read<ListCall>([&groups](ListCall& call) {
       call.before = &groups;
       return true;
     });
-    break;
-  case Phase::Forwarding:
-    m_provider->setGroups(groups);
   }
 }
 
@@ -365,18 +360,15 @@ CommandRecorder<T>::getGroupMemberNames(const Identifier& groupId)
 template <class T>
 void CommandRecorder<T>::renameGroup(const Identifier& groupId, const std::string& name)
 {
-  switch (m_phase) {
-  case Phase::Executing:
+  if (m_phase == Phase::Forwarding) {
+    m_provider->renameGroup(groupId, name);
+  } else if (m_phase == Phase::Executing) {
     note(NameCall{groupId, name});
-    break;
-  case Phase::Reading:
+  } else {
     read<NameCall>([&groupId, &name](NameCall& call) {
       call.before = name;
       return call.groupId == groupId;
     });
-    break;
-  case Phase::Forwarding:
-    m_provider->renameGroup(groupId, name);
   }
 }
 

@@ -57,8 +57,9 @@ inline std::vector<bool> longestAscending(const std::vector<std::size_t>& number
 inline bool isSmallerAsOrder(std::size_t entries, std::size_t moves)
 {
   constexpr std::size_t most = (std::numeric_limits<std::uint32_t>::max)();
-  return entries <= most &&
-         entries * sizeof(std::uint32_t) + sizeof(ListEdit::order) < moves * sizeof(MovedRun);
+  const bool fits = entries <= most;
+  const auto bytes = entries * sizeof(std::uint32_t) + sizeof(ListEdit::order);
+  return fits & (bytes < moves * sizeof(MovedRun));
 }
 
 /// Sets `moved` or `order` of an edit.

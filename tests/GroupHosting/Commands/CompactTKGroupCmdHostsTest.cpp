@@ -384,6 +384,29 @@ TYPED_TEST(CompactCommandOfAHost, ReversesTheNameWhenTheHostFailsAtTheEnd)
   EXPECT_TRUE(identical(this->host->copyOfGroups(), this->before));
 }
 
+TYPED_TEST(CompactCommandOfAHost, TellsTheFirstErrorWhenTheNameCannotBeReversed)
+{
+  auto command = compact(this->host, [this](Provider<TypeParam> provider) {
+    const auto id = this->host->idOf("B");
+    return std::make_shared<MacroCommand>(std::list<std::shared_ptr<CommandBase>>{
+        std::make_shared<RenameTKGroupCmd<TypeParam>>(provider, id, "0"),
+        std::make_shared<AddToTKGroupCmd<TypeParam>>(provider, std::vector{this->a}, id)});
+  });
+  int changes = 0;
+  this->host->afterChanges([&changes] { // the name is changed: now everything fails
+    if (++changes > 1)
+      throw std::runtime_error(std::to_string(changes));
+  });
+
+  try {
+    command.execute();
+    FAIL() << "the host's error is lost";
+  } catch (const std::runtime_error& error) {
+    EXPECT_STREQ(error.what(), "2");
+  }
+  EXPECT_EQ(changes, 3);
+}
+
 TYPED_TEST(CompactCommandOfAHost, TellsTheFirstErrorWhenReversingFailsToo)
 {
   auto command = compact(this->host, [this](Provider<TypeParam> provider) {
@@ -391,8 +414,10 @@ TYPED_TEST(CompactCommandOfAHost, TellsTheFirstErrorWhenReversingFailsToo)
         [this, provider] {
           provider->setGroups(this->before);
           provider->renameGroup(this->before.front().getId(), "New");
+          provider->renameGroup(this->before.back().getId(), "New");
         },
         [this, provider] {
+          provider->renameGroup(this->before.back().getId(), "B");
           provider->renameGroup(this->before.front().getId(), "A");
           provider->setGroups(this->before);
         });
