@@ -17,8 +17,8 @@ namespace Tarvik::Growth {
 /// What an edit gets. Scattered elements are evenly spread over all groups, in random order.
 enum class Selection { One, Thousand, Tenth, WholeGroup };
 
-constexpr std::array allSelections = {Selection::One, Selection::Thousand, Selection::Tenth,
-                                      Selection::WholeGroup};
+inline constexpr std::array allSelections = {Selection::One, Selection::Thousand, Selection::Tenth,
+                                             Selection::WholeGroup};
 
 /// As it is in the names of the benchmarks.
 std::string nameOf(Selection selection);

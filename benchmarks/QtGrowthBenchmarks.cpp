@@ -21,6 +21,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <functional>
+#include <map>
 #include <random>
 #include <string>
 #include <utility>
@@ -52,20 +53,36 @@ QList<QString> shuffledNames(const QString& stem, std::size_t count)
   return names;
 }
 
+Groups makeGroups(const Size& size)
+{
+  Groups groups;
+  groups.reserve(static_cast<qsizetype>(size.groups));
+  for (const auto& name : shuffledNames(QStringLiteral("Group "), size.groups)) {
+    Group group{name, QUuid::createUuid(), {}};
+    group.members.reserve(static_cast<qsizetype>(size.members));
+    for (std::size_t i = 0; i < size.members; ++i)
+      group.members.append(QUuid::createUuid());
+    groups.append(group);
+  }
+  return groups;
+}
+
+/// The same groups for each benchmark of a size: new identifiers take long.
+const Groups& groupsOf(const Size& size)
+{
+  static std::map<std::pair<std::size_t, std::size_t>, Groups> known;
+  auto& groups = known[{size.groups, size.members}];
+  if (groups.isEmpty())
+    groups = makeGroups(size);
+  return groups;
+}
+
 class Document {
 public:
   explicit Document(const Size& size)
-      : m_memberNames(shuffledNames(QStringLiteral("Member "), size.members))
-  {
-    m_groups.reserve(static_cast<qsizetype>(size.groups));
-    for (const auto& name : shuffledNames(QStringLiteral("Group "), size.groups)) {
-      Group group{name, QUuid::createUuid(), {}};
-      group.members.reserve(static_cast<qsizetype>(size.members));
-      for (std::size_t i = 0; i < size.members; ++i)
-        group.members.append(QUuid::createUuid());
-      m_groups.append(group);
-    }
-  }
+      : m_groups(groupsOf(size)),
+        m_memberNames(shuffledNames(QStringLiteral("Member "), size.members))
+  {}
 
   const Groups& groups() const { return m_groups; }
   void setGroups(const Groups& groups) { m_groups = groups; }
