@@ -264,7 +264,7 @@ TEST(UsingTheLibrary, IsShownInTheGuideAsItIsHere)
     EXPECT_NE(code.find(example), std::string::npos) << example;
     ++examples;
   }
-  EXPECT_EQ(examples, 6);
+  EXPECT_EQ(examples, 7);
 }
 
 }
