@@ -105,11 +105,11 @@ template <class Iterator>
 void HolderEdit<T>::add(Iterator begin, Iterator end, GroupKey group)
 {
   makeRoom(m_added, static_cast<std::size_t>(end - begin));
-  for (auto element = begin; element != end; ++element) {
-    const Holding holding{know(*element), group};
+  std::for_each(begin, end, [this, group](const T& element) {
+    const Holding holding{know(element), group};
     m_index.addHolder(holding);
     m_added.push_back(holding);
-  }
+  });
 }
 
 template <class T>
@@ -117,11 +117,11 @@ template <class Iterator>
 void HolderEdit<T>::remove(Iterator begin, Iterator end, GroupKey group)
 {
   makeRoom(m_removed, static_cast<std::size_t>(end - begin));
-  for (auto element = begin; element != end; ++element) {
-    const auto number = m_index.numbers().find(*element);
+  std::for_each(begin, end, [this, group](const T& element) {
+    const auto number = m_index.numbers().find(element);
     if (number != HolderIndex<T>::none)
       m_removed.push_back({number, group});
-  }
+  });
 }
 
 template <class T>

@@ -27,8 +27,8 @@ public:
 
   /// A group that holds an element, once.
   struct Holding {
-    Number number;
-    GroupKey group;
+    Number number = none;
+    GroupKey group = none;
     std::uint32_t taken = 0; ///< for removeHolders()
   };
 

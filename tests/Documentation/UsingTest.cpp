@@ -369,7 +369,7 @@ TEST(UsingTheLibrary, IsShownInTheGuideAsItIsHere)
     EXPECT_NE(code.find(example), std::string::npos) << example;
     ++examples;
   }
-  EXPECT_EQ(examples, 9);
+  EXPECT_EQ(examples, 10);
 }
 
 }

@@ -27,9 +27,9 @@ public:
   void apply(const GroupsChange<T>& change)
   {
     for (const auto& step : change.groups)
-      std::visit([this](const auto& each) { applyToGroups(each); }, step);
+      std::visit([this](const auto& each) { this->applyToGroups(each); }, step);
     for (const auto& step : change.ungrouped)
-      std::visit([this](const auto& each) { applyTo(m_ungrouped, each); }, step);
+      std::visit([this](const auto& each) { this->applyTo(m_ungrouped, each); }, step);
   }
 
   const std::vector<TKGroup<T>>& groups() const { return m_groups; }
