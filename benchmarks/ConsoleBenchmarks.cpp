@@ -80,8 +80,7 @@ std::shared_ptr<PointDocument> largeDocument(std::size_t members = elementsInGro
 
 Session sessionOf(std::shared_ptr<PointDocument> document)
 {
-  return {.editor =
-              Editor({std::move(document), "large.tkpc"}, std::make_shared<FilesInMemory>())};
+  return {.editor = Editor({std::move(document), "large.tkpc"}, std::make_shared<FilesInMemory>())};
 }
 
 /// The names of so many elements as they are typed, from `first` on in steps of `step`.
@@ -221,11 +220,14 @@ std::vector<Case> linesToMeasure()
       {"undo", "undo", {"create New" + scattered()}, {"redo"}},
       {"redo", "redo", {"create New" + scattered(), "undo"}, undo},
       {"undo 30", "undo 30", edits(30), {"redo 30"}},
-      {"redo 30", "redo 30", [] {
+      {"redo 30",
+       "redo 30",
+       [] {
          auto lines = edits(30);
          lines.emplace_back("undo 30");
          return lines;
-       }(), {"undo 30"}},
+       }(),
+       {"undo 30"}},
       {"history, 100 steps", "history", edits(100)},
       {"save", "save large.tkpc --overwrite"},
       {"save, once more", "save", {"save large.tkpc"}},

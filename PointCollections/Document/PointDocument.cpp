@@ -6,26 +6,37 @@
 
 #include <algorithm>
 #include <iterator>
+#include <numeric>
 #include <stdexcept>
 #include <unordered_set>
 
 namespace Tarvik::PointCollections {
-std::shared_ptr<PointDocument> PointDocument::create(std::vector<PointCollection> collections)
+
+std::shared_ptr<PointDocument> PointDocument::create(std::vector<PointCollection> collections,
+                                                     std::vector<Repeated>* repeated)
 {
-  return std::make_shared<PointDocument>(Private(), std::move(collections));
+  return std::make_shared<PointDocument>(Private(), std::move(collections), repeated);
 }
 
-PointDocument::PointDocument(Private, std::vector<PointCollection> collections)
+PointDocument::PointDocument(Private,
+                             std::vector<PointCollection> collections,
+                             std::vector<Repeated>* repeated)
 {
   m_order.reserve(collections.size());
-  m_collections.reserve(collections.size());
-  m_idsByName.reserve(collections.size());
-  for (auto& collection : collections) {
-    const GUIdentifier id = collection.id;
-    if (m_collections.contains(id) || !m_idsByName.try_emplace(collection.name, id).second)
+  m_collections.reserve(collections.size()); // from here on they stay where they are
+  m_byId.reserve(collections.size());
+  m_byName.reserve(collections.size());
+  for (std::size_t i = 0; i < collections.size(); ++i) {
+    auto& collection = collections[i];
+    if (m_byId.contains(collection.id) || m_byName.contains(collection.name)) {
+      if (repeated != nullptr)
+        repeated->push_back({i, std::move(collection)});
       continue;
-    m_collections.emplace(id, std::move(collection));
-    m_order.push_back(id);
+    }
+    const auto& kept = m_collections.emplace_back(std::move(collection));
+    m_byId.emplace(kept.id, &kept);
+    m_byName.emplace(kept.name, &kept);
+    m_order.push_back(kept.id);
   }
 }
 
@@ -50,14 +61,21 @@ void PointDocument::setOrder(const std::vector<GUIdentifier>& order)
 
 const PointCollection* PointDocument::find(const GUIdentifier& id) const
 {
-  const auto found = m_collections.find(id);
-  return found != m_collections.end() ? &found->second : nullptr;
+  const auto found = m_byId.find(id);
+  return found != m_byId.end() ? found->second : nullptr;
 }
 
-const PointCollection* PointDocument::findByName(const std::string& name) const
+const PointCollection* PointDocument::findByName(std::string_view name) const
 {
-  const auto found = m_idsByName.find(name);
-  return found != m_idsByName.end() ? find(found->second) : nullptr;
+  const auto found = m_byName.find(name);
+  return found != m_byName.end() ? found->second : nullptr;
+}
+
+std::size_t PointDocument::numberOfPoints() const
+{
+  return std::accumulate(
+      m_collections.begin(), m_collections.end(), std::size_t(0),
+      [](auto sum, const auto& collection) { return sum + collection.points.size(); });
 }
 
 std::vector<GUIdentifier> PointDocument::orderAfterMove(const GUIdentifier& target,

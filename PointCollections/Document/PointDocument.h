@@ -5,8 +5,10 @@
 #include "HighLevelServices/Groups/TKGroupProviderInterface.h"
 #include "PointCollections/Document/PointCollection.h"
 
+#include <cstddef>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -23,13 +25,21 @@ class PointDocument : public TKGroupProviderInterface<GUIdentifier>,
   struct Private {};
 
 public:
+  /// An element that has the id or the name of an earlier one.
+  struct Repeated {
+    std::size_t index; ///< in the list of elements
+    PointCollection collection;
+  };
+
   /// A document without groups.
   /// @param collections  in the document's order; of equal ids, or equal names, only the first is
   ///                     kept
-  static std::shared_ptr<PointDocument> create(std::vector<PointCollection> collections = {});
+  /// @param repeated     receives the elements that are not kept; may be null
+  static std::shared_ptr<PointDocument> create(std::vector<PointCollection> collections = {},
+                                               std::vector<Repeated>* repeated = nullptr);
 
   /// For create() only.
-  PointDocument(Private, std::vector<PointCollection> collections);
+  PointDocument(Private, std::vector<PointCollection> collections, std::vector<Repeated>* repeated);
 
   PointDocument(const PointDocument&) = delete;
   PointDocument& operator=(const PointDocument&) = delete;
@@ -47,7 +57,10 @@ public:
   const PointCollection* find(const GUIdentifier& id) const;
 
   /// The element with exactly that name, or null; valid as long as the document.
-  const PointCollection* findByName(const std::string& name) const;
+  const PointCollection* findByName(std::string_view name) const;
+
+  /// How many points all elements have.
+  std::size_t numberOfPoints() const;
 
   /// The order that a command of createMoveCommand() would make; the present one if nothing moves.
   std::vector<GUIdentifier> orderAfterMove(const GUIdentifier& target,
@@ -88,8 +101,9 @@ public:
 
 private:
   std::vector<GUIdentifier> m_order;
-  std::unordered_map<GUIdentifier, PointCollection> m_collections;
-  std::unordered_map<std::string, GUIdentifier> m_idsByName;
+  std::vector<PointCollection> m_collections; ///< never changed: the maps point into it
+  std::unordered_map<GUIdentifier, const PointCollection*> m_byId;
+  std::unordered_map<std::string_view, const PointCollection*> m_byName;
   std::vector<TKGroup<GUIdentifier>> m_groups;
 };
 

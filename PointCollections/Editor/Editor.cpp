@@ -11,7 +11,6 @@
 
 #include <functional>
 #include <new>
-#include <numeric>
 #include <span>
 #include <string_view>
 #include <utility>
@@ -22,14 +21,6 @@ namespace {
 std::size_t hashOf(std::span<const std::byte> bytes)
 {
   return std::hash<std::string_view>()({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
-}
-
-std::size_t countPoints(const PointDocument& document)
-{
-  const auto& order = document.order();
-  return std::accumulate(order.begin(), order.end(), std::size_t(0), [&](auto sum, const auto& id) {
-    return sum + document.find(id)->points.size();
-  });
 }
 
 }
@@ -89,7 +80,7 @@ std::string summaryOf(const Editor& editor)
   const auto groups = document.getGroups().size();
   return fmt::format("{}: {} with {}{}", displayName(editor.title()),
                      pluralize(document.order().size(), "element"),
-                     pluralize(countPoints(document), "point"),
+                     pluralize(document.numberOfPoints(), "point"),
                      groups > 0 ? " in " + pluralize(groups, "group") : std::string());
 }
 

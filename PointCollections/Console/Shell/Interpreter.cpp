@@ -5,6 +5,7 @@
 #include "PointCollections/Console/Verbs/AllVerbs.h"
 
 #include <algorithm>
+#include <span>
 
 namespace Tarvik::PointCollections {
 namespace {
@@ -40,7 +41,7 @@ std::string runLine(Session& session, std::string_view line)
     return {};
   const auto words = splitWords(line);
   const Verb& verb = verbNamed(allVerbs(), words.front().text);
-  return verb.run(session, Arguments(verb, {words.begin() + 1, words.end()}));
+  return verb.run(session, Arguments(verb, std::span(words).subspan(1)));
 }
 
 }

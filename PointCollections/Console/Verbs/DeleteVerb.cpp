@@ -9,22 +9,34 @@
 namespace Tarvik::PointCollections {
 namespace {
 
+using Groups = std::vector<const TKGroup<GUIdentifier>*>;
+
 /// "Asia", "Asia and Africa", "Asia, Africa and Europe".
-std::string enumerated(PointDocument& document, const std::vector<Word>& words)
+std::string enumerated(const Groups& groups)
 {
   std::string names;
-  for (std::size_t i = 0; i < words.size(); ++i) {
-    const auto* separator = i == 0 ? "" : i + 1 == words.size() ? " and " : ", ";
-    names += separator + displayName(groupNamed(document, words[i]).getName());
+  for (std::size_t i = 0; i < groups.size(); ++i) {
+    const auto* separator = i == 0 ? "" : i + 1 == groups.size() ? " and " : ", ";
+    names += separator + displayName(groups[i]->getName());
   }
   return names;
+}
+
+std::vector<Identifier> idsOf(const Groups& groups)
+{
+  std::vector<Identifier> ids;
+  ids.reserve(groups.size());
+  for (const auto* group : groups)
+    ids.push_back(group->getId());
+  return ids;
 }
 
 std::string deleteGroups(Session& session, const Arguments& arguments)
 {
   auto& document = *session.editor.document();
-  const auto ids = groupsNamed(document, arguments.from(0));
-  const auto names = enumerated(document, arguments.from(0));
+  const auto groups = groupsNamed(document, arguments.from(0));
+  const auto names = enumerated(groups);
+  const auto ids = idsOf(groups);
   const std::size_t ungroupedBefore = document.getUngroupedElements().size();
 
   session.editor.history().execute(
