@@ -89,7 +89,7 @@ class CommandPrinter:
 
 
 class HistoryPrinter:
-    """The entries and the other members of a history."""
+    """The entries and the other members of a history. The entries are part of a list of their own."""
 
     def __init__(self, value):
         self._value = value
@@ -98,7 +98,14 @@ class HistoryPrinter:
         return "CommandHistory"
 
     def children(self):
-        return members_of(self._value)
+        entries = self._value["m_entries"]
+        for index, command in enumerate(commands_at(entries["m_commands"])):
+            yield "entries[%d]" % index, command
+        for name in "position", "cleanPosition":
+            yield name, entries["m_" + name]
+        for name, value in members_of(self._value):
+            if name != "entries":
+                yield name, value
 
 
 class CommandPrinters(gdb.printing.PrettyPrinter):

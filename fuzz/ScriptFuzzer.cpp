@@ -133,8 +133,11 @@ private:
   Edited edited() const
   {
     const auto& history = m_session.editor.history();
-    return {m_session.editor.document(), stateOf(*m_session.editor.document()), history.entries(),
-            history.position(), m_session.isOver};
+    return {m_session.editor.document(),
+            stateOf(*m_session.editor.document()),
+            {history.entries().begin(), history.entries().end()},
+            history.position(),
+            m_session.isOver};
   }
 
   Saved saved() const

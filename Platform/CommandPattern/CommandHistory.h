@@ -3,6 +3,7 @@
 
 #include "CommandPattern/ChangeListeners.h"
 #include "CommandPattern/CommandBase.h"
+#include "CommandPattern/EntryList.h"
 #include "PlatformExport.h"
 
 #include <cstddef>
@@ -10,28 +11,34 @@
 #include <limits>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
 namespace Tarvik {
 
+class OpenTransaction;
+
 /// Runs commands, and undoes and redoes them.
 ///
 /// The entries are in the order in which they were executed. The position is the number of entries
 /// in effect: undo() undoes the entry before it, redo() redoes the entry after it. Executing a
-/// command releases the entries after the position.
+/// command releases the entries after the position. A CommandTransaction makes several commands one
+/// entry.
 ///
 /// When a command throws, the exception reaches the caller and the history is as it was before the
 /// call; jumpTo() states the one exception to this. A GUI toolkit's event loop may not let
 /// exceptions through: catch them in the slot or handler that calls the history.
 ///
-/// A command must not change the history that runs it (std::logic_error), nor the one that is
-/// releasing it. A listener may, but must not destroy it. One thread at a time.
+/// A command must not change the history that runs it or releases it: that throws std::logic_error.
+/// In a destructor, such an exception ends the program unless it is caught there. A listener may
+/// change the history, but must not destroy it. One thread at a time.
 ///
-/// Memory: a history without a limit keeps every command until it is cleared or destroyed. A
-/// command that keeps two lists of all groups takes 32 bytes for each member: with a million
-/// members in the groups, a thousand commands take 32 GB. Set a limit if the lists may become
-/// large.
+/// Memory: a history keeps every command until it is cleared or destroyed, unless it has a limit, a
+/// budget, or both. A command that keeps two lists of all groups takes 32 bytes for each member:
+/// with a million members in the groups, a thousand commands take 32 GB. A budget counts what the
+/// commands say that they keep: as a HistoryEntry, or through the size function of the host. The
+/// history itself takes up to 48 bytes more for each entry.
 ///
 /// Lifetime: commands usually share their host's provider. A provider must therefore not own the
 /// history of its commands: each would keep the other alive, and neither would be destroyed. Keep
@@ -39,13 +46,19 @@ namespace Tarvik {
 /// the provider.
 class TKM_COMMANDPATTERN_API CommandHistory {
 public:
-  /// Called after every change of entries, position, clean mark or limit.
+  /// Called after every change of entries, position, clean mark, limit or budget.
   using Listener = std::function<void(const CommandHistory&)>;
 
   /// Keeps a listener subscribed until it is destroyed. May outlive the history.
   using Subscription = ChangeListeners::Subscription;
 
-  /// No limit on the number of entries.
+  /// How many bytes a command keeps.
+  using SizeFunction = std::function<std::size_t(const CommandBase&)>;
+
+  /// Lets go of memory. Returns whether to try again.
+  using OutOfMemoryHandler = std::function<bool(CommandHistory&)>;
+
+  /// No limit on the number of entries, no budget.
   // Not inline: MinGW's GCC would not export it.
   static const std::size_t unlimited = (std::numeric_limits<std::size_t>::max)();
 
@@ -57,13 +70,25 @@ public:
   CommandHistory& operator=(const CommandHistory&) = delete;
   ~CommandHistory();
 
-  /// Executes the command and keeps it as the last entry.
+  /// Executes the command and keeps it as the last entry. If the last command is a HistoryEntry
+  /// that takes the new one over, there is no new entry; this never happens in a clean state. If
+  /// the two together change nothing, both are released.
+  /// @param sizeInBytes  how many bytes the command keeps; if none, the command or the size
+  /// function is asked
+  /// @return false when the command changed nothing and is therefore not kept, see
+  /// setDropsCommandsWithoutChange(); the history is then unchanged
   /// @throws std::invalid_argument when the command is null, and whatever its execute() throws; the
   /// entries are then unchanged
-  void execute(std::shared_ptr<CommandBase> command);
+  bool execute(std::shared_ptr<CommandBase> command,
+               std::optional<std::size_t> sizeInBytes = std::nullopt);
 
-  /// Undoes the entry before the position. If that entry is not redo-capable, it is then released,
-  /// with all entries after it.
+  /// Like execute(), for a command whose execute() has been called already. When this throws, the
+  /// command is not kept, and undoing it is up to the caller.
+  bool keep(std::shared_ptr<CommandBase> command,
+            std::optional<std::size_t> sizeInBytes = std::nullopt);
+
+  /// Undoes the entry before the position. If that entry is not redo-capable before or after that,
+  /// it is then released, with all entries after it.
   /// @return false when there is nothing to undo
   bool undo();
 
@@ -79,10 +104,10 @@ public:
   /// a command throws
   void jumpTo(std::size_t position);
 
-  /// Whether there is an entry before the position.
+  /// Whether undo() would undo an entry. False while a transaction is open.
   bool canUndo() const noexcept;
 
-  /// Whether there is an entry after the position.
+  /// Whether redo() would redo an entry. False while a transaction is open.
   bool canRedo() const noexcept;
 
   /// The description of what undo() would undo; empty when there is nothing.
@@ -91,8 +116,8 @@ public:
   /// The description of what redo() would redo; empty when there is nothing.
   std::string redoDescription() const;
 
-  /// All entries, oldest first. The reference is valid until the next change.
-  const std::vector<std::shared_ptr<CommandBase>>& entries() const noexcept;
+  /// All entries, oldest first. Valid until the next change.
+  std::span<const std::shared_ptr<CommandBase>> entries() const noexcept;
 
   /// How many entries are in effect: from 0 to entries().size().
   std::size_t position() const noexcept;
@@ -100,7 +125,11 @@ public:
   /// Marks the current state as clean, which usually means saved.
   void markClean();
 
-  /// Whether the current state is the one marked clean.
+  /// Forgets the clean mark, for instance because another program has changed the file. The history
+  /// is not clean then until the next markClean().
+  void forgetCleanMark();
+
+  /// Whether the current state is the one marked clean. False while a transaction has commands.
   bool isClean() const noexcept;
 
   /// The position that is marked clean. None when undo() and redo() cannot reach that state any
@@ -115,8 +144,58 @@ public:
   /// @param limit  0: the history keeps no command, and nothing can be undone
   void setLimit(std::size_t limit);
 
-  /// Releases all entries. A clean state stays clean; a clean mark at another position is lost.
+  /// The greatest sum of the sizes of all entries, in bytes; `unlimited` unless it has been set.
+  std::size_t budget() const noexcept;
+
+  /// Changes the greatest sum of the sizes. Entries are released as by setLimit(), but one always
+  /// stays, however large it is: the user can always undo the last command.
+  void setBudget(std::size_t bytes);
+
+  /// The sum of the sizes of all entries, in bytes. The commands of an open transaction do not
+  /// count yet. A sum too great for the type is given as `unlimited`.
+  std::size_t sizeInBytes() const noexcept;
+
+  /// Sets who is asked for the size of a command that does not know its own. Asked once for each
+  /// command, after it has been executed and after it has taken another one over. An exception
+  /// counts as the answer 0. Sizes already known stay as they are.
+  /// @param function  may be empty: such commands then have the size 0
+  void setSizeFunction(SizeFunction function);
+
+  /// Whether commands that changed nothing are dropped; false unless it has been set.
+  bool dropsCommandsWithoutChange() const noexcept;
+
+  /// Sets whether commands that changed nothing are dropped: such a command (a HistoryEntry that
+  /// says so) leaves no entry and no unsaved state, and what can be redone stays. Entries are also
+  /// asked after undo() and redo().
+  void setDropsCommandsWithoutChange(bool drops);
+
+  /// Sets what is called when execute(), keep(), undo(), redo() or jumpTo() fails with
+  /// std::bad_alloc. The history is then as it was before the call. If the function returns true,
+  /// the history tries once more:
+  ///
+  ///     history.setOutOfMemoryHandler([](CommandHistory& full) {
+  ///       return full.releaseOldest(full.entries().size() / 2 + 1) > 0;
+  ///     });
+  ///
+  /// There is no second try if the function has taken away what was to be undone or redone. What
+  /// it throws reaches the caller. The failures of listeners are not meant here.
+  /// @param handler  may be empty
+  void setOutOfMemoryHandler(OutOfMemoryHandler handler);
+
+  /// Releases up to so many entries: the oldest ones in effect first, then those that would be
+  /// redone last. Never releases the entry before the position nor the one after it.
+  /// @return how many have been released
+  std::size_t releaseOldest(std::size_t count);
+
+  /// Releases the entries after the position: nothing can be redone then.
+  void releaseUndone();
+
+  /// Releases all entries, and the history's own memory. A clean state stays clean; a clean mark at
+  /// another position is lost.
   void clear();
+
+  /// Like clear(), but the history is clean afterwards: for a new document.
+  void reset();
 
   /// Calls the listener after every change from now on. If a listener throws, the others are still
   /// called, the change remains, and the caller that made it gets the exception. In a jumpTo() that
@@ -125,18 +204,47 @@ public:
   [[nodiscard]] Subscription subscribe(Listener listener);
 
 private:
-  void stepBack();
-  void stepForward();
-  void retrace(std::size_t position) noexcept;
-  void trimToLimit() noexcept;
-  void eraseAfter(std::size_t position) noexcept;
-  void checkNotRunning(const char* operation) const;
+  friend class CommandTransaction;
 
-  std::vector<std::shared_ptr<CommandBase>> m_entries;
-  std::size_t m_position = 0;
-  std::optional<std::size_t> m_cleanPosition = 0;
+  std::size_t beginTransaction(std::string description);
+  bool commitTransaction(std::size_t number);
+  void rollBackTransaction(std::size_t number);
+  void abandonTransaction(std::size_t number) noexcept;
+  OpenTransaction& innermostTransaction(const char* operation, std::size_t number);
+  void closeTransaction() noexcept;
+
+  template <class Action, class Condition>
+  void retryWhenOutOfMemory(Action action, Condition isStillPossible);
+  bool letGoOfMemory();
+
+  void makeRoom();
+  bool add(std::shared_ptr<CommandBase> command, std::optional<std::size_t> size);
+  bool mergeIntoLast(EntryList& list, CommandBase& later, std::optional<std::size_t> size);
+  std::size_t sizeOf(const CommandBase& command) noexcept;
+  bool isToBeDropped(const CommandBase& command) noexcept;
+
+  bool stepBack();
+  bool stepForward();
+  void walkTo(std::size_t& position);
+  void retrace(std::size_t position) noexcept;
+
+  void trim() noexcept;
+  void releaseFrom(std::size_t position) noexcept;
+  void release(std::shared_ptr<CommandBase> command) noexcept;
+
+  void checkNotBusy(const char* operation) const;
+  void checkIdle(const char* operation) const;
+
+  EntryList m_entries;
+  std::vector<std::unique_ptr<OpenTransaction>> m_transactions; ///< innermost last
+  std::size_t m_lastTransaction = 0;
   std::size_t m_limit;
-  bool m_isRunning = false;
+  std::size_t m_budget = unlimited;
+  SizeFunction m_sizeFunction;
+  OutOfMemoryHandler m_outOfMemoryHandler;
+  bool m_dropsCommandsWithoutChange = false;
+  bool m_isLettingGo = false;
+  const char* m_busyWith = nullptr; ///< what it does with a command: "running", "releasing"
   ChangeListeners m_listeners;
 };
 

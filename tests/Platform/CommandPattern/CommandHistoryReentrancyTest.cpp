@@ -98,9 +98,9 @@ TEST_F(RunningHistory, LetsARunningCommandLookAtIt)
   std::vector<std::string> seen;
 
   history.execute(std::make_shared<MeddlingCommand>([&] { seen.push_back(view(history)); }));
-  history.undo(); // asks whether it can be redone, too
+  history.undo(); // asks before and after whether it can be redone
 
-  EXPECT_EQ(seen, (std::vector<std::string>{"* A |", "* A M |", "* A M |"}));
+  EXPECT_EQ(seen, (std::vector<std::string>{"* A |", "* A M |", "* A M |", "* A M |"}));
 }
 
 TEST_F(RunningHistory, LetsARunningCommandOperateAnotherHistory)

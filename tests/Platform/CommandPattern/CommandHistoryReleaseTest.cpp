@@ -92,7 +92,7 @@ TEST(HistoryThatIsDestroyed, IsInOrderUntilAllCommandsAre)
       history.execute(std::make_shared<LookingBackCommand>(document, name, history, seen));
   }
 
-  EXPECT_EQ(seen, (std::vector<std::string>{"B: * | A", "A: * |"}));
+  EXPECT_EQ(seen, (std::vector<std::string>{"B: | A", "A: |"}));
 }
 
 }

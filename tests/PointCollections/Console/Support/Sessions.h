@@ -64,8 +64,10 @@ inline SessionState stateOf(const Session& session)
 {
   const auto& editor = session.editor;
   const auto& history = editor.history();
-  return {editor.document(),   editor.document()->order(), groupsOf(session), history.entries(),
-          history.position(),  history.isClean(),          session.isOver,    editor.title(),
+  return {editor.document(),   editor.document()->order(),
+          groupsOf(session),   {history.entries().begin(), history.entries().end()},
+          history.position(),  history.isClean(),
+          session.isOver,      editor.title(),
           editor.projectFile()};
 }
 
