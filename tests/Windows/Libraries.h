@@ -7,10 +7,10 @@
 
 namespace Tarvik {
 
-/// For INSTANTIATE_TEST_SUITE_P: the test is run for each of the six libraries.
-inline constexpr const char* allLibraries[] = {"CommandPattern",      "GeneralServices",
-                                               "HighLevelServices",   "Identifier",
-                                               "PersistenceArchiver", "Translator"};
+/// For INSTANTIATE_TEST_SUITE_P: the test is run for each of the seven libraries.
+inline constexpr const char* allLibraries[] = {
+    "CommandPattern", "GeneralServices",     "GroupHosting", "HighLevelServices",
+    "Identifier",     "PersistenceArchiver", "Translator"};
 
 inline std::string libraryTestName(const ::testing::TestParamInfo<const char*>& test)
 {
