@@ -2,7 +2,10 @@
 // The code of the library: every class, for both kinds of identifiers.
 
 #include "GroupHosting/Commands/CompactTKGroupCmd.h"
+#include "GroupHosting/Commands/MoveTKGroupsCmd.h"
 #include "GroupHosting/Differences/GroupListDifference.h"
+#include "GroupHosting/Providers/GroupsSubscription.h"
+#include "GroupHosting/Providers/TKGroupProvider.h"
 
 namespace Tarvik {
 
@@ -11,5 +14,14 @@ template class TKM_GROUPHOSTING_DEFINE GroupListDifference<GUIdentifier>;
 
 template class TKM_GROUPHOSTING_DEFINE CompactTKGroupCmd<Identifier>;
 template class TKM_GROUPHOSTING_DEFINE CompactTKGroupCmd<GUIdentifier>;
+
+template class TKM_GROUPHOSTING_DEFINE GroupsSubscription<Identifier>;
+template class TKM_GROUPHOSTING_DEFINE GroupsSubscription<GUIdentifier>;
+
+template class TKM_GROUPHOSTING_DEFINE TKGroupProvider<Identifier>;
+template class TKM_GROUPHOSTING_DEFINE TKGroupProvider<GUIdentifier>;
+
+template class TKM_GROUPHOSTING_DEFINE MoveTKGroupsCmd<Identifier>;
+template class TKM_GROUPHOSTING_DEFINE MoveTKGroupsCmd<GUIdentifier>;
 
 }
