@@ -3,6 +3,8 @@
 
 #include "HighLevelServices/GroupCommands/ElementTable.h"
 
+#include <algorithm>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
@@ -31,6 +33,9 @@ public:
   /// @throws std::length_error for more elements than there are numbers
   Number add(const T& element);
 
+  /// Makes room for so many elements in all.
+  void reserve(std::size_t size);
+
   /// Forgets the element with that number, which must be in use.
   void remove(Number number) noexcept;
 
@@ -58,6 +63,7 @@ private:
   std::size_t slotOf(const T& element, std::uint32_t hash) const;
   std::size_t freeSlot(std::uint32_t hash) const;
   void makeRoom();
+  void resizeTable(std::size_t size);
 
   std::vector<T> m_elements;    ///< by number
   std::vector<Number> m_isFree; ///< by number: in use, or the next free number
@@ -165,15 +171,31 @@ void ElementNumbers<T>::makeRoom()
       m_isFree.reserve(2 * m_isFree.size() + 16);
   }
   if constexpr (Hashable<T>) {
-    if (2 * (m_size + 1) <= m_slots.size())
-      return;
-    ElementNumbers larger;
-    larger.m_slots.resize(m_slots.empty() ? 16 : 2 * m_slots.size());
-    for (const Slot& slot : m_slots) {
-      if (slot.number != none)
-        larger.m_slots[larger.freeSlot(slot.hash)] = slot;
-    }
-    m_slots.swap(larger.m_slots);
+    if (2 * (m_size + 1) > m_slots.size())
+      resizeTable((std::max)(std::size_t{16}, 2 * m_slots.size()));
+  }
+}
+
+template <class T>
+void ElementNumbers<T>::reserve(std::size_t size)
+{
+  m_elements.reserve(size);
+  m_isFree.reserve(size);
+  if constexpr (Hashable<T>) {
+    if (2 * size > m_slots.size())
+      resizeTable(std::bit_ceil(2 * size));
+  }
+}
+
+/// @param size  a power of two
+template <class T>
+void ElementNumbers<T>::resizeTable(std::size_t size)
+{
+  std::vector<Slot> slots(size);
+  m_slots.swap(slots);
+  for (const Slot& slot : slots) {
+    if (slot.number != none)
+      m_slots[freeSlot(slot.hash)] = slot;
   }
 }
 

@@ -24,10 +24,8 @@ class GroupListReplacement {
 public:
   /// A group that stays but has other members.
   struct ChangedMembers {
-    std::size_t before;     ///< its position
-    std::size_t after;      ///< its position in the new list
-    std::size_t equalFront; ///< so many members at the front are equal
-    std::size_t equalBack;  ///< and so many others at the back
+    std::size_t before; ///< its position
+    std::size_t after;  ///< its position in the new list
   };
 
   /// @param groups  the list to be changed; must not change until commit()
@@ -109,16 +107,8 @@ void GroupListReplacement<T>::compareMembers(std::size_t position)
   const auto origin = m_origins[position];
   const auto& before = m_groups[origin].getGroupMembers();
   const auto& after = m_after[position].getGroupMembers();
-  const auto differing = std::mismatch(before.begin(), before.end(), after.begin(), after.end());
-  if (differing.first == before.end() && differing.second == after.end())
-    return;
-  const auto front = differing.first - before.begin();
-  const auto back =
-      std::mismatch(before.rbegin(), before.rend() - front, after.rbegin(), after.rend() - front)
-          .first -
-      before.rbegin();
-  m_changed.push_back(
-      {origin, position, static_cast<std::size_t>(front), static_cast<std::size_t>(back)});
+  if (before != after)
+    m_changed.push_back({origin, position});
 }
 
 /// Copies all that the new list has and the old one has not.

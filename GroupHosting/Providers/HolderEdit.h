@@ -43,6 +43,9 @@ public:
   template <class IsUsed>
   void keep(IsUsed isUsed) noexcept;
 
+  /// Makes room for so many known elements in all.
+  void reserve(std::size_t size) { m_index.reserve(size); }
+
   /// The element's number; makes an unknown one known.
   Number know(const T& element);
 

@@ -38,6 +38,9 @@ public:
   /// Makes the element known. When that throws, nothing has changed.
   Number add(const T& element);
 
+  /// Makes room for so many known elements in all.
+  void reserve(std::size_t size);
+
   /// Forgets an element that no group holds.
   void forget(Number number) noexcept { m_numbers.remove(number); }
 
@@ -88,6 +91,13 @@ typename HolderIndex<T>::Number HolderIndex<T>::add(const T& element)
   if (number == m_first.size())
     m_first.push_back(none);
   return number;
+}
+
+template <class T>
+void HolderIndex<T>::reserve(std::size_t size)
+{
+  m_numbers.reserve(size);
+  m_first.reserve(size);
 }
 
 template <class T>

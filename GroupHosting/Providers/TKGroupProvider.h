@@ -3,7 +3,6 @@
 
 #include "CommandPattern/CommandBase.h"
 #include "GroupHosting/Differences/GroupListDifference.h"
-#include "GroupHosting/Differences/ListComparison.h"
 #include "GroupHosting/GroupHostingExport.h"
 #include "GroupHosting/Providers/ChangeTelling.h"
 #include "GroupHosting/Providers/GroupKeys.h"
@@ -12,6 +11,7 @@
 #include "GroupHosting/Providers/GroupsSubscription.h"
 #include "GroupHosting/Providers/HolderEdit.h"
 #include "GroupHosting/Providers/HolderIndex.h"
+#include "GroupHosting/Providers/MemberAlignment.h"
 #include "GroupHosting/Providers/UngroupedElements.h"
 #include "HighLevelServices/Groups/TKGroup.h"
 #include "HighLevelServices/Groups/TKGroupProviderInterface.h"
@@ -282,16 +282,12 @@ void TKGroupProvider<T>::noteHolders(const Replacement& replacement,
                                      GroupLists::HolderEdit<Identifier>& ids,
                                      GroupLists::HolderEdit<T>& members) const
 {
-  const auto changed = [](const auto& group, const auto& each) {
-    const auto& all = group.getGroupMembers();
-    return std::pair(all.begin() + static_cast<std::ptrdiff_t>(each.equalFront),
-                     all.end() - static_cast<std::ptrdiff_t>(each.equalBack));
-  };
   for (const auto& each : replacement.changed()) {
-    const auto before = changed(m_groups[each.before], each);
-    const auto after = changed(groups[each.after], each);
-    members.add(after.first, after.second, keys.keyAt(each.after));
-    members.remove(before.first, before.second, keys.keyAt(each.after));
+    const auto key = keys.keyAt(each.after);
+    GroupLists::align(
+        m_groups[each.before].getGroupMembers(), groups[each.after].getGroupMembers(),
+        [&](auto begin, auto end) { members.remove(begin, end, key); },
+        [&](auto begin, auto end) { members.add(begin, end, key); });
   }
   if (!replacement.isArranged())
     return;

@@ -126,7 +126,9 @@ UngroupedElements<T>::UngroupedElements(const std::vector<T>& elements,
   m_numbers.reserve(elements.size());
   m_isListed.reserve(elements.size());
   m_places.reserve(elements.size());
-  m_placeOf.resize(index.numbers().limit(), nowhere);
+  if (elements.size() > 2 * old.size())
+    edit.reserve(elements.size());
+  m_placeOf.resize((std::max)(index.numbers().limit(), elements.size()), nowhere);
   for (std::size_t i = 0; i < elements.size(); ++i) {
     const auto number = i < equalFront ? before.m_numbers[i] : edit.know(elements[i]);
     if (number >= m_placeOf.size())

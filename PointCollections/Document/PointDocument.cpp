@@ -5,10 +5,10 @@
 #include "PointCollections/Document/Placement.h"
 
 #include <algorithm>
-#include <iterator>
 #include <numeric>
 #include <stdexcept>
 #include <unordered_set>
+#include <utility>
 
 namespace Tarvik::PointCollections {
 
@@ -22,7 +22,8 @@ PointDocument::PointDocument(Private,
                              std::vector<PointCollection> collections,
                              std::vector<Repeated>* repeated)
 {
-  m_order.reserve(collections.size());
+  std::vector<GUIdentifier> order;
+  order.reserve(collections.size());
   m_collections.reserve(collections.size()); // from here on they stay where they are
   m_byId.reserve(collections.size());
   m_byName.reserve(collections.size());
@@ -36,27 +37,27 @@ PointDocument::PointDocument(Private,
     const auto& kept = m_collections.emplace_back(std::move(collection));
     m_byId.emplace(kept.id, &kept);
     m_byName.emplace(kept.name, &kept);
-    m_order.push_back(kept.id);
+    order.push_back(kept.id);
   }
+  setElements(order);
 }
 
 PointDocument::~PointDocument() = default;
 
 const std::vector<GUIdentifier>& PointDocument::order() const
 {
-  return m_order;
+  return elements();
 }
 
 void PointDocument::setOrder(const std::vector<GUIdentifier>& order)
 {
   const std::unordered_set<GUIdentifier> given(order.begin(), order.end());
-  const bool isRearrangement = order.size() == m_order.size() && given.size() == order.size() &&
-                               std::all_of(m_order.begin(), m_order.end(),
-                                           [&](const auto& id) { return given.contains(id); });
+  const bool isRearrangement =
+      order.size() == elements().size() && given.size() == order.size() &&
+      std::all_of(order.begin(), order.end(), [this](const auto& id) { return hasElement(id); });
   if (!isRearrangement)
     throw std::invalid_argument("the new order must hold the document's elements, each once");
-  auto copy = order;
-  m_order.swap(copy);
+  setElements(order);
 }
 
 const PointCollection* PointDocument::find(const GUIdentifier& id) const
@@ -82,71 +83,15 @@ std::vector<GUIdentifier> PointDocument::orderAfterMove(const GUIdentifier& targ
                                                         const std::vector<GUIdentifier>& elements,
                                                         bool insertBefore) const
 {
-  return placedBeside(m_order, target, elements, insertBefore);
-}
-
-TKGroup<GUIdentifier>* PointDocument::findGroup(const Identifier& id)
-{
-  const auto found = std::find_if(m_groups.begin(), m_groups.end(),
-                                  [&id](const auto& group) { return group.getId() == id; });
-  return found != m_groups.end() ? &*found : nullptr;
-}
-
-const TKGroup<GUIdentifier>* PointDocument::holderOf(const GUIdentifier& element) const
-{
-  const auto found = std::find_if(m_groups.begin(), m_groups.end(), [&element](const auto& group) {
-    return group.isInGroup(element);
-  });
-  return found != m_groups.end() ? &*found : nullptr;
-}
-
-std::vector<TKGroup<GUIdentifier>>& PointDocument::getGroups()
-{
-  return m_groups;
-}
-
-std::vector<GUIdentifier> PointDocument::getUngroupedElements()
-{
-  std::unordered_set<GUIdentifier> grouped;
-  for (const auto& group : m_groups)
-    grouped.insert(group.getGroupMembers().begin(), group.getGroupMembers().end());
-
-  std::vector<GUIdentifier> result;
-  std::copy_if(m_order.begin(), m_order.end(), std::back_inserter(result),
-               [&grouped](const GUIdentifier& id) { return !grouped.contains(id); });
-  return result;
-}
-
-void PointDocument::setGroups(const std::vector<TKGroup<GUIdentifier>>& groups)
-{
-  auto copy = groups; // all or nothing: assigning in place could fail halfway
-  m_groups.swap(copy);
+  return placedBeside(order(), target, elements, insertBefore);
 }
 
 std::shared_ptr<CommandBase> PointDocument::createMoveCommand(
     const GUIdentifier& target, const std::vector<GUIdentifier>& elements, bool insertBefore)
 {
-  if (orderAfterMove(target, elements, insertBefore) == m_order)
+  if (orderAfterMove(target, elements, insertBefore) == order())
     return nullptr;
   return std::make_shared<MoveCollectionsCmd>(shared_from_this(), target, elements, insertBefore);
-}
-
-std::vector<std::pair<GUIdentifier, std::string>>
-PointDocument::getGroupMemberNames(const Identifier& groupId)
-{
-  std::vector<std::pair<GUIdentifier, std::string>> result;
-  const auto* group = findGroup(groupId);
-  if (group == nullptr)
-    return result;
-  for (const GUIdentifier& member : group->getGroupMembers())
-    result.emplace_back(member, getElementName(member));
-  return result;
-}
-
-void PointDocument::renameGroup(const Identifier& groupId, const std::string& name)
-{
-  if (auto* group = findGroup(groupId))
-    group->setName(name, true);
 }
 
 std::string PointDocument::getElementName(const GUIdentifier& element)

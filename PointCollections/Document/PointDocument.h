@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "HighLevelServices/Groups/TKGroup.h"
-#include "HighLevelServices/Groups/TKGroupProviderInterface.h"
+#include "GroupHosting/Providers/TKGroupProvider.h"
 #include "PointCollections/Document/PointCollection.h"
 
 #include <cstddef>
@@ -10,7 +9,6 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <utility>
 #include <vector>
 
 namespace Tarvik::PointCollections {
@@ -20,7 +18,7 @@ namespace Tarvik::PointCollections {
 /// Always owned by a std::shared_ptr, because commands share it. It keeps no command itself, so
 /// there is no cycle. Groups may contain identifiers that are not in the document; their names are
 /// empty.
-class PointDocument : public TKGroupProviderInterface<GUIdentifier>,
+class PointDocument : public TKGroupProvider<GUIdentifier>,
                       public std::enable_shared_from_this<PointDocument> {
   struct Private {};
 
@@ -67,20 +65,6 @@ public:
                                            const std::vector<GUIdentifier>& elements,
                                            bool insertBefore) const;
 
-  /// The group with that id, or null; valid until the list of groups changes.
-  TKGroup<GUIdentifier>* findGroup(const Identifier& id);
-
-  /// The first group that has the element as a member, or null; valid until the list of groups
-  /// changes.
-  const TKGroup<GUIdentifier>* holderOf(const GUIdentifier& element) const;
-
-  std::vector<TKGroup<GUIdentifier>>& getGroups() override;
-
-  /// The elements without a holder, in the document's order.
-  std::vector<GUIdentifier> getUngroupedElements() override;
-
-  void setGroups(const std::vector<TKGroup<GUIdentifier>>& groups) override;
-
   /// Makes a command that changes the document's order, of grouped and ungrouped elements alike.
   /// Elements that are given twice count once; unknown ones are ignored. If the target is one of
   /// the elements, they gather around its place.
@@ -89,22 +73,13 @@ public:
                                                  const std::vector<GUIdentifier>& elements,
                                                  bool insertBefore) override;
 
-  /// The group's members in their order; none if the group is unknown.
-  std::vector<std::pair<GUIdentifier, std::string>>
-  getGroupMemberNames(const Identifier& groupId) override;
-
-  /// Accepts any name, even an empty one or that of another group. Ignores an unknown group.
-  void renameGroup(const Identifier& groupId, const std::string& name) override;
-
   /// The element's name; empty if it is unknown.
   std::string getElementName(const GUIdentifier& element) override;
 
 private:
-  std::vector<GUIdentifier> m_order;
   std::vector<PointCollection> m_collections; ///< never changed: the maps point into it
   std::unordered_map<GUIdentifier, const PointCollection*> m_byId;
   std::unordered_map<std::string_view, const PointCollection*> m_byName;
-  std::vector<TKGroup<GUIdentifier>> m_groups;
 };
 
 }

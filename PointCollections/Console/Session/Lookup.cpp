@@ -163,6 +163,15 @@ std::vector<const TKGroup<GUIdentifier>*> groupsNamed(PointDocument& document,
   return groups;
 }
 
+std::vector<Identifier> idsOf(const std::vector<const TKGroup<GUIdentifier>*>& groups)
+{
+  std::vector<Identifier> ids;
+  ids.reserve(groups.size());
+  for (const auto* group : groups)
+    ids.push_back(group->getId());
+  return ids;
+}
+
 GUIdentifier elementNamed(const PointDocument& document, const Word& word)
 {
   const PointCollection* found = document.findByName(word.text);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Identifier/GUIdentifier.h"
+#include "Identifier/Identifier.h"
 #include "PointCollections/Console/Text/Words.h"
 #include "PointCollections/Document/PointDocument.h"
 
@@ -35,6 +36,9 @@ const TKGroup<GUIdentifier>& groupNamed(PointDocument& document, const Word& wor
 /// @throws UserError as groupIndex(), or if a group is given twice
 std::vector<const TKGroup<GUIdentifier>*> groupsNamed(PointDocument& document,
                                                       std::span<const Word> words);
+
+/// The ids of groups, in the same order.
+std::vector<Identifier> idsOf(const std::vector<const TKGroup<GUIdentifier>*>& groups);
 
 /// The element with that name.
 /// @throws UserError if there is none

@@ -12,6 +12,7 @@ const std::vector<Verb>& allVerbs()
       createVerb(),       //
       addVerb(),          //
       moveVerb(),         //
+      moveGroupVerb(),    //
       removeVerb(),       //
       renameVerb(),       //
       deleteVerb(),       //

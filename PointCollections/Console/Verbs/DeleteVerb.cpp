@@ -22,15 +22,6 @@ std::string enumerated(const Groups& groups)
   return names;
 }
 
-std::vector<Identifier> idsOf(const Groups& groups)
-{
-  std::vector<Identifier> ids;
-  ids.reserve(groups.size());
-  for (const auto* group : groups)
-    ids.push_back(group->getId());
-  return ids;
-}
-
 std::string deleteGroups(Session& session, const Arguments& arguments)
 {
   auto& document = *session.editor.document();

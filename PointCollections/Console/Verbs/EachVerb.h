@@ -12,6 +12,7 @@ Verb showVerb();
 Verb createVerb();
 Verb addVerb();
 Verb moveVerb();
+Verb moveGroupVerb();
 Verb removeVerb();
 Verb renameVerb();
 Verb deleteVerb();

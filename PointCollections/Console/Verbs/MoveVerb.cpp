@@ -3,6 +3,7 @@
 #include "PointCollections/Console/Session/Lookup.h"
 #include "PointCollections/Console/Verbs/EachVerb.h"
 #include "PointCollections/Console/Verbs/Movement.h"
+#include "PointCollections/Console/Verbs/PlaceOption.h"
 #include "PointCollections/Document/Placement.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
@@ -13,18 +14,6 @@
 
 namespace Tarvik::PointCollections {
 namespace {
-
-/// The option that gives the place.
-std::string optionGiven(const Arguments& arguments)
-{
-  const bool hasBefore = arguments.has("--before");
-  const bool hasAfter = arguments.has("--after");
-  if (hasBefore && hasAfter)
-    throw UserError("more than one place is given; choose one of --before and --after");
-  if (!hasBefore && !hasAfter)
-    throw UserError("the place is missing; add --before TARGET or --after TARGET");
-  return hasBefore ? "--before" : "--after";
-}
 
 /// Whether the elements are already beside the target, as the user sees it. Grouped elements have a
 /// place in the document's order too, but the user does not see them among the ungrouped ones.
@@ -43,7 +32,7 @@ bool areInPlace(PointDocument& document,
 std::string moveElements(Session& session, const Arguments& arguments)
 {
   auto& document = *session.editor.document();
-  const auto option = optionGiven(arguments);
+  const auto option = placeOptionIn(arguments);
   const bool insertBefore = option == "--before";
   const auto target = elementNamed(document, arguments.valueOf(option));
   const auto name = displayName(arguments.valueOf(option).text);

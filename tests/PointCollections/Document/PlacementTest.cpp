@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Document/Placement.h"
 
+#include "Identifier/GUIdentifier.h"
+
 #include <gtest/gtest.h>
 
 namespace Tarvik::PointCollections {

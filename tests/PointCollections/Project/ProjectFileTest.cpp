@@ -31,8 +31,9 @@ TEST(ProjectFile, KeepsElementsInMoreThanOneGroupAndThoseOfOtherDocuments)
   const auto document = smallDocument();
   Group group("strange");
   group.addGroupMembersAtIndex({document->order()[0], document->order()[0], GUIdentifier()}, 0);
-  document->setGroups({group, group = Group("other")});
-  document->getGroups()[1].addGroupMember(document->order()[0]);
+  Group other("other");
+  other.addGroupMember(document->order()[0]);
+  document->setGroups({group, other});
 
   EXPECT_EQ(everythingKept(*document), everythingIn(*document));
 }

@@ -17,7 +17,7 @@ TEST(Help, ListsEveryCommand)
 
   for (const Verb& verb : allVerbs())
     EXPECT_THAT(list, HasSubstr(verb.summary));
-  EXPECT_THAT(list, StartsWith("  show     draw the groups"));
+  EXPECT_THAT(list, StartsWith("  show        draw the groups"));
 }
 
 TEST(Help, ExplainsACommand)
