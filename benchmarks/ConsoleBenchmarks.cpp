@@ -5,12 +5,12 @@
 
 #include "PointCollections/Console/Shell/Completion.h"
 #include "PointCollections/Console/Shell/Interpreter.h"
+#include "PointCollections/Text/UserError.h"
 
 #include <benchmark/benchmark.h>
 #include <fmt/format.h>
 
 #include <cstddef>
-#include <exception>
 #include <functional>
 #include <map>
 #include <memory>
@@ -47,9 +47,11 @@ private:
   std::map<std::filesystem::path, std::vector<std::byte>> m_files;
 };
 
-std::string elementName(std::size_t number)
+/// The name of an element by its place in the document. The names are in no order.
+std::string elementName(std::size_t place)
 {
-  return fmt::format("Place {:06}", number);
+  constexpr std::size_t stride = 77'777; // has no divisor in common with the number of elements
+  return fmt::format("Place {:06}", place * stride % elementsInAll);
 }
 
 std::vector<PointCollection> manyElements()
@@ -146,13 +148,19 @@ void measure(benchmark::State& state, const Case& each, const std::function<void
   }
 }
 
-/// The line, which may be a mistake.
 void measureLine(benchmark::State& state, const Case& each)
+{
+  measure(state, each,
+          [&](Session& session) { benchmark::DoNotOptimize(runLine(session, each.line).size()); });
+}
+
+void measureMistake(benchmark::State& state, const Case& each)
 {
   measure(state, each, [&](Session& session) {
     try {
-      benchmark::DoNotOptimize(runLine(session, each.line));
-    } catch (const std::exception& error) {
+      runLine(session, each.line);
+      state.SkipWithError("this is no mistake");
+    } catch (const UserError& error) {
       benchmark::DoNotOptimize(error.what());
     }
   });
@@ -200,17 +208,17 @@ std::vector<Case> linesToMeasure()
       {"create, 10 elements", "create New" + names(7, 10, 9999), {}, undo},
       {"create, a group", "create New" + wholeGroup(), {}, undo},
       {"create, 10000 elements", "create New" + scattered(), {}, undo},
-      {"add, 1 element", "add \"Group 9\" \"Place 000000\"", {}, undo},
+      {"add, 1 element", "add \"Group 9\"" + names(0, 1), {}, undo},
       {"add, a group", "add \"Group 9\"" + wholeGroup(), {}, undo},
       {"add, 10000 elements", "add \"Group 9\"" + scattered(), {}, undo},
-      {"add --before", "add \"Group 9\" --before \"Place 085000\"" + scattered(), {}, undo},
+      {"add --before", "add \"Group 9\" --before" + names(85000, 1) + scattered(), {}, undo},
       {"add, already there", "add \"Group 1\"" + wholeGroup()},
-      {"move, 1 element", "move \"Place 000000\" --before \"Place 085000\"", {}, undo},
-      {"move, a group", "move --before \"Place 085000\"" + wholeGroup(), {}, undo},
-      {"move, 10000 elements", "move --after \"Place 085000\"" + scattered(), {}, undo},
-      {"move, to the ungrouped", "move --after \"Place 095000\"" + scattered(), {}, undo},
-      {"move, already there", "move --after \"Place 000000\"" + names(1, elementsInGroup - 1)},
-      {"remove, 1 element", "remove \"Place 000000\"", {}, undo},
+      {"move, 1 element", "move" + names(0, 1) + " --before" + names(85000, 1), {}, undo},
+      {"move, a group", "move --before" + names(85000, 1) + wholeGroup(), {}, undo},
+      {"move, 10000 elements", "move --after" + names(85000, 1) + scattered(), {}, undo},
+      {"move, to the ungrouped", "move --after" + names(95000, 1) + scattered(), {}, undo},
+      {"move, already there", "move --after" + names(0, 1) + names(1, elementsInGroup - 1)},
+      {"remove, 1 element", "remove" + names(0, 1), {}, undo},
       {"remove, a group", "remove" + wholeGroup(), {}, undo},
       {"remove, 10000 elements", "remove" + scatteredMembers(), {}, undo},
       {"rename", "rename \"Group 1\" Other", {}, undo},
@@ -233,9 +241,15 @@ std::vector<Case> linesToMeasure()
       {"save, once more", "save", {"save large.tkpc"}},
       {"open", "open large.tkpc --discard", {"save large.tkpc"}},
       {"help", "help"},
+  };
+}
+
+std::vector<Case> mistakesToMeasure()
+{
+  return {
       {"a misspelt element", "add \"Group 1\"" + scattered() + " \"Plaec 999999\""},
       {"a misspelt group", "show \"Gruop 1\""},
-      {"an ungrouped element", "remove" + scatteredMembers() + " \"Place 095000\""},
+      {"an ungrouped element", "remove" + scatteredMembers() + names(95000, 1)},
       {"an element given twice", "create New" + scattered() + names(7, 1)},
       {"a quote never closed", "create New" + scattered() + " \"Place"},
       {"names without quotes", "create New Place 000000"},
@@ -262,12 +276,11 @@ std::vector<Case> linesOnManyGroups()
       {"show", "show"},
       {"create", "create Other", {}, undo},
       {"rename", "rename \"Group 9000\" Other", {}, undo},
-      {"add", "add \"Group 9000\" \"Place 000000\"", {}, undo},
+      {"add", "add \"Group 9000\"" + names(0, 1), {}, undo},
       {"add, 10000 elements", "add \"Group 9000\"" + scattered(), {}, undo},
       {"sort", "sort", {}, undo},
       {"delete, all", "delete" + names("Group", 9000), {}, undo},
       {"undo 30", "undo 30", edits(30), {"redo 30"}},
-      {"a misspelt group", "show \"Gruop 1\""},
   };
   for (auto& each : cases)
     each.members = 10;
@@ -282,6 +295,9 @@ int main(int argc, char** argv)
   using namespace Tarvik::PointCollections;
   for (const auto& each : linesToMeasure())
     benchmark::RegisterBenchmark(("line/" + each.name).c_str(), measureLine, each)
+        ->Unit(benchmark::kMillisecond);
+  for (const auto& each : mistakesToMeasure())
+    benchmark::RegisterBenchmark(("mistake/" + each.name).c_str(), measureMistake, each)
         ->Unit(benchmark::kMillisecond);
   for (const auto& each : completionsToMeasure())
     benchmark::RegisterBenchmark(("completion/" + each.name).c_str(), measureCompletion, each)

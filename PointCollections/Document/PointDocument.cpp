@@ -5,9 +5,7 @@
 #include "PointCollections/Document/Placement.h"
 
 #include <algorithm>
-#include <numeric>
 #include <stdexcept>
-#include <unordered_set>
 #include <utility>
 
 namespace Tarvik::PointCollections {
@@ -51,11 +49,15 @@ const std::vector<GUIdentifier>& PointDocument::order() const
 
 void PointDocument::setOrder(const std::vector<GUIdentifier>& order)
 {
-  const std::unordered_set<GUIdentifier> given(order.begin(), order.end());
-  const bool isRearrangement =
-      order.size() == elements().size() && given.size() == order.size() &&
-      std::all_of(order.begin(), order.end(), [this](const auto& id) { return hasElement(id); });
-  if (!isRearrangement)
+  std::vector<char> isGiven(m_collections.size());
+  const auto isNew = [&](const GUIdentifier& id) {
+    const auto* collection = find(id);
+    if (collection == nullptr)
+      return false;
+    auto& isKnown = isGiven[static_cast<std::size_t>(collection - m_collections.data())];
+    return std::exchange(isKnown, 1) == 0;
+  };
+  if (order.size() != m_collections.size() || !std::all_of(order.begin(), order.end(), isNew))
     throw std::invalid_argument("the new order must hold the document's elements, each once");
   setElements(order);
 }
@@ -72,24 +74,10 @@ const PointCollection* PointDocument::findByName(std::string_view name) const
   return found != m_byName.end() ? found->second : nullptr;
 }
 
-std::size_t PointDocument::numberOfPoints() const
-{
-  return std::accumulate(
-      m_collections.begin(), m_collections.end(), std::size_t(0),
-      [](auto sum, const auto& collection) { return sum + collection.points.size(); });
-}
-
-std::vector<GUIdentifier> PointDocument::orderAfterMove(const GUIdentifier& target,
-                                                        const std::vector<GUIdentifier>& elements,
-                                                        bool insertBefore) const
-{
-  return placedBeside(order(), target, elements, insertBefore);
-}
-
 std::shared_ptr<CommandBase> PointDocument::createMoveCommand(
     const GUIdentifier& target, const std::vector<GUIdentifier>& elements, bool insertBefore)
 {
-  if (orderAfterMove(target, elements, insertBefore) == order())
+  if (!placementBeside(order(), target, elements, insertBefore).movesAny())
     return nullptr;
   return std::make_shared<MoveCollectionsCmd>(shared_from_this(), target, elements, insertBefore);
 }

@@ -57,13 +57,8 @@ public:
   /// The element with exactly that name, or null; valid as long as the document.
   const PointCollection* findByName(std::string_view name) const;
 
-  /// How many points all elements have.
-  std::size_t numberOfPoints() const;
-
-  /// The order that a command of createMoveCommand() would make; the present one if nothing moves.
-  std::vector<GUIdentifier> orderAfterMove(const GUIdentifier& target,
-                                           const std::vector<GUIdentifier>& elements,
-                                           bool insertBefore) const;
+  /// All elements, in no particular order.
+  const std::vector<PointCollection>& collections() const noexcept { return m_collections; }
 
   /// Makes a command that changes the document's order, of grouped and ungrouped elements alike.
   /// Elements that are given twice count once; unknown ones are ignored. If the target is one of

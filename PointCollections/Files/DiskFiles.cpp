@@ -10,7 +10,6 @@
 
 #include <cstdint>
 #include <fstream>
-#include <new>
 #include <system_error>
 
 namespace Tarvik::PointCollections {
@@ -65,15 +64,11 @@ public:
     refuseDevice(file);
     const auto size = sizeToRead(file);
     auto stream = openText(file);
-    try {
-      std::vector<std::byte> bytes(static_cast<std::size_t>(size));
-      stream.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(size));
-      if (static_cast<std::uintmax_t>(stream.gcount()) != size)
-        fail(file, "reading the file failed");
-      return bytes;
-    } catch (const std::bad_alloc&) {
-      fail(file, fmt::format("there is not enough memory for the {} bytes of this file", size));
-    }
+    std::vector<std::byte> bytes(static_cast<std::size_t>(size));
+    stream.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(size));
+    if (static_cast<std::uintmax_t>(stream.gcount()) != size)
+      fail(file, "reading the file failed");
+    return bytes;
   }
 
   void write(const fs::path& file, std::span<const std::byte> bytes) override

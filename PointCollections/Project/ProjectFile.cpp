@@ -243,9 +243,27 @@ std::vector<std::byte> saveProject(PointDocument& document)
     return {bytes.begin(), bytes.end()};
   } catch (const ArchiveError& error) {
     throw UserError("the document cannot be saved: " + messageOf(error));
-  } catch (const std::bad_alloc&) {
-    throw UserError("the document cannot be saved: there is not enough memory for a copy of it");
   }
+}
+
+std::size_t savedSizeOfElements(const PointDocument& document) noexcept
+{
+  constexpr std::size_t frames = 1024; // of the archive and the project, and the class table
+  constexpr std::size_t idAndLengths = 24;
+  std::size_t size = frames;
+  for (const auto& [id, name, points] : document.collections())
+    size += idAndLengths + name.size() + points.size() * sizeof(Point);
+  return size;
+}
+
+std::size_t savedSizeOfGroups(PointDocument& document) noexcept
+{
+  constexpr std::size_t framesAndId = 128;
+  std::size_t size = 0;
+  for (const auto& group : document.getGroups())
+    size += framesAndId + group.getName().size() +
+            group.getGroupMembers().size() * sizeof(GUIdentifier);
+  return size;
 }
 
 std::shared_ptr<PointDocument> loadProject(std::span<const std::byte> bytes,

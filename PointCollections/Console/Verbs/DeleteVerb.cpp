@@ -2,6 +2,7 @@
 #include "HighLevelServices/GroupCommands/RemoveTKGroupsCmd.h"
 #include "PointCollections/Console/Session/Lookup.h"
 #include "PointCollections/Console/Verbs/EachVerb.h"
+#include "PointCollections/Console/Verbs/Subject.h"
 #include "PointCollections/Text/Quoting.h"
 
 #include <fmt/format.h>
@@ -27,13 +28,20 @@ std::string deleteGroups(Session& session, const Arguments& arguments)
   auto& document = *session.editor.document();
   const auto groups = groupsNamed(document, arguments.from(0));
   const auto names = enumerated(groups);
+  const auto subject = subjectOf(groups);
   const auto ids = idsOf(groups);
-  const std::size_t ungroupedBefore = document.getUngroupedElements().size();
+  const std::size_t ungroupedBefore = document.ungroupedElements().size();
 
-  session.editor.history().execute(
-      std::make_shared<RemoveTKGroupsCmd<GUIdentifier>>(session.editor.document(), ids));
+  session.editor.execute({.context = "RemoveTKGroupsCmd",
+                          .text = "Remove Group",
+                          .makeCommand =
+                              [&](auto provider) {
+                                return std::make_shared<RemoveTKGroupsCmd<GUIdentifier>>(provider,
+                                                                                         ids);
+                              },
+                          .subject = [&] { return subject; }});
 
-  const std::size_t freed = document.getUngroupedElements().size() - ungroupedBefore;
+  const std::size_t freed = document.ungroupedElements().size() - ungroupedBefore;
   if (freed == 0)
     return fmt::format("Deleted {}.", names);
   return fmt::format("Deleted {}; {} {} ungrouped now.", names, pluralize(freed, "element"),
