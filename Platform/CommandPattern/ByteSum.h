@@ -9,6 +9,7 @@ namespace Tarvik {
 /// A sum of sizes that stays right however large the sizes are. Not for hosts.
 class ByteSum {
 public:
+  /// Adds a size, however large.
   void add(std::size_t size) noexcept
   {
     m_low += size;

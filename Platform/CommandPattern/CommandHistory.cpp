@@ -17,10 +17,9 @@ namespace {
 template <class T>
 class TemporaryValue {
 public:
-  TemporaryValue(T& variable, T value) noexcept : m_variable(variable), m_before(variable)
-  {
-    m_variable = value;
-  }
+  TemporaryValue(T& variable, T value) noexcept
+      : m_variable(variable), m_before(std::exchange(variable, value))
+  {}
   TemporaryValue(const TemporaryValue&) = delete;
   TemporaryValue& operator=(const TemporaryValue&) = delete;
   ~TemporaryValue() { m_variable = m_before; }

@@ -73,6 +73,7 @@ public:
   /// Executes the command and keeps it as the last entry. If the last command is a HistoryEntry
   /// that takes the new one over, there is no new entry; this never happens in a clean state. If
   /// the two together change nothing, both are released.
+  /// @param command      not null; not executed before
   /// @param sizeInBytes  how many bytes the command keeps; if none, the command or the size
   /// function is asked
   /// @return false when the command changed nothing and is therefore not kept, see

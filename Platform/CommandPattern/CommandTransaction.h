@@ -22,6 +22,7 @@ namespace Tarvik {
 class TKM_COMMANDPATTERN_API CommandTransaction {
 public:
   /// Starts a transaction. Takes the memory that commit() will need.
+  /// @param history      must outlive the transaction
   /// @param description  for the user; when empty, that of the first command
   [[nodiscard]] explicit CommandTransaction(CommandHistory& history, std::string description = {});
 

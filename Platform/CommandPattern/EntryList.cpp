@@ -15,56 +15,6 @@ auto placeOf(std::vector<T>& places, std::size_t index) noexcept
 
 }
 
-std::span<const std::shared_ptr<CommandBase>> EntryList::commands() const noexcept
-{
-  return std::span(m_commands).subspan(m_first);
-}
-
-std::size_t EntryList::size() const noexcept
-{
-  return m_commands.size() - m_first;
-}
-
-std::size_t EntryList::position() const noexcept
-{
-  return m_position;
-}
-
-std::optional<std::size_t> EntryList::cleanPosition() const noexcept
-{
-  return m_cleanPosition;
-}
-
-bool EntryList::isClean() const noexcept
-{
-  return m_cleanPosition == m_position;
-}
-
-std::size_t EntryList::sizeInBytes() const noexcept
-{
-  return m_bytes.value();
-}
-
-CommandBase& EntryList::before() const noexcept
-{
-  return *m_commands[m_first + m_position - 1];
-}
-
-CommandBase& EntryList::after() const noexcept
-{
-  return *m_commands[m_first + m_position];
-}
-
-std::size_t EntryList::firstState() const noexcept
-{
-  return m_firstState;
-}
-
-std::size_t EntryList::state() const noexcept
-{
-  return m_firstState + m_position;
-}
-
 void EntryList::makeRoom()
 {
   if (m_commands.size() < m_commands.capacity() && m_sizes.size() < m_sizes.capacity())
@@ -83,36 +33,11 @@ void EntryList::append(std::shared_ptr<CommandBase> command, std::size_t size) n
   ++m_position;
 }
 
-std::size_t EntryList::sizeBefore() const noexcept
-{
-  return m_sizes[m_first + m_position - 1];
-}
-
 void EntryList::setSizeBefore(std::size_t size) noexcept
 {
   m_bytes.subtract(sizeBefore());
   m_bytes.add(size);
   m_sizes[m_first + m_position - 1] = size;
-}
-
-void EntryList::moveBack() noexcept
-{
-  --m_position;
-}
-
-void EntryList::moveForward() noexcept
-{
-  ++m_position;
-}
-
-void EntryList::markClean() noexcept
-{
-  m_cleanPosition = m_position;
-}
-
-void EntryList::forgetCleanMark() noexcept
-{
-  m_cleanPosition.reset();
 }
 
 std::shared_ptr<CommandBase> EntryList::takeFirst() noexcept

@@ -2,6 +2,8 @@
 // The examples of docs/using.md, built and run.
 
 #include "CommandPattern/CommandHistory.h"
+#include "CommandPattern/CommandTransaction.h"
+#include "CommandPattern/HistoryEntry.h"
 #include "HighLevelServices/GroupCommands/CreateTKGroupCmd.h"
 #include "PersistenceArchiver/ArchiveError.h"
 #include "PersistenceArchiver/PersistenceArchiver.h"
@@ -50,6 +52,41 @@ std::shared_ptr<CommandBase> createGroup(const std::shared_ptr<Host>& host)
   return std::make_shared<CreateTKGroupCmd<Identifier>>(host, std::vector<Identifier>{}, "");
 }
 
+void createTwoGroups(Application& application)
+{
+  CommandTransaction transaction(application.history, "Create Two Groups");
+  application.history.execute(createGroup(application.host));
+  application.history.execute(createGroup(application.host));
+  transaction.commit(); // without it, the destructor undoes both
+}
+
+class SetHeightCmd : public CommandBase, public HistoryEntry {
+public:
+  SetHeightCmd(double& height, double newHeight)
+      : CommandBase("Set Height"), m_height(height), m_before(height), m_after(newHeight)
+  {}
+
+  void execute() override { m_height = m_after; }
+  void undo() override { m_height = m_before; }
+  void redo() override { m_height = m_after; }
+
+  bool mergeWith(CommandBase& later) override
+  {
+    const auto* const next = dynamic_cast<SetHeightCmd*>(&later);
+    if (next == nullptr || &next->m_height != &m_height)
+      return false;
+    m_after = next->m_after;
+    return true;
+  }
+
+  bool hasChangedNothing() const override { return m_after == m_before; }
+
+private:
+  double& m_height;
+  double m_before;
+  double m_after;
+};
+
 TEST(UsingTheLibrary, ReleasesAHostThatDoesNotOwnTheHistory)
 {
   auto application = std::make_unique<Application>();
@@ -88,6 +125,35 @@ TEST(UsingTheLibrary, ShowsTheErrorOfACommandAndChangesNothing)
   EXPECT_EQ(lastMessage, "setGroups");
   EXPECT_EQ(application.host->groups().size(), 1U);
   EXPECT_TRUE(application.history.canUndo());
+}
+
+TEST(UsingTheLibrary, MakesSeveralChangesOneStep)
+{
+  Application application;
+
+  createTwoGroups(application);
+
+  EXPECT_EQ(application.host->groups().size(), 2U);
+  EXPECT_EQ(application.history.undoDescription(), "Create Two Groups");
+  application.history.undo();
+  EXPECT_TRUE(application.host->groups().empty());
+}
+
+TEST(UsingTheLibrary, MergesTheChangesOfADrag)
+{
+  CommandHistory history;
+  double height = 1;
+
+  for (const double next : {2.0, 3.0, 4.0})
+    history.execute(std::make_shared<SetHeightCmd>(height, next));
+
+  ASSERT_EQ(history.entries().size(), 1U);
+  history.undo();
+  EXPECT_EQ(height, 1);
+  history.redo();
+  EXPECT_EQ(height, 4);
+  history.execute(std::make_shared<SetHeightCmd>(height, 1));
+  EXPECT_TRUE(history.entries().empty());
 }
 
 TEST(UsingTheLibrary, SavesAndLoadsGroups)
@@ -151,7 +217,7 @@ TEST(UsingTheLibrary, IsShownInTheGuideAsItIsHere)
     EXPECT_NE(code.find(example), std::string::npos) << example;
     ++examples;
   }
-  EXPECT_EQ(examples, 4);
+  EXPECT_EQ(examples, 6);
 }
 
 }

@@ -2,8 +2,12 @@
 #include "CommandPattern/CommandHistory.h"
 
 #include "Platform/CommandPattern/HistoryTest.h"
+#include "Support/Allocations.h"
 
 #include <gtest/gtest.h>
+
+#include <cstddef>
+#include <memory>
 
 namespace Tarvik {
 namespace {
@@ -146,6 +150,51 @@ TEST_F(LimitedHistory, StaysCleanWhenTheLimitTakesAllItsCommands)
 
   EXPECT_EQ(view(history), "* |");
 }
+
+TEST_F(LimitedHistory, MovesItsEntriesInMemoryRarelyWhenItIsFull)
+{
+  constexpr std::size_t limit = 1000;
+  constexpr std::size_t executed = 100 * limit;
+  const auto command = append(document, "A");
+  CommandHistory full(limit);
+  for (std::size_t i = 0; i < 3 * limit; ++i)
+    full.execute(command);
+
+  std::size_t moves = 0;
+  for (std::size_t i = 0; i < executed; ++i) {
+    const auto* const first = full.entries().data();
+    full.execute(command);
+    if (full.entries().data() != first + 1)
+      ++moves;
+  }
+
+  EXPECT_LE(moves, executed / limit + 1);
+}
+
+#if !defined(_MSC_VER) // allocations in DLLs cannot be counted there
+
+TEST_F(LimitedHistory, TakesNoMoreMemoryOnceItIsFull)
+{
+  class Nothing : public CommandBase {
+  public:
+    Nothing() : CommandBase("Nothing") {}
+    void execute() override {}
+    void undo() override {}
+    void redo() override {}
+  };
+  const auto command = std::make_shared<Nothing>();
+  CommandHistory full(100);
+  for (int i = 0; i < 300; ++i)
+    full.execute(command);
+
+  const AllocationWatch watch;
+  for (int i = 0; i < 1000; ++i)
+    full.execute(command);
+
+  EXPECT_EQ(watch.count(), 0U);
+}
+
+#endif
 
 TEST_F(LimitedHistory, LosesTheCleanMarkAfterUndoneCommandsThatTheLimitTakes)
 {

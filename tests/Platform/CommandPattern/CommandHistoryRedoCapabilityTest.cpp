@@ -2,6 +2,7 @@
 #include "CommandPattern/CommandHistory.h"
 
 #include "CommandPattern/MacroCommand.h"
+#include "Platform/CommandPattern/DragCommands.h"
 #include "Platform/CommandPattern/HistoryTest.h"
 
 #include <gtest/gtest.h>
@@ -45,6 +46,42 @@ TEST_F(HistoryWithoutRedo, ForgetsCommandsThatCannotBeRedoneOnItsWayBack)
 
   EXPECT_EQ(document.text(), "");
   EXPECT_EQ(view(history), "* | A");
+}
+
+TEST_F(HistoryWithoutRedo, ForgetsACommandThatStopsBeingRedoCapableWhileItIsUndone)
+{
+  Desk desk;
+  history.execute(std::make_shared<Drag>(desk, 1, DragTraits{.losesRedoInUndo = true}));
+  execute("A");
+
+  history.jumpTo(0);
+
+  EXPECT_EQ(view(history), "* |");
+  EXPECT_FALSE(history.redo());
+  EXPECT_EQ(desk.place, 0);
+}
+
+TEST_F(HistoryWithoutRedo, ForgetsACommandThatCannotSayAfterItsUndoWhetherItCanBeRedone)
+{
+  class Forgetful : public AppendCommand {
+  public:
+    using AppendCommand::AppendCommand;
+    bool isRedoCapable() override
+    {
+      if (m_asked++ > 0)
+        throw Failure("asked again");
+      return true;
+    }
+
+  private:
+    int m_asked = 0;
+  };
+  history.execute(std::make_shared<Forgetful>(document, "F"));
+
+  EXPECT_TRUE(history.undo());
+
+  EXPECT_EQ(view(history), "* |");
+  EXPECT_EQ(document.text(), "");
 }
 
 TEST_F(HistoryWithoutRedo, AsksAMacroWhetherItCanBeRedone)

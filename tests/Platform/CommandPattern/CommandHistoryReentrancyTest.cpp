@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "CommandPattern/CommandHistory.h"
+#include "CommandPattern/CommandTransaction.h"
 
 #include "Platform/CommandPattern/HistoryTest.h"
 
@@ -57,8 +58,19 @@ TEST_F(RunningHistory, RefusesToBeOperatedByACommandThatItRuns)
       {"redo", [](auto& subject) { subject.redo(); }},
       {"jumpTo", [](auto& subject) { subject.jumpTo(0); }},
       {"markClean", [](auto& subject) { subject.markClean(); }},
+      {"forgetCleanMark", [](auto& subject) { subject.forgetCleanMark(); }},
       {"setLimit", [](auto& subject) { subject.setLimit(1); }},
-      {"clear", [](auto& subject) { subject.clear(); }}};
+      {"setBudget", [](auto& subject) { subject.setBudget(1); }},
+      {"setSizeFunction", [](auto& subject) { subject.setSizeFunction(nullptr); }},
+      {"setOutOfMemoryHandler", [](auto& subject) { subject.setOutOfMemoryHandler(nullptr); }},
+      {"setDropsCommandsWithoutChange",
+       [](auto& subject) { subject.setDropsCommandsWithoutChange(true); }},
+      {"keep", [this](auto& subject) { subject.keep(append(document, "X")); }},
+      {"releaseOldest", [](auto& subject) { subject.releaseOldest(1); }},
+      {"releaseUndone", [](auto& subject) { subject.releaseUndone(); }},
+      {"clear", [](auto& subject) { subject.clear(); }},
+      {"reset", [](auto& subject) { subject.reset(); }},
+      {"CommandTransaction", [](auto& subject) { CommandTransaction(subject).rollBack(); }}};
 
   for (const auto& [name, operate] : operations) {
     CommandHistory subject;
