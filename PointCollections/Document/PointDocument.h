@@ -25,7 +25,7 @@ class PointDocument : public TKGroupProvider<GUIdentifier>,
 public:
   /// An element that has the id or the name of an earlier one.
   struct Repeated {
-    std::size_t index; ///< in the list of elements
+    std::size_t index = 0; ///< in the list of elements
     PointCollection collection;
   };
 

@@ -64,12 +64,13 @@ OpenedDocument openDocument(Files& files, const std::filesystem::path& file)
 }
 
 Editor::Editor(OpenedDocument opened, std::shared_ptr<Files> files)
-    : m_opened(std::move(opened)), m_files(std::move(files))
+    : m_opened(std::move(opened)),
+      m_files(std::move(files)),
+      m_sizeOfElements(savedSizeOfElements(*m_opened.document))
 {
   m_history.setBudget(historyBudget);
   m_history.setDropsCommandsWithoutChange(true);
   m_history.setOutOfMemoryHandler([this](auto&) { return forgetSteps(); });
-  m_sizeOfElements = savedSizeOfElements(*document());
   holdReserve();
 }
 

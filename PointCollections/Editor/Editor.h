@@ -115,8 +115,8 @@ private:
   CommandHistory m_history = CommandHistory(historyLimit);
   std::size_t m_forgottenSteps = 0;
   std::size_t m_forgottenInNeed = 0;
-  std::size_t m_sizeOfElements = 0; ///< in the project, in bytes
-  MemoryReserve m_reserve;          ///< enough to save the document
+  std::size_t m_sizeOfElements; ///< in the project, in bytes
+  MemoryReserve m_reserve;      ///< enough to save the document
 };
 
 /// The open document in a few words: "cities.tkpc: 418 elements with 418 points in 3 groups".

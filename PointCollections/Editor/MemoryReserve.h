@@ -22,7 +22,7 @@ public:
 private:
   bool allocate(std::size_t bytes) noexcept;
 
-  std::unique_ptr<std::byte[]> m_memory;
+  std::unique_ptr<std::byte[]> m_memory; // NOLINT(*-avoid-c-arrays): not filled with zeros
   std::size_t m_size = 0;
 };
 
