@@ -69,7 +69,7 @@ std::string add(Session& session, const Arguments& arguments)
     return fmt::format("Nothing to add; {} stays as it is.", name);
 
   const auto movement = describeMovement(document, elements, &group);
-  const auto subject = subjectOf(document, elements) + " → " + name;
+  auto subject = subjectOf(document, elements) + " → " + name;
   const bool hasChanged = session.editor.execute(
       {.context = "AddToTKGroupCmd",
        .text = "Add to Group",

@@ -28,7 +28,7 @@ std::string deleteGroups(Session& session, const Arguments& arguments)
   auto& document = *session.editor.document();
   const auto groups = groupsNamed(document, arguments.from(0));
   const auto names = enumerated(groups);
-  const auto subject = subjectOf(groups);
+  auto subject = subjectOf(groups);
   const auto ids = idsOf(groups);
   const std::size_t ungroupedBefore = document.ungroupedElements().size();
 

@@ -27,7 +27,7 @@ std::string moveGroups(Session& session, const Arguments& arguments)
     throw UserError(
         fmt::format("{} cannot go beside itself; name another group after {}", name, option));
 
-  const auto subject = fmt::format("{} → {} {}", subjectOf(groups), side, name);
+  auto subject = fmt::format("{} → {} {}", subjectOf(groups), side, name);
   const bool hasChanged =
       session.editor.execute({.context = "MoveTKGroupsCmd",
                               .text = "Move Groups",

@@ -52,7 +52,7 @@ std::string moveElements(Session& session, const Arguments& arguments)
   const auto place =
       group != nullptr ? " in " + displayName(group->getName()) : ", which is ungrouped";
   const auto movement = describeMovement(document, elements, group);
-  const auto subject = fmt::format("{} → {} {}", subjectOf(document, elements), side, name);
+  auto subject = fmt::format("{} → {} {}", subjectOf(document, elements), side, name);
   const bool hasChanged = session.editor.execute(
       {.context = "MoveTKGroupElementsCmd",
        .text = "Move Elements",

@@ -17,6 +17,7 @@ std::vector<Origin> originsOf(PointDocument& document, const std::vector<GUIdent
       ++counts[holder];
   }
   std::vector<Origin> origins;
+  origins.reserve(counts.size());
   for (const auto& [group, count] : counts)
     origins.push_back({group, count});
   return origins;
