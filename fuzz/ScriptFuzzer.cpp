@@ -90,8 +90,9 @@ class Run {
 public:
   explicit Run(const std::string& script) : m_script(script)
   {
-    // With a limit, the state before the first entry would change.
+    // With a limit or a budget, the state before the first entry would change.
     m_session.editor.history().setLimit(CommandHistory::unlimited);
+    m_session.editor.setHistoryBudget(CommandHistory::unlimited);
     if (script.starts_with("## asked"))
       m_session.confirmDiscarding = [this](Session& session) {
         return confirmDiscardingChanges(

@@ -12,6 +12,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <exception>
 #include <iostream>
@@ -30,6 +31,7 @@ struct Settings {
   std::string file;
   std::optional<std::string> script;
   std::vector<std::string> commands;
+  std::uint64_t historyBudget = Editor::historyBudget;
   bool isQuiet = false;
   bool isPlain = false;
 };
@@ -51,6 +53,13 @@ constexpr auto remarks =
     "Exit status: 0 success; 1 a command failed or the output could not be written; 2 the\n"
     "arguments, FILE or the script were not valid.";
 
+std::string refuseNegative(std::string number)
+{
+  if (number.starts_with('-'))
+    throw CLI::ValidationError(number + " is less than nothing; expected a size such as 256M");
+  return number;
+}
+
 void declare(CLI::App& app, Settings& settings)
 {
   app.footer(remarks);
@@ -61,6 +70,12 @@ void declare(CLI::App& app, Settings& settings)
   app.add_option("--command", settings.commands, "Run a command; may be repeated")
       ->type_name("TEXT")
       ->allow_extra_args(false);
+  app.add_option("--history-budget", settings.historyBudget,
+                 "How much memory the steps that can be undone may take, 256M by default.\n"
+                 "The oldest ones are forgotten; the last one is always kept")
+      ->type_name("BYTES")
+      ->transform(CLI::AsSizeValue(false))
+      ->transform(refuseNegative); // runs first; the other one would take -1 for a great number
   app.add_flag("--quiet", settings.isQuiet, "Print results only: no commands, no comments");
   app.add_flag("--no-color", settings.isPlain,
                "Do not use colours. They are only used on a terminal, and not if the\n"
@@ -118,6 +133,8 @@ ExitStatus run(const Settings& settings)
   const auto files = diskFiles();
   Session session = {.editor = Editor(openDocument(*files, Utf8::toPath(settings.file)), files),
                      .style = Style{hasColor}};
+  session.editor.setHistoryBudget(static_cast<std::size_t>(
+      std::min<std::uint64_t>(settings.historyBudget, CommandHistory::unlimited)));
   Transcript transcript(std::cout, std::cerr, detail, session.style);
 
   bool isFine = true; // mistakes on a terminal are no failure

@@ -21,21 +21,26 @@ MoveCollectionsCmd::MoveCollectionsCmd(std::shared_ptr<PointDocument> document,
 
 MoveCollectionsCmd::~MoveCollectionsCmd() = default;
 
+std::size_t MoveCollectionsCmd::bytesFor(std::size_t elements)
+{
+  return sizeof(MoveCollectionsCmd) + elements * sizeof(std::uint32_t);
+}
+
 void MoveCollectionsCmd::execute()
 {
-  m_orderBefore = m_document->order();
-  m_orderAfter = m_document->orderAfterMove(m_target, m_elements, m_insertBefore);
+  m_placement = placementBeside(m_document->order(), m_target, m_elements, m_insertBefore);
   redo();
+  m_elements = {};
 }
 
 void MoveCollectionsCmd::undo()
 {
-  m_document->setOrder(m_orderBefore);
+  m_document->setOrder(putBack(m_document->order(), m_placement));
 }
 
 void MoveCollectionsCmd::redo()
 {
-  m_document->setOrder(m_orderAfter);
+  m_document->setOrder(placed(m_document->order(), m_placement));
 }
 
 }

@@ -3,7 +3,9 @@
 
 #include "CommandPattern/CommandBase.h"
 #include "Identifier/GUIdentifier.h"
+#include "PointCollections/Document/Placement.h"
 
+#include <cstddef>
 #include <memory>
 #include <vector>
 
@@ -12,7 +14,8 @@ namespace Tarvik::PointCollections {
 class PointDocument;
 
 /// Places elements before or after another one in the document's order. The groups stay as they
-/// are. PointDocument::createMoveCommand() describes duplicate and unknown elements.
+/// are. PointDocument::createMoveCommand() describes duplicate and unknown elements. Keeps only
+/// where the elements were, and where they went.
 class MoveCollectionsCmd : public CommandBase {
 public:
   /// @param document      shared for the command's life; not null
@@ -29,13 +32,15 @@ public:
   void undo() override;
   void redo() override;
 
+  /// How many bytes an executed command keeps that moved so many elements.
+  static std::size_t bytesFor(std::size_t elements);
+
 private:
   std::shared_ptr<PointDocument> m_document;
   GUIdentifier m_target;
-  std::vector<GUIdentifier> m_elements;
+  std::vector<GUIdentifier> m_elements; ///< until it is executed
   bool m_insertBefore;
-  std::vector<GUIdentifier> m_orderBefore;
-  std::vector<GUIdentifier> m_orderAfter;
+  Placement m_placement;
 };
 
 }

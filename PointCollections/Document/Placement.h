@@ -1,43 +1,43 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <algorithm>
-#include <iterator>
-#include <unordered_set>
+#include "Identifier/GUIdentifier.h"
+
+#include <cstddef>
+#include <cstdint>
 #include <vector>
 
+/// Moving elements next to another one. All of this takes time that grows with the order, and
+/// memory that grows with the elements that move.
 namespace Tarvik::PointCollections {
 
-/// The order that results from placing elements (or groups) before or after another one.
+using Order = std::vector<GUIdentifier>;
+
+/// Which elements of an order move, and where to, by their positions counted from 0.
+struct Placement {
+  std::vector<std::uint32_t> from; ///< where each of them was; they are in their new order
+  std::size_t to = 0;              ///< where the first of them is afterwards
+
+  /// Whether the order changes.
+  bool movesAny() const;
+};
+
+/// Places elements before or after another one.
 ///
 /// Elements that are given twice count once; elements that are not in the order are ignored. If the
 /// target is one of the elements, they gather around its place. If the target is not in the order,
 /// nothing moves.
-/// @param order     ids; contains none twice
+/// @param order     contains no element twice
 /// @param elements  in their new order
-template <class Id>
-std::vector<Id> placedBeside(const std::vector<Id>& order,
-                             const Id& target,
-                             const std::vector<Id>& elements,
-                             bool insertBefore)
-{
-  const auto place = std::find(order.begin(), order.end(), target);
-  if (place == order.end())
-    return order;
+Placement placementBeside(const Order& order,
+                          const GUIdentifier& target,
+                          const std::vector<GUIdentifier>& elements,
+                          bool insertBefore);
 
-  std::unordered_set<Id> staying(order.begin(), order.end());
-  std::vector<Id> block;
-  std::copy_if(elements.begin(), elements.end(), std::back_inserter(block),
-               [&staying](const Id& id) { return staying.erase(id) > 0; });
+/// The order after the placement.
+Order placed(const Order& order, const Placement& placement);
 
-  const auto stays = [&staying](const Id& id) { return staying.contains(id); };
-  const auto boundary = insertBefore ? place : std::next(place);
-  std::vector<Id> result;
-  result.reserve(order.size());
-  std::copy_if(order.begin(), boundary, std::back_inserter(result), stays);
-  result.insert(result.end(), block.begin(), block.end());
-  std::copy_if(boundary, order.end(), std::back_inserter(result), stays);
-  return result;
-}
+/// The order from before the placement, given the one after it.
+Order putBack(const Order& order, const Placement& placement);
 
 }

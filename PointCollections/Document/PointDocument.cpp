@@ -6,28 +6,36 @@
 
 #include <algorithm>
 #include <stdexcept>
-#include <unordered_set>
 #include <utility>
 
 namespace Tarvik::PointCollections {
 
-std::shared_ptr<PointDocument> PointDocument::create(std::vector<PointCollection> collections)
+std::shared_ptr<PointDocument> PointDocument::create(std::vector<PointCollection> collections,
+                                                     std::vector<Repeated>* repeated)
 {
-  return std::make_shared<PointDocument>(Private(), std::move(collections));
+  return std::make_shared<PointDocument>(Private(), std::move(collections), repeated);
 }
 
-PointDocument::PointDocument(Private, std::vector<PointCollection> collections)
+PointDocument::PointDocument(Private,
+                             std::vector<PointCollection> collections,
+                             std::vector<Repeated>* repeated)
 {
   std::vector<GUIdentifier> order;
   order.reserve(collections.size());
-  m_collections.reserve(collections.size());
-  m_idsByName.reserve(collections.size());
-  for (auto& collection : collections) {
-    const GUIdentifier id = collection.id;
-    if (m_collections.contains(id) || !m_idsByName.try_emplace(collection.name, id).second)
+  m_collections.reserve(collections.size()); // from here on they stay where they are
+  m_byId.reserve(collections.size());
+  m_byName.reserve(collections.size());
+  for (std::size_t i = 0; i < collections.size(); ++i) {
+    auto& collection = collections[i];
+    if (m_byId.contains(collection.id) || m_byName.contains(collection.name)) {
+      if (repeated != nullptr)
+        repeated->push_back({i, std::move(collection)});
       continue;
-    m_collections.emplace(id, std::move(collection));
-    order.push_back(id);
+    }
+    const auto& kept = m_collections.emplace_back(std::move(collection));
+    m_byId.emplace(kept.id, &kept);
+    m_byName.emplace(kept.name, &kept);
+    order.push_back(kept.id);
   }
   setElements(order);
 }
@@ -41,38 +49,35 @@ const std::vector<GUIdentifier>& PointDocument::order() const
 
 void PointDocument::setOrder(const std::vector<GUIdentifier>& order)
 {
-  const std::unordered_set<GUIdentifier> given(order.begin(), order.end());
-  const bool isRearrangement =
-      order.size() == elements().size() && given.size() == order.size() &&
-      std::all_of(order.begin(), order.end(), [this](const auto& id) { return hasElement(id); });
-  if (!isRearrangement)
+  std::vector<char> isGiven(m_collections.size());
+  const auto isNew = [&](const GUIdentifier& id) {
+    const auto* collection = find(id);
+    if (collection == nullptr)
+      return false;
+    auto& isKnown = isGiven[static_cast<std::size_t>(collection - m_collections.data())];
+    return std::exchange(isKnown, 1) == 0;
+  };
+  if (order.size() != m_collections.size() || !std::all_of(order.begin(), order.end(), isNew))
     throw std::invalid_argument("the new order must hold the document's elements, each once");
   setElements(order);
 }
 
 const PointCollection* PointDocument::find(const GUIdentifier& id) const
 {
-  const auto found = m_collections.find(id);
-  return found != m_collections.end() ? &found->second : nullptr;
+  const auto found = m_byId.find(id);
+  return found != m_byId.end() ? found->second : nullptr;
 }
 
-const PointCollection* PointDocument::findByName(const std::string& name) const
+const PointCollection* PointDocument::findByName(std::string_view name) const
 {
-  const auto found = m_idsByName.find(name);
-  return found != m_idsByName.end() ? find(found->second) : nullptr;
-}
-
-std::vector<GUIdentifier> PointDocument::orderAfterMove(const GUIdentifier& target,
-                                                        const std::vector<GUIdentifier>& elements,
-                                                        bool insertBefore) const
-{
-  return placedBeside(order(), target, elements, insertBefore);
+  const auto found = m_byName.find(name);
+  return found != m_byName.end() ? found->second : nullptr;
 }
 
 std::shared_ptr<CommandBase> PointDocument::createMoveCommand(
     const GUIdentifier& target, const std::vector<GUIdentifier>& elements, bool insertBefore)
 {
-  if (orderAfterMove(target, elements, insertBefore) == order())
+  if (!placementBeside(order(), target, elements, insertBefore).movesAny())
     return nullptr;
   return std::make_shared<MoveCollectionsCmd>(shared_from_this(), target, elements, insertBefore);
 }

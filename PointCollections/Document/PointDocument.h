@@ -4,8 +4,10 @@
 #include "GroupHosting/Providers/TKGroupProvider.h"
 #include "PointCollections/Document/PointCollection.h"
 
+#include <cstddef>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -21,13 +23,21 @@ class PointDocument : public TKGroupProvider<GUIdentifier>,
   struct Private {};
 
 public:
+  /// An element that has the id or the name of an earlier one.
+  struct Repeated {
+    std::size_t index = 0; ///< in the list of elements
+    PointCollection collection;
+  };
+
   /// A document without groups.
   /// @param collections  in the document's order; of equal ids, or equal names, only the first is
   ///                     kept
-  static std::shared_ptr<PointDocument> create(std::vector<PointCollection> collections = {});
+  /// @param repeated     receives the elements that are not kept; may be null
+  static std::shared_ptr<PointDocument> create(std::vector<PointCollection> collections = {},
+                                               std::vector<Repeated>* repeated = nullptr);
 
   /// For create() only.
-  PointDocument(Private, std::vector<PointCollection> collections);
+  PointDocument(Private, std::vector<PointCollection> collections, std::vector<Repeated>* repeated);
 
   PointDocument(const PointDocument&) = delete;
   PointDocument& operator=(const PointDocument&) = delete;
@@ -45,12 +55,10 @@ public:
   const PointCollection* find(const GUIdentifier& id) const;
 
   /// The element with exactly that name, or null; valid as long as the document.
-  const PointCollection* findByName(const std::string& name) const;
+  const PointCollection* findByName(std::string_view name) const;
 
-  /// The order that a command of createMoveCommand() would make; the present one if nothing moves.
-  std::vector<GUIdentifier> orderAfterMove(const GUIdentifier& target,
-                                           const std::vector<GUIdentifier>& elements,
-                                           bool insertBefore) const;
+  /// All elements, in no particular order.
+  const std::vector<PointCollection>& collections() const noexcept { return m_collections; }
 
   /// Makes a command that changes the document's order, of grouped and ungrouped elements alike.
   /// Elements that are given twice count once; unknown ones are ignored. If the target is one of
@@ -64,8 +72,9 @@ public:
   std::string getElementName(const GUIdentifier& element) override;
 
 private:
-  std::unordered_map<GUIdentifier, PointCollection> m_collections;
-  std::unordered_map<std::string, GUIdentifier> m_idsByName;
+  std::vector<PointCollection> m_collections; ///< never changed: the maps point into it
+  std::unordered_map<GUIdentifier, const PointCollection*> m_byId;
+  std::unordered_map<std::string_view, const PointCollection*> m_byName;
 };
 
 }

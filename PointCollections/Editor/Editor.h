@@ -3,6 +3,8 @@
 
 #include "CommandPattern/CommandHistory.h"
 #include "PointCollections/Document/PointDocument.h"
+#include "PointCollections/Editor/GroupEdit.h"
+#include "PointCollections/Editor/MemoryReserve.h"
 #include "PointCollections/Files/Files.h"
 
 #include <cstddef>
@@ -10,6 +12,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace Tarvik::PointCollections {
 
@@ -28,12 +31,20 @@ OpenedDocument openDocument(Files& files, const std::filesystem::path& file);
 
 /// The open document, its history, and the project file that it is saved in.
 ///
-/// Change the document only by commands that the history executes. Opening another document starts
-/// a new history. The clean mark of the history is the state that was opened or saved last.
+/// Change the document only through execute() and the history. Opening another document starts a
+/// new history. The clean mark of the history is the state that was opened or saved last.
+///
+/// Memory: a step keeps what it changed. The history forgets the oldest steps when they take more
+/// than its budget, and half of them when a change fails because there is not enough memory: the
+/// change is then tried once more. Memory is held in reserve so that the document can be saved even
+/// then.
 class Editor {
 public:
-  /// How many steps can be undone. Each keeps two lists of groups, so memory sets a limit.
+  /// How many steps can be undone at most.
   static constexpr std::size_t historyLimit = 1000;
+
+  /// How many bytes all steps take at most, unless setHistoryBudget() says otherwise.
+  static constexpr std::size_t historyBudget = std::size_t(256) << 20U;
 
   /// What saving would overwrite that the user has not seen.
   enum class OverwriteRisk {
@@ -62,6 +73,22 @@ public:
   const CommandHistory& history() const { return m_history; }
   Files& files() const { return *m_files; }
 
+  /// Makes a change that can be undone.
+  /// @return whether anything has changed; if not, there is no new step, and nothing is unsaved
+  /// @throws UserError if there would not be enough memory to save it, and whatever the command
+  ///         throws; nothing has changed then
+  bool execute(EditRequest request);
+
+  /// Changes how many bytes all steps take at most. The last step is always kept.
+  void setHistoryBudget(std::size_t bytes);
+
+  /// How many of the oldest steps of this document have been forgotten.
+  std::size_t forgottenSteps() const { return m_forgottenSteps; }
+
+  /// How many steps have been forgotten for want of memory since this was asked last. The user is
+  /// to be told.
+  std::size_t takeStepsForgottenInNeed() { return std::exchange(m_forgottenInNeed, 0); }
+
   bool hasUnsavedChanges() const { return !m_history.isClean(); }
 
   /// Replaces the document. Unsaved changes are lost.
@@ -69,18 +96,29 @@ public:
 
   /// What save() would overwrite. Ask before you save.
   /// @throws UserError if the document's own file cannot be read
-  OverwriteRisk overwriteRisk(const std::filesystem::path& file) const;
+  OverwriteRisk overwriteRisk(const std::filesystem::path& file);
 
-  /// Saves the document as a project. The file becomes the document's own.
-  /// @throws UserError if that fails; nothing has changed then, as Files::write() describes
+  /// Saves the document as a project. The file becomes the document's own. When there is not enough
+  /// memory, uses the reserve, and then forgets steps of the history.
+  /// @throws UserError if that fails; nothing else has changed then, as Files::write() describes
   void save(const std::filesystem::path& file);
 
 private:
+  void saveOnce(const std::filesystem::path& file);
   bool hasFileChanged() const;
+  bool forgetSteps();
+  bool holdReserve();
+
+  template <class Action>
+  void withAllMemory(Action action);
 
   OpenedDocument m_opened;
   std::shared_ptr<Files> m_files;
   CommandHistory m_history = CommandHistory(historyLimit);
+  std::size_t m_forgottenSteps = 0;
+  std::size_t m_forgottenInNeed = 0;
+  std::size_t m_sizeOfElements; ///< in the project, in bytes
+  MemoryReserve m_reserve;      ///< enough to save the document
 };
 
 /// The open document in a few words: "cities.tkpc: 418 elements with 418 points in 3 groups".

@@ -11,7 +11,6 @@
 #include <algorithm>
 #include <cstdint>
 #include <fstream>
-#include <new>
 #include <system_error>
 
 namespace Tarvik::PointCollections {
@@ -62,15 +61,11 @@ std::uintmax_t sizeToRead(const fs::path& file)
 std::vector<std::byte> readFirst(const fs::path& file, std::uintmax_t size)
 {
   auto stream = openText(file);
-  try {
-    std::vector<std::byte> bytes(static_cast<std::size_t>(size));
-    stream.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(size));
-    if (static_cast<std::uintmax_t>(stream.gcount()) != size)
-      fail(file, "reading the file failed");
-    return bytes;
-  } catch (const std::bad_alloc&) {
-    fail(file, fmt::format("there is not enough memory for the {} bytes of this file", size));
-  }
+  std::vector<std::byte> bytes(static_cast<std::size_t>(size));
+  stream.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(size));
+  if (static_cast<std::uintmax_t>(stream.gcount()) != size)
+    fail(file, "reading the file failed");
+  return bytes;
 }
 
 class DiskFiles : public Files {

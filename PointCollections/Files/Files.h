@@ -18,7 +18,7 @@ struct FileStart {
 };
 
 /// Where documents are read and saved: the disk, or something else in tests. Failures are
-/// UserErrors that name the file.
+/// UserErrors that name the file, or std::bad_alloc when there is not enough memory.
 class Files {
 public:
   Files() = default;

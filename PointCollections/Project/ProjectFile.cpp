@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <new>
 #include <string_view>
@@ -25,71 +26,77 @@ namespace {
 
 /// A document as it is saved in an archive.
 struct PointProject {
-  std::vector<PointCollection> collections;
-  std::vector<TKGroup<GUIdentifier>> groups;
+  std::shared_ptr<PointDocument> document; ///< null until it is loaded
 
   static void serialization_register(void* out);
 };
 
-/// Checks the elements and groups of a project one after the other. Also used for saving: a file
-/// that cannot be loaded must not replace one that can.
-class ProjectChecker {
-public:
-  /// @param position  of the element in the archive
-  /// @throws ArchiveError if it is invalid, or has the id or name of an earlier one
-  void check(const PointCollection& collection, std::uint64_t position)
-  {
-    m_position = position;
-    checkId(collection.id, m_ids, "an element");
-    if (collection.name.empty())
-      refuse("expected the name of an element, found an empty one");
-    checkText(collection.name, "an element");
-    if (!m_names.insert(collection.name).second)
-      refuse("expected each name once, found a second element " + displayName(collection.name));
-    if (!std::ranges::all_of(collection.points, &ProjectChecker::isFinite))
-      refuse("expected finite coordinates, found others in " + displayName(collection.name));
-  }
+/// @param position  of what is wrong in the archive
+[[noreturn]] void refuse(std::uint64_t position, const std::string& message)
+{
+  throw ArchiveError(static_cast<std::size_t>(position), message);
+}
 
-  /// @param position  of the group in the archive
-  /// @throws ArchiveError if it is invalid, or has the id of an earlier one
+template <class Id>
+void checkId(const Id& id, const std::string& owner, std::uint64_t position)
+{
+  if (!id.isValid())
+    refuse(position, "expected the id of " + owner + ", found the invalid one");
+}
+
+void checkText(const std::string& name, const std::string& owner, std::uint64_t position)
+{
+  if (Utf8::findInvalid(name) != std::string_view::npos || name.find('\0') != std::string::npos)
+    refuse(position,
+           "expected the name of " + owner + " in UTF-8 without NUL, found " + displayName(name));
+}
+
+bool isFinite(const Point& point)
+{
+  return std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z);
+}
+
+/// Also used for saving: a file that cannot be loaded must not replace one that can.
+/// @throws ArchiveError if the element is invalid in itself
+void check(const PointCollection& collection, std::uint64_t position)
+{
+  checkId(collection.id, "an element", position);
+  if (collection.name.empty())
+    refuse(position, "expected the name of an element, found an empty one");
+  checkText(collection.name, "an element", position);
+  if (!std::ranges::all_of(collection.points, isFinite))
+    refuse(position,
+           "expected finite coordinates, found others in " + displayName(collection.name));
+}
+
+/// Checks groups one after the other, for saving too.
+class GroupChecker {
+public:
+  /// @throws ArchiveError if the group is invalid, or has the id of an earlier one
   void check(const TKGroup<GUIdentifier>& group, std::uint64_t position)
   {
-    m_position = position;
-    checkId(group.getId(), m_groupIds, "a group");
-    checkText(group.getName(), "a group");
+    checkId(group.getId(), "a group", position);
+    if (!m_ids.insert(group.getId()).second)
+      refuse(position,
+             "expected each id once, found a group with " + group.getId().toString() + " again");
+    checkText(group.getName(), "a group", position);
   }
 
 private:
-  static bool isFinite(const Point& point)
-  {
-    return std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z);
-  }
-
-  template <class Id>
-  void checkId(const Id& id, std::unordered_set<Id>& known, const std::string& owner)
-  {
-    if (!id.isValid())
-      refuse("expected the id of " + owner + ", found the invalid one");
-    if (!known.insert(id).second)
-      refuse("expected each id once, found " + owner + " with " + id.toString() + " again");
-  }
-
-  void checkText(const std::string& name, const std::string& owner) const
-  {
-    if (Utf8::findInvalid(name) != std::string_view::npos || name.find('\0') != std::string::npos)
-      refuse("expected the name of " + owner + " in UTF-8 without NUL, found " + displayName(name));
-  }
-
-  [[noreturn]] void refuse(const std::string& message) const
-  {
-    throw ArchiveError(static_cast<std::size_t>(m_position), message);
-  }
-
-  std::uint64_t m_position = 0;
-  std::unordered_set<GUIdentifier> m_ids;
-  std::unordered_set<std::string> m_names;
-  std::unordered_set<Identifier> m_groupIds;
+  std::unordered_set<Identifier> m_ids;
 };
+
+/// @param document  has an element with the same id or name
+[[noreturn]] void refuseRepeated(const PointDocument& document,
+                                 const PointCollection& collection,
+                                 std::uint64_t position)
+{
+  if (document.find(collection.id) != nullptr)
+    refuse(position,
+           "expected each id once, found an element with " + collection.id.toString() + " again");
+  refuse(position,
+         "expected each name once, found a second element " + displayName(collection.name));
+}
 
 void saveCount(PersistenceArchiver& archive, std::size_t count)
 {
@@ -129,35 +136,55 @@ PointCollection loadCollection(PersistenceArchiver& archive)
 
 void save(PersistenceArchiver& archive, const PointProject& project, unsigned int /*version*/)
 {
-  ProjectChecker checker;
-  saveCount(archive, project.collections.size());
-  for (const auto& collection : project.collections) {
-    checker.check(collection, archive.tellp());
+  auto& document = *project.document;
+  saveCount(archive, document.order().size());
+  for (const auto& id : document.order()) {
+    const auto& collection = *document.find(id);
+    check(collection, archive.tellp());
     saveCollection(archive, collection);
   }
-  saveCount(archive, project.groups.size());
-  for (const auto& group : project.groups) {
+  saveCount(archive, document.getGroups().size());
+  GroupChecker checker;
+  for (const auto& group : document.getGroups()) {
     checker.check(group, archive.tellp());
     archive << group;
   }
 }
 
-void load(PersistenceArchiver& archive, PointProject& project, unsigned int /*version*/)
+std::shared_ptr<PointDocument> loadCollections(PersistenceArchiver& archive)
 {
-  ProjectChecker checker;
+  std::vector<PointCollection> collections;
+  std::vector<std::uint64_t> positions;
   for (auto count = loadCount(archive); count > 0; --count) {
-    const auto position = archive.tellg();
-    checker.check(project.collections.emplace_back(loadCollection(archive)), position);
+    positions.push_back(archive.tellg());
+    check(collections.emplace_back(loadCollection(archive)), positions.back());
   }
-  project.groups.resize(loadCount(archive));
-  for (auto& group : project.groups) {
+  std::vector<PointDocument::Repeated> repeated;
+  auto document = PointDocument::create(std::move(collections), &repeated);
+  if (!repeated.empty())
+    refuseRepeated(*document, repeated.front().collection, positions[repeated.front().index]);
+  return document;
+}
+
+std::vector<TKGroup<GUIdentifier>> loadGroups(PersistenceArchiver& archive)
+{
+  std::vector<TKGroup<GUIdentifier>> groups(loadCount(archive));
+  GroupChecker checker;
+  for (auto& group : groups) {
     const auto position = archive.tellg();
     archive >> group;
     checker.check(group, position);
   }
+  return groups;
+}
+
+void load(PersistenceArchiver& archive, PointProject& project, unsigned int /*version*/)
+{
+  auto document = loadCollections(archive);
+  document->setGroups(loadGroups(archive));
   if (!archive.isAtEnd())
-    throw ArchiveError(static_cast<std::size_t>(archive.tellg()),
-                       "expected the end of the project, found more; the archive is damaged");
+    refuse(archive.tellg(), "expected the end of the project, found more; the archive is damaged");
+  project.document = std::move(document);
 }
 
 const BaseClassRegister* registeredRecord()
@@ -189,25 +216,15 @@ std::string messageOf(const ArchiveError& error)
   return printable(abbreviated(text, longest));
 }
 
-PointProject projectOf(PointDocument& document)
-{
-  PointProject project;
-  project.collections.reserve(document.order().size());
-  for (const auto& id : document.order())
-    project.collections.push_back(*document.find(id));
-  project.groups = document.getGroups();
-  return project;
-}
-
-PointProject projectIn(std::span<const std::byte> bytes)
+std::shared_ptr<PointDocument> documentIn(std::span<const std::byte> bytes)
 {
   PersistenceArchiver archive(bytes);
   PointProject project;
   archive >> project;
   if (!archive.isAtEnd())
-    throw ArchiveError(static_cast<std::size_t>(archive.tellg()),
-                       "expected a project and nothing else, found more; the archive is damaged");
-  return project;
+    refuse(archive.tellg(),
+           "expected a project and nothing else, found more; the archive is damaged");
+  return project.document;
 }
 
 }
@@ -221,13 +238,11 @@ std::vector<std::byte> saveProject(PointDocument& document)
 {
   try {
     PersistenceArchiver archive;
-    archive << projectOf(document);
+    archive << PointProject{document.shared_from_this()};
     const auto bytes = archive.finish();
     return {bytes.begin(), bytes.end()};
   } catch (const ArchiveError& error) {
     throw UserError("the document cannot be saved: " + messageOf(error));
-  } catch (const std::bad_alloc&) {
-    throw UserError("the document cannot be saved: there is not enough memory for a copy of it");
   }
 }
 
@@ -242,14 +257,31 @@ void checkProjectStart(std::span<const std::byte> start,
   }
 }
 
+std::size_t savedSizeOfElements(const PointDocument& document) noexcept
+{
+  constexpr std::size_t frames = 1024; // of the archive and the project, and the class table
+  constexpr std::size_t idAndLengths = 24;
+  std::size_t size = frames;
+  for (const auto& [id, name, points] : document.collections())
+    size += idAndLengths + name.size() + points.size() * sizeof(Point);
+  return size;
+}
+
+std::size_t savedSizeOfGroups(PointDocument& document) noexcept
+{
+  constexpr std::size_t framesAndId = 128;
+  std::size_t size = 0;
+  for (const auto& group : document.getGroups())
+    size += framesAndId + group.getName().size() +
+            group.getGroupMembers().size() * sizeof(GUIdentifier);
+  return size;
+}
+
 std::shared_ptr<PointDocument> loadProject(std::span<const std::byte> bytes,
                                            const std::string& name)
 {
   try {
-    auto project = projectIn(bytes);
-    auto document = PointDocument::create(std::move(project.collections));
-    document->setGroups(project.groups);
-    return document;
+    return documentIn(bytes);
   } catch (const ArchiveError& error) {
     throw UserError(fmt::format("{}, {}", name, messageOf(error)));
   } catch (const std::bad_alloc&) {

@@ -30,7 +30,8 @@ constexpr auto projectExtension = ".tkpc";
 bool isProjectName(const std::filesystem::path& file);
 
 /// The document as the bytes of a project file.
-/// @throws UserError if loadProject() would refuse the document, or it is too large
+/// @throws UserError if loadProject() would refuse the document, or it is too large; std::bad_alloc
+///         if there is not enough memory
 std::vector<std::byte> saveProject(PointDocument& document);
 
 /// How many bytes checkProjectStart() needs.
@@ -44,6 +45,10 @@ constexpr std::size_t projectStartSize = 20;
 void checkProjectStart(std::span<const std::byte> start,
                        std::uint64_t size,
                        const std::string& name);
+
+/// How many bytes the elements, or the groups, take in a project at most.
+std::size_t savedSizeOfElements(const PointDocument& document) noexcept;
+std::size_t savedSizeOfGroups(PointDocument& document) noexcept;
 
 /// The document in a project file.
 /// @param bytes  of the file; may be anything

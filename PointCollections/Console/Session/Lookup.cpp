@@ -9,9 +9,10 @@
 
 #include <algorithm>
 #include <charconv>
-#include <iterator>
 #include <limits>
+#include <string_view>
 #include <system_error>
+#include <unordered_map>
 #include <unordered_set>
 
 namespace Tarvik::PointCollections {
@@ -32,20 +33,64 @@ std::size_t givenPlace(const Word& word, std::size_t groups)
   return place - 1;
 }
 
-[[noreturn]] void refuseAmbiguous(const std::string& name, const std::vector<std::string>& names)
-{
-  std::string places;
-  for (std::size_t i = 0; i < names.size(); ++i) {
-    if (names[i] == name)
-      places += fmt::format("{}@{}", places.empty() ? "" : " or ", i + 1);
+/// The groups that some words name, found in one pass over the list of groups.
+class NamedGroups {
+public:
+  /// The words must outlive this. Valid until the list of groups changes.
+  NamedGroups(PointDocument& document, std::span<const Word> words) : m_document(document)
+  {
+    for (const Word& word : words) {
+      if (!isPlace(word))
+        m_indices.try_emplace(word.text);
+    }
+    const auto& groups = document.getGroups();
+    for (std::size_t i = 0; i < groups.size() && !m_indices.empty(); ++i) {
+      const auto found = m_indices.find(groups[i].getName());
+      if (found != m_indices.end())
+        found->second.push_back(i);
+    }
   }
-  throw UserError(fmt::format(
-      "{} is the name of {}; write {} to say which you mean", displayName(name),
-      pluralize(static_cast<std::size_t>(std::count(names.begin(), names.end(), name)), "group"),
-      places));
-}
 
-using WordIterator = std::vector<Word>::const_iterator;
+  /// @param word  one of those words
+  /// @throws UserError as groupIndex()
+  std::size_t indexOf(const Word& word) const
+  {
+    if (isPlace(word))
+      return givenPlace(word, m_document.getGroups().size());
+    const auto& indices = m_indices.at(word.text);
+    if (indices.empty())
+      refuseUnknown(word.text);
+    if (indices.size() > 1)
+      refuseAmbiguous(word.text, indices);
+    return indices.front();
+  }
+
+private:
+  [[noreturn]] void refuseUnknown(const std::string& name) const
+  {
+    const auto names = groupNames(m_document);
+    throw UserError(fmt::format(
+        "there is no group named {}{}", displayName(name),
+        suggestion(name, names, names.empty() ? "create makes one" : "show lists the groups")));
+  }
+
+  [[noreturn]] static void refuseAmbiguous(const std::string& name,
+                                           const std::vector<std::size_t>& indices)
+  {
+    constexpr std::size_t mostPlaces = 10;
+    std::string places;
+    for (std::size_t i = 0; i < std::min(indices.size(), mostPlaces); ++i)
+      places += fmt::format("{}@{}", i == 0 ? "" : " or ", indices[i] + 1);
+    throw UserError(fmt::format("{} is the name of {}; write {}{} to say which you mean",
+                                displayName(name), pluralize(indices.size(), "group"), places,
+                                indices.size() > mostPlaces ? " or another place" : ""));
+  }
+
+  PointDocument& m_document;
+  std::unordered_map<std::string_view, std::vector<std::size_t>> m_indices; ///< by name
+};
+
+using WordIterator = std::span<const Word>::iterator;
 
 /// Reports a name with blanks that was typed without quotes.
 void checkForMissingQuotes(const PointDocument& document, WordIterator word, WordIterator end)
@@ -93,19 +138,7 @@ std::vector<std::string> memberNames(PointDocument& document)
 
 std::size_t groupIndex(PointDocument& document, const Word& word)
 {
-  const auto names = groupNames(document);
-  if (isPlace(word))
-    return givenPlace(word, names.size());
-
-  const auto found = std::find(names.begin(), names.end(), word.text);
-  if (found == names.end())
-    throw UserError(
-        fmt::format("there is no group named {}{}", displayName(word.text),
-                    suggestion(word.text, names,
-                               names.empty() ? "create makes one" : "show lists the groups")));
-  if (std::find(std::next(found), names.end(), word.text) != names.end())
-    refuseAmbiguous(word.text, names);
-  return static_cast<std::size_t>(found - names.begin());
+  return NamedGroups(document, {&word, 1}).indexOf(word);
 }
 
 const TKGroup<GUIdentifier>& groupNamed(PointDocument& document, const Word& word)
@@ -113,16 +146,29 @@ const TKGroup<GUIdentifier>& groupNamed(PointDocument& document, const Word& wor
   return document.getGroups()[groupIndex(document, word)];
 }
 
-std::vector<Identifier> groupsNamed(PointDocument& document, const std::vector<Word>& words)
+std::vector<const TKGroup<GUIdentifier>*> groupsNamed(PointDocument& document,
+                                                      std::span<const Word> words)
+{
+  const NamedGroups named(document, words);
+  std::vector<bool> isGiven(document.getGroups().size());
+  std::vector<const TKGroup<GUIdentifier>*> groups;
+  for (const Word& word : words) {
+    const std::size_t index = named.indexOf(word);
+    groups.push_back(&document.getGroups()[index]);
+    if (isGiven[index])
+      throw UserError(fmt::format("{} is given twice; name each group once",
+                                  displayName(groups.back()->getName())));
+    isGiven[index] = true;
+  }
+  return groups;
+}
+
+std::vector<Identifier> idsOf(const std::vector<const TKGroup<GUIdentifier>*>& groups)
 {
   std::vector<Identifier> ids;
-  for (const Word& word : words) {
-    const auto& group = groupNamed(document, word);
-    if (std::find(ids.begin(), ids.end(), group.getId()) != ids.end())
-      throw UserError(
-          fmt::format("{} is given twice; name each group once", displayName(group.getName())));
-    ids.push_back(group.getId());
-  }
+  ids.reserve(groups.size());
+  for (const auto* group : groups)
+    ids.push_back(group->getId());
   return ids;
 }
 
@@ -136,11 +182,11 @@ GUIdentifier elementNamed(const PointDocument& document, const Word& word)
   return found->id;
 }
 
-std::vector<GUIdentifier> elementsNamed(const PointDocument& document,
-                                        const std::vector<Word>& words)
+std::vector<GUIdentifier> elementsNamed(const PointDocument& document, std::span<const Word> words)
 {
   std::vector<GUIdentifier> elements;
-  std::unordered_set<GUIdentifier> seen;
+  elements.reserve(words.size());
+  std::unordered_set<GUIdentifier> seen(words.size());
   for (auto word = words.begin(); word != words.end(); ++word) {
     if (document.findByName(word->text) == nullptr)
       checkForMissingQuotes(document, word, words.end());

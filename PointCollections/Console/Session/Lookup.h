@@ -7,6 +7,7 @@
 #include "PointCollections/Document/PointDocument.h"
 
 #include <cstddef>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -31,9 +32,13 @@ std::size_t groupIndex(PointDocument& document, const Word& word);
 /// @throws UserError as groupIndex()
 const TKGroup<GUIdentifier>& groupNamed(PointDocument& document, const Word& word);
 
-/// The ids of the groups that the words name, in that order.
+/// The groups that the words name, in that order; valid until the list of groups changes.
 /// @throws UserError as groupIndex(), or if a group is given twice
-std::vector<Identifier> groupsNamed(PointDocument& document, const std::vector<Word>& words);
+std::vector<const TKGroup<GUIdentifier>*> groupsNamed(PointDocument& document,
+                                                      std::span<const Word> words);
+
+/// The ids of groups, in the same order.
+std::vector<Identifier> idsOf(const std::vector<const TKGroup<GUIdentifier>*>& groups);
 
 /// The element with that name.
 /// @throws UserError if there is none
@@ -41,8 +46,7 @@ GUIdentifier elementNamed(const PointDocument& document, const Word& word);
 
 /// The elements with those names, in that order.
 /// @throws UserError if there is none with a name, or a name is given twice
-std::vector<GUIdentifier> elementsNamed(const PointDocument& document,
-                                        const std::vector<Word>& words);
+std::vector<GUIdentifier> elementsNamed(const PointDocument& document, std::span<const Word> words);
 
 /// The whole number that the word gives, at least 1. A number that is too large for the result
 /// gives the largest value.

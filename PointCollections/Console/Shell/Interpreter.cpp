@@ -3,8 +3,14 @@
 
 #include "PointCollections/Console/Text/Words.h"
 #include "PointCollections/Console/Verbs/AllVerbs.h"
+#include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/UserError.h"
+
+#include <fmt/format.h>
 
 #include <algorithm>
+#include <new>
+#include <span>
 
 namespace Tarvik::PointCollections {
 namespace {
@@ -13,6 +19,14 @@ std::string_view withoutLeadingBlanks(std::string_view line)
 {
   line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
   return line;
+}
+
+/// What the history has lost for want of memory; empty if there is nothing to tell.
+std::string lossOf(Editor& editor)
+{
+  const auto steps = editor.takeStepsForgottenInNeed();
+  return steps == 0 ? std::string()
+                    : pluralize(steps, "step") + " can no longer be undone or redone";
 }
 
 }
@@ -40,7 +54,16 @@ std::string runLine(Session& session, std::string_view line)
     return {};
   const auto words = splitWords(line);
   const Verb& verb = verbNamed(allVerbs(), words.front().text);
-  return verb.run(session, Arguments(verb, {words.begin() + 1, words.end()}));
+  try {
+    auto answer = verb.run(session, Arguments(verb, std::span(words).subspan(1)));
+    if (const auto loss = lossOf(session.editor); !loss.empty())
+      answer += fmt::format("{}There was not enough memory: {}.", answer.empty() ? "" : "\n", loss);
+    return answer;
+  } catch (const std::bad_alloc&) {
+    const auto loss = lossOf(session.editor);
+    throw UserError(
+        fmt::format("there is not enough memory for this{}{}", loss.empty() ? "" : "; ", loss));
+  }
 }
 
 }

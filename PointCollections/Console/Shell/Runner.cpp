@@ -10,6 +10,7 @@
 
 #include <cstddef>
 #include <exception>
+#include <new>
 #include <optional>
 
 namespace Tarvik::PointCollections {
@@ -30,6 +31,8 @@ bool runAndReport(Transcript& transcript, const std::string& where, Action&& act
     return true;
   } catch (const UserError& error) {
     transcript.error(where, error.what());
+  } catch (const std::bad_alloc&) { // no text can be put together
+    transcript.error(where, "there is not enough memory for this");
   } catch (const std::exception& error) {
     transcript.error(where, fmt::format("this could not be done: {}", error.what()));
   }

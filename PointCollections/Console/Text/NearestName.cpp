@@ -22,26 +22,52 @@ std::u32string folded(std::string_view text)
   return result;
 }
 
-/// How many insertions, deletions, replacements and swaps of neighbours turn one into the other.
-std::size_t editDistance(const std::u32string& a, const std::u32string& b)
+/// Whether a text of so many bytes, one to four for each character, may have a length from
+/// `least` to `most`.
+bool mayHaveLength(std::string_view text, std::size_t least, std::size_t most)
 {
+  return text.size() >= least && text.size() <= 4 * most;
+}
+
+/// Drops the characters that both texts start and end with. The distance stays the same.
+void dropCommonEnds(std::u32string_view& a, std::u32string_view& b)
+{
+  const auto starts = std::mismatch(a.begin(), a.end(), b.begin(), b.end());
+  a.remove_prefix(static_cast<std::size_t>(starts.first - a.begin()));
+  b.remove_prefix(static_cast<std::size_t>(starts.second - b.begin()));
+  const auto ends = std::mismatch(a.rbegin(), a.rend(), b.rbegin(), b.rend());
+  a.remove_suffix(static_cast<std::size_t>(ends.first - a.rbegin()));
+  b.remove_suffix(static_cast<std::size_t>(ends.second - b.rbegin()));
+}
+
+/// How many insertions, deletions, replacements and swaps of neighbours turn one into the other;
+/// `limit` if there are that many or more. Most names differ early, and take a few rows only.
+std::size_t editDistance(std::u32string_view a, std::u32string_view b, std::size_t limit)
+{
+  dropCommonEnds(a, b);
   Row beforeLast{};
   Row last{};
   Row current{};
   for (std::size_t j = 0; j <= b.size(); ++j)
     last[j] = j;
+  std::size_t leastOfLast = 0;
   for (std::size_t i = 1; i <= a.size(); ++i) {
     current[0] = i;
+    std::size_t least = i;
     for (std::size_t j = 1; j <= b.size(); ++j) {
       const std::size_t replaced = last[j - 1] + (a[i - 1] == b[j - 1] ? 0 : 1);
       current[j] = std::min({last[j] + 1, current[j - 1] + 1, replaced});
       if (i > 1 && j > 1 && a[i - 1] == b[j - 2] && a[i - 2] == b[j - 1])
         current[j] = std::min(current[j], beforeLast[j - 2] + 1);
+      least = std::min(least, current[j]);
     }
+    if (least >= limit && leastOfLast + 1 >= limit) // a later row is made of these two
+      return limit;
+    leastOfLast = least;
     beforeLast = last;
     last = current;
   }
-  return last[b.size()];
+  return std::min(last[b.size()], limit);
 }
 
 std::size_t lengthDifference(const std::u32string& a, const std::u32string& b)
@@ -63,12 +89,12 @@ std::optional<std::string> nearestName(std::string_view word,
   std::size_t best = most + 1;
   std::optional<std::string> result;
   for (const std::string& candidate : candidates) {
-    if (candidate.size() > 4 * longestWord)
+    if (!mayHaveLength(candidate, wanted.size() - most, longestWord))
       continue;
     const auto name = folded(candidate);
     if (name.size() > longestWord || lengthDifference(name, wanted) >= best)
       continue;
-    const std::size_t distance = editDistance(wanted, name);
+    const std::size_t distance = editDistance(wanted, name, best);
     if (distance < best && distance < std::max<std::size_t>(1, name.size())) {
       best = distance;
       result = candidate;

@@ -3,6 +3,7 @@
 #include "PointCollections/Console/Session/Lookup.h"
 #include "PointCollections/Console/Verbs/EachVerb.h"
 #include "PointCollections/Console/Verbs/Movement.h"
+#include "PointCollections/Console/Verbs/Subject.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
 
@@ -57,25 +58,6 @@ int insertIndex(PointDocument& document,
   return atTheEnd;
 }
 
-/// Whether the elements are already in the group, directly before that place or from it on.
-bool areInPlace(PointDocument& document,
-                const TKGroup<GUIdentifier>& group,
-                const std::vector<GUIdentifier>& elements,
-                int index)
-{
-  if (!std::all_of(elements.begin(), elements.end(),
-                   [&](const auto& id) { return document.holderOf(id) == &group; }))
-    return false;
-  const auto& members = group.getGroupMembers();
-  const auto place = index == atTheEnd ? members.size() : static_cast<std::size_t>(index);
-  const auto areFrom = [&](std::size_t start) {
-    return std::equal(elements.begin(), elements.end(),
-                      members.begin() + static_cast<std::ptrdiff_t>(start));
-  };
-  return (place >= elements.size() && areFrom(place - elements.size())) ||
-         (place + elements.size() <= members.size() && areFrom(place));
-}
-
 std::string add(Session& session, const Arguments& arguments)
 {
   auto& document = *session.editor.document();
@@ -85,14 +67,21 @@ std::string add(Session& session, const Arguments& arguments)
   const int index = insertIndex(document, group, arguments);
   if (elements.empty())
     return fmt::format("Nothing to add; {} stays as it is.", name);
-  if (areInPlace(document, group, elements, index))
-    return "Nothing to add; this is the order already.";
 
   const auto movement = describeMovement(document, elements, &group);
-  auto command = std::make_shared<AddToTKGroupCmd<GUIdentifier>>(session.editor.document(),
-                                                                 elements, group.getId());
-  command->setInsertIndex(index);
-  session.editor.history().execute(command);
+  auto subject = subjectOf(document, elements) + " → " + name;
+  const bool hasChanged = session.editor.execute(
+      {.context = "AddToTKGroupCmd",
+       .text = "Add to Group",
+       .makeCommand =
+           [&, id = group.getId()](auto provider) {
+             auto command = std::make_shared<AddToTKGroupCmd<GUIdentifier>>(provider, elements, id);
+             command->setInsertIndex(index);
+             return command;
+           },
+       .subject = [&] { return subject; }});
+  if (!hasChanged)
+    return "Nothing to add; this is the order already.";
   return fmt::format("Added {} to {}{}.", pluralize(elements.size(), "element"), name, movement);
 }
 

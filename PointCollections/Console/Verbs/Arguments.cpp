@@ -36,7 +36,7 @@ const Option& findOption(const Verb& verb, const Word& word)
 
 }
 
-Arguments::Arguments(const Verb& verb, const std::vector<Word>& words)
+Arguments::Arguments(const Verb& verb, std::span<const Word> words)
 {
   for (auto word = words.begin(); word != words.end(); ++word) {
     if (!isOption(*word)) {
@@ -58,10 +58,9 @@ Arguments::Arguments(const Verb& verb, const std::vector<Word>& words)
   checkCount(verb);
 }
 
-std::vector<Word> Arguments::from(std::size_t index) const
+std::span<const Word> Arguments::from(std::size_t index) const
 {
-  const auto start = std::min(index, m_words.size());
-  return {m_words.begin() + static_cast<std::ptrdiff_t>(start), m_words.end()};
+  return std::span(m_words).subspan(std::min(index, m_words.size()));
 }
 
 void Arguments::checkCount(const Verb& verb) const

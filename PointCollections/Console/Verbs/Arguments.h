@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <map>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -18,7 +19,7 @@ public:
   /// A word that starts with -- and is not quoted is an option.
   /// @throws UserError if an option is unknown, given twice or without its value, or there are too
   ///         few or too many arguments
-  Arguments(const Verb& verb, const std::vector<Word>& words);
+  Arguments(const Verb& verb, std::span<const Word> words);
 
   /// How many arguments there are, not counting options.
   std::size_t count() const { return m_words.size(); }
@@ -27,8 +28,8 @@ public:
   /// @throws std::out_of_range if there is none
   const Word& at(std::size_t index) const { return m_words.at(index); }
 
-  /// The arguments from an index on; none if it is greater than the last.
-  std::vector<Word> from(std::size_t index) const;
+  /// The arguments from an index on; none if it is greater than the last. Valid as long as this.
+  std::span<const Word> from(std::size_t index) const;
 
   bool has(const std::string& option) const { return m_options.contains(option); }
 

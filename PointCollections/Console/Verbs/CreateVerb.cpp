@@ -17,8 +17,14 @@ std::string create(Session& session, const Arguments& arguments)
   const auto elements = elementsNamed(document, arguments.from(1));
   const auto movement = describeMovement(document, elements, nullptr);
 
-  session.editor.history().execute(std::make_shared<CreateTKGroupCmd<GUIdentifier>>(
-      session.editor.document(), elements, wanted));
+  session.editor.execute(
+      {.context = "CreateTKGroupCmd",
+       .text = "Create Group",
+       .makeCommand =
+           [&](auto provider) {
+             return std::make_shared<CreateTKGroupCmd<GUIdentifier>>(provider, elements, wanted);
+           },
+       .subject = [&] { return displayName(document.getGroups().back().getName()); }});
 
   const std::string& given = document.getGroups().back().getName();
   const bool isOther = given != wanted && !wanted.empty();

@@ -2,6 +2,7 @@
 #include "HighLevelServices/GroupCommands/RemoveTKGroupsCmd.h"
 #include "PointCollections/Console/Session/Lookup.h"
 #include "PointCollections/Console/Verbs/EachVerb.h"
+#include "PointCollections/Console/Verbs/Subject.h"
 #include "PointCollections/Text/Quoting.h"
 
 #include <fmt/format.h>
@@ -9,13 +10,15 @@
 namespace Tarvik::PointCollections {
 namespace {
 
+using Groups = std::vector<const TKGroup<GUIdentifier>*>;
+
 /// "Asia", "Asia and Africa", "Asia, Africa and Europe".
-std::string enumerated(PointDocument& document, const std::vector<Word>& words)
+std::string enumerated(const Groups& groups)
 {
   std::string names;
-  for (std::size_t i = 0; i < words.size(); ++i) {
-    const auto* separator = i == 0 ? "" : i + 1 == words.size() ? " and " : ", ";
-    names += separator + displayName(groupNamed(document, words[i]).getName());
+  for (std::size_t i = 0; i < groups.size(); ++i) {
+    const auto* separator = i == 0 ? "" : i + 1 == groups.size() ? " and " : ", ";
+    names += separator + displayName(groups[i]->getName());
   }
   return names;
 }
@@ -23,14 +26,22 @@ std::string enumerated(PointDocument& document, const std::vector<Word>& words)
 std::string deleteGroups(Session& session, const Arguments& arguments)
 {
   auto& document = *session.editor.document();
-  const auto ids = groupsNamed(document, arguments.from(0));
-  const auto names = enumerated(document, arguments.from(0));
-  const std::size_t ungroupedBefore = document.getUngroupedElements().size();
+  const auto groups = groupsNamed(document, arguments.from(0));
+  const auto names = enumerated(groups);
+  auto subject = subjectOf(groups);
+  const auto ids = idsOf(groups);
+  const std::size_t ungroupedBefore = document.ungroupedElements().size();
 
-  session.editor.history().execute(
-      std::make_shared<RemoveTKGroupsCmd<GUIdentifier>>(session.editor.document(), ids));
+  session.editor.execute({.context = "RemoveTKGroupsCmd",
+                          .text = "Remove Group",
+                          .makeCommand =
+                              [&](auto provider) {
+                                return std::make_shared<RemoveTKGroupsCmd<GUIdentifier>>(provider,
+                                                                                         ids);
+                              },
+                          .subject = [&] { return subject; }});
 
-  const std::size_t freed = document.getUngroupedElements().size() - ungroupedBefore;
+  const std::size_t freed = document.ungroupedElements().size() - ungroupedBefore;
   if (freed == 0)
     return fmt::format("Deleted {}.", names);
   return fmt::format("Deleted {}; {} {} ungrouped now.", names, pluralize(freed, "element"),

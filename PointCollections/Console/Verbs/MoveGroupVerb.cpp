@@ -3,7 +3,7 @@
 #include "PointCollections/Console/Session/Lookup.h"
 #include "PointCollections/Console/Verbs/EachVerb.h"
 #include "PointCollections/Console/Verbs/PlaceOption.h"
-#include "PointCollections/Document/Placement.h"
+#include "PointCollections/Console/Verbs/Subject.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
 
@@ -12,36 +12,34 @@
 namespace Tarvik::PointCollections {
 namespace {
 
-bool areInPlace(PointDocument& document,
-                const std::vector<Identifier>& ids,
-                const Identifier& target,
-                bool insertBefore)
-{
-  std::vector<Identifier> order;
-  for (const auto& group : document.getGroups())
-    order.push_back(group.getId());
-  return placedBeside(order, target, ids, insertBefore) == order;
-}
-
 std::string moveGroups(Session& session, const Arguments& arguments)
 {
   auto& document = *session.editor.document();
   const auto option = placeOptionIn(arguments);
   const bool insertBefore = option == "--before";
+  const auto side = option.substr(2);
   const auto& target = groupNamed(document, arguments.valueOf(option));
   const auto targetId = target.getId(); // a copy: the command replaces the list of groups
   const auto name = displayName(target.getName());
-  const auto ids = groupsNamed(document, arguments.from(0));
+  const auto groups = groupsNamed(document, arguments.from(0));
+  const auto ids = idsOf(groups);
   if (ids == std::vector{targetId})
     throw UserError(
         fmt::format("{} cannot go beside itself; name another group after {}", name, option));
-  if (areInPlace(document, ids, targetId, insertBefore))
-    return "Nothing to move; this is the order already.";
 
-  session.editor.history().execute(std::make_shared<MoveTKGroupsCmd<GUIdentifier>>(
-      session.editor.document(), ids, targetId, insertBefore));
-  return fmt::format("Moved {} {} {}.", pluralize(ids.size(), "group"),
-                     insertBefore ? "before" : "after", name);
+  auto subject = fmt::format("{} → {} {}", subjectOf(groups), side, name);
+  const bool hasChanged =
+      session.editor.execute({.context = "MoveTKGroupsCmd",
+                              .text = "Move Groups",
+                              .makeCommand =
+                                  [&](auto provider) {
+                                    return std::make_shared<MoveTKGroupsCmd<GUIdentifier>>(
+                                        provider, ids, targetId, insertBefore);
+                                  },
+                              .subject = [&] { return subject; }});
+  if (!hasChanged)
+    return "Nothing to move; this is the order already.";
+  return fmt::format("Moved {} {} {}.", pluralize(ids.size(), "group"), side, name);
 }
 
 }

@@ -4,6 +4,8 @@
 #include "PointCollections/Console/Verbs/EachVerb.h"
 #include "PointCollections/Console/Verbs/Movement.h"
 #include "PointCollections/Console/Verbs/PlaceOption.h"
+#include "PointCollections/Console/Verbs/Subject.h"
+#include "PointCollections/Document/MoveCollectionsCmd.h"
 #include "PointCollections/Document/Placement.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
@@ -15,18 +17,20 @@
 namespace Tarvik::PointCollections {
 namespace {
 
-/// Whether the elements are already beside the target, as the user sees it. Grouped elements have a
-/// place in the document's order too, but the user does not see them among the ungrouped ones.
+constexpr auto nothingToMove = "Nothing to move; this is the order already.";
+
+/// Whether the elements are already beside an ungrouped target, as the user sees it. Grouped
+/// elements have a place in the document's order too, but the user does not see them among the
+/// ungrouped ones.
 bool areInPlace(PointDocument& document,
                 const std::vector<GUIdentifier>& elements,
                 const GUIdentifier& target,
                 bool insertBefore)
 {
-  const auto* group = document.holderOf(target);
-  const auto order = group != nullptr ? group->getGroupMembers() : document.getUngroupedElements();
-  return std::all_of(elements.begin(), elements.end(),
-                     [&](const auto& id) { return document.holderOf(id) == group; }) &&
-         placedBeside(order, target, elements, insertBefore) == order;
+  if (!std::all_of(elements.begin(), elements.end(),
+                   [&](const auto& id) { return document.holderOf(id) == nullptr; }))
+    return false;
+  return !placementBeside(document.ungroupedElements(), target, elements, insertBefore).movesAny();
 }
 
 std::string moveElements(Session& session, const Arguments& arguments)
@@ -34,23 +38,36 @@ std::string moveElements(Session& session, const Arguments& arguments)
   auto& document = *session.editor.document();
   const auto option = placeOptionIn(arguments);
   const bool insertBefore = option == "--before";
+  const auto side = option.substr(2);
   const auto target = elementNamed(document, arguments.valueOf(option));
   const auto name = displayName(arguments.valueOf(option).text);
   const auto elements = elementsNamed(document, arguments.from(0));
   if (elements == std::vector{target})
     throw UserError(
         fmt::format("{} cannot go beside itself; name another element after {}", name, option));
-  if (areInPlace(document, elements, target, insertBefore))
-    return "Nothing to move; this is the order already.";
-
   const auto* group = document.holderOf(target);
+  if (group == nullptr && areInPlace(document, elements, target, insertBefore))
+    return nothingToMove;
+
   const auto place =
       group != nullptr ? " in " + displayName(group->getName()) : ", which is ungrouped";
   const auto movement = describeMovement(document, elements, group);
-  session.editor.history().execute(std::make_shared<MoveTKGroupElementsCmd<GUIdentifier>>(
-      session.editor.document(), elements, target, insertBefore));
-  return fmt::format("Moved {} {} {}{}{}.", pluralize(elements.size(), "element"),
-                     insertBefore ? "before" : "after", name, place, movement);
+  auto subject = fmt::format("{} → {} {}", subjectOf(document, elements), side, name);
+  const bool hasChanged = session.editor.execute(
+      {.context = "MoveTKGroupElementsCmd",
+       .text = "Move Elements",
+       .makeCommand =
+           [&](auto provider) {
+             return std::make_shared<MoveTKGroupElementsCmd<GUIdentifier>>(provider, elements,
+                                                                           target, insertBefore);
+           },
+       .subject = [&] { return subject; },
+       .bytesOfDocument =
+           group == nullptr ? MoveCollectionsCmd::bytesFor(elements.size()) : std::size_t(0)});
+  if (!hasChanged)
+    return nothingToMove;
+  return fmt::format("Moved {} {} {}{}{}.", pluralize(elements.size(), "element"), side, name,
+                     place, movement);
 }
 
 }

@@ -5,22 +5,21 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
-#include <unordered_set>
+#include <map>
 
 namespace Tarvik::PointCollections {
 
 std::vector<Origin> originsOf(PointDocument& document, const std::vector<GUIdentifier>& elements)
 {
-  std::unordered_set<GUIdentifier> left(elements.begin(), elements.end());
-  std::vector<Origin> origins;
-  for (const auto& group : document.getGroups()) {
-    const auto& members = group.getGroupMembers();
-    const auto taken = std::count_if(members.begin(), members.end(),
-                                     [&left](const auto& id) { return left.erase(id) > 0; });
-    if (taken > 0)
-      origins.push_back({&group, static_cast<std::size_t>(taken)});
+  std::map<const TKGroup<GUIdentifier>*, std::size_t> counts; // in the order of the list
+  for (const auto& element : elements) {
+    if (const auto* holder = document.holderOf(element))
+      ++counts[holder];
   }
+  std::vector<Origin> origins;
+  origins.reserve(counts.size());
+  for (const auto& [group, count] : counts)
+    origins.push_back({group, count});
   return origins;
 }
 

@@ -16,7 +16,8 @@ struct Origin {
   std::size_t elements;               ///< how many leave it
 };
 
-/// The groups that hold any of the elements. Each element counts for its first holder only.
+/// The groups that hold any of the elements, in the order of the list. Each element counts for its
+/// first holder only, and as often as it is given.
 std::vector<Origin> originsOf(PointDocument& document, const std::vector<GUIdentifier>& elements);
 
 /// The same as text: " (2 from Europe, 1 moved within it)". Empty if all elements are ungrouped.

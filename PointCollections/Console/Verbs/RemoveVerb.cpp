@@ -3,6 +3,7 @@
 #include "PointCollections/Console/Session/Lookup.h"
 #include "PointCollections/Console/Verbs/EachVerb.h"
 #include "PointCollections/Console/Verbs/Movement.h"
+#include "PointCollections/Console/Verbs/Subject.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
 
@@ -34,8 +35,14 @@ std::string removeElements(Session& session, const Arguments& arguments)
   checkAllInGroups(document, elements);
 
   const auto source = describeSource(document, elements);
-  session.editor.history().execute(
-      std::make_shared<RemoveFromTKGroupCmd<GUIdentifier>>(session.editor.document(), elements));
+  session.editor.execute({.context = "RemoveFromTKGroupCmd",
+                          .text = "Remove Point Collection(s) From Group",
+                          .makeCommand =
+                              [&](auto provider) {
+                                return std::make_shared<RemoveFromTKGroupCmd<GUIdentifier>>(
+                                    provider, elements);
+                              },
+                          .subject = [&] { return subjectOf(document, elements); }});
   return fmt::format("Removed {}{}.", pluralize(elements.size(), "element"), source);
 }
 

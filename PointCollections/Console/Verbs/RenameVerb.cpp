@@ -17,8 +17,9 @@ void checkNewName(PointDocument& document, const std::string& name)
 {
   if (name.empty())
     throw UserError("the new name is empty; a group needs one");
-  const auto taken = groupNames(document);
-  if (std::find(taken.begin(), taken.end(), name) != taken.end())
+  const auto& groups = document.getGroups();
+  if (std::any_of(groups.begin(), groups.end(),
+                  [&](const auto& group) { return group.getName() == name; }))
     throw UserError(
         fmt::format("another group has the name {}; choose one that is free", displayName(name)));
 }
@@ -33,8 +34,14 @@ std::string renameGroup(Session& session, const Arguments& arguments)
     return fmt::format("Nothing to rename; {} has this name already.", displayName(oldName));
   checkNewName(document, newName);
 
-  session.editor.history().execute(std::make_shared<RenameTKGroupCmd<GUIdentifier>>(
-      session.editor.document(), group.getId(), newName));
+  session.editor.execute(
+      {.context = "RenameTKGroupCmd",
+       .text = "Rename Group",
+       .makeCommand =
+           [&, id = group.getId()](auto provider) {
+             return std::make_shared<RenameTKGroupCmd<GUIdentifier>>(provider, id, newName);
+           },
+       .subject = [&] { return displayName(oldName) + " → " + displayName(newName); }});
   return fmt::format("Renamed {} to {}.", displayName(oldName), displayName(newName));
 }
 

@@ -10,7 +10,7 @@
 namespace Tarvik::PointCollections {
 namespace {
 
-void checkOverwriting(const Editor& editor, const std::filesystem::path& file)
+void checkOverwriting(Editor& editor, const std::filesystem::path& file)
 {
   const auto name = displayName(Utf8::fromPath(file));
   switch (editor.overwriteRisk(file)) {

@@ -53,7 +53,7 @@ Tree groupSection(const Session& session, const TKGroup<GUIdentifier>& group, st
 
 Tree ungroupedSection(const Session& session, std::size_t limit)
 {
-  return section(session, "ungrouped", session.editor.document()->getUngroupedElements(), limit);
+  return section(session, "ungrouped", session.editor.document()->ungroupedElements(), limit);
 }
 
 Tree documentTree(const Session& session, std::size_t limit)

@@ -14,8 +14,14 @@ std::string sortGroups(Session& session, const Arguments&)
   if (groups == 0)
     return "Nothing to sort; there are no groups.";
 
-  session.editor.history().execute(
-      std::make_shared<SortTKGroupsAlphabeticallyCmd<GUIdentifier>>(session.editor.document()));
+  const bool hasChanged = session.editor.execute(
+      {.context = "SortTKGroupsAlphabeticallyCmd",
+       .text = "Sort Groups",
+       .makeCommand = [](auto provider) {
+         return std::make_shared<SortTKGroupsAlphabeticallyCmd<GUIdentifier>>(provider);
+       }});
+  if (!hasChanged)
+    return "Nothing to sort; this is the order already.";
   return fmt::format("Sorted {} and {} members.", pluralize(groups, "group"),
                      groups == 1 ? "its" : "their");
 }

@@ -2,10 +2,17 @@
 #include "PointCollections/Editor/Editor.h"
 
 #include "HighLevelServices/GroupCommands/CreateTKGroupCmd.h"
+#include "HighLevelServices/GroupCommands/SortTKGroupsAlphabeticallyCmd.h"
+#include "PointCollections/Project/ProjectFile.h"
 #include "PointCollections/Support/Documents.h"
 #include "PointCollections/Support/MemoryFiles.h"
+#include "Support/Allocations.h"
 
 #include <gtest/gtest.h>
+
+#include <new>
+#include <string>
+#include <vector>
 
 namespace Tarvik::PointCollections {
 namespace {
@@ -16,8 +23,12 @@ class Editing : public ::testing::Test {
 protected:
   static void createGroup(Editor& editor, const std::string& name)
   {
-    editor.history().execute(std::make_shared<CreateTKGroupCmd<GUIdentifier>>(
-        editor.document(), std::vector<GUIdentifier>(), name));
+    editor.execute({.context = "CreateTKGroupCmd",
+                    .text = "Create Group",
+                    .makeCommand = [name](auto provider) {
+                      return std::make_shared<CreateTKGroupCmd<GUIdentifier>>(
+                          provider, std::vector<GUIdentifier>(), name);
+                    }});
   }
 
   std::string groupsIn(const std::filesystem::path& file)
@@ -123,6 +134,130 @@ TEST_F(Editing, KnowsAFileThatOthersHaveChangedByItsSize)
 
   EXPECT_EQ(m_editor.overwriteRisk("p.tkpc"), Risk::OtherChanges);
   EXPECT_EQ(m_files->wholeReads, 0);
+}
+
+bool sortGroups(Editor& editor)
+{
+  return editor.execute({.context = "SortTKGroupsAlphabeticallyCmd",
+                         .text = "Sort Groups",
+                         .makeCommand = [](auto provider) {
+                           return std::make_shared<SortTKGroupsAlphabeticallyCmd<GUIdentifier>>(
+                               provider);
+                         }});
+}
+
+TEST_F(Editing, KeepsNoStepThatChangedNothing)
+{
+  createGroup(m_editor, "G");
+  m_editor.save("p.tkpc");
+
+  EXPECT_FALSE(sortGroups(m_editor));
+
+  EXPECT_EQ(m_editor.history().entries().size(), 1U);
+  EXPECT_FALSE(m_editor.hasUnsavedChanges());
+  createGroup(m_editor, "A");
+  EXPECT_TRUE(sortGroups(m_editor));
+  EXPECT_TRUE(m_editor.hasUnsavedChanges());
+}
+
+TEST_F(Editing, KeepsSmallStepsOfALargeDocument)
+{
+  std::vector<PointCollection> elements;
+  for (int i = 0; i < 10000; ++i)
+    elements.push_back({.id = GUIdentifier(), .name = std::to_string(i), .points = {}});
+  Editor editor({PointDocument::create(elements), "large"}, m_files);
+  TKGroup<GUIdentifier> all("all");
+  all.addGroupMembersAtIndex(editor.document()->order(), -1);
+  editor.document()->setGroups({all});
+
+  for (int i = 0; i < 10; ++i)
+    createGroup(editor, "G");
+
+  EXPECT_EQ(editor.history().entries().size(), 10U);
+  EXPECT_LT(editor.history().sizeInBytes(), 20000U);
+}
+
+TEST_F(Editing, ForgetsTheOldestStepsBeyondItsBudget)
+{
+  for (const auto* name : {"A", "B", "C", "D"})
+    createGroup(m_editor, name);
+  EXPECT_EQ(m_editor.forgottenSteps(), 0U);
+
+  m_editor.setHistoryBudget(m_editor.history().sizeInBytes() / 2);
+  createGroup(m_editor, "E");
+
+  EXPECT_EQ(m_editor.history().entries().size() + m_editor.forgottenSteps(), 5U);
+  EXPECT_GE(m_editor.forgottenSteps(), 3U);
+  EXPECT_EQ(m_editor.takeStepsForgottenInNeed(), 0U);
+  m_editor.replaceDocument({documentOf({"a"}), "other"});
+  EXPECT_EQ(m_editor.forgottenSteps(), 0U);
+}
+
+TEST_F(Editing, ForgetsStepsAndTriesAgainWhenMemoryIsShort)
+{
+  std::size_t times = 0;
+  bool hasFailed = true;
+  for (std::size_t failing = 0; hasFailed; ++failing) {
+    Editor editor({documentOf({"a", "b"}), "test.csv"}, m_files);
+    for (const auto* name : {"A", "B", "C", "D"})
+      createGroup(editor, name);
+    std::string result = "A() B() C() D() E()";
+    try {
+      const AllocationWatch watch(failing);
+      createGroup(editor, "E");
+    } catch (const std::bad_alloc&) {
+      result = "A() B() C() D()";
+    }
+    hasFailed = AllocationWatch::hasFailed();
+    EXPECT_EQ(groupsOf(*editor.document()), result) << failing;
+    const auto forgotten = editor.takeStepsForgottenInNeed();
+    times += forgotten > 0 ? 1 : 0;
+    EXPECT_EQ(editor.forgottenSteps(), forgotten) << failing;
+    while (editor.history().undo()) {
+    }
+    while (editor.history().redo()) {
+    }
+    EXPECT_EQ(groupsOf(*editor.document()), result) << failing;
+  }
+  EXPECT_GT(times, 5U);
+}
+
+TEST_F(Editing, CanAlwaysBeSaved)
+{
+  bool hasFailed = true;
+  for (std::size_t failing = 0; hasFailed; ++failing) {
+    Editor editor({documentOf({"a", "b"}), "test.csv"}, m_files);
+    createGroup(editor, "A");
+    createGroup(editor, "B");
+    {
+      const AllocationWatch watch(failing);
+      editor.save("p.tkpc");
+      EXPECT_EQ(editor.overwriteRisk("p.tkpc"), Risk::None);
+    }
+    hasFailed = AllocationWatch::hasFailed();
+    EXPECT_FALSE(editor.hasUnsavedChanges());
+    EXPECT_EQ(groupsIn("p.tkpc"), "A() B()") << failing;
+  }
+}
+
+TEST_F(Editing, HoldsEnoughInReserveToSaveItself)
+{
+  std::vector<PointCollection> elements;
+  for (int i = 0; i < 1000; ++i)
+    elements.push_back({.id = GUIdentifier(),
+                        .name = std::string(100, 'x') + std::to_string(i),
+                        .points = std::vector<Point>(static_cast<std::size_t>(i % 5))});
+  const auto document = PointDocument::create(elements);
+  std::vector<TKGroup<GUIdentifier>> groups(100);
+  for (auto& group : groups)
+    group.addGroupMembersAtIndex(document->order(), -1);
+  document->setGroups(groups);
+
+  const auto estimated = savedSizeOfElements(*document) + savedSizeOfGroups(*document);
+  const auto saved = saveProject(*document).size();
+
+  EXPECT_LE(saved, estimated);
+  EXPECT_GE(saved, estimated / 2);
 }
 
 }

@@ -178,7 +178,7 @@ TEST_F(InteractiveUser, GoesOnAfterAMistake)
 {
   m_terminal.typeAndExpect("create G Pari\r", "did you mean Paris?");
   m_terminal.typeAndExpect("create G Paris\r", "Created G with 1 element.");
-  m_terminal.typeAndExpect("undo\r", "Undone: Create Group");
+  m_terminal.typeAndExpect("undo\r", "Undone: Create Group: G");
   EXPECT_EQ(m_terminal.typeAndLeave("quit\r"), 0);
 }
 

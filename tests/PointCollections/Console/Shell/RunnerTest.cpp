@@ -65,7 +65,7 @@ TEST_F(Runner, EchoesCommandsAndSetsThemApart)
                             "Created G with 1 element.\n"
                             "\n"
                             "> undo\n"
-                            "Undone: Create Group\n");
+                            "Undone: Create Group: G\n");
   EXPECT_EQ(m_errors.str(), "");
 }
 
@@ -88,7 +88,7 @@ TEST_F(Runner, PrintsNothingButResultsWhenQuiet)
 {
   EXPECT_TRUE(runText("# One.\ncreate G\n\nundo\n", Transcript::Detail::ResultsOnly));
 
-  EXPECT_EQ(m_output.str(), "Created G with 0 elements.\nUndone: Create Group\n");
+  EXPECT_EQ(m_output.str(), "Created G with 0 elements.\nUndone: Create Group: G\n");
 }
 
 TEST_F(Runner, StopsAtTheFirstMistakeAndGivesTheLine)

@@ -55,7 +55,7 @@ TEST_F(Delete, IsOneStep)
 {
   run(m_session, {"delete J G"});
 
-  EXPECT_EQ(run(m_session, {"undo"}), "Undone: Remove Group");
+  EXPECT_EQ(run(m_session, {"undo"}), "Undone: Remove Group: J, G");
   EXPECT_EQ(groupsOf(m_session), "G(c a) H 1(b) I() J(d)");
   run(m_session, {"redo"});
   EXPECT_EQ(groupsOf(m_session), "H 1(b) I()");

@@ -47,7 +47,7 @@ TEST_F(MoveGroup, SaysWhatItMoved)
 {
   EXPECT_EQ(run(m_session, {"move-group A --after \"D D\""}), "Moved 1 group after \"D D\".");
   EXPECT_EQ(run(m_session, {"move-group C \"D D\" --before B"}), "Moved 2 groups before B.");
-  EXPECT_EQ(run(m_session, {"undo"}), "Undone: Move Groups");
+  EXPECT_EQ(run(m_session, {"undo"}), "Undone: Move Groups: C, \"D D\" → before B");
 }
 
 TEST_F(MoveGroup, IsSeenByShow)

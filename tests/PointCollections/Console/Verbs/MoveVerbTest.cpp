@@ -95,7 +95,7 @@ TEST_F(Move, IsOneStepOnAnyWayThroughTheHistory)
   EXPECT_EQ(state(), end);
   m_session.editor.history().jumpTo(3);
   EXPECT_EQ(state(), "G(c e) H() b d f a g two words");
-  EXPECT_EQ(run(m_session, {"redo"}), "Redone: Move Elements");
+  EXPECT_EQ(run(m_session, {"redo"}), "Redone: Move Elements: f → before c");
   EXPECT_EQ(state(), "G(f c e) H() b d a g two words");
 }
 

@@ -30,7 +30,7 @@ TEST_F(Remove, IsOneStep)
 {
   run(m_session, {"remove a b"});
 
-  EXPECT_EQ(run(m_session, {"undo"}), "Undone: Remove Point Collection(s) From Group");
+  EXPECT_EQ(run(m_session, {"undo"}), "Undone: Remove Point Collection(s) From Group: 2 elements");
   EXPECT_EQ(groupsOf(m_session), "G(c a) H 1(d b)");
   run(m_session, {"redo"});
   EXPECT_EQ(groupsOf(m_session), "G(c) H 1(d)");

@@ -26,7 +26,7 @@ TEST_F(Rename, IsOneStep)
 {
   run(m_session, {"rename G I"});
 
-  EXPECT_EQ(run(m_session, {"undo"}), "Undone: Rename Group");
+  EXPECT_EQ(run(m_session, {"undo"}), "Undone: Rename Group: G → I");
   EXPECT_EQ(groupsOf(m_session), "G(b a) H()");
   run(m_session, {"redo"});
   EXPECT_EQ(groupsOf(m_session), "I(b a) H()");

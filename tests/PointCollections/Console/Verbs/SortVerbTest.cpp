@@ -57,6 +57,16 @@ TEST_F(Sort, HasNothingToDoWithoutGroups)
   EXPECT_TRUE(m_session.editor.history().entries().empty());
 }
 
+TEST_F(Sort, HasNothingToDoIfAllIsSorted)
+{
+  run(m_session, {"create H C a", "create G d B", "sort"});
+  m_session.editor.history().markClean();
+
+  EXPECT_EQ(run(m_session, {"sort"}), "Nothing to sort; this is the order already.");
+  EXPECT_EQ(m_session.editor.history().entries().size(), 3U);
+  EXPECT_FALSE(m_session.editor.hasUnsavedChanges());
+}
+
 TEST_F(Sort, TakesNoArguments)
 {
   EXPECT_EQ(mistake(m_session, "sort G"), "G is one argument too many; usage: sort");

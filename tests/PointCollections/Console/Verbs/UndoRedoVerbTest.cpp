@@ -1,10 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Console/Support/Sessions.h"
 
-#include <gtest/gtest.h>
+#include "Translator/Translator.h"
+
+#include <gmock/gmock.h>
 
 namespace Tarvik::PointCollections {
 namespace {
+
+using ::testing::AllOf;
+using ::testing::HasSubstr;
 
 class UndoAndRedo : public ::testing::Test {
 protected:
@@ -15,11 +20,11 @@ protected:
 
 TEST_F(UndoAndRedo, GoOneStepUnlessToldOtherwise)
 {
-  EXPECT_EQ(run(m_session, {"undo"}), "Undone: Create Group");
+  EXPECT_EQ(run(m_session, {"undo"}), "Undone: Create Group: H");
   EXPECT_EQ(groupsOf(m_session), "G(a b)");
-  EXPECT_EQ(run(m_session, {"undo"}), "Undone: Add to Group");
+  EXPECT_EQ(run(m_session, {"undo"}), "Undone: Add to Group: b → G");
   EXPECT_EQ(groupsOf(m_session), "G(a)");
-  EXPECT_EQ(run(m_session, {"redo"}), "Redone: Add to Group");
+  EXPECT_EQ(run(m_session, {"redo"}), "Redone: Add to Group: b → G");
   EXPECT_EQ(groupsOf(m_session), "G(a b)");
 }
 
@@ -37,9 +42,9 @@ TEST_F(UndoAndRedo, KnowTheLastThousandSteps)
 TEST_F(UndoAndRedo, GoAsManyStepsAsAsked)
 {
   EXPECT_EQ(run(m_session, {"undo 3"}),
-            "Undone: Create Group\nUndone: Add to Group\nUndone: Create Group");
+            "Undone: Create Group: H\nUndone: Add to Group: b → G\nUndone: Create Group: G");
   EXPECT_EQ(groupsOf(m_session), "");
-  EXPECT_EQ(run(m_session, {"redo 2"}), "Redone: Create Group\nRedone: Add to Group");
+  EXPECT_EQ(run(m_session, {"redo 2"}), "Redone: Create Group: G\nRedone: Add to Group: b → G");
   EXPECT_EQ(groupsOf(m_session), "G(a b)");
 }
 
@@ -83,15 +88,96 @@ TEST(History, MarksThePresentAndTheCleanState)
 
   EXPECT_EQ(run(session, {"create G", "add G a", "create H", "undo", "history"}),
             "    0  Start  (clean)\n"
-            "    1  Create Group\n"
-            "→   2  Add to Group\n"
-            "    3  Create Group  (undone)");
+            "    1  Create Group: G\n"
+            "→   2  Add to Group: a → G\n"
+            "    3  Create Group: H  (undone)\n"
+            "The steps take less than 1 % of 256M bytes.");
 
   session.editor.history().markClean();
   EXPECT_EQ(run(session, {"undo 2", "history"}), "→   0  Start\n"
-                                                 "    1  Create Group  (undone)\n"
-                                                 "    2  Add to Group  (undone)  (clean)\n"
-                                                 "    3  Create Group  (undone)");
+                                                 "    1  Create Group: G  (undone)\n"
+                                                 "    2  Add to Group: a → G  (undone)  (clean)\n"
+                                                 "    3  Create Group: H  (undone)\n"
+                                                 "The steps take less than 1 % of 256M bytes.");
+}
+
+TEST(History, SaysWhatItHasForgotten)
+{
+  auto session = sessionOf({"a"});
+  run(session, {"create F", "create G", "create H"});
+
+  session.editor.setHistoryBudget(0);
+  EXPECT_EQ(run(session, {"add H a", "history"}), "    0  (3 older steps forgotten)\n"
+                                                  "→   1  Add to Group: a → H\n"
+                                                  "Only the last step is kept.");
+}
+
+TEST(History, NamesWhatEachStepWasDoneTo)
+{
+  auto session = sessionOf({"a", "b", "c d", "e"});
+  run(session, {"create G",
+                "create \"\" a \"c d\"",
+                "add G a",
+                "add G b e",
+                "move a b --after \"c d\"",
+                "remove b",
+                "rename G I",
+                "sort",
+                "move-group I --before Group",
+                "create 1",
+                "create 2",
+                "create 3",
+                "delete 1 2",
+                "delete 3 I Group",
+                "create X",
+                "undo",
+                "create 4",
+                "create 5",
+                "create 6",
+                "create 7",
+                "delete 4 5 6 7"});
+
+  EXPECT_THAT(run(session, {"history"}),
+              AllOf(HasSubstr(" 2  Create Group: Group\n"), HasSubstr("Add to Group: a → G\n"),
+                    HasSubstr("Add to Group: 2 elements → G\n"),
+                    HasSubstr("Move Elements: 2 elements → after \"c d\"\n"),
+                    HasSubstr("Remove Point Collection(s) From Group: b\n"),
+                    HasSubstr("Rename Group: G → I\n"), HasSubstr("Sort Groups\n"),
+                    HasSubstr("Move Groups: I → before Group\n"), HasSubstr("Remove Group: 1, 2\n"),
+                    HasSubstr("Remove Group: 3, I, Group\n"),
+                    HasSubstr("Remove Group: 4 groups\n")));
+}
+
+/// Translates all texts until it is destroyed.
+class EveryTextTranslated {
+public:
+  EveryTextTranslated()
+  {
+    Translator::installCatalogue([](const char* context, const char* text, const char*, int) {
+      return std::string(context) + '/' + text;
+    });
+  }
+  EveryTextTranslated(const EveryTextTranslated&) = delete;
+  EveryTextTranslated& operator=(const EveryTextTranslated&) = delete;
+  ~EveryTextTranslated() { Translator::installCatalogue({}); }
+};
+
+TEST(History, FollowsAChangeOfLanguage)
+{
+  auto session = sessionOf({"a", "b"});
+  run(session, {"create G a b", "create H", "add G b --at 1", "move a --before b", "rename G I",
+                "move-group H --before I", "remove a", "sort", "create J", "delete H"});
+
+  const EveryTextTranslated translated;
+
+  EXPECT_THAT(run(session, {"history"}),
+              AllOf(HasSubstr("CreateTKGroupCmd/Create Group: G\n"),
+                    HasSubstr("AddToTKGroupCmd/Add to Group: b → G\n"),
+                    HasSubstr("MoveTKGroupElementsCmd/Move Elements: a → before b\n"),
+                    HasSubstr("RenameTKGroupCmd/Rename Group: G → I\n"),
+                    HasSubstr("MoveTKGroupsCmd/Move Groups: H → before I\n"),
+                    HasSubstr("RemoveFromTKGroupCmd/Remove Point Collection(s) From Group: a\n"),
+                    HasSubstr("RemoveTKGroupsCmd/Remove Group: H\n")));
 }
 
 }

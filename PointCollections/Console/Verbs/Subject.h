@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "PointCollections/Document/PointDocument.h"
+
+#include <string>
+#include <vector>
+
+/// What a step was done to, as the descriptions of steps name it. Call these functions before the
+/// change.
+namespace Tarvik::PointCollections {
+
+/// One element by its name, several as "3 elements".
+std::string subjectOf(PointDocument& document, const std::vector<GUIdentifier>& elements);
+
+/// Up to three groups by their names, more as "12 groups".
+std::string subjectOf(const std::vector<const TKGroup<GUIdentifier>*>& groups);
+
+}
