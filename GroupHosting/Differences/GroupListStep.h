@@ -18,15 +18,15 @@ namespace Tarvik {
 /// Groups come into the list.
 template <class T>
 struct GroupsInserted {
-  std::size_t position; ///< of the first of them, after the step
-  std::vector<TKGroup<T>> groups;
+  std::size_t position;           ///< of the first of them, after the step
+  std::vector<TKGroup<T>> groups; ///< those that come, in their order
 };
 
 /// Groups leave the list.
 template <class T>
 struct GroupsRemoved {
-  std::size_t position; ///< of the first of them, before the step
-  std::vector<TKGroup<T>> groups;
+  std::size_t position;           ///< of the first of them, before the step
+  std::vector<TKGroup<T>> groups; ///< those that leave, in their order
 };
 
 /// Consecutive groups go to another place.
@@ -43,25 +43,25 @@ struct GroupsReordered {
 
 /// A group has another name.
 struct GroupRenamed {
-  std::size_t group; ///< its position
-  std::string before;
-  std::string after;
+  std::size_t group;  ///< its position
+  std::string before; ///< its old name
+  std::string after;  ///< its new name
 };
 
 /// Elements come into a group.
 template <class T>
 struct MembersInserted {
-  std::size_t group;    ///< its position
-  std::size_t position; ///< of the first of the members, after the step
-  std::vector<T> members;
+  std::size_t group;      ///< its position
+  std::size_t position;   ///< of the first of the members, after the step
+  std::vector<T> members; ///< those that come, in their order
 };
 
 /// Members leave a group.
 template <class T>
 struct MembersRemoved {
-  std::size_t group;    ///< its position
-  std::size_t position; ///< of the first of the members, before the step
-  std::vector<T> members;
+  std::size_t group;      ///< its position
+  std::size_t position;   ///< of the first of the members, before the step
+  std::vector<T> members; ///< those that leave, in their order
 };
 
 /// Consecutive members go to another place in their group.

@@ -17,15 +17,15 @@ namespace Tarvik {
 /// Elements come into a list.
 template <class T>
 struct ElementsInserted {
-  std::size_t position; ///< of the first of them, after the step
-  std::vector<T> elements;
+  std::size_t position;    ///< of the first of them, after the step
+  std::vector<T> elements; ///< those that come, in their order
 };
 
 /// Elements leave a list.
 template <class T>
 struct ElementsRemoved {
-  std::size_t position; ///< of the first of them, before the step
-  std::vector<T> elements;
+  std::size_t position;    ///< of the first of them, before the step
+  std::vector<T> elements; ///< those that leave, in their order
 };
 
 /// Consecutive elements go to another place in their list.

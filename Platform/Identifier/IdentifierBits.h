@@ -61,8 +61,9 @@ struct IdentifierBits {
   /// use it only where equal hashes cost a little time.
   constexpr std::size_t quickHash() const { return static_cast<std::size_t>(low); }
 
-  /// The random seed of this process, in two words. Set while the library is loaded.
+  /// One half of the random seed of this process, which is set while the library is loaded.
   TKM_IDENTIFIER_API static const std::uint64_t seedHigh;
+  /// The other half.
   TKM_IDENTIFIER_API static const std::uint64_t seedLow;
 };
 
