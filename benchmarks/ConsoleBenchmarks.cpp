@@ -10,10 +10,12 @@
 #include <benchmark/benchmark.h>
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <functional>
 #include <map>
 #include <memory>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -31,6 +33,12 @@ public:
   std::vector<std::byte> readBytes(const std::filesystem::path& file) override
   {
     return m_files.at(file);
+  }
+  FileStart readStart(const std::filesystem::path& file, std::size_t count) override
+  {
+    const auto& bytes = m_files.at(file);
+    const auto start = std::span(bytes).first(std::min(count, bytes.size()));
+    return {{start.begin(), start.end()}, bytes.size()};
   }
   void write(const std::filesystem::path& file, std::span<const std::byte> bytes) override
   {

@@ -23,9 +23,9 @@ inline std::uint64_t mixed(std::uint64_t number)
 }
 
 /// The sum of hashes in their order.
-inline std::uint64_t continued(std::uint64_t sum, std::uint64_t hash)
+inline std::uint64_t continued(std::uint64_t fingerprint, std::uint64_t next)
 {
-  return std::rotl(sum ^ hash, 27) * 0x9e3779b97f4a7c15;
+  return std::rotl(fingerprint ^ next, 27) * 0x9e3779b97f4a7c15;
 }
 
 template <class T>
@@ -35,11 +35,11 @@ std::uint64_t fingerprintOf(const std::vector<T>& members)
   if constexpr (Hashable<T>) {
     std::size_t i = 0;
     for (; i + 4 <= members.size(); i += 4) { // the processor works on four hashes at once
-      const auto sum = ElementTable<T>::hashOf(members[i]) +
-                       std::rotl(ElementTable<T>::hashOf(members[i + 1]), 16) +
-                       std::rotl(ElementTable<T>::hashOf(members[i + 2]), 32) +
-                       std::rotl(ElementTable<T>::hashOf(members[i + 3]), 48);
-      fingerprint = continued(fingerprint, sum);
+      const auto next = ElementTable<T>::hashOf(members[i]) +
+                        std::rotl(ElementTable<T>::hashOf(members[i + 1]), 16) +
+                        std::rotl(ElementTable<T>::hashOf(members[i + 2]), 32) +
+                        std::rotl(ElementTable<T>::hashOf(members[i + 3]), 48);
+      fingerprint = continued(fingerprint, next);
     }
     for (; i < members.size(); ++i)
       fingerprint = continued(fingerprint, ElementTable<T>::hashOf(members[i]));

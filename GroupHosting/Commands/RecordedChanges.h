@@ -36,8 +36,10 @@ struct NameChange {
 struct HostChange {
   std::shared_ptr<CommandBase> command;
 
+  // NOLINTBEGIN(readability-convert-member-functions-to-static): called like those of the others
   bool isEmpty() const { return false; }
   std::size_t bytes() const { return 0; }
+  // NOLINTEND(readability-convert-member-functions-to-static)
 
   template <class T>
   void repeat(Direction direction, TKGroupProviderInterface<T>&) const

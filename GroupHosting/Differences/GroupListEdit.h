@@ -19,8 +19,8 @@ namespace Tarvik::GroupLists {
 /// How a group that is in both lists changes.
 template <class T>
 struct GroupEdit {
-  std::size_t positionBefore;
-  std::size_t positionAfter;
+  std::size_t positionBefore = 0;
+  std::size_t positionAfter = 0;
   std::string nameBefore; ///< empty, like nameAfter, when the name stays
   std::string nameAfter;
   ListEdit members;

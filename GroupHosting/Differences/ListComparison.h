@@ -58,7 +58,7 @@ inline bool isSmallerAsOrder(std::size_t entries, std::size_t moves)
 {
   constexpr std::size_t most = (std::numeric_limits<std::uint32_t>::max)();
   const bool fits = entries <= most;
-  const auto bytes = entries * sizeof(std::uint32_t) + sizeof(ListEdit::order);
+  const auto bytes = entries * sizeof(std::uint32_t) + sizeof(std::vector<std::uint32_t>);
   return fits & (bytes < moves * sizeof(MovedRun));
 }
 
