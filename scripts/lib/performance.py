@@ -181,9 +181,10 @@ def store(parts, pages):
 
 
 def main(folder, option=""):
-    commands, growth, persistence, platform = (
+    commands, growth, history, persistence, platform = (
         Results(Path(folder) / (name + ".json"))
-        for name in ("GroupCommandsBenchmarks", "GrowthBenchmarks", "PersistenceBenchmarks", "PlatformBenchmarks"))
+        for name in ("GroupCommandsBenchmarks", "GrowthBenchmarks", "HistoryBenchmarks", "PersistenceBenchmarks",
+                     "PlatformBenchmarks"))
     tables = {
         "expected": expected_table(growth),
         "growth": growth_table(growth, "Identifier"),
@@ -199,10 +200,8 @@ def main(folder, option=""):
         "persistence": persistence_table(persistence),
         "archive": archive_table(persistence),
         "platform": platform_table(platform),
+        "history": history_table(history),
     }
-    history = Path(folder) / "HistoryBenchmarks.json"
-    if history.exists():
-        tables["history"] = history_table(Results(history))
     parts = {name: markdown(list(rows)) for name, rows in tables.items()} | {"when": when(commands)}
     if option != "--renew":
         print("\n\n".join(parts.values()))
