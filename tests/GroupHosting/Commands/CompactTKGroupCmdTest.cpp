@@ -3,6 +3,7 @@
 
 #include "GroupHosting/Support/CompactCommands.h"
 #include "Support/Allocations.h"
+#include "Support/PromisesOfCommands.h"
 
 #include <gtest/gtest.h>
 
@@ -76,20 +77,6 @@ TYPED_TEST(CompactCommand, HandsOverTheListsOfTheOtherCommand)
     other.redo();
     EXPECT_EQ(this->host->groups(), twin->groups());
   }
-}
-
-TYPED_TEST(CompactCommand, RestoresExactlyWhatWasThere)
-{
-  auto command = makeCompact<TypeParam>(this->host);
-  command.execute();
-  const auto after = this->host->copyOfGroups();
-
-  command.undo();
-  EXPECT_TRUE(identical(this->host->copyOfGroups(), this->before));
-  command.redo();
-  EXPECT_TRUE(identical(this->host->copyOfGroups(), after));
-  command.undo();
-  EXPECT_TRUE(identical(this->host->copyOfGroups(), this->before));
 }
 
 TYPED_TEST(CompactCommand, IsDescribedAsTheOtherCommandOnceThatHasRun)
@@ -222,55 +209,33 @@ TYPED_TEST(CompactCommand, LeavesTheHostAloneWhicheverAllocationFailsOnUndo)
 
 /// A host that releases the command while that changes its groups.
 template <class Case>
-class CompactCommandOfAReentrantHost : public CommandTest<Case> {
+class CompactCommandLikeOthers : public CommandPromises<Case> {
 protected:
-  void releaseTheCommandAfterTheNextChange()
-  {
-    this->host->afterChanges([this] { command.reset(); });
-  }
-
-  std::shared_ptr<CommandBase> command{new auto(makeCompact<Case>(this->host))};
+  CompactCommandLikeOthers() { this->command.reset(new auto(makeCompact<Case>(this->host))); }
 };
-TYPED_TEST_SUITE(CompactCommandOfAReentrantHost, CommandCases, CaseName);
+TYPED_TEST_SUITE(CompactCommandLikeOthers, CommandCases, CaseName);
 
-TYPED_TEST(CompactCommandOfAReentrantHost, MayBeReleasedWhileItExecutes)
+TYPED_TEST(CompactCommandLikeOthers, RestoresExactlyWhatWasThere)
 {
-  this->releaseTheCommandAfterTheNextChange();
-
-  this->command->execute();
-
-  EXPECT_EQ(this->command, nullptr);
-  EXPECT_EQ(this->host.use_count(), 1);
-  EXPECT_FALSE(identical(this->host->copyOfGroups(), this->before));
+  this->expectExactlyWhatWasThereWheneverItIsUndone();
 }
 
-TYPED_TEST(CompactCommandOfAReentrantHost, MayBeReleasedWhileItIsUndone)
+TYPED_TEST(CompactCommandLikeOthers, MayBeReleasedWhileItExecutes)
 {
-  this->command->execute();
-  this->releaseTheCommandAfterTheNextChange();
-
-  this->command->undo();
-
-  EXPECT_EQ(this->command, nullptr);
-  EXPECT_EQ(this->host.use_count(), 1);
-  EXPECT_TRUE(identical(this->host->copyOfGroups(), this->before));
+  this->expectThatTheHostMayReleaseItWhileItExecutes();
 }
 
-TYPED_TEST(CompactCommandOfAReentrantHost, MayBeReleasedWhileItIsRedone)
+TYPED_TEST(CompactCommandLikeOthers, MayBeReleasedWhileItIsUndone)
 {
-  this->command->execute();
-  const auto after = this->host->copyOfGroups();
-  this->command->undo();
-  this->releaseTheCommandAfterTheNextChange();
-
-  this->command->redo();
-
-  EXPECT_EQ(this->command, nullptr);
-  EXPECT_EQ(this->host.use_count(), 1);
-  EXPECT_TRUE(identical(this->host->copyOfGroups(), after));
+  this->expectThatTheHostMayReleaseItWhileItIsUndone();
 }
 
-TYPED_TEST(CompactCommandOfAReentrantHost, IsNotExecutedAgainWhileItExecutes)
+TYPED_TEST(CompactCommandLikeOthers, MayBeReleasedWhileItIsRedone)
+{
+  this->expectThatTheHostMayReleaseItWhileItIsRedone();
+}
+
+TYPED_TEST(CompactCommandLikeOthers, IsNotExecutedAgainWhileItExecutes)
 {
   bool isRefused = false;
   this->host->afterChanges([&] {

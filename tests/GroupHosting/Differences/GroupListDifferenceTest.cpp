@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "GroupHosting/Differences/GroupListDifference.h"
+#include "GroupHosting/Support/BothWays.h"
 #include "GroupHosting/Support/RandomLists.h"
 #include "GroupHosting/Support/Steps.h"
 #include "Support/Allocations.h"
@@ -58,22 +59,7 @@ using Texts = std::vector<std::string>;
 
 TYPED_TEST(Difference, LeadsFromAnyListToAnyOtherAndBack)
 {
-  RandomLists<TypeParam> random(1);
-  for (int i = 0; i < 3000; ++i) {
-    const auto [before, after] = random.nextPair();
-    const GroupListDifference<TypeParam> difference(before, after);
-    auto list = before;
-
-    difference.applyTo(list);
-    ASSERT_TRUE(identical(list, after)) << i;
-    difference.revertOn(list);
-    ASSERT_TRUE(identical(list, before)) << i;
-    for (const auto& step : difference.steps())
-      doStep(list, step);
-    ASSERT_TRUE(identical(list, after)) << i;
-    ASSERT_EQ(difference.empty(), identical(before, after)) << i;
-    ASSERT_EQ(difference.empty(), difference.steps().empty()) << i;
-  }
+  expectDifferencesToLeadBothWays<TypeParam>(3000);
 }
 
 TYPED_TEST(Difference, OfEqualListsIsEmpty)

@@ -1,63 +1,35 @@
 // SPDX-License-Identifier: MIT
 // A host that releases or executes a command while that command changes its groups.
 
-#include "Support/CommandCases.h"
+#include "Support/PromisesOfCommands.h"
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <utility>
 
 namespace Tarvik {
 namespace {
 
 template <class Case>
-class ReentrantHost : public CommandTest<Case> {
+class ReentrantHost : public CommandPromises<Case> {
 protected:
-  void releaseTheCommandAfterTheNextChange()
-  {
-    this->host->afterChanges([this] { command.reset(); });
-  }
-
-  std::shared_ptr<CommandBase> command{new auto(Case::make(this->host))};
+  ReentrantHost() { this->command.reset(new auto(Case::make(this->host))); }
 };
 TYPED_TEST_SUITE(ReentrantHost, CommandCases, CaseName);
 
 TYPED_TEST(ReentrantHost, MayReleaseACommandThatExecutes)
 {
-  this->releaseTheCommandAfterTheNextChange();
-
-  this->command->execute();
-
-  EXPECT_EQ(this->command, nullptr);
-  EXPECT_EQ(this->host.use_count(), 1);
-  EXPECT_FALSE(identical(this->host->copyOfGroups(), this->before));
+  this->expectThatTheHostMayReleaseItWhileItExecutes();
 }
 
 TYPED_TEST(ReentrantHost, MayReleaseACommandThatIsUndone)
 {
-  this->command->execute();
-  this->releaseTheCommandAfterTheNextChange();
-
-  this->command->undo();
-
-  EXPECT_EQ(this->command, nullptr);
-  EXPECT_EQ(this->host.use_count(), 1);
-  EXPECT_TRUE(identical(this->host->copyOfGroups(), this->before));
+  this->expectThatTheHostMayReleaseItWhileItIsUndone();
 }
 
 TYPED_TEST(ReentrantHost, MayReleaseACommandThatIsRedone)
 {
-  this->command->execute();
-  const auto after = this->host->copyOfGroups();
-  this->command->undo();
-  this->releaseTheCommandAfterTheNextChange();
-
-  this->command->redo();
-
-  EXPECT_EQ(this->command, nullptr);
-  EXPECT_EQ(this->host.use_count(), 1);
-  EXPECT_TRUE(identical(this->host->copyOfGroups(), after));
+  this->expectThatTheHostMayReleaseItWhileItIsRedone();
 }
 
 TYPED_TEST(ReentrantHost, MayExecuteACommandThatExecutes)
