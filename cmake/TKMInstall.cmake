@@ -33,31 +33,35 @@ function(tkm_install_run_path target dir)
   endif()
 endfunction()
 
-# tkm_install_library(<Name> [DEPENDS <target>...]): installs TKMService_<Name> as the component
-# <Name> of the package, and a pkg-config file for it.
+# tkm_install_library(<Name> [PART <part>] [DEPENDS <target>...]): installs TKMService_<Name> as the
+# component <Name> of the package, and a pkg-config file for it, with <part>_Runtime and
+# <part>_Development.
 function(tkm_install_library name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "DEPENDS")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "PART" "DEPENDS")
+  if(NOT arg_PART)
+    set(arg_PART TKMService)
+  endif()
   set(target TKMService_${name})
   tkm_install_run_path(${target} "${CMAKE_INSTALL_FULL_LIBDIR}")
   install(TARGETS ${target} EXPORT ${target}
-    RUNTIME COMPONENT TKMService_Runtime
-    LIBRARY COMPONENT TKMService_Runtime NAMELINK_COMPONENT TKMService_Development
-    ARCHIVE COMPONENT TKMService_Development
-    FILE_SET HEADERS DESTINATION "${TKM_INSTALL_HEADERS}" COMPONENT TKMService_Development)
+    RUNTIME COMPONENT ${arg_PART}_Runtime
+    LIBRARY COMPONENT ${arg_PART}_Runtime NAMELINK_COMPONENT ${arg_PART}_Development
+    ARCHIVE COMPONENT ${arg_PART}_Development
+    FILE_SET HEADERS DESTINATION "${TKM_INSTALL_HEADERS}" COMPONENT ${arg_PART}_Development)
   # One file per library, so that finding some of them does not define the others.
   install(EXPORT ${target} NAMESPACE TKMService:: FILE ${target}Targets.cmake
-    DESTINATION "${TKM_INSTALL_CMAKE}" COMPONENT TKMService_Development)
+    DESTINATION "${TKM_INSTALL_CMAKE}" COMPONENT ${arg_PART}_Development)
   export(EXPORT ${target} NAMESPACE TKMService:: FILE "${PROJECT_BINARY_DIR}/${target}Targets.cmake")
 
   list(TRANSFORM arg_DEPENDS REPLACE "^TKMService::" "")
   set_property(GLOBAL PROPERTY TKM_NEEDS_OF_${name} ${arg_DEPENDS})
   if(TKM_PLATFORM STREQUAL "bundled") # only the host knows how to find another platform
-    tkm_install_pkg_config(${name} "${arg_DEPENDS}")
+    tkm_install_pkg_config(${name} ${arg_PART}_Development "${arg_DEPENDS}")
   endif()
 endfunction()
 
-# tkm_install_pkg_config(<Name> <names of the libraries that it needs>)
-function(tkm_install_pkg_config name needs)
+# tkm_install_pkg_config(<Name> <component> <names of the libraries that it needs>)
+function(tkm_install_pkg_config name component needs)
   set(dir "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
   set(base "${CMAKE_INSTALL_PREFIX}")
   cmake_path(ABSOLUTE_PATH dir BASE_DIRECTORY "${base}" OUTPUT_VARIABLE full_dir)
@@ -70,7 +74,7 @@ function(tkm_install_pkg_config name needs)
   configure_file("${PROJECT_SOURCE_DIR}/cmake/TKMService.pc.in"
     "${PROJECT_BINARY_DIR}/pkgconfig/TKMService_${name}.pc" @ONLY)
   install(FILES "${PROJECT_BINARY_DIR}/pkgconfig/TKMService_${name}.pc"
-    DESTINATION "${dir}" COMPONENT TKMService_Development)
+    DESTINATION "${dir}" COMPONENT ${component})
 endfunction()
 
 # tkm_install_program(<target>)

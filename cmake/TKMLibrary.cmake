@@ -14,11 +14,11 @@ function(tkm_configure_target target)
   endif()
 endfunction()
 
-# tkm_add_library(<Name> BASE_DIR <dir> SOURCES <file>... HEADERS <file>... [DEPENDS <target>...]):
-# the shared library TKMService_<Name> with the alias TKMService::<Name>.
-# BASE_DIR is the folder from which the headers are included.
+# tkm_add_library(<Name> BASE_DIR <dir> SOURCES <file>... HEADERS <file>... [DEPENDS <target>...]
+# [PART <part>]): the shared library TKMService_<Name> with the alias TKMService::<Name>.
+# BASE_DIR is the folder from which the headers are included, PART what it is installed with.
 function(tkm_add_library name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "BASE_DIR" "SOURCES;HEADERS;DEPENDS")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "BASE_DIR;PART" "SOURCES;HEADERS;DEPENDS")
   set(target TKMService_${name})
 
   add_library(${target} SHARED ${arg_SOURCES})
@@ -38,7 +38,7 @@ function(tkm_add_library name)
   tkm_limit_exports(${target})
   set_property(GLOBAL APPEND PROPERTY TKM_LIBRARIES ${name})
   if(TKM_INSTALL)
-    tkm_install_library(${name} DEPENDS ${arg_DEPENDS})
+    tkm_install_library(${name} PART ${arg_PART} DEPENDS ${arg_DEPENDS})
   endif()
 endfunction()
 

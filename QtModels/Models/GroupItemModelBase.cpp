@@ -1,0 +1,10 @@
+// SPDX-License-Identifier: MIT
+#include "QtModels/Models/GroupItemModelBase.h"
+
+namespace Tarvik {
+
+GroupItemModelBase::GroupItemModelBase(QObject* parent) : QAbstractItemModel(parent) {}
+
+GroupItemModelBase::~GroupItemModelBase() = default;
+
+}
