@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "QtModels/QtModelsExport.h"
+
+#include <QtCore/QAbstractItemModel>
+#include <QtCore/QAbstractProxyModel>
+#include <QtCore/QList>
+#include <QtCore/QPersistentModelIndex>
+#include <QtCore/QString>
+
+#include <memory>
+#include <vector>
+
+namespace Tarvik {
+
+/// Shows the groups and elements whose names contain a text, in upper or lower case.
+///
+/// A group stays when its name or the name of a member contains the text. When its own name does,
+/// all its members stay. Without a text, everything is shown, and changes of the source are told
+/// as they are. With a text, each of them is told as one change of the layout.
+///
+/// Names are kept from the first text on, until there is none. A text that continues the one before
+/// is searched for only in the names that matched.
+class TKM_QTMODELS_API GroupFilterModel : public QAbstractProxyModel {
+  Q_OBJECT
+  Q_PROPERTY(QString filterText READ filterText WRITE setFilterText NOTIFY filterTextChanged)
+
+public:
+  /// A filter without a text and a source.
+  explicit GroupFilterModel(QObject* parent = nullptr);
+  ~GroupFilterModel() override;
+
+  /// @param source  a GroupItemModel; not owned; may be null
+  void setSourceModel(QAbstractItemModel* source) override;
+
+  /// What names must contain; everything is shown when it is empty.
+  QString filterText() const { return m_text; }
+  void setFilterText(const QString& text);
+
+  /// How many groups have names that contain the text.
+  int matchingGroups() const;
+
+  /// How many members and ungrouped elements have names that contain the text. An element in
+  /// several groups counts for each.
+  int matchingElements() const;
+
+  QModelIndex index(int row, int column, const QModelIndex& parent = QModelIndex()) const override;
+  QModelIndex parent(const QModelIndex& child) const override;
+  int rowCount(const QModelIndex& parent = QModelIndex()) const override;
+  int columnCount(const QModelIndex& parent = QModelIndex()) const override;
+  bool hasChildren(const QModelIndex& parent = QModelIndex()) const override;
+  QModelIndex mapToSource(const QModelIndex& proxyIndex) const override;
+  QModelIndex mapFromSource(const QModelIndex& sourceIndex) const override;
+
+Q_SIGNALS:
+  void filterTextChanged(const QString& text);
+
+  /// Other names match than before: those of another text, or of other rows while there is a text.
+  void matchesChanged();
+
+private:
+  using Parents = QList<QPersistentModelIndex>;
+  using Hint = QAbstractItemModel::LayoutChangeHint;
+
+  /// The rows below one row of the source, or its top rows.
+  struct Rows {
+    std::vector<QString> names; ///< case-folded
+    std::vector<int> matching;  ///< those with names that contain the text, ascending
+    std::vector<int> shown;     ///< those that are not hidden, ascending
+  };
+
+  /// Names that go from one place to another.
+  struct TakenRows {
+    std::vector<QString> names;
+    std::vector<std::unique_ptr<Rows>> groups;
+  };
+
+  bool isFiltering() const { return !m_pattern.isEmpty(); }
+  void connectTo(const QAbstractItemModel* source);
+  void connectRows(const QAbstractItemModel* source);
+  void connectLayout(const QAbstractItemModel* source);
+  bool isGroup(int sourceRow) const;
+  Rows& rowsOf(const QModelIndex& sourceParent);
+  const Rows& rowsOf(const QModelIndex& sourceParent) const;
+  QString nameAt(int row, const QModelIndex& sourceParent) const;
+  std::unique_ptr<Rows> readRows(const QModelIndex& sourceParent) const;
+
+  void readAll();
+  TakenRows readRange(const QModelIndex& sourceParent, int first, int last) const;
+  TakenRows takeRange(const QModelIndex& sourceParent, int first, int last);
+  void putRange(const QModelIndex& sourceParent, int row, TakenRows taken);
+  void readAgain(const Parents& sourceParents);
+  bool readNamesAgain(const QModelIndex& first, const QModelIndex& last);
+
+  void filter(bool narrows);
+  void match(Rows& rows, bool narrows) const;
+
+  void beginLayout(const Parents& sourceParents = {}, Hint hint = NoLayoutChangeHint);
+  void endLayout(const Parents& sourceParents = {}, Hint hint = NoLayoutChangeHint);
+  void showMatches();
+  Parents mapped(const Parents& sourceParents) const;
+  void tellData(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles);
+
+  QString m_text;
+  QString m_pattern; ///< case-folded
+  Rows m_top;
+  std::vector<std::unique_ptr<Rows>> m_groups; ///< by row of the source; only while filtering
+  QModelIndexList m_persistent;                ///< during a change of the layout
+  Parents m_persistentSources;
+};
+
+}

@@ -1,0 +1,209 @@
+// SPDX-License-Identifier: MIT
+#include "QtModels/Models/GroupFilterModel.h"
+
+#include "GroupHosting/Support/TestProvider.h"
+#include "HighLevelServices/GroupCommands/AddToTKGroupCmd.h"
+#include "QtModels/Models/GroupItemModel.h"
+#include "QtModels/Support/RandomChanges.h"
+#include "QtModels/Support/RecordedSignals.h"
+#include "QtModels/Support/ShownRows.h"
+#include "Support/Groups.h"
+
+#include <QtCore/QPersistentModelIndex>
+#include <QtTest/QAbstractItemModelTester>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace Tarvik {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+/// Groups "Oslo" of "Ester" and "Hugo", and "Rome" of "Anna"; "Oskar" is ungrouped.
+template <class T>
+class GroupFilter : public ::testing::Test {
+protected:
+  GroupFilter()
+  {
+    provider->setElements(ids);
+    provider->nameElements(
+        {{ids[0], "Ester"}, {ids[1], "Hugo"}, {ids[2], "Anna"}, {ids[3], "Oskar"}});
+    provider->setGroups({group("Oslo", {ids[0], ids[1]}), group("Rome", {ids[2]})});
+    model = std::make_unique<GroupItemModel<T>>(provider);
+    filter.setSourceModel(model.get());
+  }
+
+  const std::vector<T> ids = std::vector<T>(4);
+  std::shared_ptr<TestProvider<T>> provider = std::make_shared<TestProvider<T>>();
+  std::unique_ptr<GroupItemModel<T>> model;
+  GroupFilterModel filter;
+};
+TYPED_TEST_SUITE(GroupFilter, ElementIdentifiers, KindName);
+
+TYPED_TEST(GroupFilter, ShowsAGroupForTheSakeOfAMember)
+{
+  this->filter.setFilterText("ann");
+
+  EXPECT_THAT(textsOf(this->filter), ElementsAre("Rome", "- Anna"));
+  EXPECT_EQ(this->filter.matchingGroups(), 0);
+  EXPECT_EQ(this->filter.matchingElements(), 1);
+}
+
+TYPED_TEST(GroupFilter, ShowsAllMembersOfAGroupThatMatches)
+{
+  this->filter.setFilterText("OS");
+
+  EXPECT_THAT(textsOf(this->filter), ElementsAre("Oslo", "- Ester", "- Hugo", "Oskar"));
+  EXPECT_EQ(this->filter.matchingGroups(), 1);
+  EXPECT_EQ(this->filter.matchingElements(), 1);
+}
+
+TYPED_TEST(GroupFilter, ShowsEverythingWithoutAText)
+{
+  const auto all = textsOf(*this->model);
+  this->filter.setFilterText("a");
+
+  this->filter.setFilterText("");
+
+  EXPECT_EQ(textsOf(this->filter), all);
+  EXPECT_EQ(this->filter.matchingGroups(), 2);
+  EXPECT_EQ(this->filter.matchingElements(), 4);
+}
+
+TYPED_TEST(GroupFilter, ShowsMoreAgainWhenTheTextGetsShorter)
+{
+  this->filter.setFilterText("an");
+  this->filter.setFilterText("ann");
+  this->filter.setFilterText("a");
+
+  EXPECT_THAT(textsOf(this->filter), ElementsAre("Rome", "- Anna", "Oskar"));
+}
+
+TYPED_TEST(GroupFilter, KeepsPersistentIndexesOfWhatStays)
+{
+  const QPersistentModelIndex anna = this->filter.index(0, 0, this->filter.index(1, 0));
+  const QPersistentModelIndex hugo = this->filter.index(1, 0, this->filter.index(0, 0));
+
+  this->filter.setFilterText("ann");
+
+  EXPECT_EQ(anna.data().toString(), "Anna");
+  EXPECT_EQ(anna.parent().row(), 0);
+  EXPECT_FALSE(hugo.isValid());
+}
+
+TYPED_TEST(GroupFilter, TellsChangesOfTheSourceAsTheyAreWithoutAText)
+{
+  const RecordedSignals ofModel(*this->model);
+  const RecordedSignals ofFilter(this->filter);
+
+  AddToTKGroupCmd<TypeParam>(this->provider, {this->ids[1]}, this->provider->getGroups()[1].getId())
+      .execute();
+  this->provider->renameGroup(this->provider->getGroups()[0].getId(), "Paris");
+  this->provider->setGroups({});
+
+  EXPECT_EQ(ofFilter.texts(), ofModel.texts());
+}
+
+TYPED_TEST(GroupFilter, TellsNothingOfWhatIsHidden)
+{
+  this->filter.setFilterText("ann");
+  const RecordedSignals recorded(this->filter);
+
+  this->model->elementsChanged({this->ids[0]});
+
+  EXPECT_THAT(recorded.texts(), IsEmpty());
+}
+
+TYPED_TEST(GroupFilter, FollowsNewNames)
+{
+  this->filter.setFilterText("ann");
+  this->provider->nameElements({{this->ids[0], "Joann"}});
+
+  this->model->allElementsChanged();
+
+  EXPECT_THAT(textsOf(this->filter), ElementsAre("Oslo", "- Joann"));
+}
+
+TYPED_TEST(GroupFilter, AsksForNoNameAgainWhileTheUserTypes)
+{
+  this->filter.setFilterText("a");
+  int questions = 0;
+  this->model->setRowData([&](const QModelIndex&, int) {
+    ++questions;
+    return QVariant();
+  });
+  questions = 0;
+
+  this->filter.setFilterText("an");
+  this->filter.setFilterText("r");
+
+  EXPECT_EQ(questions, 0);
+}
+
+TYPED_TEST(GroupFilter, ShowsNothingWhenTheSourceIsDestroyed)
+{
+  this->filter.setFilterText("a");
+
+  this->model.reset();
+
+  EXPECT_EQ(this->filter.rowCount(), 0);
+}
+
+/// What a filter must show, found by looking at each name.
+std::vector<std::string> filtered(const QAbstractItemModel& model, const QString& text)
+{
+  const auto matches = [&](const QModelIndex& index) {
+    return index.data().toString().contains(text, Qt::CaseInsensitive);
+  };
+  std::vector<std::string> texts;
+  for (int row = 0; row < model.rowCount(); ++row) {
+    const auto top = model.index(row, 0);
+    std::vector<std::string> members;
+    for (int member = 0; member < model.rowCount(top); ++member) {
+      const auto index = model.index(member, 0, top);
+      if (matches(top) || matches(index))
+        members.push_back("- " + index.data().toString().toStdString());
+    }
+    if (matches(top) || !members.empty())
+      texts.push_back(top.data().toString().toStdString());
+    texts.insert(texts.end(), members.begin(), members.end());
+  }
+  return texts;
+}
+
+template <class T>
+class GroupFilterWalk : public ::testing::Test {};
+TYPED_TEST_SUITE(GroupFilterWalk, ElementIdentifiers, KindName);
+
+TYPED_TEST(GroupFilterWalk, FollowsRandomChangesOfSourceAndText)
+{
+  const std::array<QString, 6> texts = {"", "1", "12", "g", "GROUP", "nothing"};
+  for (unsigned int seed = 0; seed < 60; ++seed) {
+    RandomChanges<TypeParam> changes(seed);
+    GroupItemModel<TypeParam> model(changes.provider);
+    model.setMaximumSteps(seed % 3 == 0 ? 0 : 1000);
+    GroupFilterModel filter;
+    filter.setSourceModel(&model);
+    const QAbstractItemModelTester tester(&filter,
+                                          QAbstractItemModelTester::FailureReportingMode::Fatal);
+    for (int change = 0; change < 40; ++change) {
+      SCOPED_TRACE("seed " + std::to_string(seed) + ", change " + std::to_string(change));
+      if (changes.number(4) == 0)
+        filter.setFilterText(texts[changes.number(texts.size())]);
+      changes.changeSomething();
+      ASSERT_EQ(changes.provider->takeListenerFailure(), nullptr);
+      ASSERT_EQ(textsOf(filter), filtered(model, filter.filterText()));
+    }
+  }
+}
+
+}
+}
