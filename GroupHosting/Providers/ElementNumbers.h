@@ -191,9 +191,9 @@ void ElementNumbers<T>::reserve(std::size_t size)
 template <class T>
 void ElementNumbers<T>::resizeTable(std::size_t size)
 {
-  std::vector<Slot> slots(size);
-  m_slots.swap(slots);
-  for (const Slot& slot : slots) {
+  std::vector<Slot> oldSlots(size); // not "slots", which Qt defines as a macro
+  m_slots.swap(oldSlots);
+  for (const Slot& slot : oldSlots) {
     if (slot.number != none)
       m_slots[freeSlot(slot.hash)] = slot;
   }
