@@ -4,8 +4,11 @@
 #include "QtModels/QtModelsExport.h"
 
 #include <QtCore/QAbstractItemModel>
+#include <QtCore/QPointer>
 
 namespace Tarvik {
+
+class GroupEditorBase;
 
 /// What all models of groups have in common, whatever their elements are: columns, roles and kinds
 /// of rows. GroupItemModel implements it.
@@ -45,8 +48,41 @@ public:
   /// What the row of the index shows.
   virtual RowKind kindOf(const QModelIndex& index) const = 0;
 
+  /// What carries out what the user does with the rows; null: the rows are only shown.
+  GroupEditorBase* editor() const;
+
+  /// Sets the editor, usually a GroupEditor<T>, which calls this itself.
+  /// @param editor  may be null; may be destroyed before the model
+  void setEditor(GroupEditorBase* editor);
+
+  /// Renames a group. Refuses names that the editor does not allow.
+  bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
+
+  /// @name Drag and drop
+  /// What GroupEditorBase describes. A drop moves the rows itself: as there is no removeRows(), the
+  /// view from which they come removes none.
+  /// @{
+  Qt::ItemFlags flags(const QModelIndex& index) const override;
+  Qt::DropActions supportedDropActions() const override;
+  QStringList mimeTypes() const override;
+  QMimeData* mimeData(const QModelIndexList& indexes) const override;
+  bool canDropMimeData(const QMimeData* data,
+                       Qt::DropAction action,
+                       int row,
+                       int column,
+                       const QModelIndex& parent) const override;
+  bool dropMimeData(const QMimeData* data,
+                    Qt::DropAction action,
+                    int row,
+                    int column,
+                    const QModelIndex& parent) override;
+  /// @}
+
 protected:
   explicit GroupItemModelBase(QObject* parent);
+
+private:
+  QPointer<GroupEditorBase> m_editor;
 };
 
 }
