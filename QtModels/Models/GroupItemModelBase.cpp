@@ -22,7 +22,8 @@ void GroupItemModelBase::setEditor(GroupEditorBase* editor)
 
 bool GroupItemModelBase::setData(const QModelIndex& index, const QVariant& value, int role)
 {
-  if (role != Qt::EditRole || !(flags(index) & Qt::ItemIsEditable))
+  const bool isName = role == Qt::EditRole && value.isValid(); // some views clear items they drag
+  if (!isName || !(flags(index) & Qt::ItemIsEditable))
     return false;
   const auto name = value.toString();
   return name == index.data().toString() || m_editor->renameGroup(index, name);

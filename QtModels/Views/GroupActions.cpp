@@ -6,6 +6,7 @@
 #include "QtModels/Views/GroupChooser.h"
 #include "QtModels/Views/GroupTreeView.h"
 #include "QtModels/Views/ProxyChain.h"
+#include "QtModels/Views/SelectedRows.h"
 
 #include <QtCore/QEvent>
 #include <QtCore/QPersistentModelIndex>
@@ -13,30 +14,10 @@
 #include <QtGui/QAction>
 #include <QtGui/QKeySequence>
 
-#include <algorithm>
-
 namespace Tarvik {
 namespace {
 
 using RowKind = GroupItemModelBase::RowKind;
-
-struct Counts {
-  int groups = 0;
-  int members = 0;
-  int ungrouped = 0;
-};
-
-Counts countRows(const GroupItemModelBase& model, const QModelIndexList& rows)
-{
-  Counts counts;
-  for (const auto& row : rows) {
-    const auto kind = model.kindOf(row);
-    counts.groups += kind == RowKind::Group;
-    counts.members += kind == RowKind::Member;
-    counts.ungrouped += kind == RowKind::Ungrouped;
-  }
-  return counts;
-}
 
 /// Indexes that stay with their rows while a dialog is open.
 QList<QPersistentModelIndex> persistent(const QModelIndexList& rows)
@@ -122,20 +103,19 @@ void GroupActions::retranslate()
 void GroupActions::update()
 {
   const bool canEdit = m_view->editor() != nullptr;
-  const auto counts =
-      canEdit ? countRows(*m_view->groupModel(), m_view->selectedGroupRows()) : Counts();
-  const bool hasElements = counts.members + counts.ungrouped > 0;
+  const auto rows = canEdit ? SelectedRows::of(m_view->selectionModel()) : SelectedRows();
+  const bool hasElements = rows.members + rows.ungrouped > 0;
   const bool hasGroups =
       canEdit && m_view->groupModel()->kindOf(m_view->groupModel()->index(0, 0)) == RowKind::Group;
 
   action(NewGroup)->setEnabled(canEdit);
-  action(MoveToGroup)->setEnabled(hasGroups && hasElements && counts.groups == 0);
-  action(RemoveFromGroup)->setEnabled(counts.members > 0 && counts.groups == 0);
-  action(RenameGroup)->setEnabled(counts.groups == 1 && !hasElements);
-  action(DeleteGroups)->setEnabled(counts.groups > 0);
+  action(MoveToGroup)->setEnabled(hasGroups && hasElements && rows.groups == 0);
+  action(RemoveFromGroup)->setEnabled(rows.members > 0 && rows.groups == 0);
+  action(RenameGroup)->setEnabled(rows.groups == 1 && !hasElements);
+  action(DeleteGroups)->setEnabled(rows.groups > 0);
   action(SortGroups)->setEnabled(hasGroups);
-  action(MoveUp)->setEnabled(canEdit && neighbour(Direction::Up).isValid());
-  action(MoveDown)->setEnabled(canEdit && neighbour(Direction::Down).isValid());
+  action(MoveUp)->setEnabled(neighbour(rows, Direction::Up).isValid());
+  action(MoveDown)->setEnabled(neighbour(rows, Direction::Down).isValid());
 }
 
 void GroupActions::newGroup()
@@ -199,36 +179,26 @@ void GroupActions::moveDown()
 void GroupActions::move(Direction direction)
 {
   auto* editor = m_view->editor();
-  const auto target = editor ? neighbour(direction) : QModelIndex();
+  const auto target =
+      editor ? neighbour(SelectedRows::of(m_view->selectionModel()), direction) : QModelIndex();
   if (!target.isValid())
     return;
   editor->moveBeside(m_view->selectedGroupRows(), ProxyChain::toGroupModel(target),
                      direction == Direction::Up ? Side::Before : Side::After);
 }
 
-/// The row of the same kind that is next to the selected ones in the view. They must have one
-/// parent and be of one kind.
-QModelIndex GroupActions::neighbour(Direction direction) const
+/// The row of the same kind that is next to the selected ones in the view; invalid if there is
+/// none, or if these are not of one kind below one parent.
+QModelIndex GroupActions::neighbour(const SelectedRows& rows, Direction direction) const
 {
-  const auto* selection = m_view->selectionModel();
-  const auto rows = selection ? selection->selectedRows() : QModelIndexList();
-  if (rows.empty())
+  if (!rows.areSiblingsOfOneKind())
     return {};
-  const auto& groups = *m_view->groupModel();
-  const auto kindOf = [&](const QModelIndex& row) {
-    return groups.kindOf(ProxyChain::toGroupModel(row));
+  const auto& edge = direction == Direction::Up ? rows.first : rows.last;
+  const auto next = edge.siblingAtRow(edge.row() + (direction == Direction::Up ? -1 : 1));
+  const auto kindOf = [this](const QModelIndex& row) {
+    return m_view->groupModel()->kindOf(ProxyChain::toGroupModel(row));
   };
-  const auto kind = kindOf(rows.front());
-  const auto parent = rows.front().parent();
-  if (!std::all_of(rows.begin(), rows.end(),
-                   [&](const auto& row) { return row.parent() == parent && kindOf(row) == kind; }))
-    return {};
-
-  const auto [first, last] = std::minmax_element(
-      rows.begin(), rows.end(), [](const auto& a, const auto& b) { return a.row() < b.row(); });
-  const auto next = direction == Direction::Up ? first->siblingAtRow(first->row() - 1)
-                                               : last->siblingAtRow(last->row() + 1);
-  return kindOf(next) == kind ? next : QModelIndex();
+  return kindOf(next) == kindOf(edge) ? next : QModelIndex();
 }
 
 }

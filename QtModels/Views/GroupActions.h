@@ -16,6 +16,7 @@ class QTimer;
 namespace Tarvik {
 
 class GroupTreeView;
+struct SelectedRows;
 
 /// Actions for the menus, tool bars and keys of a view of groups. They are enabled according to
 /// what is selected in the view, and their texts follow a change of language.
@@ -70,7 +71,7 @@ private:
   void moveUp();
   void moveDown();
   void move(Direction direction);
-  QModelIndex neighbour(Direction direction) const;
+  QModelIndex neighbour(const SelectedRows& rows, Direction direction) const;
 
   GroupTreeView* m_view;
   std::array<QAction*, static_cast<std::size_t>(ActionCount)> m_actions{};

@@ -6,6 +6,7 @@
 #include "QtModels/Views/DropPoint.h"
 #include "QtModels/Views/GroupNameDelegate.h"
 #include "QtModels/Views/ProxyChain.h"
+#include "QtModels/Views/SelectedRows.h"
 
 #include <QtCore/QEvent>
 #include <QtGui/QDropEvent>
@@ -56,9 +57,7 @@ GroupEditorBase* GroupTreeView::editor() const
 
 QModelIndexList GroupTreeView::selectedGroupRows() const
 {
-  if (!selectionModel())
-    return {};
-  auto rows = selectionModel()->selectedRows(nameColumn);
+  auto rows = SelectedRows::indexes(selectionModel());
   std::transform(rows.cbegin(), rows.cend(), rows.begin(), ProxyChain::toGroupModel);
   return rows;
 }
@@ -69,10 +68,8 @@ bool GroupTreeView::deleteSelectedRows()
   if (!rowEditor)
     return false;
   const auto rows = selectedGroupRows();
-  const auto hasGroups = std::any_of(rows.begin(), rows.end(), [this](const auto& row) {
-    return groupModel()->kindOf(row) == GroupItemModelBase::RowKind::Group;
-  });
-  return hasGroups ? rowEditor->deleteGroups(rows) : rowEditor->removeFromGroups(rows);
+  return SelectedRows::of(selectionModel()).groups > 0 ? rowEditor->deleteGroups(rows)
+                                                       : rowEditor->removeFromGroups(rows);
 }
 
 void GroupTreeView::renameGroup(const QModelIndex& index)

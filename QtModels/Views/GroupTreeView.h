@@ -32,7 +32,8 @@ public:
   /// The editor of the model of groups; null if the groups are only shown.
   GroupEditorBase* editor() const;
 
-  /// The selected rows as rows of groupModel(), one index each, in the order of selection.
+  /// The selected rows as rows of groupModel(), one index each, in no
+  /// particular order.
   QModelIndexList selectedGroupRows() const;
 
   /// Deletes the selected groups; if no group is selected, takes the selected members out of their

@@ -101,6 +101,14 @@ TYPED_TEST(GroupEditorTest, RefusesBlankAndTakenNames)
   EXPECT_EQ(document.text(), "A[] B[] ");
 }
 
+TYPED_TEST(GroupEditorTest, TakesTheLackOfANameForNoName)
+{
+  EditedDocument<TypeParam> document("A[] ");
+  document.editor.setNameCheck([](const Identifier&, const QString&) { return QString(); });
+  EXPECT_FALSE(document.model.setData(document.row('A'), QVariant()));
+  EXPECT_EQ(document.text(), "A[] ");
+}
+
 TYPED_TEST(GroupEditorTest, LetsTheApplicationSayWhichNamesAreAllowed)
 {
   EditedDocument<TypeParam> document("A[] B[] ");

@@ -5,6 +5,7 @@
 #include "QtModels/Support/ShownView.h"
 #include "QtModels/Views/GroupChooser.h"
 
+#include <QtCore/QSortFilterProxyModel>
 #include <QtGui/QAction>
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QLineEdit>
@@ -146,6 +147,17 @@ TEST(GroupActionsTest, MoveRowsUpAndDown)
   shown.trigger(GroupActions::MoveDown, "d");
   EXPECT_EQ(shown.document.text(), "A[cab] C[] B[] fde");
   EXPECT_EQ(shown.document.history.entries().size(), 4U);
+}
+
+TEST(GroupActionsTest, MoveRowsPastTheNextOneThatAFilterShows)
+{
+  ViewWithActions shown("A[] B[] C[] D[] ");
+  QSortFilterProxyModel filter;
+  filter.setSourceModel(&shown.document.model);
+  filter.setFilterRegularExpression("A|D");
+  shown.view.setModel(&filter);
+  shown.trigger(GroupActions::MoveUp, "D");
+  EXPECT_EQ(shown.document.text(), "D[] A[] B[] C[] ");
 }
 
 TEST(GroupActionsTest, HaveShortcutsThatWorkInTheView)
