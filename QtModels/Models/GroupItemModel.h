@@ -187,7 +187,8 @@ QVariant GroupItemModel<T>::data(const QModelIndex& index, int role) const
     return QVariant::fromValue(kindOf(index));
   if (role == IdentifierRole)
     return QString::fromStdString(group ? group->id.toString() : element->toString());
-  if (role == Qt::DisplayRole && index.column() == NameColumn)
+  const bool isText = role == Qt::DisplayRole || role == Qt::EditRole;
+  if (isText && index.column() == NameColumn)
     return QString::fromStdString(group ? group->name : m_provider->getElementName(*element));
   if (group && (role == CountRole || (role == Qt::DisplayRole && index.column() == CountColumn)))
     return static_cast<int>(group->members.size());

@@ -26,7 +26,7 @@ bool GroupItemModelBase::setData(const QModelIndex& index, const QVariant& value
   if (!isName || !(flags(index) & Qt::ItemIsEditable))
     return false;
   const auto name = value.toString();
-  return name == index.data().toString() || m_editor->renameGroup(index, name);
+  return name == index.data(Qt::EditRole).toString() || m_editor->renameGroup(index, name);
 }
 
 Qt::ItemFlags GroupItemModelBase::flags(const QModelIndex& index) const

@@ -52,7 +52,7 @@ void GroupNameDelegate::setEditorData(QWidget* editor, const QModelIndex& index)
 {
   auto* edit = nameEdit(editor);
   if (edit && !edit->isModified())
-    edit->setText(index.data().toString());
+    edit->setText(index.data(Qt::EditRole).toString());
 }
 
 void GroupNameDelegate::setModelData(QWidget* editor,
