@@ -2,15 +2,20 @@
 #pragma once
 
 #include "GroupHosting/Providers/TKGroupProvider.h"
+#include "QtModels/Models/ChangeSteps.h"
 #include "QtModels/Models/GroupItemModelBase.h"
+#include "QtModels/Models/LayoutUpdate.h"
+#include "QtModels/Models/ShownGroups.h"
+#include "QtModels/Models/StepwiseUpdate.h"
+#include "QtModels/Models/Travellers.h"
 #include "QtModels/QtModelsExport.h"
 
 #include <QtCore/QString>
 
 #include <algorithm>
 #include <cstddef>
+#include <exception>
 #include <memory>
-#include <string>
 #include <utility>
 #include <vector>
 
@@ -18,9 +23,17 @@ namespace Tarvik {
 
 /// An item model of a provider's groups, for tree views. It follows every change of the provider.
 ///
+/// Views are told what changes, and nothing else: rows that come, leave or move, and names and
+/// counts. Persistent indexes follow their groups and elements, also from one group to another, so
+/// views keep what is selected, current and expanded. A change of more than maximumSteps(), and one
+/// that moves several runs of elements from one list to another, is told as one change of the
+/// layout, in which rows may come and leave as well. If memory runs out on the way, the model is
+/// reset to what the provider has. If even that fails, the model is empty until the next change, or
+/// until reload() succeeds.
+///
 /// The model has its own copy of the lists, since views ask for rows as they were until they are
 /// told about each step of a change. It shares the provider, which must therefore not own the
-/// model.
+/// model. Names of elements are asked for each time: see elementsChanged().
 template <class T>
 class GroupItemModel : public GroupItemModelBase {
 public:
@@ -41,58 +54,57 @@ public:
   /// The row of the first group with that id; invalid if there is none.
   QModelIndex indexOfGroup(const Identifier& groupId) const;
 
+  /// Tells views that these elements may look different: other names, other icons. The provider
+  /// knows nothing of that. Looks at all elements; for more than a few, allElementsChanged() is
+  /// told instead.
+  void elementsChanged(const std::vector<T>& elements);
+
+  /// Resets the model to what the provider has. Only needed after memory has run out. When it
+  /// throws, the model is empty.
+  void reload();
+
   RowKind kindOf(const QModelIndex& index) const override;
 
   QModelIndex index(int row, int column, const QModelIndex& parent = QModelIndex()) const override;
   QModelIndex parent(const QModelIndex& child) const override;
   int rowCount(const QModelIndex& parent = QModelIndex()) const override;
-  int columnCount(const QModelIndex& parent = QModelIndex()) const override;
+
+  /// The display and the edit role, and the tool tip, are the name. What throws on the way is told
+  /// by failed(), and there is no data then.
   QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
 
 private:
-  /// A group as the views know it. Indexes of members point to it.
-  struct Node {
-    Identifier id;
-    std::string name;
-    std::vector<T> members;
-    int row;
-  };
+  friend class ShownLists::LayoutUpdate<T>;
+  friend class ShownLists::StepwiseUpdate<T>;
 
-  const Node* groupAt(const QModelIndex& index) const;
-  void readProvider();
+  using Group = ShownLists::ShownGroup<T>;
+
+  GroupsSubscription<T> subscribe();
+
+  const Group* groupAt(const QModelIndex& index) const;
+  QVariant ownData(const QModelIndex& index, int role) const;
+  void follow(const GroupsChange<T>& change);
+  void followSteps(const GroupsChange<T>& change);
+  void followAtOnce(const GroupsChange<T>& change);
+  void tellElements(const std::vector<T>& changed, const std::vector<T>& list, const Group* group);
 
   std::shared_ptr<TKGroupProvider<T>> m_provider;
-  std::vector<std::unique_ptr<Node>> m_groups;
-  std::vector<T> m_ungrouped;
+  ShownLists::ShownGroups<T> m_shown;
+  bool m_isUpToDate = true; ///< false when what the provider has could not be read
   GroupsSubscription<T> m_subscription;
 };
 
 template <class T>
 GroupItemModel<T>::GroupItemModel(std::shared_ptr<TKGroupProvider<T>> provider, QObject* parent)
-    : GroupItemModelBase(parent), m_provider(std::move(provider))
+    : GroupItemModelBase(parent),
+      m_provider(std::move(provider)),
+      m_shown(ShownLists::shown(*m_provider))
 {
-  readProvider();
-  m_subscription = m_provider->subscribe([this](const GroupsChange<T>&) {
-    beginResetModel();
-    readProvider();
-    endResetModel();
-  });
+  m_subscription = subscribe();
 }
 
 template <class T>
 GroupItemModel<T>::~GroupItemModel() = default;
-
-template <class T>
-void GroupItemModel<T>::readProvider()
-{
-  m_groups.clear();
-  for (const auto& group : m_provider->getGroups()) {
-    m_groups.push_back(
-        std::make_unique<Node>(Node{group.getId(), group.getName(), group.getGroupMembers(),
-                                    static_cast<int>(m_groups.size())}));
-  }
-  m_ungrouped = m_provider->ungroupedElements();
-}
 
 template <class T>
 const std::shared_ptr<TKGroupProvider<T>>& GroupItemModel<T>::provider() const
@@ -100,12 +112,87 @@ const std::shared_ptr<TKGroupProvider<T>>& GroupItemModel<T>::provider() const
   return m_provider;
 }
 
+template <class T>
+GroupsSubscription<T> GroupItemModel<T>::subscribe()
+{
+  return m_provider->subscribe([this](const auto& change) { follow(change); });
+}
+
+template <class T>
+void GroupItemModel<T>::reload()
+{
+  ShownLists::ShownGroups<T> shown;
+  try {
+    // anew, since changes that wait to be told are in what the provider has already
+    m_subscription = subscribe();
+    shown = ShownLists::shown(*m_provider);
+  } catch (...) {
+    beginResetModel();
+    m_shown = {};
+    m_isUpToDate = false;
+    endResetModel();
+    throw;
+  }
+  beginResetModel();
+  std::swap(m_shown, shown);
+  m_isUpToDate = true;
+  endResetModel();
+}
+
+template <class T>
+void GroupItemModel<T>::follow(const GroupsChange<T>& change)
+{
+  if (!m_isUpToDate)
+    return reload();
+  try {
+    const auto steps = change.groups.size() + change.ungrouped.size();
+    if (steps <= static_cast<std::size_t>((std::max)(maximumSteps(), 0)))
+      followSteps(change);
+    else
+      followAtOnce(change);
+  } catch (...) {
+    reload();
+  }
+}
+
+/// Tells each step, unless elements go from one list to another in several runs.
+template <class T>
+void GroupItemModel<T>::followSteps(const GroupsChange<T>& change)
+{
+  const ShownLists::Travellers<T> travellers(change);
+  const auto passage = travellers.onlyPassage();
+  if (!passage && travellers.any())
+    return followAtOnce(change);
+
+  ShownLists::StepwiseUpdate<T> update(*this);
+  if (passage)
+    update.pass(*passage);
+  else
+    ShownLists::doSteps(change, m_shown, update);
+  for (const int row : ShownLists::rowsWithOtherCounts(change))
+    tellCounts(row, row);
+}
+
+template <class T>
+void GroupItemModel<T>::followAtOnce(const GroupsChange<T>& change)
+{
+  ShownLists::LayoutUpdate<T> update(*this);
+  ShownLists::doSteps(change, m_shown, update);
+  update.finish();
+  const auto renamed = ShownLists::renamedRows(change);
+  if (!renamed.empty())
+    tellNames(renamed.front(), renamed.back());
+  const auto counted = ShownLists::rowsWithOtherCounts(change);
+  if (!counted.empty())
+    tellCounts(counted.front(), counted.back());
+}
+
 /// The group in the row of the index, or null.
 template <class T>
-auto GroupItemModel<T>::groupAt(const QModelIndex& index) const -> const Node*
+auto GroupItemModel<T>::groupAt(const QModelIndex& index) const -> const Group*
 {
   const auto isGroup = kindOf(index) == RowKind::Group;
-  return isGroup ? m_groups[static_cast<std::size_t>(index.row())].get() : nullptr;
+  return isGroup ? m_shown.groups[static_cast<std::size_t>(index.row())].get() : nullptr;
 }
 
 template <class T>
@@ -121,9 +208,9 @@ const T* GroupItemModel<T>::elementAt(const QModelIndex& index) const
   const auto row = static_cast<std::size_t>(index.row());
   switch (kindOf(index)) {
   case RowKind::Member:
-    return &static_cast<const Node*>(index.constInternalPointer())->members[row];
+    return &static_cast<const Group*>(index.constInternalPointer())->members[row];
   case RowKind::Ungrouped:
-    return &m_ungrouped[row - m_groups.size()];
+    return &m_shown.ungrouped[row - m_shown.groups.size()];
   default:
     return nullptr;
   }
@@ -132,9 +219,37 @@ const T* GroupItemModel<T>::elementAt(const QModelIndex& index) const
 template <class T>
 QModelIndex GroupItemModel<T>::indexOfGroup(const Identifier& groupId) const
 {
-  const auto found = std::find_if(m_groups.begin(), m_groups.end(),
+  const auto& groups = m_shown.groups;
+  const auto found = std::find_if(groups.begin(), groups.end(),
                                   [&](const auto& group) { return group->id == groupId; });
-  return found != m_groups.end() ? index((*found)->row, NameColumn) : QModelIndex();
+  return found != groups.end() ? index((*found)->row, NameColumn) : QModelIndex();
+}
+
+template <class T>
+void GroupItemModel<T>::elementsChanged(const std::vector<T>& elements)
+{
+  constexpr std::size_t few = 16; // each is compared with all members
+  if (elements.size() > few)
+    return allElementsChanged();
+  for (const auto& group : m_shown.groups)
+    tellElements(elements, group->members, group.get());
+  tellElements(elements, m_shown.ungrouped, nullptr);
+}
+
+/// @param group  whose members the list has; null for the ungrouped elements
+template <class T>
+void GroupItemModel<T>::tellElements(const std::vector<T>& changed,
+                                     const std::vector<T>& list,
+                                     const Group* group)
+{
+  const auto parent = group ? index(group->row, NameColumn) : QModelIndex();
+  const auto first = group ? 0 : m_shown.groups.size();
+  for (std::size_t i = 0; i < list.size(); ++i) {
+    if (std::find(changed.begin(), changed.end(), list[i]) == changed.end())
+      continue;
+    const auto row = static_cast<int>(first + i);
+    Q_EMIT dataChanged(index(row, NameColumn, parent), index(row, columnCount() - 1, parent));
+  }
 }
 
 template <class T>
@@ -145,7 +260,7 @@ GroupItemModelBase::RowKind GroupItemModel<T>::kindOf(const QModelIndex& index) 
   if (index.constInternalPointer())
     return RowKind::Member;
   const auto row = static_cast<std::size_t>(index.row());
-  return row < m_groups.size() ? RowKind::Group : RowKind::Ungrouped;
+  return row < m_shown.groups.size() ? RowKind::Group : RowKind::Ungrouped;
 }
 
 template <class T>
@@ -157,7 +272,7 @@ QModelIndex GroupItemModel<T>::index(int row, int column, const QModelIndex& par
 template <class T>
 QModelIndex GroupItemModel<T>::parent(const QModelIndex& child) const
 {
-  const auto* group = static_cast<const Node*>(child.constInternalPointer());
+  const auto* group = static_cast<const Group*>(child.constInternalPointer());
   return group ? createIndex(group->row, NameColumn) : QModelIndex();
 }
 
@@ -165,34 +280,48 @@ template <class T>
 int GroupItemModel<T>::rowCount(const QModelIndex& parent) const
 {
   if (!parent.isValid())
-    return static_cast<int>(m_groups.size() + m_ungrouped.size());
+    return static_cast<int>(m_shown.groups.size() + m_shown.ungrouped.size());
   const auto* group = parent.column() == NameColumn ? groupAt(parent) : nullptr;
   return group ? static_cast<int>(group->members.size()) : 0;
 }
 
 template <class T>
-int GroupItemModel<T>::columnCount(const QModelIndex&) const
+QVariant GroupItemModel<T>::data(const QModelIndex& index, int role) const
 {
-  return ColumnCount;
+  try {
+    const auto answer = applicationData(index, role);
+    return answer.isValid() ? answer : ownData(index, role);
+  } catch (...) { // it must not reach the event loop
+    tellFailure(std::current_exception());
+    return {};
+  }
 }
 
 template <class T>
-QVariant GroupItemModel<T>::data(const QModelIndex& index, int role) const
+QVariant GroupItemModel<T>::ownData(const QModelIndex& index, int role) const
 {
   const auto* group = groupAt(index);
   const auto* element = elementAt(index);
   if (!group && !element)
     return {};
-  if (role == KindRole)
+  switch (role) {
+  case KindRole:
     return QVariant::fromValue(kindOf(index));
-  if (role == IdentifierRole)
+  case IdentifierRole:
     return QString::fromStdString(group ? group->id.toString() : element->toString());
-  const bool isText = role == Qt::DisplayRole || role == Qt::EditRole;
-  if (isText && index.column() == NameColumn)
+  case CountRole:
+    return group ? QVariant(static_cast<int>(group->members.size())) : QVariant();
+  case Qt::DisplayRole:
+  case Qt::EditRole:
+  case Qt::ToolTipRole:
+    if (index.column() == CountColumn)
+      return role == Qt::DisplayRole ? ownData(index, CountRole) : QVariant();
+    return ownData(index, NameRole);
+  case NameRole:
     return QString::fromStdString(group ? group->name : m_provider->getElementName(*element));
-  if (group && (role == CountRole || (role == Qt::DisplayRole && index.column() == CountColumn)))
-    return static_cast<int>(group->members.size());
-  return {};
+  default:
+    return {};
+  }
 }
 
 extern template class TKM_QTMODELS_DECLARE GroupItemModel<Identifier>;

@@ -3,6 +3,7 @@
 
 #include "QtModels/Editing/GroupDragData.h"
 #include "QtModels/Editing/GroupEditorBase.h"
+#include <utility>
 
 namespace Tarvik {
 
@@ -72,6 +73,95 @@ bool GroupItemModelBase::dropMimeData(
     const QMimeData* data, Qt::DropAction action, int row, int column, const QModelIndex& parent)
 {
   return canDropMimeData(data, action, row, column, parent) && m_editor->drop(*data, row, parent);
+}
+
+void GroupItemModelBase::setRowData(RowData rowData)
+{
+  m_rowData = std::move(rowData);
+  allElementsChanged();
+}
+
+void GroupItemModelBase::allElementsChanged()
+{
+  const auto tellRowsOf = [this](const QModelIndex& parent) {
+    const int rows = rowCount(parent);
+    if (rows > 0)
+      Q_EMIT dataChanged(index(0, 0, parent), index(rows - 1, columnCount() - 1, parent));
+    return rows;
+  };
+  const int topRows = tellRowsOf({});
+  for (int row = 0; row < topRows; ++row)
+    tellRowsOf(index(row, 0));
+}
+
+void GroupItemModelBase::setCountColumnVisible(bool isVisible)
+{
+  if (isVisible == m_isCountColumnVisible)
+    return;
+  beginResetModel();
+  m_isCountColumnVisible = isVisible;
+  endResetModel();
+}
+
+int GroupItemModelBase::columnCount(const QModelIndex&) const
+{
+  return m_isCountColumnVisible ? ColumnCount : CountColumn;
+}
+
+QVariant GroupItemModelBase::headerData(int section, Qt::Orientation orientation, int role) const
+{
+  if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
+    return QAbstractItemModel::headerData(section, orientation, role);
+  switch (section) {
+  case NameColumn:
+    return tr("Name");
+  case CountColumn:
+    return tr("Members");
+  default:
+    return {};
+  }
+}
+
+QHash<int, QByteArray> GroupItemModelBase::roleNames() const
+{
+  auto names = QAbstractItemModel::roleNames();
+  names.insert(KindRole, "kind");
+  names.insert(IdentifierRole, "identifier");
+  names.insert(CountRole, "count");
+  names.insert(NameRole, "name");
+  return names;
+}
+
+QVariant GroupItemModelBase::applicationData(const QModelIndex& index, int role) const
+{
+  return m_rowData && index.isValid() ? m_rowData(index, role) : QVariant();
+}
+
+void GroupItemModelBase::tellNames(int first, int last)
+{
+  tellRows(first, last, {Qt::DisplayRole, Qt::EditRole, Qt::ToolTipRole, NameRole});
+}
+
+void GroupItemModelBase::tellCounts(int first, int last)
+{
+  tellRows(first, last, {Qt::DisplayRole, CountRole});
+}
+
+void GroupItemModelBase::tellRows(int first, int last, const QList<int>& roles)
+{
+  Q_EMIT dataChanged(index(first, NameColumn), index(last, columnCount() - 1), roles);
+}
+
+void GroupItemModelBase::tellFailure(const std::exception_ptr& exception) const noexcept
+{
+  try {
+    try {
+      std::rethrow_exception(exception);
+    } catch (const std::exception& error) {
+      Q_EMIT failed(tr("A group or an element cannot be shown: %1").arg(error.what()));
+    }
+  } catch (...) { // NOLINT(bugprone-empty-catch): there is nothing left that could be told
+  }
 }
 
 }

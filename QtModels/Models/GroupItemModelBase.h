@@ -4,7 +4,15 @@
 #include "QtModels/QtModelsExport.h"
 
 #include <QtCore/QAbstractItemModel>
+#include <QtCore/QByteArray>
+#include <QtCore/QHash>
+#include <QtCore/QList>
 #include <QtCore/QPointer>
+#include <QtCore/QString>
+#include <QtCore/QVariant>
+
+#include <exception>
+#include <functional>
 
 namespace Tarvik {
 
@@ -17,20 +25,23 @@ class GroupEditorBase;
 /// of a group are the rows below it.
 class TKM_QTMODELS_API GroupItemModelBase : public QAbstractItemModel {
   Q_OBJECT
+  Q_PROPERTY(
+      bool countColumnVisible READ isCountColumnVisible WRITE setCountColumnVisible DESIGNABLE true)
 
 public:
   /// The columns of all rows.
   enum Column {
     NameColumn,  ///< the name of a group or an element
-    CountColumn, ///< of a group: how many members it has
+    CountColumn, ///< of a group: how many members it has; may be left out
     ColumnCount
   };
 
-  /// Roles beyond those of Qt.
+  /// Roles beyond those of Qt. All columns of a row answer them alike.
   enum Role {
     KindRole = Qt::UserRole, ///< a RowKind
     IdentifierRole,          ///< QString: the id of a group or an element
     CountRole,               ///< of a group, int: how many members it has
+    NameRole,                ///< QString: the name of a group or an element
     FirstUserRole            ///< the first role that an application may use for its own purposes
   };
 
@@ -42,6 +53,10 @@ public:
     Ungrouped, ///< an element that no group holds
   };
   Q_ENUM(RowKind)
+
+  /// Answers for the application what data() is asked for. An invalid QVariant leaves the answer to
+  /// the model.
+  using RowData = std::function<QVariant(const QModelIndex& index, int role)>;
 
   ~GroupItemModelBase() override;
 
@@ -78,11 +93,59 @@ public:
                     const QModelIndex& parent) override;
   /// @}
 
+  /// Lets the application answer first: for icons, colours, tool tips, or texts of its own. All
+  /// rows are taken to look different after this. The function may be empty, which is so at first.
+  void setRowData(RowData rowData);
+
+  /// Tells views that all rows may look different: other names of elements, other icons.
+  void allElementsChanged();
+
+  /// Whether there is a column of counts. There is one at first.
+  bool isCountColumnVisible() const { return m_isCountColumnVisible; }
+
+  /// Adds or removes the column of counts. The model is reset.
+  void setCountColumnVisible(bool isVisible);
+
+  /// With how many steps at most the model follows one change; above it tells one change of its
+  /// layout. 100 at first.
+  int maximumSteps() const { return m_maximumSteps; }
+
+  /// @param steps  0 or less: every change is told as a change of the layout
+  void setMaximumSteps(int steps) { m_maximumSteps = steps; }
+
+  int columnCount(const QModelIndex& parent = QModelIndex()) const override;
+  QVariant
+  headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+
+  /// "name", "count", "identifier" and "kind" beside those of Qt.
+  QHash<int, QByteArray> roleNames() const override;
+
+Q_SIGNALS:
+  /// Something that a view asked for has failed. The text says what and why.
+  void failed(const QString& message) const;
+
 protected:
   explicit GroupItemModelBase(QObject* parent);
 
+  /// What the application answers; invalid if it leaves the answer to the model.
+  QVariant applicationData(const QModelIndex& index, int role) const;
+
+  /// Tells that the groups in these rows have other names.
+  void tellNames(int first, int last);
+
+  /// Tells that the groups in these rows have other numbers of members.
+  void tellCounts(int first, int last);
+
+  /// Emits failed() with the text of the exception.
+  void tellFailure(const std::exception_ptr& exception) const noexcept;
+
 private:
+  void tellRows(int first, int last, const QList<int>& roles);
+
   QPointer<GroupEditorBase> m_editor;
+  RowData m_rowData;
+  bool m_isCountColumnVisible = true;
+  int m_maximumSteps = 100;
 };
 
 }
