@@ -191,9 +191,9 @@ void ElementNumbers<T>::reserve(std::size_t size)
 template <class T>
 void ElementNumbers<T>::resizeTable(std::size_t size)
 {
-  std::vector<Slot> table(size);
-  m_slots.swap(table);
-  for (const Slot& slot : table) {
+  std::vector<Slot> oldSlots(size); // not "slots", which Qt defines as a macro
+  m_slots.swap(oldSlots);
+  for (const Slot& slot : oldSlots) {
     if (slot.number != none)
       m_slots[freeSlot(slot.hash)] = slot;
   }

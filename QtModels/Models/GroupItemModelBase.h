@@ -7,6 +7,7 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QHash>
 #include <QtCore/QList>
+#include <QtCore/QPointer>
 #include <QtCore/QString>
 #include <QtCore/QVariant>
 
@@ -14,6 +15,8 @@
 #include <functional>
 
 namespace Tarvik {
+
+class GroupEditorBase;
 
 /// What all models of groups have in common, whatever their elements are: columns, roles and kinds
 /// of rows. GroupItemModel implements it.
@@ -59,6 +62,36 @@ public:
 
   /// What the row of the index shows.
   virtual RowKind kindOf(const QModelIndex& index) const = 0;
+
+  /// What carries out what the user does with the rows; null: the rows are only shown.
+  GroupEditorBase* editor() const;
+
+  /// Sets the editor, usually a GroupEditor<T>, which calls this itself.
+  /// @param editor  may be null; may be destroyed before the model
+  void setEditor(GroupEditorBase* editor);
+
+  /// Renames a group. Refuses names that the editor does not allow.
+  bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
+
+  /// @name Drag and drop
+  /// What GroupEditorBase describes. A drop moves the rows itself: as there is no removeRows(), the
+  /// view from which they come removes none.
+  /// @{
+  Qt::ItemFlags flags(const QModelIndex& index) const override;
+  Qt::DropActions supportedDropActions() const override;
+  QStringList mimeTypes() const override;
+  QMimeData* mimeData(const QModelIndexList& indexes) const override;
+  bool canDropMimeData(const QMimeData* data,
+                       Qt::DropAction action,
+                       int row,
+                       int column,
+                       const QModelIndex& parent) const override;
+  bool dropMimeData(const QMimeData* data,
+                    Qt::DropAction action,
+                    int row,
+                    int column,
+                    const QModelIndex& parent) override;
+  /// @}
 
   /// Lets the application answer first: for icons, colours, tool tips, or texts of its own. All
   /// rows are taken to look different after this. The function may be empty, which is so at first.
@@ -109,6 +142,7 @@ protected:
 private:
   void tellRows(int first, int last, const QList<int>& roles);
 
+  QPointer<GroupEditorBase> m_editor;
   RowData m_rowData;
   bool m_isCountColumnVisible = true;
   int m_maximumSteps = 100;

@@ -1,0 +1,332 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "CommandPattern/MacroCommand.h"
+#include "GroupHosting/Commands/MoveTKGroupsCmd.h"
+#include "GroupHosting/Providers/TKGroupProvider.h"
+#include "HighLevelServices/GroupCommands/AddToTKGroupCmd.h"
+#include "HighLevelServices/GroupCommands/CreateTKGroupCmd.h"
+#include "HighLevelServices/GroupCommands/DistinctElements.h"
+#include "HighLevelServices/GroupCommands/MoveTKGroupElementsCmd.h"
+#include "HighLevelServices/GroupCommands/RemoveFromTKGroupCmd.h"
+#include "HighLevelServices/GroupCommands/RemoveTKGroupsCmd.h"
+#include "HighLevelServices/GroupCommands/RenameTKGroupCmd.h"
+#include "HighLevelServices/GroupCommands/SortTKGroupsAlphabeticallyCmd.h"
+#include "QtModels/Editing/Blocks.h"
+#include "QtModels/Editing/GroupPlace.h"
+#include "QtModels/Editing/GroupRequest.h"
+#include "QtModels/Editing/GroupSubjects.h"
+#include "QtModels/Editing/PlaceLastGroupCmd.h"
+#include "QtModels/QtModelsExport.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <limits>
+#include <list>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace Tarvik {
+
+/// What a user does with groups, as plain functions: for menus, keys, drag and drop and the
+/// application's own code.
+///
+/// Each operation makes one request for the handler, and so one step that can be undone. There is
+/// no request where it is known beforehand that nothing would change. All return whether anything
+/// has changed, and throw what the handler throws. Names are UTF-8.
+template <class T>
+class GroupOperations {
+public:
+  /// @param provider  owner of the groups; not null
+  /// @param handler   executes the requests; not empty
+  GroupOperations(std::shared_ptr<TKGroupProvider<T>> provider, GroupRequestHandler<T> handler);
+  ~GroupOperations();
+
+  /// Makes a group of the elements, which leave their groups.
+  /// @param name  made unique if another group has it; if empty, "Group" in the user's language
+  /// @return the id of the group; nothing if the handler has not made it
+  std::optional<Identifier> createGroup(const std::vector<T>& elements,
+                                        const std::string& name,
+                                        const GroupPlace& place = GroupPlace::atEnd()) const;
+
+  /// Moves the elements to the end of the group. Does nothing if the group is unknown.
+  bool addToGroup(const std::vector<T>& elements, const Identifier& groupId) const;
+
+  /// Moves the elements into the group, before the member at the position, counted from 0; to the
+  /// end if there is no such member. Does nothing if the group is unknown.
+  bool insertIntoGroup(const std::vector<T>& elements,
+                       const Identifier& groupId,
+                       std::size_t position) const;
+
+  /// Takes the elements out of their groups. One that several groups hold leaves the first only; if
+  /// it is given twice, the first two.
+  bool removeFromGroups(const std::vector<T>& elements) const;
+
+  /// Moves the elements next to the target: into the first group that holds it, or among the
+  /// ungrouped elements, in an order that is the provider's. Does nothing if the provider does not
+  /// know the target.
+  bool moveElements(const std::vector<T>& elements, const T& target, Side side) const;
+
+  /// Deletes groups. Their members become ungrouped unless other groups hold them.
+  bool deleteGroups(const std::vector<Identifier>& groupIds) const;
+
+  /// Renames a group. Takes any name, even an empty one or that of another group.
+  bool renameGroup(const Identifier& groupId, const std::string& name) const;
+
+  /// Sorts the groups by name, and the members of each.
+  bool sortGroups() const;
+
+  /// Moves groups next to the target, which may be one of them. Does nothing if it is unknown.
+  bool
+  moveGroups(const std::vector<Identifier>& groupIds, const Identifier& target, Side side) const;
+
+private:
+  using Provider = std::shared_ptr<TKGroupProviderInterface<T>>;
+
+  bool areAllIn(const std::vector<T>& elements, const TKGroup<T>* holder) const;
+  bool areInPlace(const std::vector<T>& elements, const T& target, Side side) const;
+  std::string subjectOf(const std::vector<T>& elements) const;
+  std::string namesOf(const std::vector<Identifier>& groupIds) const;
+  std::vector<Identifier> knownGroups(const std::vector<Identifier>& groupIds) const;
+
+  std::shared_ptr<TKGroupProvider<T>> m_provider;
+  GroupRequestHandler<T> m_handler;
+};
+
+template <class T>
+GroupOperations<T>::GroupOperations(std::shared_ptr<TKGroupProvider<T>> provider,
+                                    GroupRequestHandler<T> handler)
+    : m_provider(std::move(provider)), m_handler(std::move(handler))
+{}
+
+template <class T>
+GroupOperations<T>::~GroupOperations() = default;
+
+template <class T>
+std::optional<Identifier> GroupOperations<T>::createGroup(const std::vector<T>& elements,
+                                                          const std::string& name,
+                                                          const GroupPlace& place) const
+{
+  const auto groupId = std::make_shared<std::optional<Identifier>>();
+  const auto members = GroupLists::distinct(elements);
+  const bool isCreated = m_handler(
+      {.context = "CreateTKGroupCmd",
+       .text = "Create Group",
+       .makeCommand =
+           [members, name, place, groupId](Provider provider) {
+             return std::make_shared<MacroCommand>(std::list<std::shared_ptr<CommandBase>>{
+                 std::make_shared<CreateTKGroupCmd<T>>(provider, members, name),
+                 std::make_shared<PlaceLastGroupCmd<T>>(provider, place, groupId)});
+           },
+       .subject =
+           [groupId, count = members.size(), provider = m_provider] {
+             const auto* group = *groupId ? provider->findGroup(**groupId) : nullptr;
+             return group ? GroupSubjects::groupWith(group->getName(), count) : std::string();
+           }});
+  return isCreated ? *groupId : std::nullopt;
+}
+
+template <class T>
+bool GroupOperations<T>::addToGroup(const std::vector<T>& elements, const Identifier& groupId) const
+{
+  return insertIntoGroup(elements, groupId, (std::numeric_limits<std::size_t>::max)());
+}
+
+template <class T>
+bool GroupOperations<T>::insertIntoGroup(const std::vector<T>& elements,
+                                         const Identifier& groupId,
+                                         std::size_t position) const
+{
+  const auto* group = m_provider->findGroup(groupId);
+  if (elements.empty() || !group)
+    return false;
+  const auto& members = group->getGroupMembers();
+  const auto place = std::min(position, members.size());
+  const auto moved = GroupLists::distinct(elements);
+  if (areAllIn(moved, group) && isBlockAt(members, moved, place))
+    return false;
+
+  const auto index = place < members.size() ? static_cast<int>(place) : -1;
+  return m_handler({.context = "AddToTKGroupCmd",
+                    .text = "Add to Group",
+                    .makeCommand =
+                        [moved, groupId, index](Provider provider) {
+                          auto command =
+                              std::make_shared<AddToTKGroupCmd<T>>(provider, moved, groupId);
+                          command->setInsertIndex(index);
+                          return command;
+                        },
+                    .subject = [subject = GroupSubjects::into(
+                                    subjectOf(moved), group->getName())] { return subject; }});
+}
+
+template <class T>
+bool GroupOperations<T>::removeFromGroups(const std::vector<T>& elements) const
+{
+  std::vector<T> members;
+  std::copy_if(elements.begin(), elements.end(), std::back_inserter(members),
+               [this](const T& element) { return m_provider->isGrouped(element); });
+  if (members.empty())
+    return false;
+  return m_handler({.context = "RemoveFromTKGroupCmd",
+                    .text = "Remove Point Collection(s) From Group",
+                    .makeCommand =
+                        [members](Provider provider) {
+                          return std::make_shared<RemoveFromTKGroupCmd<T>>(provider, members);
+                        },
+                    .subject = [subject = subjectOf(members)] { return subject; }});
+}
+
+template <class T>
+bool GroupOperations<T>::moveElements(const std::vector<T>& elements,
+                                      const T& target,
+                                      Side side) const
+{
+  if (!m_provider->hasElement(target) && !m_provider->isGrouped(target))
+    return false;
+  const auto moved = GroupLists::distinct(elements);
+  if (moved.empty() || areInPlace(moved, target, side))
+    return false;
+  return m_handler({.context = "MoveTKGroupElementsCmd",
+                    .text = "Move Elements",
+                    .makeCommand =
+                        [moved, target, side](Provider provider) {
+                          return std::make_shared<MoveTKGroupElementsCmd<T>>(
+                              provider, moved, target, side == Side::Before);
+                        },
+                    .subject = [subject = GroupSubjects::beside(
+                                    subjectOf(moved), side,
+                                    m_provider->getElementName(target))] { return subject; }});
+}
+
+template <class T>
+bool GroupOperations<T>::deleteGroups(const std::vector<Identifier>& groupIds) const
+{
+  const auto known = knownGroups(groupIds);
+  if (known.empty())
+    return false;
+  return m_handler({.context = "RemoveTKGroupsCmd",
+                    .text = "Remove Group",
+                    .makeCommand =
+                        [known](Provider provider) {
+                          return std::make_shared<RemoveTKGroupsCmd<T>>(provider, known);
+                        },
+                    .subject = [subject = namesOf(known)] { return subject; }});
+}
+
+template <class T>
+bool GroupOperations<T>::renameGroup(const Identifier& groupId, const std::string& name) const
+{
+  const auto* group = m_provider->findGroup(groupId);
+  if (!group || group->getName() == name)
+    return false;
+  return m_handler(
+      {.context = "RenameTKGroupCmd",
+       .text = "Rename Group",
+       .makeCommand =
+           [groupId, name](Provider provider) {
+             return std::make_shared<RenameTKGroupCmd<T>>(provider, groupId, name);
+           },
+       .subject = [subject = GroupSubjects::into(GroupSubjects::groupWith(group->getName(), 0),
+                                                 name)] { return subject; }});
+}
+
+template <class T>
+bool GroupOperations<T>::sortGroups() const
+{
+  if (m_provider->getGroups().empty())
+    return false;
+  return m_handler({.context = "SortTKGroupsAlphabeticallyCmd",
+                    .text = "Sort Groups",
+                    .makeCommand = [](Provider provider) {
+                      return std::make_shared<SortTKGroupsAlphabeticallyCmd<T>>(provider);
+                    }});
+}
+
+template <class T>
+bool GroupOperations<T>::moveGroups(const std::vector<Identifier>& groupIds,
+                                    const Identifier& target,
+                                    Side side) const
+{
+  const auto& groups = m_provider->getGroups();
+  const auto moved = GroupLists::distinct(knownGroups(groupIds));
+  const auto* targetGroup = m_provider->findGroup(target);
+  if (moved.empty() || !targetGroup)
+    return false;
+  std::vector<Identifier> order;
+  order.reserve(groups.size());
+  for (const auto& group : groups)
+    order.push_back(group.getId());
+  const auto position = static_cast<std::size_t>(targetGroup - groups.data());
+  if (isBlockAt(order, moved, position + (side == Side::After ? 1 : 0)))
+    return false;
+  return m_handler(
+      {.context = "MoveTKGroupsCmd",
+       .text = "Move Groups",
+       .makeCommand =
+           [moved, target, side](Provider provider) {
+             return std::make_shared<MoveTKGroupsCmd<T>>(provider, moved, target,
+                                                         side == Side::Before);
+           },
+       .subject = [subject = GroupSubjects::beside(namesOf(moved), side,
+                                                   targetGroup->getName())] { return subject; }});
+}
+
+/// Whether the group is the first holder of all of the elements; null: whether none is grouped.
+template <class T>
+bool GroupOperations<T>::areAllIn(const std::vector<T>& elements, const TKGroup<T>* holder) const
+{
+  return std::all_of(elements.begin(), elements.end(),
+                     [&](const T& element) { return m_provider->holderOf(element) == holder; });
+}
+
+/// Whether the elements are next to the target already, where the user sees it.
+template <class T>
+bool GroupOperations<T>::areInPlace(const std::vector<T>& elements,
+                                    const T& target,
+                                    Side side) const
+{
+  const auto* holder = m_provider->holderOf(target);
+  if (!areAllIn(elements, holder))
+    return false;
+  const auto& list = holder ? holder->getGroupMembers() : m_provider->ungroupedElements();
+  const auto found = std::find(list.begin(), list.end(), target);
+  const auto next = side == Side::After && found != list.end() ? found + 1 : found;
+  return isBlockAt(list, elements, static_cast<std::size_t>(next - list.begin()));
+}
+
+template <class T>
+std::string GroupOperations<T>::subjectOf(const std::vector<T>& elements) const
+{
+  return GroupSubjects::elements(elements.size(), elements.size() == 1
+                                                      ? m_provider->getElementName(elements.front())
+                                                      : std::string());
+}
+
+template <class T>
+std::string GroupOperations<T>::namesOf(const std::vector<Identifier>& groupIds) const
+{
+  std::vector<std::string> names;
+  names.reserve(groupIds.size());
+  for (const auto& id : groupIds)
+    names.push_back(m_provider->findGroup(id)->getName());
+  return GroupSubjects::groups(names);
+}
+
+template <class T>
+std::vector<Identifier>
+GroupOperations<T>::knownGroups(const std::vector<Identifier>& groupIds) const
+{
+  std::vector<Identifier> known;
+  std::copy_if(groupIds.begin(), groupIds.end(), std::back_inserter(known),
+               [this](const Identifier& id) { return m_provider->findGroup(id) != nullptr; });
+  return known;
+}
+
+extern template class TKM_QTMODELS_DECLARE GroupOperations<Identifier>;
+extern template class TKM_QTMODELS_DECLARE GroupOperations<GUIdentifier>;
+
+}
