@@ -219,9 +219,8 @@ void History::redo()
 
 void History::setIndex(int index)
 {
-  attempt(tr("An error occurred while several steps were undone or redone"), [&] {
-    m_commands->jumpTo(static_cast<std::size_t>(std::clamp(index, 0, count())));
-  });
+  attempt(tr("An error occurred while several steps were undone or redone"),
+          [&] { m_commands->jumpTo(static_cast<std::size_t>(std::clamp(index, 0, count()))); });
 }
 
 void History::setClean()
@@ -262,8 +261,8 @@ void History::follow()
 {
   const auto before = std::exchange(m_shape, shape());
   const auto& now = m_shape;
-  const bool isSameEntry = now.count == before.count && now.position == before.position &&
-                           now.last == before.last;
+  const bool isSameEntry =
+      now.count == before.count && now.position == before.position && now.last == before.last;
   const bool isAboutMarks = now.cleanPosition != before.cleanPosition ||
                             now.limit != before.limit || now.budget != before.budget;
   // When nothing is different at all, the last entry has taken another command over.

@@ -27,15 +27,15 @@ class HistoryGroup;
 /// that one. commands() has what is not here: the size of commands, what happens when memory runs
 /// out, and the operations that throw.
 ///
-/// No operation here lets an exception out, since Qt's event loop must not be left by one: what goes
-/// wrong is told by failed(), and the commands and the document are then as they were before.
+/// No operation here lets an exception out, since Qt's event loop must not be left by one: what
+/// goes wrong is told by failed(), and the commands and the document are then as they were before.
 ///
 /// Other than in a QUndoStack: a macro without commands leaves no entry, a macro is left by
 /// rollBackMacro() as well, and a signal about a value is only sent when the value is a new one.
 ///
 /// Lifetime: commands usually share their host's provider. A provider must therefore not own the
-/// history of its commands. Keep the two beside each other, in the object that owns both. A slot must
-/// not destroy the history whose signal has called it; deleteLater() is allowed.
+/// history of its commands. Keep the two beside each other, in the object that owns both. A slot
+/// must not destroy the history whose signal has called it; deleteLater() is allowed.
 class TKM_QTMODELS_API History : public QObject {
   Q_OBJECT
   Q_PROPERTY(bool active READ isActive WRITE setActive)
@@ -99,7 +99,8 @@ public:
   /// An action that calls undo(). It is enabled when there is something to undo, and its text says
   /// what: "Undo Create Group", in the user's language.
   /// @param parent  the owner of the action
-  /// @param prefix  the word before the description, if it is to be another one than "Undo"; it does
+  /// @param prefix  the word before the description, if it is to be another one than "Undo"; it
+  /// does
   ///                not follow the language
   QAction* createUndoAction(QObject* parent, const QString& prefix = QString());
 

@@ -108,9 +108,8 @@ void HistoryModel::followOnce()
   const auto isSame = [](const Row& row, const auto& entry) { return row.command == entry.get(); };
   const auto firstKept =
       entries.empty() ? m_rows.end()
-                      : std::find_if(m_rows.begin(), m_rows.end(), [&](const Row& row) {
-                          return isSame(row, entries.front());
-                        });
+                      : std::find_if(m_rows.begin(), m_rows.end(),
+                                     [&](const Row& row) { return isSame(row, entries.front()); });
   const auto endKept =
       std::mismatch(firstKept, m_rows.end(), entries.begin(), entries.end(), isSame).first;
 

@@ -45,12 +45,13 @@ void UndoStackCommand::undo()
 {
   if (!m_isInEffect) // it has failed, as a part of another command
     return;
-  attempt(QT_TRANSLATE_NOOP("Tarvik::History", "An error occurred while \"%1\" was undone"), [this] {
-    m_command->undo();
-    m_isInEffect = false;
-    if (!m_command->isRedoCapable())
-      setObsolete(true);
-  });
+  attempt(QT_TRANSLATE_NOOP("Tarvik::History", "An error occurred while \"%1\" was undone"),
+          [this] {
+            m_command->undo();
+            m_isInEffect = false;
+            if (!m_command->isRedoCapable())
+              setObsolete(true);
+          });
 }
 
 void UndoStackCommand::execute()
@@ -84,7 +85,8 @@ bool UndoStackCommand::mergeWith(const QUndoCommand* other)
   return true;
 }
 
-/// Runs the action. If it throws, the stack is to forget this command, and the handler gets a message.
+/// Runs the action. If it throws, the stack is to forget this command, and the handler gets a
+/// message.
 void UndoStackCommand::attempt(const char* failure, const std::function<void()>& action)
 {
   try {

@@ -5,8 +5,8 @@
 
 namespace Tarvik {
 
-/// Lets Qt translate the texts of this project: the descriptions of commands, and what the Translator
-/// is asked for by others.
+/// Lets Qt translate the texts of this project: the descriptions of commands, and what the
+/// Translator is asked for by others.
 ///
 /// The German texts are in the library, as the resource ":/TKMService/TKMService_de.qm". A program
 /// that wants them writes
@@ -26,8 +26,8 @@ public:
 
   QtTranslation() = delete;
 
-  /// From now on, Translator::translate() asks QCoreApplication::translate(). Replaces the catalogue
-  /// that is installed. May be called before there is an application object.
+  /// From now on, Translator::translate() asks QCoreApplication::translate(). Replaces the
+  /// catalogue that is installed. May be called before there is an application object.
   static void install();
 };
 

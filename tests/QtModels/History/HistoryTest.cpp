@@ -341,9 +341,8 @@ TEST_P(FailureTest, IsReportedWhenACommandIsUndoneAndRedone)
   EXPECT_EQ(history.index(), 0);
 
   const std::string cause = GetParam().cause;
-  EXPECT_THAT(messages,
-              ElementsAre("An error occurred while \"Type a\" was undone: " + cause,
-                          "An error occurred while \"Type a\" was redone: " + cause));
+  EXPECT_THAT(messages, ElementsAre("An error occurred while \"Type a\" was undone: " + cause,
+                                    "An error occurred while \"Type a\" was redone: " + cause));
 }
 
 TEST_P(FailureTest, IsReportedWhenSeveralStepsAreUndone)

@@ -135,8 +135,8 @@ TEST_P(UndoStackCommandTest, IsForgottenWhenUndoFails)
   EXPECT_EQ(document, "ab");
   EXPECT_EQ(stack.count(), 1);
   EXPECT_FALSE(stack.isClean());
-  EXPECT_THAT(messages,
-              ElementsAre(::testing::StartsWith("An error occurred while \"Type b\" was undone: ")));
+  EXPECT_THAT(messages, ElementsAre(::testing::StartsWith(
+                            "An error occurred while \"Type b\" was undone: ")));
 }
 
 TEST_P(UndoStackCommandTest, IsForgottenWhenRedoFails)
@@ -150,8 +150,8 @@ TEST_P(UndoStackCommandTest, IsForgottenWhenRedoFails)
 
   EXPECT_EQ(document, "");
   EXPECT_EQ(stack.count(), 0);
-  EXPECT_THAT(messages,
-              ElementsAre(::testing::StartsWith("An error occurred while \"Type a\" was redone: ")));
+  EXPECT_THAT(messages, ElementsAre(::testing::StartsWith(
+                            "An error occurred while \"Type a\" was redone: ")));
 }
 
 TEST_P(UndoStackCommandTest, DoesNotUndoWhatHasFailedAsAPartOfAnotherCommand)

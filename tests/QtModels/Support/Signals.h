@@ -10,8 +10,8 @@
 
 namespace Tarvik {
 
-/// The signals about the state of a History, a HistoryGroup or their like in Qt, as text: "index 1",
-/// "canUndo true", "undoText Type".
+/// The signals about the state of a History, a HistoryGroup or their like in Qt, as text: "index
+/// 1", "canUndo true", "undoText Type".
 class Signals {
 public:
   template <class Source>
@@ -36,9 +36,8 @@ private:
   template <class Source, class Value>
   void record(const Source& source, void (Source::*signal)(Value), const std::string& name)
   {
-    QObject::connect(&source, signal, &m_context, [this, name](Value value) {
-      m_sent.push_back(name + " " + textOf(value));
-    });
+    QObject::connect(&source, signal, &m_context,
+                     [this, name](Value value) { m_sent.push_back(name + " " + textOf(value)); });
   }
 
   static std::string textOf(int value) { return std::to_string(value); }
