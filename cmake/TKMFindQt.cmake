@@ -3,13 +3,14 @@
 set(TKM_BUILD_QT AUTO CACHE STRING
   "Build QtModels: ON, OFF, or AUTO: if Qt 6 and its lrelease are found. Not with an external platform")
 set_property(CACHE TKM_BUILD_QT PROPERTY STRINGS AUTO ON OFF)
+set(TKM_LEAST_QT 6.4)
 set(has_qt OFF)
 if(TKM_BUILD_QT AND NOT TKM_PLATFORM STREQUAL "external")
   set(is_required "")
   if(NOT TKM_BUILD_QT STREQUAL "AUTO")
     set(is_required REQUIRED)
   endif()
-  find_package(Qt6 6.4 QUIET ${is_required} COMPONENTS Widgets)
+  find_package(Qt6 ${TKM_LEAST_QT} QUIET ${is_required} COMPONENTS Widgets)
   if(Qt6Widgets_FOUND)
     # A program of this machine, also when building for another one.
     find_program(TKM_LRELEASE NAMES lrelease-qt6 lrelease ${is_required}

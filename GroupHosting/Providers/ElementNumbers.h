@@ -191,9 +191,9 @@ void ElementNumbers<T>::reserve(std::size_t size)
 template <class T>
 void ElementNumbers<T>::resizeTable(std::size_t size)
 {
-  std::vector<Slot> slots(size);
-  m_slots.swap(slots);
-  for (const Slot& slot : slots) {
+  std::vector<Slot> before(size);
+  m_slots.swap(before);
+  for (const Slot& slot : before) {
     if (slot.number != none)
       m_slots[freeSlot(slot.hash)] = slot;
   }
