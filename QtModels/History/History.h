@@ -90,10 +90,19 @@ public:
   /// The description of an entry; empty when there is no such entry.
   QString text(int index) const;
 
+  /// Whether the current state is the clean one.
   bool isClean() const;
-  bool canUndo() const; ///< False while a macro is open.
-  bool canRedo() const; ///< False while a macro is open.
+
+  /// Whether there is something to undo. False while a macro is open.
+  bool canUndo() const;
+
+  /// Whether there is something to redo. False while a macro is open.
+  bool canRedo() const;
+
+  /// The description of what undo() would undo; empty when there is nothing.
   QString undoText() const;
+
+  /// The description of what redo() would redo; empty when there is nothing.
   QString redoText() const;
 
   /// An action that calls undo(). It is enabled when there is something to undo, and its text says
@@ -126,7 +135,10 @@ public:
   bool isActive() const;
 
 public Q_SLOTS:
+  /// Undoes the entry before the index. Does nothing when there is none.
   void undo();
+
+  /// Redoes the entry after the index. Does nothing when there is none.
   void redo();
 
   /// Undoes or redoes until so many entries are in effect.
@@ -152,10 +164,19 @@ Q_SIGNALS:
   /// A command has changed the document, or there are other entries.
   void indexChanged(int index);
 
+  /// isClean() is another one.
   void cleanChanged(bool clean);
+
+  /// canUndo() is another one.
   void canUndoChanged(bool canUndo);
+
+  /// canRedo() is another one.
   void canRedoChanged(bool canRedo);
+
+  /// undoText() is another one; also when the language is.
   void undoTextChanged(const QString& undoText);
+
+  /// redoText() is another one; also when the language is.
   void redoTextChanged(const QString& redoText);
 
   /// An operation has failed.

@@ -23,6 +23,7 @@ class TKM_QTMODELS_API HistoryGroup : public QObject {
   Q_OBJECT
 
 public:
+  /// A group without histories.
   explicit HistoryGroup(QObject* parent = nullptr);
 
   /// The histories stay, without a group.
@@ -42,10 +43,19 @@ public:
   /// The active history, or null.
   History* activeHistory() const;
 
+  /// Whether the active history has something to undo.
   bool canUndo() const;
+
+  /// Whether the active history has something to redo.
   bool canRedo() const;
+
+  /// Whether the state of the active history is the clean one.
   bool isClean() const;
+
+  /// What undo() would undo; empty when there is nothing.
   QString undoText() const;
+
+  /// What redo() would redo; empty when there is nothing.
   QString redoText() const;
 
   /// An action that undoes in the active history, as History::createUndoAction() makes it.
@@ -55,7 +65,10 @@ public:
   QAction* createRedoAction(QObject* parent, const QString& prefix = QString());
 
 public Q_SLOTS:
+  /// Undoes in the active history.
   void undo();
+
+  /// Redoes in the active history.
   void redo();
 
   /// Makes a history the active one.
@@ -66,13 +79,15 @@ Q_SIGNALS:
   /// @param history  may be null
   void activeHistoryChanged(History* history);
 
-  // Those of the active history. They are also sent when another one becomes active.
+  /// Those of the active history. They are also sent when another one becomes active.
+  /// @{
   void indexChanged(int index);
   void cleanChanged(bool clean);
   void canUndoChanged(bool canUndo);
   void canRedoChanged(bool canRedo);
   void undoTextChanged(const QString& undoText);
   void redoTextChanged(const QString& redoText);
+  /// @}
 
   /// An operation of the active history has failed.
   /// @param message  what has failed and why, for the user

@@ -28,6 +28,7 @@ class TKM_QTMODELS_API HistoryModel : public QAbstractListModel {
   Q_PROPERTY(QIcon cleanIcon READ cleanIcon WRITE setCleanIcon)
 
 public:
+  /// A model without a history: it is empty.
   explicit HistoryModel(QObject* parent = nullptr);
   ~HistoryModel() override;
 
@@ -46,6 +47,8 @@ public:
 
   /// The decoration of the row whose state is clean.
   QIcon cleanIcon() const;
+
+  /// Sets the decoration of the row whose state is clean; none unless it is set.
   void setCleanIcon(const QIcon& icon);
 
   /// Whether the model is taking over a change right now. What views do meanwhile is not what the

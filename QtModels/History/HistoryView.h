@@ -20,12 +20,15 @@ class TKM_QTMODELS_API HistoryView : public QListView {
   Q_PROPERTY(QIcon cleanIcon READ cleanIcon WRITE setCleanIcon)
 
 public:
+  /// A view without a history: it is empty.
   explicit HistoryView(QWidget* parent = nullptr);
 
   /// @param history  what is shown, or null
+  /// @param parent   the owner of the view, or null
   explicit HistoryView(History* history, QWidget* parent = nullptr);
 
-  /// @param group  whose active history is shown, or null
+  /// @param group   whose active history is shown, or null
+  /// @param parent  the owner of the view, or null
   explicit HistoryView(HistoryGroup* group, QWidget* parent = nullptr);
   ~HistoryView() override;
 
@@ -35,6 +38,7 @@ public:
   /// The group whose active history is shown, or null.
   HistoryGroup* group() const;
 
+  /// The text of the first row.
   QString emptyLabel() const;
 
   /// Sets the text of the first row; unless it is set, it is "<empty>" in the user's language.
@@ -42,6 +46,8 @@ public:
 
   /// The decoration of the row whose state is clean; none unless it is set.
   QIcon cleanIcon() const;
+
+  /// Sets the decoration of the row whose state is clean.
   void setCleanIcon(const QIcon& icon);
 
 public Q_SLOTS:

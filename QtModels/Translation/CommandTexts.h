@@ -11,8 +11,8 @@ namespace Tarvik {
 
 /// A text that is translated, and its context.
 struct TranslatedText {
-  const char* context;
-  const char* text;
+  const char* context; ///< the class of the command
+  const char* text;    ///< in English
 };
 
 /// All texts of HighLevelServices and GroupHosting.

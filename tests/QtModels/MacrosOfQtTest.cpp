@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Qt programs include our headers after Qt's, which have macros called `slots`, `signals` and `emit`.
+// Qt programs include our headers after Qt's, which have macros called `slots`, `signals` and
+// `emit`.
 
 #include <QtWidgets/QtWidgets>
 

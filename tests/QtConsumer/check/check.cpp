@@ -6,7 +6,9 @@
 
 namespace {
 
-void print(const QAbstractItemModel& model, const QModelIndex& parent, const std::string& indentation)
+void print(const QAbstractItemModel& model,
+           const QModelIndex& parent,
+           const std::string& indentation)
 {
   for (int row = 0; row < model.rowCount(parent); ++row) {
     const auto index = model.index(row, 0, parent);
@@ -54,7 +56,7 @@ int main(int argc, char** argv)
 
   window.findChild<HistoryView*>()->setCurrentIndex(
       window.findChild<HistoryView*>()->model()->index(0, 0));
-  std::cout << "the first row of the history chosen" << (window.isWindowModified() ? ", not saved" : "")
-            << ":\n";
+  std::cout << "the first row of the history chosen"
+            << (window.isWindowModified() ? ", not saved" : "") << ":\n";
   printAll(window);
 }
