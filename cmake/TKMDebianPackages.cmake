@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
-# The Debian packages: libtkmservice<major>, libtkmservice-dev and point-collections, and packages with
-# debug symbols if the build has them.
+# The Debian packages: libtkmservice<major>, libtkmservice-dev and point-collections, with QtModels also
+# libtkmservice-qtmodels<major> and libtkmservice-qtmodels-dev, and packages with debug symbols if the
+# build has them.
 
 # tkm_install_compressed(<file> <name> <dir> <part>): the file as <dir>/<name>.gz
 function(tkm_install_compressed file name dir part)
@@ -67,6 +68,32 @@ tkm_install_docs("${CMAKE_INSTALL_DATADIR}/doc/libtkmservice-dev" ${docs})
 file(CREATE_LINK copyright "${PROJECT_BINARY_DIR}/packaging/LICENSE" SYMBOLIC) # for links to it
 install(FILES "${PROJECT_BINARY_DIR}/packaging/LICENSE"
   DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/libtkmservice-dev" COMPONENT TKMService_Development)
+
+if(has_qt)
+  list(APPEND CPACK_COMPONENTS_ALL TKMService_QtModels_Runtime TKMService_QtModels_Development)
+  set(qt_package libtkmservice-qtmodels${PROJECT_VERSION_MAJOR})
+  tkm_debian_package(TKMService_QtModels_Runtime ${qt_package} libs
+    "named groups with undoable commands in Qt 6 applications"
+    "This package has the library with the item models, the views of the undo
+history and the translations.")
+  set(CPACK_DEBIAN_TKMSERVICE_QTMODELS_RUNTIME_DEBUGINFO_PACKAGE ON)
+  set(CPACK_DEBIAN_TKMSERVICE_QTMODELS_RUNTIME_PACKAGE_DEPENDS
+    "${runtime_package} (>= ${PROJECT_VERSION})")
+  set(CPACK_DEBIAN_TKMSERVICE_QTMODELS_RUNTIME_PACKAGE_CONTROL_EXTRA
+    "${PROJECT_SOURCE_DIR}/packaging/debian/triggers")
+  file(WRITE "${PROJECT_BINARY_DIR}/packaging/qt-lintian-overrides"
+    "# Named after its file, as the package with the other libraries is.\n"
+    "${qt_package}: package-name-doesnt-match-sonames *\n")
+  install(FILES "${PROJECT_BINARY_DIR}/packaging/qt-lintian-overrides" RENAME ${qt_package}
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/lintian/overrides" COMPONENT TKMService_QtModels_Runtime)
+
+  tkm_debian_package(TKMService_QtModels_Development libtkmservice-qtmodels-dev libdevel
+    "named groups in Qt 6 applications (development files)"
+    "This package has what it takes to build Qt applications: headers, the files
+that CMake and pkg-config look for, and the texts to translate.")
+  set(CPACK_DEBIAN_TKMSERVICE_QTMODELS_DEVELOPMENT_PACKAGE_DEPENDS
+    "${qt_package} (= ${PROJECT_VERSION}), libtkmservice-dev (= ${PROJECT_VERSION}), qt6-base-dev (>= ${TKM_LEAST_QT})")
+endif()
 
 if(TKM_BUILD_HOST)
   list(APPEND CPACK_COMPONENTS_ALL TKMService_Program)

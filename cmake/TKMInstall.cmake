@@ -1,8 +1,9 @@
 # SPDX-License-Identifier: MIT
 # What is installed where, for find_package() and for pkg-config. Included with TKM_INSTALL.
 #
-# There are three parts, which can be installed or packed separately: TKMService_Runtime,
-# TKMService_Development and TKMService_Program.
+# There are parts, which can be installed or packed separately: TKMService_Runtime,
+# TKMService_Development, TKMService_Program, and, if QtModels is built, TKMService_QtModels_Runtime and
+# TKMService_QtModels_Development.
 include(CMakePackageConfigHelpers)
 include(GNUInstallDirs)
 
@@ -53,15 +54,23 @@ function(tkm_install_library name)
     DESTINATION "${TKM_INSTALL_CMAKE}" COMPONENT ${arg_PART}_Development)
   export(EXPORT ${target} NAMESPACE TKMService:: FILE "${PROJECT_BINARY_DIR}/${target}Targets.cmake")
 
-  list(TRANSFORM arg_DEPENDS REPLACE "^TKMService::" "")
-  set_property(GLOBAL PROPERTY TKM_NEEDS_OF_${name} ${arg_DEPENDS})
+  set(own ${arg_DEPENDS})
+  list(FILTER own INCLUDE REGEX "^TKMService::")
+  list(TRANSFORM own REPLACE "^TKMService::" "")
+  set(qt ${arg_DEPENDS})
+  list(FILTER qt INCLUDE REGEX "^Qt6::")
+  list(TRANSFORM qt REPLACE "^Qt6::" "")
+  set_property(GLOBAL PROPERTY TKM_NEEDS_OF_${name} ${own})
+  set_property(GLOBAL PROPERTY TKM_QT_OF_${name} ${qt})
   if(TKM_PLATFORM STREQUAL "bundled") # only the host knows how to find another platform
-    tkm_install_pkg_config(${name} ${arg_PART}_Development "${arg_DEPENDS}")
+    list(TRANSFORM own REPLACE "(.+)" "TKMService_\\1 = ${PROJECT_VERSION}")
+    list(TRANSFORM qt REPLACE "(.+)" "Qt6\\1 >= ${TKM_LEAST_QT}")
+    tkm_install_pkg_config(${name} ${arg_PART}_Development "${own};${qt}")
   endif()
 endfunction()
 
-# tkm_install_pkg_config(<Name> <component> <names of the libraries that it needs>)
-function(tkm_install_pkg_config name component needs)
+# tkm_install_pkg_config(<Name> <component> <packages of pkg-config that it requires>)
+function(tkm_install_pkg_config name component requires)
   set(dir "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
   set(base "${CMAKE_INSTALL_PREFIX}")
   cmake_path(ABSOLUTE_PATH dir BASE_DIRECTORY "${base}" OUTPUT_VARIABLE full_dir)
@@ -69,7 +78,7 @@ function(tkm_install_pkg_config name component needs)
   string(REGEX REPLACE "/$" "" prefix "${prefix}")
   cmake_path(APPEND libdir "\${prefix}" "${CMAKE_INSTALL_LIBDIR}")
   cmake_path(APPEND includedir "\${prefix}" "${TKM_INSTALL_HEADERS}")
-  list(TRANSFORM needs REPLACE "(.+)" "TKMService_\\1 = ${PROJECT_VERSION}" OUTPUT_VARIABLE requires)
+  list(FILTER requires EXCLUDE REGEX "^$")
   list(JOIN requires ", " requires)
   configure_file("${PROJECT_SOURCE_DIR}/cmake/TKMService.pc.in"
     "${PROJECT_BINARY_DIR}/pkgconfig/TKMService_${name}.pc" @ONLY)
@@ -90,7 +99,9 @@ function(tkm_install_package)
   set(needs "")
   foreach(component IN LISTS components)
     get_property(component_needs GLOBAL PROPERTY TKM_NEEDS_OF_${component})
+    get_property(component_qt GLOBAL PROPERTY TKM_QT_OF_${component})
     string(APPEND needs "set(_tkm_needs_of_${component} ${component_needs})\n")
+    string(APPEND needs "set(_tkm_qt_of_${component} ${component_qt})\n")
   endforeach()
   configure_package_config_file("${PROJECT_SOURCE_DIR}/cmake/TKMServiceConfig.cmake.in"
     "${PROJECT_BINARY_DIR}/${TKM_PACKAGE}Config.cmake"

@@ -14,8 +14,10 @@ namespace Tarvik {
 /// One change that a user asks for.
 template <class T>
 struct GroupRequest {
-  /// The context and the text that the command gives to the Translator as its description.
+  /// The context of the description that the command gives to the Translator.
   const char* context;
+
+  /// The text of that description, in English.
   const char* text;
 
   /// Makes the command, on the provider that it is given.

@@ -1,0 +1,153 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>AddToTKGroupCmd</name>
+    <message>
+        <source>Add to Group</source>
+        <translation>Zur Gruppe hinzufügen</translation>
+    </message>
+</context>
+<context>
+    <name>CreateTKGroupCmd</name>
+    <message>
+        <source>Create Group</source>
+        <translation>Gruppe erstellen</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>Gruppe</translation>
+    </message>
+</context>
+<context>
+    <name>MoveTKGroupElementsCmd</name>
+    <message>
+        <source>Move Elements</source>
+        <translation>Elemente verschieben</translation>
+    </message>
+</context>
+<context>
+    <name>MoveTKGroupsCmd</name>
+    <message>
+        <source>Move Groups</source>
+        <translation>Gruppen verschieben</translation>
+    </message>
+</context>
+<context>
+    <name>RemoveFromTKGroupCmd</name>
+    <message>
+        <source>Remove Point Collection(s) From Group</source>
+        <translation>Punktsammlungen aus Gruppe entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>RemoveTKGroupsCmd</name>
+    <message>
+        <source>Remove Group</source>
+        <translation>Gruppe löschen</translation>
+    </message>
+</context>
+<context>
+    <name>RenameTKGroupCmd</name>
+    <message>
+        <source>Rename Group</source>
+        <translation>Gruppe umbenennen</translation>
+    </message>
+</context>
+<context>
+    <name>SortTKGroupsAlphabeticallyCmd</name>
+    <message>
+        <source>Sort Groups</source>
+        <translation>Gruppen sortieren</translation>
+    </message>
+</context>
+<context>
+    <name>Tarvik::History</name>
+    <message>
+        <source>An error occurred</source>
+        <translation>Ein Fehler ist aufgetreten</translation>
+    </message>
+    <message>
+        <source>An error occurred in &quot;%1&quot;</source>
+        <translation>Ein Fehler ist bei „%1“ aufgetreten</translation>
+    </message>
+    <message>
+        <source>An error occurred before &quot;%1&quot;</source>
+        <translation>Ein Fehler ist vor „%1“ aufgetreten</translation>
+    </message>
+    <message>
+        <source>An error occurred at the end of several steps</source>
+        <translation>Ein Fehler ist am Ende mehrerer Schritte aufgetreten</translation>
+    </message>
+    <message>
+        <source>An error occurred while several steps were undone</source>
+        <translation>Ein Fehler ist aufgetreten, als mehrere Schritte rückgängig gemacht wurden</translation>
+    </message>
+    <message>
+        <source>The number of steps cannot be limited</source>
+        <translation>Die Zahl der Schritte kann nicht begrenzt werden</translation>
+    </message>
+    <message>
+        <source>The memory of the steps cannot be limited</source>
+        <translation>Der Speicher der Schritte kann nicht begrenzt werden</translation>
+    </message>
+    <message>
+        <source>An error occurred while &quot;%1&quot; was undone</source>
+        <translation>Ein Fehler ist aufgetreten, als „%1“ rückgängig gemacht wurde</translation>
+    </message>
+    <message>
+        <source>An error occurred while &quot;%1&quot; was redone</source>
+        <translation>Ein Fehler ist aufgetreten, als „%1“ wiederhergestellt wurde</translation>
+    </message>
+    <message>
+        <source>An error occurred while several steps were undone or redone</source>
+        <translation>Ein Fehler ist aufgetreten, als mehrere Schritte rückgängig gemacht oder wiederhergestellt wurden</translation>
+    </message>
+    <message>
+        <source>The state cannot be marked as saved</source>
+        <translation>Der Zustand kann nicht als gespeichert vermerkt werden</translation>
+    </message>
+    <message>
+        <source>The mark of the saved state cannot be removed</source>
+        <translation>Der Vermerk des gespeicherten Zustands kann nicht entfernt werden</translation>
+    </message>
+    <message>
+        <source>The steps cannot be forgotten</source>
+        <translation>Die Schritte können nicht vergessen werden</translation>
+    </message>
+    <message>
+        <source>there is not enough memory</source>
+        <translation>es ist nicht genug Speicher frei</translation>
+    </message>
+    <message>
+        <source>the cause is unknown</source>
+        <translation>die Ursache ist unbekannt</translation>
+    </message>
+</context>
+<context>
+    <name>Tarvik::HistoryAction</name>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Undo %1</source>
+        <translation>Rückgängig: %1</translation>
+    </message>
+    <message>
+        <source>Redo %1</source>
+        <translation>Wiederherstellen: %1</translation>
+    </message>
+</context>
+<context>
+    <name>Tarvik::HistoryModel</name>
+    <message>
+        <source>&lt;empty&gt;</source>
+        <translation>&lt;leer&gt;</translation>
+    </message>
+</context>
+</TS>
