@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Desktop/Window/DialogQuestions.h"
+
+#include "PointCollections/Desktop/Window/FileNames.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtWidgets/QFileDialog>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+QString translated(const char* text)
+{
+  return QCoreApplication::translate("Questions", text);
+}
+
+/// The filter of a file dialog, and the extension that a name gets if it has none.
+struct FileFormat {
+  QString filter;
+  QString extension;
+};
+
+FileFormat formatOf(Questions::FileKind kind)
+{
+  switch (kind) {
+  case Questions::FileKind::Project:
+    return {translated(QT_TRANSLATE_NOOP("Questions", "Projects (*.tkpc)")), "tkpc"};
+  case Questions::FileKind::Table:
+    return {translated(QT_TRANSLATE_NOOP("Questions", "Tables (*.csv)")), "csv"};
+  case Questions::FileKind::Picture:
+    return {translated(QT_TRANSLATE_NOOP("Questions", "Pictures (*.png)")), "png"};
+  }
+  return {};
+}
+
+}
+
+std::optional<std::filesystem::path> DialogQuestions::fileToOpen()
+{
+  const auto name = QFileDialog::getOpenFileName(
+      &m_window, translated(QT_TRANSLATE_NOOP("Questions", "Open")), {},
+      translated(
+          QT_TRANSLATE_NOOP("Questions", "Projects and points (*.tkpc *.csv);;All files (*)")));
+  return name.isEmpty() ? std::nullopt : std::optional(pathFrom(name));
+}
+
+std::optional<std::filesystem::path>
+DialogQuestions::fileToWrite(FileKind kind, const std::filesystem::path& suggestion)
+{
+  const auto format = formatOf(kind);
+  QFileDialog dialog(&m_window, translated(QT_TRANSLATE_NOOP("Questions", "Save")), {},
+                     format.filter);
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setDefaultSuffix(format.extension);
+  if (!suggestion.empty())
+    dialog.selectFile(nameOf(suggestion));
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+    return std::nullopt;
+  return pathFrom(dialog.selectedFiles().constFirst());
+}
+
+Questions::UnsavedChanges DialogQuestions::aboutUnsavedChanges(const QString& title)
+{
+  QMessageBox box(QMessageBox::Question, QCoreApplication::applicationName(),
+                  translated(QT_TRANSLATE_NOOP("Questions", "Save the changes in %1?")).arg(title),
+                  QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, &m_window);
+  box.setInformativeText(translated(
+      QT_TRANSLATE_NOOP("Questions", "Otherwise the changes since the last time are lost.")));
+  box.setDefaultButton(QMessageBox::Save);
+  switch (box.exec()) {
+  case QMessageBox::Save:
+    return UnsavedChanges::Save;
+  case QMessageBox::Discard:
+    return UnsavedChanges::Discard;
+  default:
+    return UnsavedChanges::Cancel;
+  }
+}
+
+bool DialogQuestions::mayOverwrite(const std::filesystem::path& file, Editor::OverwriteRisk risk)
+{
+  const auto text =
+      risk == Editor::OverwriteRisk::OtherChanges
+          ? QT_TRANSLATE_NOOP("Questions", "%1 has been changed by another program. Overwrite it?")
+          : QT_TRANSLATE_NOOP("Questions", "%1 is there already. Overwrite it?");
+  QMessageBox box(QMessageBox::Warning, QCoreApplication::applicationName(),
+                  translated(text).arg(nameOf(file)), QMessageBox::Cancel, &m_window);
+  const auto* const overwrite = box.addButton(
+      translated(QT_TRANSLATE_NOOP("Questions", "Overwrite")), QMessageBox::DestructiveRole);
+  box.setDefaultButton(QMessageBox::Cancel);
+  box.exec();
+  return box.clickedButton() == overwrite;
+}
+
+void DialogQuestions::tellFailure(const QString& what, const QString& why)
+{
+  QMessageBox box(QMessageBox::Critical, QCoreApplication::applicationName(), what, QMessageBox::Ok,
+                  &m_window);
+  box.setInformativeText(why);
+  box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  box.exec();
+}
+
+void DialogQuestions::tellWarning(const QString& text)
+{
+  QMessageBox::warning(&m_window, QCoreApplication::applicationName(), text);
+}
+
+}

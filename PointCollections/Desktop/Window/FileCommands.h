@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "PointCollections/Desktop/Window/Questions.h"
+#include "PointCollections/Desktop/Window/RecentFiles.h"
+#include "PointCollections/Desktop/Workspace/Workspace.h"
+
+#include <QtCore/QObject>
+#include <QtGui/QImage>
+#include <QtWidgets/QWidget>
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+
+namespace Tarvik::PointCollections {
+
+/// What the user does with files: opening, saving, exporting. Asks before anything is lost, and
+/// tells what goes wrong. Nothing here throws.
+class FileCommands : public QObject {
+  Q_OBJECT
+
+public:
+  /// @param workspace  must outlive this object
+  /// @param questions  must outlive this object
+  /// @param window     shows progress; also the owner of this object
+  FileCommands(Workspace& workspace, Questions& questions, QWidget& window);
+
+  RecentFiles& recentFiles() { return m_recentFiles; }
+
+  /// Asks for a file and opens it.
+  void open();
+
+  /// Opens a file, after the question about unsaved changes.
+  /// @return whether it is open now
+  bool openFile(const std::filesystem::path& file);
+
+  /// Saves in the document's file, or asks for one if it has none.
+  /// @return whether it is saved
+  bool save();
+
+  /// Asks for a file and saves in it.
+  bool saveAs();
+
+  /// Whether the document may be given up: its changes are saved, or the user does not want them.
+  bool mayDiscard();
+
+  /// Asks for a file, and writes groups and members as a table.
+  void exportGroups();
+
+  /// Asks for a file, and writes a picture as PNG.
+  /// @param makePicture  called when the user has chosen a file
+  void exportPicture(const std::function<QImage()>& makePicture);
+
+private:
+  bool saveIn(const std::filesystem::path& file, bool mayOverwrite);
+  bool write(const std::filesystem::path& file, std::span<const std::byte> bytes);
+
+  template <class Action>
+  bool attempt(const QString& whatFails, Action action);
+
+  Workspace& m_workspace;
+  Questions& m_questions;
+  QWidget& m_window;
+  RecentFiles m_recentFiles;
+};
+
+}

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "PointCollections/Desktop/Points/PointsView.h"
+#include "PointCollections/Desktop/Window/FileCommands.h"
+#include "PointCollections/Desktop/Window/GroupsPanel.h"
+#include "PointCollections/Desktop/Window/Questions.h"
+#include "PointCollections/Desktop/Workspace/ElementColours.h"
+#include "PointCollections/Desktop/Workspace/Workspace.h"
+
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QMainWindow>
+
+#include <memory>
+
+namespace Tarvik::PointCollections {
+
+/// The window of the program: groups, points, history and menus for one document.
+class MainWindow : public QMainWindow {
+  Q_OBJECT
+
+public:
+  /// A window with an empty document.
+  /// @param files      where documents are saved; not null
+  /// @param questions  how the user is asked; by dialogs if null
+  explicit MainWindow(std::shared_ptr<Files> files = diskFiles(),
+                      std::unique_ptr<Questions> questions = nullptr);
+  ~MainWindow() override;
+
+  Workspace& workspace() { return m_workspace; }
+  FileCommands& fileCommands() { return *m_fileCommands; }
+  GroupsPanel& groups() { return *m_groups; }
+  PointsView& points() { return *m_points; }
+
+protected:
+  void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+
+private:
+  void addFileMenu();
+  void addEditMenu();
+  void addGroupsMenu();
+  void addViewMenu();
+  void addHistoryPanel();
+  void arrange();
+  void connectParts();
+
+  void showDocument();
+  void showTitle();
+  void showStatistics();
+  void showFailure(const QString& message);
+  void showSelectionInTree();
+  void showSelectionInSpace();
+
+  Workspace m_workspace;
+  std::unique_ptr<Questions> m_questions;
+  FileCommands* m_fileCommands;
+  std::unique_ptr<ElementColours> m_colours;
+  GroupsPanel* m_groups;
+  PointsView* m_points;
+  QLabel* m_statistics;
+};
+
+}

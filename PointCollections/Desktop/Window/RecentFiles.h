@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtCore/QObject>
+#include <QtCore/QStringList>
+
+#include <filesystem>
+
+class QMenu;
+
+namespace Tarvik::PointCollections {
+
+/// The files that were opened or saved last, kept between runs of the program.
+class RecentFiles : public QObject {
+  Q_OBJECT
+
+public:
+  /// How many files are remembered.
+  static constexpr qsizetype greatestCount = 10;
+
+  explicit RecentFiles(QObject* parent = nullptr);
+
+  /// The latest first.
+  QStringList names() const;
+
+  void add(const std::filesystem::path& file);
+
+  /// Forgets a file, for instance because it is not there any more.
+  void remove(const std::filesystem::path& file);
+
+  /// Fills the menu whenever it is about to be shown.
+  void fill(QMenu& menu);
+
+Q_SIGNALS:
+  /// The user wants to open one of the files.
+  void chosen(const QString& name);
+};
+
+}

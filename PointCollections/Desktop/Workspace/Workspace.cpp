@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Desktop/Workspace/Workspace.h"
+
+#include <QtCore/QLocale>
+
+#include <numeric>
+#include <utility>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+OpenedDocument emptyDocument()
+{
+  return {PointDocument::create(), {}};
+}
+
+qulonglong countPoints(const PointDocument& document)
+{
+  const auto& all = document.collections();
+  return std::accumulate(all.begin(), all.end(), qulonglong{0},
+                         [](auto sum, const auto& each) { return sum + each.points.size(); });
+}
+
+}
+
+Workspace::Workspace(std::shared_ptr<Files> files, QObject* parent)
+    : QObject(parent), m_editor(emptyDocument(), std::move(files)), m_history(m_editor.history())
+{}
+
+Workspace::~Workspace() = default;
+
+GroupRequestHandler<GUIdentifier> Workspace::requestHandler()
+{
+  return [this](GroupRequest<GUIdentifier> request) {
+    return m_editor.execute({.context = request.context,
+                             .text = request.text,
+                             .makeCommand = std::move(request.makeCommand),
+                             .subject = std::move(request.subject)});
+  };
+}
+
+void Workspace::replaceDocument(OpenedDocument opened)
+{
+  m_editor.replaceDocument(std::move(opened));
+  Q_EMIT documentReplaced();
+  Q_EMIT titleChanged();
+}
+
+Editor::SaveResult Workspace::saveIfSafe(const std::filesystem::path& file)
+{
+  const auto result = m_editor.saveIfSafe(file);
+  Q_EMIT titleChanged();
+  return result;
+}
+
+Editor::SaveResult Workspace::save(const std::filesystem::path& file)
+{
+  const auto result = m_editor.save(file);
+  Q_EMIT titleChanged();
+  return result;
+}
+
+QString Workspace::title() const
+{
+  return m_editor.title().empty() ? tr("Untitled") : QString::fromStdString(m_editor.title());
+}
+
+QString Workspace::statistics() const
+{
+  const auto& document = *m_editor.document();
+  const QLocale locale;
+  const auto count = [&](qulonglong number) { return locale.toString(number); };
+  return tr("%1 elements, %2 points, %3 groups, %4 elements in no group")
+      .arg(count(document.collections().size()), count(countPoints(document)),
+           count(m_editor.document()->getGroups().size()),
+           count(document.ungroupedElements().size()));
+}
+
+}

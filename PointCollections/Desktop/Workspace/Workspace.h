@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "PointCollections/Editor/Editor.h"
+#include "QtModels/Editing/GroupRequest.h"
+#include "QtModels/History/History.h"
+
+#include <QtCore/QObject>
+#include <QtCore/QString>
+
+#include <filesystem>
+#include <memory>
+
+namespace Tarvik::PointCollections {
+
+/// The document of a window, with its history and its file: an Editor with the signals that widgets
+/// need.
+class Workspace : public QObject {
+  Q_OBJECT
+
+public:
+  /// Begins with an empty document.
+  /// @param files  where documents are read and saved; not null
+  explicit Workspace(std::shared_ptr<Files> files = diskFiles(), QObject* parent = nullptr);
+  ~Workspace() override;
+
+  Editor& editor() { return m_editor; }
+  const Editor& editor() const { return m_editor; }
+
+  /// The steps that can be undone.
+  History& history() { return m_history; }
+
+  /// What executes the changes that the user asks for. Valid as long as the workspace.
+  GroupRequestHandler<GUIdentifier> requestHandler();
+
+  /// Shows another document. Unsaved changes are lost.
+  void replaceDocument(OpenedDocument opened);
+
+  /// Saves the document, see Editor::saveIfSafe().
+  Editor::SaveResult saveIfSafe(const std::filesystem::path& file);
+
+  /// Saves the document, whatever that overwrites.
+  Editor::SaveResult save(const std::filesystem::path& file);
+
+  /// The name of the document for the title of a window.
+  QString title() const;
+
+  /// How many elements, points and groups there are, in a few words.
+  QString statistics() const;
+
+Q_SIGNALS:
+  /// There is another document. The old one may already be gone.
+  void documentReplaced();
+
+  /// The document has another name.
+  void titleChanged();
+
+private:
+  Editor m_editor;
+  History m_history;
+};
+
+}
