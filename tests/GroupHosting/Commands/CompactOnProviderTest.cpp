@@ -126,6 +126,17 @@ TYPED_TEST(CompactOnProvider, ChangesNothingOfAListThatItDidNotLeave)
   EXPECT_EQ(this->provider->holderOf(this->ids[0]), nullptr);
 }
 
+TYPED_TEST(CompactOnProvider, ChangesNothingOfAListThatOnlyDiffersWhereItChangedNothing)
+{
+  const auto command = this->moved();
+  this->provider->renameGroup(this->provider->getGroups()[2].getId(), "renamed");
+  const auto foreign = this->provider->copyOfGroups();
+
+  EXPECT_THROW(command->undo(), std::runtime_error);
+
+  EXPECT_TRUE(identical(this->provider->getGroups(), foreign));
+}
+
 TYPED_TEST(CompactOnProvider, MayBeReleasedByAListener)
 {
   auto command = this->moved();
