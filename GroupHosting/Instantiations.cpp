@@ -4,6 +4,7 @@
 #include "GroupHosting/Commands/CompactTKGroupCmd.h"
 #include "GroupHosting/Commands/MoveTKGroupsCmd.h"
 #include "GroupHosting/Differences/GroupListDifference.h"
+#include "GroupHosting/Providers/EditableProvider.h"
 #include "GroupHosting/Providers/GroupsSubscription.h"
 #include "GroupHosting/Providers/TKGroupProvider.h"
 
@@ -11,6 +12,9 @@ namespace Tarvik {
 
 template class TKM_GROUPHOSTING_DEFINE GroupListDifference<Identifier>;
 template class TKM_GROUPHOSTING_DEFINE GroupListDifference<GUIdentifier>;
+
+template class TKM_GROUPHOSTING_DEFINE GroupLists::EditableProvider<Identifier>;
+template class TKM_GROUPHOSTING_DEFINE GroupLists::EditableProvider<GUIdentifier>;
 
 template class TKM_GROUPHOSTING_DEFINE GroupsSubscription<Identifier>;
 template class TKM_GROUPHOSTING_DEFINE GroupsSubscription<GUIdentifier>;

@@ -282,12 +282,12 @@ std::vector<Case> linesOnManyGroups()
   const Lines undo = {"undo"};
   std::vector<Case> cases = {
       {"show", "show"},
-      {"create", "create Other", {}, undo},
+      {"create, no elements", "create Other", {}, undo},
       {"rename", "rename \"Group 9000\" Other", {}, undo},
-      {"add", "add \"Group 9000\"" + names(0, 1), {}, undo},
+      {"add, 1 element", "add \"Group 9000\"" + names(0, 1), {}, undo},
       {"add, 10000 elements", "add \"Group 9000\"" + scattered(), {}, undo},
       {"sort", "sort", {}, undo},
-      {"delete, all", "delete" + names("Group", 9000), {}, undo},
+      {"delete, all groups", "delete" + names("Group", 9000), {}, undo},
       {"undo 30", "undo 30", edits(30), {"redo 30"}},
   };
   for (auto& each : cases)

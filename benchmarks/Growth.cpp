@@ -97,7 +97,7 @@ std::vector<Place> placesOf(Selection selection, const Size& size, std::size_t r
   return {};
 }
 
-std::vector<std::size_t> groupsToDelete(Selection selection, const Size& size)
+std::vector<std::size_t> selectedGroups(Selection selection, const Size& size)
 {
   if (selection == Selection::One)
     return {size.groups / 2};

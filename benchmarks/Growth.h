@@ -46,8 +46,8 @@ struct Place {
 /// @param round  another number selects other members, from 0 to 8
 std::vector<Place> placesOf(Selection selection, const Size& size, std::size_t round = 0);
 
-/// The groups that are deleted: one, or every tenth.
-std::vector<std::size_t> groupsToDelete(Selection selection, const Size& size);
+/// The groups that are deleted or moved: one, or every tenth.
+std::vector<std::size_t> selectedGroups(Selection selection, const Size& size);
 
 using Function = std::function<void(benchmark::State&)>;
 

@@ -6,6 +6,8 @@
 #include "BenchmarkHost.h"
 #include "CommandPattern/CommandHistory.h"
 #include "GroupHosting/Commands/CompactTKGroupCmd.h"
+#include "GroupHosting/Commands/MoveTKGroupsCmd.h"
+#include "GroupHosting/Providers/TKGroupProvider.h"
 #include "Growth.h"
 #include "Heap.h"
 #include "HighLevelServices/GroupCommands/AddToTKGroupCmd.h"
@@ -69,6 +71,22 @@ public:
     auto copy = groups;
     this->getGroups().swap(copy);
   }
+};
+
+/// A host that is derived from the ready-made provider, and knows all elements.
+class ReadyMadeHost : public TKGroupProvider<Identifier> {
+public:
+  explicit ReadyMadeHost(const Groups<Identifier>& groups)
+  {
+    std::vector<Identifier> elements;
+    for (const auto& group : groups)
+      elements.insert(elements.end(), group.getGroupMembers().begin(),
+                      group.getGroupMembers().end());
+    setElements(elements);
+    setGroups(groups);
+  }
+
+  std::string getElementName(const Identifier&) override { return {}; }
 };
 
 template <class T>
@@ -135,17 +153,34 @@ makeSort(const Provider<T>& provider, const Groups<T>&, const std::vector<T>&)
   return std::make_shared<SortTKGroupsAlphabeticallyCmd<T>>(provider);
 }
 
+template <class T>
+std::vector<Identifier> idsAt(const Groups<T>& groups, const std::vector<std::size_t>& places)
+{
+  std::vector<Identifier> ids;
+  ids.reserve(places.size());
+  for (const auto place : places)
+    ids.push_back(groups[place].getId());
+  return ids;
+}
+
 /// Deletes one group, or every tenth.
 template <class T>
 Maker<T> makerOfDeletion(Selection selection, const Size& size)
 {
-  return [places = Growth::groupsToDelete(selection, size)](
+  return [places = Growth::selectedGroups(selection, size)](
              const Provider<T>& provider, const Groups<T>& groups, const std::vector<T>&) {
-    std::vector<Identifier> ids;
-    ids.reserve(places.size());
-    for (const auto place : places)
-      ids.push_back(groups[place].getId());
-    return std::make_shared<RemoveTKGroupsCmd<T>>(provider, ids);
+    return std::make_shared<RemoveTKGroupsCmd<T>>(provider, idsAt(groups, places));
+  };
+}
+
+/// Moves one group, or every tenth, to the end.
+template <class T>
+Maker<T> makerOfMoveOfGroups(Selection selection, const Size& size)
+{
+  return [places = Growth::selectedGroups(selection, size)](
+             const Provider<T>& provider, const Groups<T>& groups, const std::vector<T>&) {
+    return std::make_shared<MoveTKGroupsCmd<T>>(provider, idsAt(groups, places),
+                                                groups.back().getId(), false);
   };
 }
 
@@ -185,9 +220,11 @@ std::shared_ptr<EditedHost<T>> editedHostOf(const benchmark::State& state)
 
 /// The average of undoing and redoing.
 template <class T>
-void undoAndRedo(benchmark::State& state, const Maker<T>& make, Selection selection)
+void undoAndRedo(benchmark::State& state,
+                 const Provider<T>& host,
+                 const Maker<T>& make,
+                 Selection selection)
 {
-  const auto host = editedHostOf<T>(state);
   const auto elements =
       elementsAt(host->getGroups(), Growth::placesOf(selection, Growth::sizeOf(state)));
   CommandHistory history;
@@ -257,18 +294,23 @@ void addExecutions(const std::string& command, const std::string& kind, const Ma
   }
 }
 
-/// Deleting, renaming and sorting, which need no identifiers of elements.
+/// Deleting, moving, renaming and sorting groups, which need no identifiers of elements.
 void addExecutionsOnGroups()
 {
   const auto sizes = Growth::sizesFor(Selection::One);
-  for (const auto selection : {Selection::One, Selection::Tenth}) {
-    Growth::addBenchmark(
-        "RemoveTKGroupsCmd/" + Growth::nameOf(selection) + "/execute/Identifier",
-        [selection](benchmark::State& state) {
-          const auto make = makerOfDeletion<Identifier>(selection, Growth::sizeOf(state));
-          execute<Identifier>(state, make, Selection::One);
-        },
-        sizes);
+  using MakerFor = Maker<Identifier> (*)(Selection selection, const Size& size);
+  const std::vector<std::pair<std::string, MakerFor>> onSelectedGroups = {
+      {"RemoveTKGroupsCmd/", makerOfDeletion<Identifier>},
+      {"MoveTKGroupsCmd/", makerOfMoveOfGroups<Identifier>}};
+  for (const auto& [name, makerFor] : onSelectedGroups) {
+    for (const auto selection : {Selection::One, Selection::Tenth}) {
+      Growth::addBenchmark(
+          name + Growth::nameOf(selection) + "/execute/Identifier",
+          [makerFor = makerFor, selection](benchmark::State& state) {
+            execute<Identifier>(state, makerFor(selection, Growth::sizeOf(state)), Selection::One);
+          },
+          sizes);
+    }
   }
   const std::vector<std::pair<std::string, Maker<Identifier>>> others = {
       {"RenameTKGroupCmd/one", makeRename<Identifier>},
@@ -290,7 +332,10 @@ void addUndoAndMemory(const std::string& kind, const Maker<Identifier>& make)
     const auto sizes = Growth::sizesFor(selection);
     Growth::addBenchmark(
         start + "/undo/" + kind,
-        [=](benchmark::State& state) { undoAndRedo<Identifier>(state, make, selection); }, sizes);
+        [=](benchmark::State& state) {
+          undoAndRedo<Identifier>(state, editedHostOf<Identifier>(state), make, selection);
+        },
+        sizes);
     for (const auto& size : sizes)
       Growth::addSlowBenchmark(
           start + "/memory/" + kind,
@@ -316,12 +361,27 @@ void addExecutionsOnSelections(const std::string& kind)
   addExecutions<T>("RemoveFromTKGroupCmd", kind, makeRemove<T>);
 }
 
+/// Compact commands on a host that changes its list in place.
+void addUndoInPlace(const Maker<Identifier>& make)
+{
+  for (const auto selection : Growth::allSelections) {
+    Growth::addBenchmark(
+        "AddToTKGroupCmd/" + Growth::nameOf(selection) + "/undo/in place",
+        [=](benchmark::State& state) {
+          const auto groups = hostOf<Identifier>(state)->getGroups();
+          undoAndRedo<Identifier>(state, std::make_shared<ReadyMadeHost>(groups), make, selection);
+        },
+        Growth::sizesFor(selection));
+  }
+}
+
 /// Commands that keep the difference only.
 void addDifferences()
 {
   const auto make = makerOfCompact<Identifier>(makeAdd<Identifier>);
   addExecutions<Identifier>("AddToTKGroupCmd", "difference", make);
   addUndoAndMemory("difference", make);
+  addUndoInPlace(make);
 }
 
 }

@@ -250,7 +250,7 @@ using Maker = std::function<QUndoCommand*(Document& document, const Elements& el
 
 Maker makerOfDeletion(Selection selection, const Size& size)
 {
-  return [places = Growth::groupsToDelete(selection, size)](Document& document, const Elements&) {
+  return [places = Growth::selectedGroups(selection, size)](Document& document, const Elements&) {
     QSet<QUuid> ids;
     for (const auto place : places)
       ids.insert(document.groups().at(static_cast<qsizetype>(place)).id);

@@ -24,8 +24,8 @@ namespace Tarvik {
 /// The host gets the same calls as from the other command: the same ones in the same order when the
 /// command is executed, the same whole lists, names and moves of the host's own on undo() and
 /// redo(). In addition, these two read the host's list when they change it. They refuse to replace
-/// a list that is not the one that the command left. Call execute() once, then undo() and redo() in
-/// turn.
+/// a list that is not the one that the command left. A TKGroupProvider gets no lists from undo()
+/// and redo(): these change its list in place. Call execute() once, then undo() and redo() in turn.
 template <class T>
 class CompactTKGroupCmd : public CommandBase {
 public:

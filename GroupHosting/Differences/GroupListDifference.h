@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "GroupHosting/Differences/EditedGroups.h"
 #include "GroupHosting/Differences/GroupListEdit.h"
 #include "GroupHosting/Differences/GroupListStep.h"
-#include "GroupHosting/Differences/MoveSequence.h"
+#include "GroupHosting/Differences/StepsOfEdit.h"
 #include "GroupHosting/GroupHostingExport.h"
 #include "HighLevelServices/Groups/TKGroup.h"
 #include "Identifier/GUIdentifier.h"
@@ -71,62 +72,6 @@ private:
   GroupLists::GroupListEdit<T> m_edit;
 };
 
-namespace GroupLists {
-
-/// The entries from one position on.
-template <class Entry>
-std::vector<Entry> slice(const std::vector<Entry>& entries, std::size_t position, std::size_t count)
-{
-  const auto first = entries.begin() + static_cast<std::ptrdiff_t>(position);
-  return std::vector<Entry>(first, first + static_cast<std::ptrdiff_t>(count));
-}
-
-/// Appends what happens to the groups themselves.
-template <class T>
-void appendGroupSteps(const GroupListEdit<T>& edit, std::vector<GroupListStep<T>>& steps)
-{
-  auto end = edit.removed.size();
-  for (auto run = edit.groups.removed.rbegin(); run != edit.groups.removed.rend(); ++run) {
-    end -= run->count;
-    steps.push_back(GroupsRemoved<T>{run->position, slice(edit.removed, end, run->count)});
-  }
-  for (const auto& run : oneByOne(edit.groups.moved))
-    steps.push_back(GroupsMoved{run.from, run.count, run.to});
-  if (!edit.groups.order.empty())
-    steps.push_back(GroupsReordered{edit.groups.order});
-  std::size_t begin = 0;
-  for (const auto& run : edit.groups.inserted) {
-    steps.push_back(GroupsInserted<T>{run.position, slice(edit.inserted, begin, run.count)});
-    begin += run.count;
-  }
-}
-
-/// Appends what happens to one group.
-template <class T>
-void appendGroupSteps(const GroupEdit<T>& edit, std::vector<GroupListStep<T>>& steps)
-{
-  const auto group = edit.positionAfter;
-  if (edit.nameBefore != edit.nameAfter)
-    steps.push_back(GroupRenamed{group, edit.nameBefore, edit.nameAfter});
-  auto end = edit.removed.size();
-  for (auto run = edit.members.removed.rbegin(); run != edit.members.removed.rend(); ++run) {
-    end -= run->count;
-    steps.push_back(MembersRemoved<T>{group, run->position, slice(edit.removed, end, run->count)});
-  }
-  for (const auto& run : oneByOne(edit.members.moved))
-    steps.push_back(MembersMoved{group, run.from, run.count, run.to});
-  if (!edit.members.order.empty())
-    steps.push_back(MembersReordered{group, edit.members.order});
-  std::size_t begin = 0;
-  for (const auto& run : edit.members.inserted) {
-    steps.push_back(
-        MembersInserted<T>{group, run.position, slice(edit.inserted, begin, run.count)});
-    begin += run.count;
-  }
-}
-
-}
-
 template <class T>
 GroupListDifference<T>::GroupListDifference() = default;
 
@@ -162,11 +107,7 @@ bool GroupListDifference<T>::empty() const
 template <class T>
 std::vector<GroupListStep<T>> GroupListDifference<T>::steps() const
 {
-  std::vector<GroupListStep<T>> steps;
-  GroupLists::appendGroupSteps(m_edit, steps);
-  for (const auto& edit : m_edit.changed)
-    GroupLists::appendGroupSteps(edit, steps);
-  return steps;
+  return GroupLists::stepsOf(m_edit, GroupLists::Direction::Forward);
 }
 
 template <class T>

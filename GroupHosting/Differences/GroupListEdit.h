@@ -3,7 +3,6 @@
 
 #include "GroupHosting/Differences/ListComparison.h"
 #include "GroupHosting/Differences/ListEdit.h"
-#include "HighLevelServices/GroupCommands/MemberLists.h"
 #include "HighLevelServices/Groups/TKGroup.h"
 #include "Identifier/Identifier.h"
 
@@ -46,6 +45,60 @@ bool isEmpty(const GroupListEdit<T>& edit)
 
 enum class Direction { Forward, Backward };
 
+/// What leaves when the edit is done in that direction: of a list, a group, or a list of groups.
+template <class Edit>
+const auto& leaving(const Edit& edit, Direction direction)
+{
+  return direction == Direction::Forward ? edit.removed : edit.inserted;
+}
+
+/// What comes when the edit is done in that direction.
+template <class Edit>
+const auto& coming(const Edit& edit, Direction direction)
+{
+  return direction == Direction::Forward ? edit.inserted : edit.removed;
+}
+
+/// The edit that does the same in that direction.
+inline ListEdit directed(const ListEdit& edit, Direction direction)
+{
+  return direction == Direction::Forward ? edit : reversed(edit);
+}
+
+/// Where the group is before an edit in that direction.
+template <class T>
+std::size_t positionBefore(const GroupEdit<T>& edit, Direction direction)
+{
+  return direction == Direction::Forward ? edit.positionBefore : edit.positionAfter;
+}
+
+/// Where the group is after an edit in that direction.
+template <class T>
+std::size_t positionAfter(const GroupEdit<T>& edit, Direction direction)
+{
+  return direction == Direction::Forward ? edit.positionAfter : edit.positionBefore;
+}
+
+template <class T>
+bool isRenamed(const GroupEdit<T>& edit)
+{
+  return edit.nameBefore != edit.nameAfter;
+}
+
+/// The name before an edit in that direction, if the group is renamed.
+template <class T>
+const std::string& nameBefore(const GroupEdit<T>& edit, Direction direction)
+{
+  return direction == Direction::Forward ? edit.nameBefore : edit.nameAfter;
+}
+
+/// The name after an edit in that direction, if the group is renamed.
+template <class T>
+const std::string& nameAfter(const GroupEdit<T>& edit, Direction direction)
+{
+  return direction == Direction::Forward ? edit.nameAfter : edit.nameBefore;
+}
+
 /// The entries of a list at these positions.
 template <class Entry>
 std::vector<Entry> entriesAt(const std::vector<Run>& runs, const std::vector<Entry>& list)
@@ -57,29 +110,6 @@ std::vector<Entry> entriesAt(const std::vector<Run>& runs, const std::vector<Ent
     entries.insert(entries.end(), first, first + static_cast<std::ptrdiff_t>(run.count));
   }
   return entries;
-}
-
-/// Whether the entries of a list at these positions are equal to those in order.
-template <class Entry, class Equal>
-bool areAt(const std::vector<Run>& runs,
-           const std::vector<Entry>& entries,
-           const std::vector<Entry>& list,
-           Equal equal)
-{
-  auto entry = entries.begin();
-  return std::all_of(runs.begin(), runs.end(), [&](const Run& run) {
-    const auto first = list.begin() + static_cast<std::ptrdiff_t>(run.position);
-    const auto begin = std::exchange(entry, entry + static_cast<std::ptrdiff_t>(run.count));
-    return std::equal(begin, entry, first, equal);
-  });
-}
-
-/// Whether two groups have the same id, name and members.
-template <class T>
-bool areSame(const TKGroup<T>& a, const TKGroup<T>& b)
-{
-  return a.getId() == b.getId() && a.getName() == b.getName() &&
-         a.getGroupMembers() == b.getGroupMembers();
 }
 
 template <class T>
@@ -143,85 +173,6 @@ GroupListEdit<T> editBetween(const std::vector<TKGroup<T>>& before,
   }
   edit.changed.shrink_to_fit();
   return edit;
-}
-
-/// Does the edit to one group, which must be the one before (or after, when going backward).
-/// @return false when it is another one; it is then unchanged
-template <class T>
-bool apply(const GroupEdit<T>& edit, Direction direction, TKGroup<T>& group)
-{
-  const bool isForward = direction == Direction::Forward;
-  const auto& oldName = isForward ? edit.nameBefore : edit.nameAfter;
-  const auto& newName = isForward ? edit.nameAfter : edit.nameBefore;
-  const auto& leaving = isForward ? edit.removed : edit.inserted;
-  const auto& coming = isForward ? edit.inserted : edit.removed;
-  const auto members = isForward ? edit.members : reversed(edit.members);
-  const auto& old = group.getGroupMembers();
-  const bool isRenamed = oldName != newName;
-  if ((isRenamed && group.getName() != oldName) || old.size() != members.sizeBefore ||
-      !areAt(members.removed, leaving, old, [](const T& a, const T& b) { return a == b; }))
-    return false;
-
-  std::vector<T> edited;
-  edited.reserve(members.sizeAfter);
-  auto next = coming.begin();
-  const auto pieces = piecesOf(members);
-  for (const auto& run : pieces.runs()) {
-    const auto count = static_cast<std::ptrdiff_t>(run.count);
-    const auto first = run.position == nowhere
-                           ? std::exchange(next, next + count)
-                           : old.begin() + static_cast<std::ptrdiff_t>(run.position);
-    edited.insert(edited.end(), first, first + count);
-  }
-  if (isRenamed)
-    group.setName(newName, true);
-  MemberLists<T>::swap(group, edited);
-  return true;
-}
-
-/// A copy of the list with the edit done.
-/// @param list    the list before (or after, when going backward)
-/// @param copied  called as `copied(position, group)` for each group of the list, just after its
-///                members have been read
-/// @return nothing when the list is another one, as far as the edit can tell
-template <class T, class Copied>
-std::optional<std::vector<TKGroup<T>>> applied(const GroupListEdit<T>& edit,
-                                               Direction direction,
-                                               const std::vector<TKGroup<T>>& list,
-                                               Copied copied)
-{
-  const bool isForward = direction == Direction::Forward;
-  const auto& leaving = isForward ? edit.removed : edit.inserted;
-  const auto& coming = isForward ? edit.inserted : edit.removed;
-  const auto groups = isForward ? edit.groups : reversed(edit.groups);
-  if (list.size() != groups.sizeBefore || !areAt(groups.removed, leaving, list, areSame<T>))
-    return {};
-  for (const auto& run : groups.removed) {
-    for (auto i = run.position; i < run.position + run.count; ++i)
-      copied(i, list[i]);
-  }
-
-  std::vector<const GroupEdit<T>*> editOf(list.size());
-  for (const auto& each : edit.changed)
-    editOf[isForward ? each.positionBefore : each.positionAfter] = &each;
-  std::vector<TKGroup<T>> result;
-  result.reserve(groups.sizeAfter);
-  auto next = coming.begin();
-  const auto pieces = piecesOf(groups);
-  for (const auto& run : pieces.runs()) {
-    if (run.position == nowhere) {
-      const auto first = std::exchange(next, next + static_cast<std::ptrdiff_t>(run.count));
-      result.insert(result.end(), first, next);
-      continue;
-    }
-    for (auto i = run.position; i < run.position + run.count; ++i) {
-      result.push_back(list[i]);
-      copied(i, list[i]);
-      if (editOf[i] != nullptr && !apply(*editOf[i], direction, result.back()))
-        return {};
-    }
-  }
-  return result;
 }
 
 /// The memory that a text keeps outside of itself.

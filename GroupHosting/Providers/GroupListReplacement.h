@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "GroupHosting/Providers/GroupListPlan.h"
 #include "HighLevelServices/GroupCommands/MemberLists.h"
-#include "HighLevelServices/GroupCommands/Search.h"
 #include "HighLevelServices/Groups/TKGroup.h"
-#include "Identifier/Identifier.h"
 
-#include <algorithm>
 #include <cstddef>
-#include <numeric>
 #include <vector>
 
 namespace Tarvik::GroupLists {
@@ -16,81 +13,41 @@ namespace Tarvik::GroupLists {
 /// Turns one list of groups into another, and keeps the groups that are equal in both. Not for
 /// hosts.
 ///
-/// A group is the same in both lists if it has the same id: of groups with equal ids, the first is
-/// the first of the other list, and so on. Call prepare(), which copies what is new, and commit(),
-/// which cannot fail. Until commit(), the list is as it was.
+/// Call prepare(), which copies what is new, and commit(), which cannot fail. Until commit(), the
+/// list is as it was.
 template <class T>
 class GroupListReplacement {
 public:
-  /// A group that stays but has other members.
-  struct ChangedMembers {
-    std::size_t before; ///< its position
-    std::size_t after;  ///< its position in the new list
-  };
-
-  /// @param groups  the list to be changed; must not change until commit()
-  /// @param after   the new list
-  GroupListReplacement(std::vector<TKGroup<T>>& groups, const std::vector<TKGroup<T>>& after);
+  /// @param groups  the list to be changed
+  /// @param plan    of a change of that list; must outlive this object, as must what it points to
+  GroupListReplacement(std::vector<TKGroup<T>>& groups, const GroupListPlan<T>& plan)
+      : m_groups(groups), m_plan(plan), m_sizeToKeep(groups.size())
+  {}
   GroupListReplacement(const GroupListReplacement&) = delete;
   GroupListReplacement& operator=(const GroupListReplacement&) = delete;
   ~GroupListReplacement();
 
-  /// Whether the lists are equal.
-  bool isEmpty() const { return !m_isArranged && m_changed.empty(); }
-
-  /// Whether groups are inserted, removed or moved, or have another name.
-  bool isArranged() const { return m_isArranged; }
-
-  /// The groups that stay and have other members.
-  const std::vector<ChangedMembers>& changed() const { return m_changed; }
-
-  /// By position in the new list: the position before, or `nowhere` for a group that is new.
-  const std::vector<std::size_t>& origins() const { return m_origins; }
-
   /// Copies all that the new list has and the old one has not. When that throws, nothing has
   /// changed. New groups at the end of the list are in it already after this, until the destructor
   /// or commit().
-  void prepare();
+  /// @param membersOf  called as `membersOf(changed)` for each group that stays and has other
+  ///                   members, which it returns
+  template <class MembersOf>
+  void prepare(MembersOf membersOf);
 
   void commit() noexcept;
 
 private:
-  void findOrigins();
   void append();
-  void compareMembers(std::size_t position);
   void arrange();
 
   std::vector<TKGroup<T>>& m_groups;
-  const std::vector<TKGroup<T>>& m_after;
-  std::vector<std::size_t> m_origins;
-  std::vector<ChangedMembers> m_changed;
+  const GroupListPlan<T>& m_plan;
   bool m_isArranged = false;
-  bool m_isAppended = false;          ///< the only arrangement is that groups follow at the end
   std::size_t m_sizeToKeep;           ///< of the list, if commit() is not reached
   std::vector<TKGroup<T>> m_arranged; ///< the new list, without the members of those that stay
   std::vector<std::vector<T>> m_newMembers; ///< of the changed groups
 };
-
-template <class T>
-GroupListReplacement<T>::GroupListReplacement(std::vector<TKGroup<T>>& groups,
-                                              const std::vector<TKGroup<T>>& after)
-    : m_groups(groups),
-      m_after(after),
-      m_origins(after.size(), nowhere),
-      m_sizeToKeep(groups.size())
-{
-  findOrigins();
-  std::size_t inPlace = 0;
-  for (std::size_t i = 0; i < after.size(); ++i) {
-    const auto origin = m_origins[i];
-    if (origin == i && groups[i].getName() == after[i].getName())
-      ++inPlace;
-    if (origin != nowhere)
-      compareMembers(i);
-  }
-  m_isArranged = inPlace != groups.size() || inPlace != after.size();
-  m_isAppended = inPlace == groups.size() && after.size() > inPlace;
-}
 
 template <class T>
 GroupListReplacement<T>::~GroupListReplacement()
@@ -100,92 +57,59 @@ GroupListReplacement<T>::~GroupListReplacement()
 }
 
 template <class T>
-void GroupListReplacement<T>::findOrigins()
+template <class MembersOf>
+void GroupListReplacement<T>::prepare(MembersOf membersOf)
 {
-  const auto hasSameId = [](const auto& a, const auto& b) { return a.getId() == b.getId(); };
-  const auto front = static_cast<std::size_t>(
-      std::mismatch(m_groups.begin(), m_groups.end(), m_after.begin(), m_after.end(), hasSameId)
-          .first -
-      m_groups.begin());
-  std::iota(m_origins.begin(), m_origins.begin() + static_cast<std::ptrdiff_t>(front),
-            std::size_t{0});
-  if (front == m_groups.size() || front == m_after.size())
-    return;
-
-  const auto idsFrom = [front](const auto& groups) {
-    std::vector<Identifier> ids;
-    ids.reserve(groups.size() - front);
-    for (auto i = front; i < groups.size(); ++i)
-      ids.push_back(groups[i].getId());
-    return ids;
-  };
-  const auto ids = idsFrom(m_groups);
-  Search<Identifier>(ids).match(idsFrom(m_after), [&](std::size_t position, std::size_t element) {
-    m_origins[front + position] = front + element;
-  });
-}
-
-template <class T>
-void GroupListReplacement<T>::compareMembers(std::size_t position)
-{
-  const auto origin = m_origins[position];
-  const auto& before = m_groups[origin].getGroupMembers();
-  const auto& after = m_after[position].getGroupMembers();
-  if (before != after)
-    m_changed.push_back({origin, position});
-}
-
-template <class T>
-void GroupListReplacement<T>::prepare()
-{
-  m_newMembers.reserve(m_changed.size());
-  for (const ChangedMembers& each : m_changed)
-    m_newMembers.push_back(m_after[each.after].getGroupMembers());
-  m_isAppended = m_isAppended && m_after.size() <= m_groups.capacity();
-  if (m_isAppended)
-    append();
-  else if (m_isArranged)
+  m_newMembers.reserve(m_plan.changed.size());
+  for (const auto& each : m_plan.changed)
+    m_newMembers.push_back(membersOf(each));
+  m_isArranged = !m_plan.onlyAppends() || m_plan.origins.size() > m_groups.capacity();
+  if (m_isArranged)
     arrange();
+  else
+    append();
 }
 
 /// Appends the new groups, for which there is room.
 template <class T>
 void GroupListReplacement<T>::append()
 {
-  while (m_groups.size() < m_after.size())
-    m_groups.push_back(m_after[m_groups.size()]);
+  for (const auto* group : m_plan.newGroups)
+    m_groups.push_back(*group);
 }
 
 /// Makes the new list. Groups that stay have no members in it.
 template <class T>
 void GroupListReplacement<T>::arrange()
 {
-  const bool grows = m_after.size() > m_groups.capacity();
-  m_arranged.reserve(grows ? 2 * m_after.size() : m_after.size()); // to append without this
-  for (std::size_t i = 0; i < m_after.size(); ++i) {
-    if (m_origins[i] == nowhere) {
-      m_arranged.push_back(m_after[i]);
-      continue;
+  const auto& origins = m_plan.origins;
+  const bool grows = origins.size() > m_groups.capacity();
+  m_arranged.reserve(grows ? 2 * origins.size() : origins.size()); // to append without this
+  auto newGroup = m_plan.newGroups.begin();
+  for (const auto origin : origins) {
+    if (origin == nowhere) {
+      m_arranged.push_back(**newGroup++);
+    } else {
+      const MembersAside<T> aside(m_groups[origin]);
+      m_arranged.push_back(m_groups[origin]);
     }
-    auto& group = m_groups[m_origins[i]];
-    const MembersAside<T> aside(group);
-    m_arranged.push_back(group);
-    if (group.getName() != m_after[i].getName())
-      m_arranged.back().setName(m_after[i].getName(), true);
   }
+  for (const auto& each : m_plan.renamed)
+    m_arranged[each.after].setName(*each.name, true);
 }
 
 template <class T>
 void GroupListReplacement<T>::commit() noexcept
 {
-  for (std::size_t i = 0; i < m_changed.size(); ++i)
-    MemberLists<T>::swap(m_groups[m_changed[i].before], m_newMembers[i]);
+  for (std::size_t i = 0; i < m_newMembers.size(); ++i)
+    MemberLists<T>::swap(m_groups[m_plan.changed[i].before], m_newMembers[i]);
   m_sizeToKeep = nowhere;
-  if (!m_isArranged || m_isAppended)
+  if (!m_isArranged)
     return;
-  for (std::size_t i = 0; i < m_origins.size(); ++i) {
-    if (m_origins[i] != nowhere)
-      MemberLists<T>::swap(m_arranged[i], m_groups[m_origins[i]]);
+  const auto& origins = m_plan.origins;
+  for (std::size_t i = 0; i < origins.size(); ++i) {
+    if (origins[i] != nowhere)
+      MemberLists<T>::swap(m_arranged[i], m_groups[origins[i]]);
   }
   m_groups.swap(m_arranged);
 }

@@ -2,10 +2,14 @@
 #pragma once
 
 #include "CommandPattern/CommandBase.h"
-#include "GroupHosting/Differences/GroupListDifference.h"
+#include "GroupHosting/Differences/EditedGroups.h"
+#include "GroupHosting/Differences/GroupListEdit.h"
+#include "GroupHosting/Differences/StepsOfEdit.h"
 #include "GroupHosting/GroupHostingExport.h"
 #include "GroupHosting/Providers/ChangeTelling.h"
+#include "GroupHosting/Providers/EditableProvider.h"
 #include "GroupHosting/Providers/GroupKeys.h"
+#include "GroupHosting/Providers/GroupListPlan.h"
 #include "GroupHosting/Providers/GroupListReplacement.h"
 #include "GroupHosting/Providers/GroupsChange.h"
 #include "GroupHosting/Providers/GroupsSubscription.h"
@@ -14,7 +18,6 @@
 #include "GroupHosting/Providers/MemberAlignment.h"
 #include "GroupHosting/Providers/UngroupedElements.h"
 #include "HighLevelServices/Groups/TKGroup.h"
-#include "HighLevelServices/Groups/TKGroupProviderInterface.h"
 #include "Identifier/GUIdentifier.h"
 #include "Identifier/Identifier.h"
 
@@ -36,14 +39,15 @@ namespace Tarvik {
 /// Derive from it, implement getElementName(), and call setElements() with the elements.
 ///
 /// setGroups() compares the list with the present one and copies only the groups that are
-/// different. Apart from that comparison, time grows with what changes. An element may be a member
+/// different. A CompactTKGroupCmd undoes and redoes its change without that comparison, and without
+/// a copy of the list. Apart from that, time grows with what changes. An element may be a member
 /// of a group twice, of several groups, and of groups without being one of the host's elements.
 /// Where identifiers have no `std::hash`, an element is found by comparing it with all others: then
 /// all of this is right, and slow for more than a few thousand elements. A hash must not throw.
 ///
 /// One thread at a time.
 template <class T>
-class TKGroupProvider : public TKGroupProviderInterface<T> {
+class TKGroupProvider : public GroupLists::EditableProvider<T> {
 public:
   /// Is told about one change.
   using Listener = std::function<void(const GroupsChange<T>&)>;
@@ -110,7 +114,8 @@ public:
   std::vector<T> getUngroupedElements() override;
 
   /// Replaces the list of groups, then calls the listeners. When it throws, nothing has changed,
-  /// and nobody was told.
+  /// and nobody was told. The undo() and redo() of a CompactTKGroupCmd do not call it, but change
+  /// the list in place: subscribe to be told of every change.
   void setGroups(const std::vector<TKGroup<T>>& groups) override;
 
   /// None: a host with an order of its own overrides this.
@@ -127,15 +132,17 @@ public:
 
 private:
   using Changes = typename GroupLists::ChangeTelling<T>::Changes;
-  using Replacement = GroupLists::GroupListReplacement<T>;
+  using Plan = GroupLists::GroupListPlan<T>;
 
+  bool edit(const GroupLists::GroupListEdit<T>& edit, GroupLists::Direction direction) override;
+  template <class MembersOf, class NoteMembers>
+  void change(const Plan& plan, Changes changes, MembersOf membersOf, NoteMembers noteMembers);
   template <class Item>
   std::size_t firstPosition(const GroupLists::HolderIndex<Item>& index, const Item& item) const;
-  void noteHolders(const Replacement& replacement,
-                   const std::vector<TKGroup<T>>& groups,
-                   const GroupLists::GroupKeys& keys,
-                   GroupLists::HolderEdit<Identifier>& ids,
-                   GroupLists::HolderEdit<T>& members) const;
+  void noteGroups(const Plan& plan,
+                  const GroupLists::GroupKeys& keys,
+                  GroupLists::HolderEdit<Identifier>& ids,
+                  GroupLists::HolderEdit<T>& members) const;
 
   std::vector<TKGroup<T>> m_groups;
   GroupLists::GroupKeys m_keys;
@@ -247,26 +254,81 @@ std::vector<T> TKGroupProvider<T>::getUngroupedElements()
   return m_elements.list();
 }
 
+/// Listeners need the edit: then it is found once, and the list is changed by it.
 template <class T>
 void TKGroupProvider<T>::setGroups(const std::vector<TKGroup<T>>& groups)
 {
-  Replacement replacement(m_groups, groups);
-  if (replacement.isEmpty())
+  if (m_telling.hasListeners()) {
+    edit(GroupLists::editBetween(m_groups, groups, [](std::size_t, std::size_t, bool) {}),
+         GroupLists::Direction::Forward);
     return;
+  }
+  const auto plan = GroupLists::planFor(m_groups, groups);
+  if (plan.keepsGroups() && plan.changed.empty())
+    return;
+  change(
+      plan, {}, [&](const auto& each) { return groups[each.source].getGroupMembers(); },
+      [&](const auto& each, auto key, auto& members) {
+        GroupLists::align(
+            m_groups[each.before].getGroupMembers(), groups[each.source].getGroupMembers(),
+            [&](auto begin, auto end) { members.remove(begin, end, key); },
+            [&](auto begin, auto end) { members.add(begin, end, key); });
+      });
+}
+
+/// What undo() and redo() of a compact command call instead of setGroups().
+template <class T>
+bool TKGroupProvider<T>::edit(const GroupLists::GroupListEdit<T>& edit,
+                              GroupLists::Direction direction)
+{
+  if (!GroupLists::fits(edit, direction, m_groups))
+    return false;
+  if (GroupLists::isEmpty(edit))
+    return true;
   Changes changes;
   if (m_telling.hasListeners())
-    changes.push_back({GroupListDifference<T>(m_groups, groups).steps(), {}});
-  auto keys = m_keys.after(replacement.origins());
+    changes.push_back({GroupLists::stepsOf(edit, direction), {}});
+  change(
+      GroupLists::planFor(edit, direction), std::move(changes),
+      [&](const auto& each) {
+        return GroupLists::editedMembers(edit.changed[each.source], direction,
+                                         m_groups[each.before]);
+      },
+      [&](const auto& each, auto key, auto& members) {
+        const auto& left = GroupLists::leaving(edit.changed[each.source], direction);
+        const auto& came = GroupLists::coming(edit.changed[each.source], direction);
+        members.remove(left.begin(), left.end(), key);
+        members.add(came.begin(), came.end(), key);
+      });
+  return true;
+}
+
+/// Changes the list of groups and all answers, then tells it. When it throws, nothing has changed.
+/// @param changes      empty, or one change with the steps of the groups
+/// @param membersOf    returns the new members of a group that stays
+/// @param noteMembers  notes which members that group begins or ceases to hold
+template <class T>
+template <class MembersOf, class NoteMembers>
+void TKGroupProvider<T>::change(const Plan& plan,
+                                Changes changes,
+                                MembersOf membersOf,
+                                NoteMembers noteMembers)
+{
+  auto keys = m_keys.after(plan.origins);
   GroupLists::HolderEdit<Identifier> ids(m_ids);
   GroupLists::HolderEdit<T> members(m_holders);
-  noteHolders(replacement, groups, keys, ids, members);
+  for (const auto& each : plan.changed)
+    noteMembers(each, keys.keyAt(each.after), members);
+  if (!plan.keepsGroups())
+    noteGroups(plan, keys, ids, members);
   ids.apply();
   members.apply();
   const auto ungrouped = m_elements.changeBy(members, m_holders);
   if (!changes.empty())
     changes.back().ungrouped = m_elements.stepsOf(ungrouped);
 
-  replacement.prepare();
+  GroupLists::GroupListReplacement<T> replacement(m_groups, plan);
+  replacement.prepare(membersOf);
   replacement.commit(); // nothing fails from here on
   std::swap(m_keys, keys);
   m_elements.apply(ungrouped);
@@ -275,33 +337,24 @@ void TKGroupProvider<T>::setGroups(const std::vector<TKGroup<T>>& groups)
   m_telling.tell(std::move(changes));
 }
 
-/// Notes which groups begin or cease to hold what.
+/// Notes the ids and members of groups that come and leave.
 template <class T>
-void TKGroupProvider<T>::noteHolders(const Replacement& replacement,
-                                     const std::vector<TKGroup<T>>& groups,
-                                     const GroupLists::GroupKeys& keys,
-                                     GroupLists::HolderEdit<Identifier>& ids,
-                                     GroupLists::HolderEdit<T>& members) const
+void TKGroupProvider<T>::noteGroups(const Plan& plan,
+                                    const GroupLists::GroupKeys& keys,
+                                    GroupLists::HolderEdit<Identifier>& ids,
+                                    GroupLists::HolderEdit<T>& members) const
 {
-  for (const auto& each : replacement.changed()) {
-    const auto key = keys.keyAt(each.after);
-    GroupLists::align(
-        m_groups[each.before].getGroupMembers(), groups[each.after].getGroupMembers(),
-        [&](auto begin, auto end) { members.remove(begin, end, key); },
-        [&](auto begin, auto end) { members.add(begin, end, key); });
-  }
-  if (!replacement.isArranged())
-    return;
-
   std::vector<bool> stays(m_groups.size());
-  for (std::size_t i = 0; i < groups.size(); ++i) {
-    const auto origin = replacement.origins()[i];
+  auto newGroup = plan.newGroups.begin();
+  for (std::size_t i = 0; i < plan.origins.size(); ++i) {
+    const auto origin = plan.origins[i];
     if (origin != GroupLists::nowhere) {
       stays[origin] = true;
       continue;
     }
-    const auto& id = groups[i].getId();
-    const auto& all = groups[i].getGroupMembers();
+    const auto& group = **newGroup++;
+    const auto& id = group.getId();
+    const auto& all = group.getGroupMembers();
     ids.add(&id, &id + 1, keys.keyAt(i));
     members.add(all.begin(), all.end(), keys.keyAt(i));
   }

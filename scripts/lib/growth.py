@@ -16,6 +16,7 @@ COMMANDS_ON_ELEMENTS = (
     "AddToTKGroupCmd", "CreateTKGroupCmd", "MoveTKGroupElementsCmd", "RemoveFromTKGroupCmd")
 COMMANDS_ON_GROUPS = (
     ("one", "one group", "RemoveTKGroupsCmd"), ("tenth", "a tenth of the groups", "RemoveTKGroupsCmd"),
+    ("one", "one group", "MoveTKGroupsCmd"), ("tenth", "a tenth of the groups", "MoveTKGroupsCmd"),
     ("one", "one group", "RenameTKGroupCmd"), ("all", "everything", "SortTKGroupsAlphabeticallyCmd"))
 
 
@@ -101,10 +102,13 @@ def qt_table(results):
 KEEPERS = (("Identifier", "two whole lists", "a"), ("difference", "the difference", "b"), ("Qt", "Qt's shared lists", "c"))
 
 
+UNDOS = (*((kind, title) for kind, title, _ in KEEPERS), ("in place", "the difference, done in place"))
+
+
 def undo_table(results):
     yield ["undo or redo", "the command keeps", *size_titles(), "of one copy"]
     for selection in SELECTIONS_OF_GROWTH:
-        for kind, title, _ in KEEPERS:
+        for kind, title in UNDOS:
             start = "AddToTKGroupCmd/%s/undo/%s" % (selection, kind)
             points = growth_points(results, start)
             if points:

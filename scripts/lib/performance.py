@@ -13,6 +13,7 @@ import sys
 from pathlib import Path
 
 import charts
+from console import answers_table, creating_table, lines_table
 from growth import (expected_table, growth_charts, growth_table, history_table, memory_table, qt_table,
                     steps_table, undo_table)
 from measured import Results, markdown, micro, milli, times_as_long
@@ -181,10 +182,10 @@ def store(parts, pages):
 
 
 def main(folder, option=""):
-    commands, growth, history, persistence, platform = (
+    commands, console, growth, history, persistence, platform = (
         Results(Path(folder) / (name + ".json"))
-        for name in ("GroupCommandsBenchmarks", "GrowthBenchmarks", "HistoryBenchmarks", "PersistenceBenchmarks",
-                     "PlatformBenchmarks"))
+        for name in ("GroupCommandsBenchmarks", "ConsoleBenchmarks", "GrowthBenchmarks", "HistoryBenchmarks",
+                     "PersistenceBenchmarks", "PlatformBenchmarks"))
     tables = {
         "expected": expected_table(growth),
         "growth": growth_table(growth, "Identifier"),
@@ -201,6 +202,9 @@ def main(folder, option=""):
         "archive": archive_table(persistence),
         "platform": platform_table(platform),
         "history": history_table(history),
+        "lines": lines_table(console),
+        "answers": answers_table(console),
+        "creating": creating_table(console),
     }
     parts = {name: markdown(list(rows)) for name, rows in tables.items()} | {"when": when(commands)}
     if option != "--renew":

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What a provider leaves when an allocation, or the copy of an identifier, fails.
 
+#include "GroupHosting/Commands/CompactTKGroupCmd.h"
 #include "GroupHosting/Providers/TKGroupProvider.h"
 #include "GroupHosting/Support/Mirror.h"
 #include "GroupHosting/Support/TestProvider.h"
@@ -14,6 +15,7 @@
 #include <memory>
 #include <new>
 #include <stdexcept>
+#include <utility>
 #include <vector>
 
 namespace Tarvik {
@@ -24,14 +26,19 @@ class FailingProvider : public ::testing::Test {
 protected:
   using Groups = std::vector<TKGroup<T>>;
 
-  /// A provider with two groups, and a mirror that follows it.
+  /// A provider with three groups, and a mirror that follows it. With a listener, a provider finds
+  /// out what changes in another way than without one.
   struct Watched {
-    explicit Watched(const FailingProvider& test) : provider(test.elements)
+    Watched(const FailingProvider& test, bool isListened) : provider(test.elements)
     {
       provider.setGroups(test.before);
       mirror = std::make_unique<Mirror<T>>(provider);
-      subscription = provider.subscribe([this](const auto& change) { mirror->apply(change); });
+      if (isListened)
+        subscription = provider.subscribe([this](const auto& change) { mirror->apply(change); });
     }
+
+    /// When the mirror was not told, or failed to follow.
+    void renewMirror() { mirror = std::make_unique<Mirror<T>>(provider); }
 
     TestProvider<T> provider;
     std::unique_ptr<Mirror<T>> mirror;
@@ -77,15 +84,26 @@ protected:
       ASSERT_NE(provider.findGroup(each.getId()), nullptr);
   }
 
+  using Action = std::function<void(TestProvider<T>&)>;
+
   /// Lets one allocation after the other fail, until none does.
-  void expectAllOrNothing(const std::function<void(TestProvider<T>&)>& change,
+  void expectAllOrNothing(const Action& change,
+                          const Groups& groupsAfter,
+                          const std::vector<T>& elementsAfter)
+  {
+    expectAllOrNothing(true, change, groupsAfter, elementsAfter);
+    expectAllOrNothing(false, change, groupsAfter, elementsAfter);
+  }
+
+  void expectAllOrNothing(bool isListened,
+                          const Action& change,
                           const Groups& groupsAfter,
                           const std::vector<T>& elementsAfter)
   {
     bool hasSucceeded = false;
     for (std::size_t failing = 0; !hasSucceeded; ++failing) {
       ASSERT_LT(failing, 10'000U);
-      Watched watched(*this);
+      Watched watched(*this, isListened);
       try {
         const AllocationWatch watch(failing);
         change(watched.provider);
@@ -94,8 +112,8 @@ protected:
         ASSERT_NO_FATAL_FAILURE(expectTheStateOf(watched, before, elements)) << failing;
         change(watched.provider); // it still works
       }
-      if (watched.provider.takeListenerFailure() != nullptr) // the mirror failed, after the change
-        watched.mirror = std::make_unique<Mirror<T>>(watched.provider);
+      if (!isListened || watched.provider.takeListenerFailure() != nullptr)
+        watched.renewMirror();
       ASSERT_NO_FATAL_FAILURE(expectTheStateOf(watched, groupsAfter, elementsAfter)) << failing;
     }
   }
@@ -151,6 +169,55 @@ TYPED_TEST(FailingProvider, RenamesOrNotWhicheverAllocationFails)
       renamed, this->elements);
 }
 
+/// A command that hands two lists over.
+template <class T>
+class ReplaceGroups : public CommandBase {
+public:
+  ReplaceGroups(std::shared_ptr<TKGroupProviderInterface<T>> provider,
+                std::vector<TKGroup<T>> before,
+                std::vector<TKGroup<T>> after)
+      : CommandBase("Replace"),
+        m_provider(std::move(provider)),
+        m_before(std::move(before)),
+        m_after(std::move(after))
+  {}
+  void execute() override { m_provider->setGroups(m_after); }
+  void undo() override { m_provider->setGroups(m_before); }
+  void redo() override { execute(); }
+
+private:
+  std::shared_ptr<TKGroupProviderInterface<T>> m_provider;
+  std::vector<TKGroup<T>> m_before;
+  std::vector<TKGroup<T>> m_after;
+};
+
+TYPED_TEST(FailingProvider, UndoesACompactCommandOrNotWhicheverAllocationFails)
+{
+  bool hasSucceeded = false;
+  for (std::size_t failing = 0; !hasSucceeded; ++failing) {
+    ASSERT_LT(failing, 10'000U);
+    typename TestFixture::Watched watched(*this, true);
+    const std::shared_ptr<TestProvider<TypeParam>> host(std::shared_ptr<void>(), &watched.provider);
+    CompactTKGroupCmd<TypeParam> command(host, [this](auto provider) {
+      return std::make_shared<ReplaceGroups<TypeParam>>(provider, this->before, this->after);
+    });
+    command.execute();
+    try {
+      const AllocationWatch watch(failing);
+      command.undo();
+      hasSucceeded = !AllocationWatch::hasFailed();
+    } catch (const std::bad_alloc&) {
+      ASSERT_NO_FATAL_FAILURE(this->expectTheStateOf(watched, this->after, this->elements))
+          << failing;
+      command.undo();
+    }
+    if (watched.provider.takeListenerFailure() != nullptr)
+      watched.renewMirror();
+    ASSERT_NO_FATAL_FAILURE(this->expectTheStateOf(watched, this->before, this->elements))
+        << failing;
+  }
+}
+
 class ProviderOfWatched : public FailingProvider<WatchedIdentifier> {
 protected:
   /// Lets one copy after the other fail, until none does.
@@ -162,8 +229,7 @@ protected:
     for (int failing = 0; hasFailed; ++failing) {
       ASSERT_LT(failing, 10'000);
       hasFailed = false;
-      Watched watched(*this);
-      watched.subscription.cancel(); // a mirror copies identifiers too
+      Watched watched(*this, false); // a mirror copies identifiers too
       try {
         int copies = 0;
         const CopyWatch watch([&] {
@@ -174,11 +240,11 @@ protected:
         });
         change(watched.provider);
       } catch (const std::runtime_error&) {
-        watched.mirror = std::make_unique<Mirror<WatchedIdentifier>>(watched.provider);
+        watched.renewMirror();
         ASSERT_NO_FATAL_FAILURE(expectTheStateOf(watched, before, elements)) << failing;
         change(watched.provider);
       }
-      watched.mirror = std::make_unique<Mirror<WatchedIdentifier>>(watched.provider);
+      watched.renewMirror();
       ASSERT_NO_FATAL_FAILURE(expectTheStateOf(watched, groupsAfter, elementsAfter)) << failing;
     }
   }

@@ -218,6 +218,40 @@ void apply(const RemoveGroups& operation, State& state, const Model& model)
   }
 }
 
+/// The groups that stay keep their order. Those that move go between those before the place and
+/// those after it.
+void apply(const MoveGroups& operation, State& state, const Model& model)
+{
+  auto& groups = state.groups;
+  const auto positionOfFirst = [&groups](GroupKey key) {
+    return std::find_if(groups.begin(), groups.end(),
+                        [key](const Group& group) { return group.key == key; }) -
+           groups.begin();
+  };
+  const auto number = static_cast<std::ptrdiff_t>(groups.size());
+  auto place = positionOfFirst(model.keyOf(operation.group));
+  if (place == number)
+    return;
+  place += operation.before ? 0 : 1;
+
+  std::vector<std::ptrdiff_t> moving;
+  for (const int group : operation.groups) {
+    const auto position = positionOfFirst(model.keyOf(group));
+    if (position < number && std::count(moving.begin(), moving.end(), position) == 0)
+      moving.push_back(position);
+  }
+  Groups front;
+  Groups back;
+  for (std::ptrdiff_t i = 0; i < number; ++i) {
+    if (std::count(moving.begin(), moving.end(), i) == 0)
+      (i < place ? front : back).push_back(groups[static_cast<std::size_t>(i)]);
+  }
+  for (const auto position : moving)
+    front.push_back(groups[static_cast<std::size_t>(position)]);
+  front.insert(front.end(), back.begin(), back.end());
+  groups = front;
+}
+
 void apply(const RenameGroup& operation, State& state, const Model& model)
 {
   if (Group* const group = find(state.groups, model.keyOf(operation.group)))

@@ -54,12 +54,23 @@ std::string lineOf(const RemoveElements& remove)
   return "take " + elementsText(remove.elements) + " out of their groups";
 }
 
-std::string lineOf(const RemoveGroups& remove)
+std::string groupsText(const std::vector<int>& groups)
 {
   std::string result;
-  for (const int group : remove.groups)
+  for (const int group : groups)
     result += (result.empty() ? "" : ", ") + groupText(group);
-  return "remove " + (result.empty() ? "no group" : result);
+  return result.empty() ? "no group" : result;
+}
+
+std::string lineOf(const RemoveGroups& remove)
+{
+  return "remove " + groupsText(remove.groups);
+}
+
+std::string lineOf(const MoveGroups& move)
+{
+  return "move " + groupsText(move.groups) + (move.before ? " before " : " after ") +
+         groupText(move.group);
 }
 
 std::string lineOf(const RenameGroup& rename)

@@ -43,6 +43,12 @@ struct RemoveGroups {
   std::vector<int> groups;
 };
 
+struct MoveGroups {
+  std::vector<int> groups;
+  int group; ///< the target
+  bool before;
+};
+
 struct RenameGroup {
   int group;
   std::string name;
@@ -77,6 +83,7 @@ using Operation = std::variant<HaveGroup,
                                AddElements,
                                RemoveElements,
                                RemoveGroups,
+                               MoveGroups,
                                RenameGroup,
                                MoveElements,
                                SortGroups,

@@ -88,8 +88,10 @@ public:
       return AddElements{elements(), group(), index()};
     if (kind < 36)
       return RemoveElements{elements()};
-    if (kind < 43)
+    if (kind < 42)
       return RemoveGroups{groups()};
+    if (kind < 46)
+      return MoveGroups{groups(), group(), once(2)};
     if (kind < 50)
       return RenameGroup{group(), name()};
     if (kind < 66)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "CommandPattern/CommandHistory.h"
+#include "GroupHosting/Commands/MoveTKGroupsCmd.h"
 #include "HighLevelServices/GroupCommands/AddToTKGroupCmd.h"
 #include "HighLevelServices/GroupCommands/CreateTKGroupCmd.h"
 #include "HighLevelServices/GroupCommands/MoveTKGroupElementsCmd.h"
@@ -100,10 +101,13 @@ private:
 
   void perform(const RemoveGroups& remove, const Model& model)
   {
-    std::vector<Identifier> ids;
-    for (const int group : remove.groups)
-      ids.push_back(idOf(model.keyOf(group)));
-    execute<RemoveTKGroupsCmd<T>>(ids);
+    execute<RemoveTKGroupsCmd<T>>(idsOfGroups(remove.groups, model));
+  }
+
+  void perform(const MoveGroups& move, const Model& model)
+  {
+    execute<MoveTKGroupsCmd<T>>(idsOfGroups(move.groups, model), idOf(model.keyOf(move.group)),
+                                move.before);
   }
 
   void perform(const RenameGroup& rename, const Model& model)
@@ -144,6 +148,14 @@ private:
     std::vector<T> ids;
     for (const int element : elements)
       ids.push_back(m_host->element(element));
+    return ids;
+  }
+
+  std::vector<Identifier> idsOfGroups(const std::vector<int>& groups, const Model& model) const
+  {
+    std::vector<Identifier> ids;
+    for (const int group : groups)
+      ids.push_back(idOf(model.keyOf(group)));
     return ids;
   }
 
