@@ -68,7 +68,8 @@ void writeHolder(int handle)
 
 std::unique_ptr<DiskLock> DiskLock::tryTake(const fs::path& file)
 {
-  for (;;) {
+  constexpr int mostTries = 100; // each needs a holder that ends at this moment
+  for (int i = 0; i < mostTries; ++i) {
     const int handle = openLock(file);
     const int result = flock(handle, LOCK_EX | LOCK_NB);
     if (result == 0 && isCurrent(handle, file)) {
@@ -82,6 +83,7 @@ std::unique_ptr<DiskLock> DiskLock::tryTake(const fs::path& file)
     if (result != 0)
       throw std::system_error(reason, std::generic_category());
   }
+  throw std::system_error(std::make_error_code(std::errc::no_lock_available));
 }
 
 DiskLock::DiskLock(fs::path file, std::intptr_t handle) : m_file(std::move(file)), m_handle(handle)
