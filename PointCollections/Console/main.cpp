@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Console/Shell/Completion.h"
+#include "PointCollections/Console/Shell/RecoveryOffer.h"
 #include "PointCollections/Console/Shell/Runner.h"
 #include "PointCollections/Console/Shell/UnsavedChanges.h"
 #include "PointCollections/Console/Terminal/Terminal.h"
@@ -16,6 +17,7 @@
 #include <cstdlib>
 #include <exception>
 #include <iostream>
+#include <memory>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -48,8 +50,9 @@ constexpr auto remarks =
     "The command help explains them. Except on a terminal, the first mistake ends the\n"
     "program.\n\n"
     "Changes are only kept by the command save. On a terminal, the program asks before\n"
-    "changes are lost. After a script, it warns of unsaved changes on standard error; that is\n"
-    "not a failure.\n\n"
+    "changes are lost. If it is ended by a signal there, or crashes, it offers to recover them\n"
+    "when the same file is opened again. After a script, it warns of unsaved changes on\n"
+    "standard error; that is not a failure.\n\n"
     "Exit status: 0 success; 1 a command failed or the output could not be written; 2 the\n"
     "arguments, FILE or the script were not valid.";
 
@@ -87,16 +90,40 @@ std::string welcome(const Session& session)
   return fmt::format("Opened {}.", summaryOf(session.editor));
 }
 
+std::unique_ptr<LineReader> makeReader(Session& session, Recovery& recovery)
+{
+  const InputWait wait = [&recovery] {
+    return waitForInput([&recovery] {
+      recovery.pause();
+      return recovery.dueTime();
+    });
+  };
+  auto reader =
+      isOutputTerminal()
+          ? makeEditingReader([&session](auto line) { return complete(session, line); }, wait)
+          : nullptr;
+  return reader ? std::move(reader) : makePlainReader(std::cin, std::cout, wait);
+}
+
 void runOnTerminal(Session& session, Transcript& transcript)
 {
   ignoreInterrupts(); // Ctrl-C while a command runs must not lose all work
-  auto reader = isOutputTerminal()
-                    ? makeEditingReader([&](auto line) { return complete(session, line); })
-                    : nullptr;
-  if (!reader)
-    reader = makePlainReader(std::cin, std::cout);
+  catchEndSignals();
+  Recovery recovery(session.editor);
+  const auto subscription = session.editor.history().subscribe([&](auto&) { recovery.changed(); });
+  session.takeNotice = [&] { return recovery.takeProblem(); };
+  const auto reader = makeReader(session, recovery);
   transcript.result(welcome(session) + " Type help for the commands, quit to leave.");
-  runInteractively(session, transcript, *reader);
+  offerUnsavedWork(session, transcript, recovery,
+                   findUnsavedWork(session.editor.files(), session.editor.opened().file),
+                   [&](const auto& prompt) { return reader->readLine(prompt); });
+  if (runInteractively(session, transcript, *reader))
+    recovery.clear();
+  else if (recovery.keep())
+    transcript.error(displayName(session.editor.title()),
+                     "the changes are kept for now; open the file again to recover them");
+  session.takeNotice = nullptr;
+  endAsAsked();
 }
 
 bool runBatch(Session& session, const Settings& settings, Transcript& transcript)
@@ -106,6 +133,8 @@ bool runBatch(Session& session, const Settings& settings, Transcript& transcript
     script = openText(Utf8::toPath(*settings.script));
   if (!settings.isQuiet)
     transcript.result(welcome(session));
+  tellOfUnsavedWork(session, transcript,
+                    findUnsavedWork(session.editor.files(), session.editor.opened().file));
   const bool readsInput = !settings.script && settings.commands.empty();
   const bool isFine = readsInput ? runScript(session, transcript, std::cin, "<stdin>")
                                  : runCommands(session, transcript, settings.commands) &&

@@ -54,15 +54,29 @@ OpenedDocument openDocument(Files& files, const std::filesystem::path& file)
   const auto name = printable(Utf8::fromPath(file));
   try {
     auto title = Utf8::fromPath(file.filename());
-    if (!isProjectName(file))
-      return {PointDocument::create(parsePoints(files.readText(file), name)), std::move(title)};
+    if (!isProjectName(file)) {
+      const auto text = files.readText(file);
+      return {PointDocument::create(parsePoints(text, name)),
+              std::move(title),
+              {},
+              text.size(),
+              hashOf(std::as_bytes(std::span(text))),
+              file};
+    }
     const auto start = files.readStart(file, projectStartSize);
     checkProjectStart(start.bytes, start.size, name);
     const auto bytes = files.readBytes(file);
-    return {loadProject(bytes, name), std::move(title), file, bytes.size(), hashOf(bytes)};
+    return {loadProject(bytes, name), std::move(title), file, bytes.size(), hashOf(bytes), file};
   } catch (const std::bad_alloc&) {
     throw UserError(fmt::format("{}: there is not enough memory for this file", name));
   }
+}
+
+bool isUnchanged(Files& files, const OpenedDocument& opened)
+{
+  // the size first: whatever is there now may be huge
+  return files.readStart(opened.file, 0).size == opened.fileSize &&
+         hashOf(files.readBytes(opened.file)) == opened.fileHash;
 }
 
 Editor::Editor(OpenedDocument opened, std::shared_ptr<Files> files)
@@ -107,38 +121,60 @@ void Editor::replaceDocument(OpenedDocument opened)
   holdReserve();
 }
 
+void Editor::replaceWithUnsaved(OpenedDocument opened)
+{
+  replaceDocument(std::move(opened));
+  m_history.forgetCleanMark();
+}
+
 Editor::OverwriteRisk Editor::overwriteRisk(const std::filesystem::path& file)
 {
   const bool isOwn = file == projectFile() || m_files->areSame(file, projectFile());
   if (isOwn) {
     bool isChanged = false;
-    withAllMemory([&] { isChanged = hasFileChanged(); });
+    withAllMemory([&] { isChanged = m_files->exists(file) && !isUnchanged(*m_files, m_opened); });
     return isChanged ? OverwriteRisk::OtherChanges : OverwriteRisk::None;
   }
   return m_files->exists(file) ? OverwriteRisk::OtherFile : OverwriteRisk::None;
 }
 
-void Editor::save(const std::filesystem::path& file)
+Editor::SaveResult Editor::save(const std::filesystem::path& file)
 {
-  withAllMemory([&] { saveOnce(file); });
-  m_history.markClean();
+  const auto lock = lockForSaving(file);
+  return saveLocked(file);
 }
 
-void Editor::saveOnce(const std::filesystem::path& file)
+Editor::SaveResult Editor::saveIfSafe(const std::filesystem::path& file)
+{
+  const auto lock = lockForSaving(file);
+  const auto risk = overwriteRisk(file);
+  return risk == OverwriteRisk::None ? saveLocked(file) : SaveResult{risk};
+}
+
+std::unique_ptr<FileLock> Editor::lockForSaving(const std::filesystem::path& file)
+{
+  std::unique_ptr<FileLock> lock;
+  withAllMemory([&] { lock = m_files->lockForSaving(file); });
+  return lock;
+}
+
+Editor::SaveResult Editor::saveLocked(const std::filesystem::path& file)
+{
+  SaveResult result;
+  withAllMemory([&] { result.warning = saveOnce(file); });
+  m_history.markClean();
+  return result;
+}
+
+/// @return the warning
+std::string Editor::saveOnce(const std::filesystem::path& file)
 {
   const auto bytes = saveProject(*document());
-  OpenedDocument saved = {document(), Utf8::fromPath(file.filename()), file, bytes.size(),
-                          hashOf(bytes)};
-  m_files->write(file, bytes);
+  OpenedDocument saved = {
+      document(), Utf8::fromPath(file.filename()), file, bytes.size(), hashOf(bytes), file};
+  auto warning = m_files->write(file, bytes).warning;
   m_opened = std::move(saved); // cannot fail
-}
-
-bool Editor::hasFileChanged() const
-{
-  // the size first: whatever is there now may be huge
-  return m_files->exists(projectFile()) &&
-         (m_files->readStart(projectFile(), 0).size != m_opened.projectSize ||
-          hashOf(m_files->readBytes(projectFile())) != m_opened.projectHash);
+  return warning;
 }
 
 /// Does what saving needs: if there is not enough memory, with the reserve, and then with the
@@ -180,14 +216,17 @@ bool Editor::holdReserve()
   return true;
 }
 
-std::string summaryOf(const Editor& editor)
+std::string contentOf(PointDocument& document)
 {
-  auto& document = *editor.document();
   const auto groups = document.getGroups().size();
-  return fmt::format("{}: {} with {}{}", displayName(editor.title()),
-                     pluralize(document.order().size(), "element"),
+  return fmt::format("{} with {}{}", pluralize(document.order().size(), "element"),
                      pluralize(countPoints(document), "point"),
                      groups > 0 ? " in " + pluralize(groups, "group") : std::string());
+}
+
+std::string summaryOf(const Editor& editor)
+{
+  return fmt::format("{}: {}", displayName(editor.title()), contentOf(*editor.document()));
 }
 
 }

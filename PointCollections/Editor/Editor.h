@@ -21,13 +21,18 @@ struct OpenedDocument {
   std::shared_ptr<PointDocument> document; ///< never null
   std::string title;                       ///< usually the name of the file, without its folders
   std::filesystem::path projectFile = {};  ///< empty unless the document comes from a project
-  std::uint64_t projectSize = 0;           ///< of the project file, in bytes
-  std::size_t projectHash = 0;             ///< of the bytes of the project file
+  std::uint64_t fileSize = 0;              ///< of the file that it was read from, in bytes
+  std::size_t fileHash = 0;                ///< of the bytes of that file
+  std::filesystem::path file = {};         ///< the file that it was read from or saved in last
 };
 
 /// Reads and checks a document: a project if the name of the file ends in .tkpc, otherwise points.
 /// @throws UserError if the file cannot be read or is not valid
 OpenedDocument openDocument(Files& files, const std::filesystem::path& file);
+
+/// Whether the file of the document still has the bytes that were read or written.
+/// @throws UserError if it cannot be read
+bool isUnchanged(Files& files, const OpenedDocument& opened);
 
 /// The open document, its history, and the project file that it is saved in.
 ///
@@ -64,6 +69,9 @@ public:
   /// Never null. Commands share it, so it may live on after replaceDocument().
   const std::shared_ptr<PointDocument>& document() const { return m_opened.document; }
 
+  /// The document with what is known about its file.
+  const OpenedDocument& opened() const { return m_opened; }
+
   const std::string& title() const { return m_opened.title; }
 
   /// The file that the document was opened from or saved in last; empty if there is none.
@@ -94,18 +102,36 @@ public:
   /// Replaces the document. Unsaved changes are lost.
   void replaceDocument(OpenedDocument opened);
 
-  /// What save() would overwrite. Ask before you save.
-  /// @throws UserError if the document's own file cannot be read
+  /// Replaces the document with one that has changes that are not in its file.
+  void replaceWithUnsaved(OpenedDocument opened);
+
+  /// What save() would overwrite. Another program may save at any time: saveIfSafe() asks and saves
+  /// in one step.
+  /// @throws UserError if the document's own file cannot be read, or it cannot be found out whether
+  ///         there is a file
   OverwriteRisk overwriteRisk(const std::filesystem::path& file);
 
-  /// Saves the document as a project. The file becomes the document's own. When there is not enough
-  /// memory, uses the reserve, and then forgets steps of the history.
-  /// @throws UserError if that fails; nothing else has changed then, as Files::write() describes
-  void save(const std::filesystem::path& file);
+  /// What has been done.
+  struct SaveResult {
+    OverwriteRisk risk = OverwriteRisk::None; ///< if any, nothing has been saved
+    std::string warning = {};                 ///< for the user: a sentence; usually empty
+  };
+
+  /// Saves the document as a project, whatever that overwrites. The file becomes the document's
+  /// own. When there is not enough memory, uses the reserve, and then forgets steps of the history.
+  /// @return without risk
+  /// @throws UserError if that fails, or another program saves in the file at this moment; nothing
+  ///         has changed then
+  SaveResult save(const std::filesystem::path& file);
+
+  /// As save(), unless that would overwrite what the user has not seen. Meanwhile no other program
+  /// of this kind can save in the file.
+  SaveResult saveIfSafe(const std::filesystem::path& file);
 
 private:
-  void saveOnce(const std::filesystem::path& file);
-  bool hasFileChanged() const;
+  std::unique_ptr<FileLock> lockForSaving(const std::filesystem::path& file);
+  SaveResult saveLocked(const std::filesystem::path& file);
+  std::string saveOnce(const std::filesystem::path& file);
   bool forgetSteps();
   bool holdReserve();
 
@@ -120,6 +146,9 @@ private:
   std::size_t m_sizeOfElements; ///< in the project, in bytes
   MemoryReserve m_reserve;      ///< enough to save the document
 };
+
+/// A document's content in a few words: "418 elements with 418 points in 3 groups".
+std::string contentOf(PointDocument& document);
 
 /// The open document in a few words: "cities.tkpc: 418 elements with 418 points in 3 groups".
 std::string summaryOf(const Editor& editor);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "PointCollections/Files/DiskLock.h"
 #include "PointCollections/Files/Files.h"
 #include "PointCollections/Files/SafeFileWriter.h"
+#include "PointCollections/Files/SideFiles.h"
 #include "PointCollections/Input/TextInput.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
@@ -43,29 +45,42 @@ void refuseDevice(const fs::path& file)
     fail(file, "this is a device or the like; expected a file");
 }
 
-std::uintmax_t sizeOf(const fs::path& file)
+/// What `ask`, fs::status or fs::symlink_status, says about the file.
+/// @throws UserError if the system does not tell it
+fs::file_status statusOf(fs::file_status (*ask)(const fs::path&, std::error_code&),
+                         const fs::path& file)
 {
-  std::error_code ignored;
-  const auto size = fs::file_size(file, ignored);
-  return ignored ? 0 : size;
+  std::error_code error;
+  const auto status = ask(file, error);
+  if (!fs::status_known(status))
+    fail(file, fmt::format("it cannot be found out whether this file exists ({})",
+                           printable(reasonFor(error))));
+  return status;
 }
 
-std::uintmax_t sizeToRead(const fs::path& file)
+/// The size of the open file, in bytes. Asks the file itself: another one may have its name by now.
+std::uintmax_t sizeOf(std::ifstream& stream, const fs::path& file)
 {
-  const auto size = sizeOf(file);
-  if (size > greatestSize)
-    fail(file, fmt::format("a file of {} bytes; expected {} at most", size, greatestSize));
-  return size;
+  stream.seekg(0, std::ios::end);
+  const auto size = static_cast<std::streamoff>(stream.tellg());
+  stream.seekg(0);
+  if (!stream || size < 0)
+    fail(file, "the size of this file cannot be found out");
+  return static_cast<std::uintmax_t>(size);
 }
 
-std::vector<std::byte> readFirst(const fs::path& file, std::uintmax_t size)
+std::vector<std::byte> readFirst(std::ifstream& stream, std::uintmax_t size, const fs::path& file)
 {
-  auto stream = openText(file);
   std::vector<std::byte> bytes(static_cast<std::size_t>(size));
   stream.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(size));
   if (static_cast<std::uintmax_t>(stream.gcount()) != size)
     fail(file, "reading the file failed");
   return bytes;
+}
+
+std::string nameOf(const fs::path& folder)
+{
+  return folder.empty() ? "of this program" : printable(Utf8::fromPath(folder));
 }
 
 class DiskFiles : public Files {
@@ -79,37 +94,73 @@ public:
   std::vector<std::byte> readBytes(const fs::path& file) override
   {
     refuseDevice(file);
-    return readFirst(file, sizeToRead(file));
+    auto stream = openText(file);
+    const auto size = sizeOf(stream, file);
+    if (size > greatestSize)
+      fail(file, fmt::format("a file of {} bytes; expected {} at most", size, greatestSize));
+    return readFirst(stream, size, file);
   }
 
   FileStart readStart(const fs::path& file, std::size_t count) override
   {
     refuseDevice(file);
-    const auto size = sizeOf(file);
-    return {readFirst(file, std::min<std::uintmax_t>(size, count)), size};
+    auto stream = openText(file);
+    const auto size = sizeOf(stream, file);
+    return {readFirst(stream, std::min<std::uintmax_t>(size, count), file), size};
   }
 
-  void write(const fs::path& file, std::span<const std::byte> bytes) override
+  WriteResult write(const fs::path& file, std::span<const std::byte> bytes) override
   {
     try {
       SafeFileWriter writer(file);
       writer.write(bytes);
-      writer.commit();
+      const auto doubt = writer.commit();
+      return doubt
+                 ? WriteResult{fmt::format(
+                       "The file is saved, but flushing its folder to the disk failed ({}); after "
+                       "a power cut, the old file may be back.",
+                       printable(reasonFor(doubt)))}
+                 : WriteResult();
+    } catch (const FolderNotWritable& error) {
+      fail(file, fmt::format("the file cannot be saved, because nothing can be written in the "
+                             "folder {} ({}); save it in another one",
+                             nameOf(error.folder()), printable(reasonFor(error.code()))));
     } catch (const std::system_error& error) {
       fail(file, fmt::format("the file cannot be saved ({})", printable(reasonFor(error.code()))));
     }
   }
 
+  std::unique_ptr<FileLock> lockForSaving(const fs::path& file) override
+  {
+    try {
+      const auto target = SideFiles::followed(file);
+      const auto lockFile = SideFiles::saveLock(target);
+      auto lock = DiskLock::tryTake(lockFile);
+      if (!lock)
+        fail(file,
+             fmt::format("{} saves in this file at this moment; try again", holderOf(lockFile)));
+      SideFiles::removeUnfinished(target);
+      return lock;
+    } catch (const std::system_error&) {
+      return nullptr; // saving is more important than the lock; if it fails too, it tells why
+    }
+  }
+
   bool exists(const fs::path& file) override
   {
-    std::error_code ignored;
-    return fs::exists(fs::symlink_status(file, ignored));
+    return fs::exists(statusOf(fs::symlink_status, file));
   }
 
   bool areSame(const fs::path& one, const fs::path& other) override
   {
-    std::error_code ignored;
-    return fs::equivalent(one, other, ignored);
+    if (!fs::exists(statusOf(fs::status, one)) || !fs::exists(statusOf(fs::status, other)))
+      return false;
+    std::error_code error;
+    const bool areSame = fs::equivalent(one, other, error);
+    if (error)
+      fail(one, fmt::format("this file cannot be compared with {} ({})",
+                            printable(Utf8::fromPath(other)), printable(reasonFor(error))));
+    return areSame;
   }
 
   std::vector<std::string> namesIn(const fs::path& folder) override

@@ -54,12 +54,14 @@ std::optional<struct stat> writableFile(const char* path)
   return known;
 }
 
-int create(const char* path, mode_t mode)
+int create(const std::filesystem::path& path, mode_t mode)
 {
-  const int file = open(path, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
-  if (file < 0)
-    fail();
-  return file;
+  const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+  if (file >= 0)
+    return file;
+  if (errno == EACCES || errno == EPERM || errno == EROFS)
+    throw FolderNotWritable(path.parent_path(), {errno, std::generic_category()});
+  fail();
 }
 
 /// Copies the access control list of the model, and drops the one that the folder gave.
@@ -96,29 +98,32 @@ void takeRights(int file, const char* path, const struct stat& model)
 }
 
 /// Flushes a rename to the disk. Some kinds of folders cannot be opened or flushed: they keep a
-/// rename anyway, or offer no way to make sure of it. So only an I/O error counts.
-void flushFolder(const std::filesystem::path& file)
+/// rename anyway, or offer no way to make sure of it. That is no failure.
+std::error_code flushFolder(const std::filesystem::path& file)
 {
   const auto folder = file.has_parent_path() ? file.parent_path() : ".";
   const int handle = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (handle < 0)
-    return;
+    return {};
   const int result = fsync(handle);
   const int reason = errno;
   close(handle);
-  if (result != 0 && reason == EIO)
-    throw std::system_error(reason, std::generic_category());
+  const bool isUnsupported = reason == EINVAL || reason == ENOTSUP;
+  return result == 0 || isUnsupported ? std::error_code()
+                                      : std::error_code(reason, std::generic_category());
 }
 
 }
 
-NewFile::NewFile(std::filesystem::path path, const std::filesystem::path& model)
-    : m_path(std::move(path)), m_handle(closed)
+NewFile::NewFile() : m_handle(closed) {}
+
+NewFile::NewFile(std::filesystem::path path, const std::filesystem::path& model) : NewFile()
 {
   constexpr mode_t ownerOnly = 0600; // until takeRights() has set them
   constexpr mode_t usual = 0666;     // less the bits in the user's mask
   const auto known = writableFile(model.c_str());
-  m_handle = create(m_path.c_str(), known ? ownerOnly : usual);
+  m_handle = create(path, known ? ownerOnly : usual);
+  m_path = std::move(path); // from here on the destructor removes the file, whatever is thrown
   if (known)
     takeRights(static_cast<int>(m_handle), model.c_str(), *known);
 }
@@ -155,12 +160,12 @@ void NewFile::close()
     fail();
 }
 
-void NewFile::replace(const std::filesystem::path& file)
+std::error_code NewFile::replace(const std::filesystem::path& file)
 {
   if (std::rename(m_path.c_str(), file.c_str()) != 0)
     fail();
   m_path.clear();
-  flushFolder(file);
+  return flushFolder(file);
 }
 
 }

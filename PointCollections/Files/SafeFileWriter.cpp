@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Files/SafeFileWriter.h"
 
-#include "Identifier/Identifier.h"
+#include "PointCollections/Files/SideFiles.h"
 
 #include <system_error>
 
@@ -13,19 +13,6 @@ namespace fs = std::filesystem;
 [[noreturn]] void refuse(std::errc reason)
 {
   throw std::system_error(std::make_error_code(reason));
-}
-
-/// The file that the links lead to; it need not exist.
-fs::path followed(fs::path file)
-{
-  constexpr int mostLinks = 40;
-  std::error_code ignored;
-  for (int links = 0; fs::is_symlink(file, ignored); ++links) {
-    if (links == mostLinks)
-      refuse(std::errc::too_many_symbolic_link_levels);
-    file = file.parent_path() / fs::read_symlink(file);
-  }
-  return file;
 }
 
 /// Renaming would replace anything but a folder.
@@ -47,13 +34,17 @@ void checkReplaceable(const fs::path& file)
 fs::path newNameBeside(const fs::path& file)
 {
   checkReplaceable(file);
-  return file.parent_path() / (".point-collections-" + Identifier().toString() + ".tmp");
+  return SideFiles::newUnfinished(file);
 }
 
 }
 
 SafeFileWriter::SafeFileWriter(const fs::path& file)
-    : m_file(followed(file)), m_newFile(newNameBeside(m_file), m_file)
+    : m_file(SideFiles::followed(file)), m_newFile(newNameBeside(m_file), m_file)
+{}
+
+SafeFileWriter::SafeFileWriter(const fs::path& file, const fs::path& model)
+    : m_file(SideFiles::followed(file)), m_newFile(newNameBeside(m_file), model)
 {}
 
 void SafeFileWriter::write(std::span<const std::byte> bytes)
@@ -61,10 +52,10 @@ void SafeFileWriter::write(std::span<const std::byte> bytes)
   m_newFile.write(bytes);
 }
 
-void SafeFileWriter::commit()
+std::error_code SafeFileWriter::commit()
 {
   m_newFile.close();
-  m_newFile.replace(m_file);
+  return m_newFile.replace(m_file);
 }
 
 }

@@ -6,16 +6,17 @@
 #include <cstddef>
 #include <filesystem>
 #include <span>
+#include <system_error>
 
 namespace Tarvik::PointCollections {
 
 /// Writes a file so that nothing is lost, whatever happens: at any time the file has its complete
 /// old content or its complete new content.
 ///
-/// The bytes are written to a new file in the same folder, `.point-collections-` with 32 digits and
-/// `.tmp`, and flushed to the disk. Only then does the new file replace the old one. Failures
-/// are std::system_errors; the destructor then removes the new file. Only a program that is killed
-/// leaves it behind, and it is never in the way of another one.
+/// The bytes are written to a new file in the same folder, and flushed to the disk. Only then does
+/// the new file replace the old one. Failures are std::system_errors; the destructor then removes
+/// the new file. Only a program that is killed leaves it there. It is never in the way of another
+/// one, and SideFiles::removeUnfinished() removes it.
 ///
 /// A symbolic link stays; the file that it leads to is replaced. The new file gets the access
 /// rights of the old one. Other names of the old file (hard links) keep the old content. MinGW's
@@ -24,8 +25,12 @@ class SafeFileWriter {
 public:
   /// Makes the new file.
   /// @throws std::system_error if that is not possible, or the file must not be replaced: it is
-  ///         read-only, a folder, a device or the like
+  ///         read-only, a folder, a device or the like; FolderNotWritable
   explicit SafeFileWriter(const std::filesystem::path& file);
+
+  /// As above, with the access rights of another file.
+  /// @param model  not written, but the user must have the right to; may be missing
+  SafeFileWriter(const std::filesystem::path& file, const std::filesystem::path& model);
 
   SafeFileWriter(const SafeFileWriter&) = delete;
   SafeFileWriter& operator=(const SafeFileWriter&) = delete;
@@ -35,7 +40,8 @@ public:
   void write(std::span<const std::byte> bytes);
 
   /// Replaces the old file with the new one. Call it once, at the end.
-  void commit();
+  /// @return why flushing the folder failed, as NewFile::replace() describes
+  std::error_code commit();
 
 private:
   std::filesystem::path m_file; ///< with all links followed

@@ -48,9 +48,11 @@ HANDLE create(const std::filesystem::path& file)
 {
   const HANDLE handle = CreateFileW(file.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
                                     FILE_ATTRIBUTE_NORMAL, nullptr);
-  if (handle == INVALID_HANDLE_VALUE)
-    fail();
-  return handle;
+  if (handle != INVALID_HANDLE_VALUE)
+    return handle;
+  if (GetLastError() == ERROR_ACCESS_DENIED || GetLastError() == ERROR_WRITE_PROTECT)
+    throw FolderNotWritable(file.parent_path(), std::make_error_code(std::errc::permission_denied));
+  fail();
 }
 
 /// Copies the access rights of the model. If they cannot be read, those of the folder stay.
@@ -71,13 +73,15 @@ void takeRights(const std::filesystem::path& file, const std::filesystem::path& 
 
 }
 
-NewFile::NewFile(std::filesystem::path path, const std::filesystem::path& model)
-    : m_path(std::move(path)), m_handle(closed)
+NewFile::NewFile() : m_handle(closed) {}
+
+NewFile::NewFile(std::filesystem::path path, const std::filesystem::path& model) : NewFile()
 {
   const bool hasModel = isThere(model);
   if (hasModel)
     checkWritable(model);
-  m_handle = reinterpret_cast<std::intptr_t>(create(m_path));
+  m_handle = reinterpret_cast<std::intptr_t>(create(path));
+  m_path = std::move(path); // from here on the destructor removes the file, whatever is thrown
   if (hasModel)
     takeRights(m_path, model);
 }
@@ -112,12 +116,13 @@ void NewFile::close()
 }
 
 /// Not by ReplaceFile(), which renames twice: a kill between the two would leave no file.
-void NewFile::replace(const std::filesystem::path& file)
+std::error_code NewFile::replace(const std::filesystem::path& file)
 {
   if (MoveFileExW(m_path.c_str(), file.c_str(),
                   MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) == 0)
     fail();
   m_path.clear();
+  return {}; // the system flushes the rename before it returns
 }
 
 }

@@ -10,6 +10,7 @@ set(folders
   Files
   Project
   Editor
+  Recovery
   Console/Text
   Console/Terminal
   Console/Session

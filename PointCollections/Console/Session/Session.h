@@ -24,6 +24,9 @@ struct Session {
   /// Asks the user whether unsaved changes may be discarded, and saves them first if the user wants
   /// that. Throws UserError if saving fails. Empty in a script, where nobody can be asked.
   std::function<Confirmation(Session&)> confirmDiscarding = {};
+
+  /// What the user is to be told after a command; an empty text if nothing. May be empty.
+  std::function<std::string()> takeNotice = {};
 };
 
 }

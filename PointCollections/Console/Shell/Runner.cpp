@@ -74,13 +74,22 @@ private:
 };
 
 /// If the input ends again at the question, nobody is there to answer: the session is over.
-void leaveAtEndOfInput(Session& session, Transcript& transcript)
+/// @return whether somebody has answered
+bool leaveAtEndOfInput(Session& session, Transcript& transcript)
 {
   transcript.result("(end of input)");
   const auto confirmation = session.confirmDiscarding(session);
   session.isOver = confirmation != Confirmation::Refused;
   if (confirmation == Confirmation::Missing)
     warnOfUnsavedChanges(session, transcript);
+  return confirmation != Confirmation::Missing;
+}
+
+void tellNotice(const Session& session, Transcript& transcript)
+{
+  const auto notice = session.takeNotice ? session.takeNotice() : std::string();
+  if (!notice.empty())
+    transcript.error("warning", notice);
 }
 
 }
@@ -120,22 +129,26 @@ bool runScript(Session& session,
   return true;
 }
 
-void runInteractively(Session& session, Transcript& transcript, LineReader& reader)
+bool runInteractively(Session& session, Transcript& transcript, LineReader& reader)
 {
   const auto ask = [&reader](const std::string& prompt) { return reader.readLine(prompt); };
   const QuestionsToUser questions(session, ask);
+  bool isAnswered = true;
   while (canGoOn(session, transcript)) {
     const auto runNext = [&] {
       const auto line = reader.readLine(session.editor.hasUnsavedChanges() ? "*> " : "> ");
       if (line)
         transcript.result(runLine(session, *line));
       else
-        leaveAtEndOfInput(session, transcript);
+        isAnswered = leaveAtEndOfInput(session, transcript);
     };
     runAndReport(transcript, "error", runNext);
+    tellNotice(session, transcript);
   }
-  if (!session.isOver)
-    warnOfUnsavedChanges(session, transcript);
+  if (session.isOver)
+    return isAnswered;
+  warnOfUnsavedChanges(session, transcript);
+  return !session.editor.hasUnsavedChanges();
 }
 
 }

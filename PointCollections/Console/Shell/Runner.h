@@ -29,6 +29,7 @@ bool runScript(Session& session,
 
 /// Runs the lines that the user types until the input ends. Reports mistakes and goes on. Asks
 /// before unsaved changes are discarded.
-void runInteractively(Session& session, Transcript& transcript, LineReader& reader);
+/// @return false if there are unsaved changes, and the user has not said what to do with them
+bool runInteractively(Session& session, Transcript& transcript, LineReader& reader);
 
 }

@@ -7,17 +7,13 @@
 #include <fmt/format.h>
 
 namespace Tarvik::PointCollections {
-namespace {
 
-/// The first word of an answer; empty if it has none.
 std::string firstWord(const std::string& answer)
 {
   const auto start = answer.find_first_not_of(" \t");
   return start == std::string::npos
              ? std::string()
              : answer.substr(start, answer.find_first_of(" \t", start) - start);
-}
-
 }
 
 Confirmation confirmDiscardingChanges(Session& session, const Question& ask)

@@ -14,6 +14,9 @@ namespace Tarvik::PointCollections {
 /// Shows a prompt and returns the line that the user types; nothing at the end of the input.
 using Question = std::function<std::optional<std::string>(const std::string& prompt)>;
 
+/// The first word of an answer; empty if it has none.
+std::string firstWord(const std::string& answer);
+
 /// Asks what to do with unsaved changes until the answer is save, discard or cancel. Does not ask
 /// if there are none.
 /// @throws UserError if the user wants to save and that fails

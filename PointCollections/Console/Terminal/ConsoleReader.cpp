@@ -9,6 +9,7 @@
 
 #include <array>
 #include <iostream>
+#include <utility>
 
 namespace Tarvik::PointCollections {
 namespace {
@@ -17,17 +18,21 @@ constexpr wchar_t controlZ = 0x1A;
 
 class ConsoleReader : public LineReader {
 public:
-  explicit ConsoleReader(HANDLE console) : m_console(console) {}
+  ConsoleReader(HANDLE console, InputWait wait) : m_console(console), m_wait(std::move(wait)) {}
 
   std::optional<std::string> readLine(const std::string& prompt) override
   {
     std::cout << prompt << std::flush;
+    if (!m_wait())
+      return std::nullopt;
     std::wstring line;
     while (!line.ends_with(L'\n')) {
       if (line.size() > longestLine)
         throw UserError("this line is too long; expected a shorter one");
       const auto part = read();
       if (!part)
+        return std::nullopt;
+      if (isAskedToEnd())
         return std::nullopt;
       if (part->empty()) {
         std::cout << '\n';
@@ -56,14 +61,15 @@ private:
   }
 
   HANDLE m_console;
+  InputWait m_wait;
 };
 
 }
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param): other readers keep it
-std::unique_ptr<LineReader> makeEditingReader(Completer)
+std::unique_ptr<LineReader> makeEditingReader(Completer, InputWait wait)
 {
-  return std::make_unique<ConsoleReader>(GetStdHandle(STD_INPUT_HANDLE));
+  return std::make_unique<ConsoleReader>(GetStdHandle(STD_INPUT_HANDLE), std::move(wait));
 }
 
 }

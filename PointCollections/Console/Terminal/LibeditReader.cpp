@@ -55,8 +55,9 @@ void list(const std::vector<std::string>& candidates)
 
 class LibeditReader : public LineReader {
 public:
-  explicit LibeditReader(Completer completer)
+  LibeditReader(Completer completer, InputWait wait)
       : m_completer(std::move(completer)),
+        m_wait(std::move(wait)),
         m_history(history_init(), &history_end),
         m_line(el_init("point-collections", stdin, stdout, stderr), &el_end)
   {
@@ -76,6 +77,7 @@ public:
     el_wset(line, EL_ADDFN, L"complete-word", L"Completes the word", &LibeditReader::complete);
     el_set(line, EL_BIND, "^I", "complete-word", nullptr);
     el_set(line, EL_BIND, "^R", "em-inc-search-prev", nullptr);
+    el_wset(line, EL_GETCFN, &LibeditReader::getCharacter);
     // Ctrl-C must reach the editor; otherwise it ends the program.
     el_set(line, EL_SETTY, "-d", "-isig", nullptr);
     el_wset(line, EL_ADDFN, L"drop-line", L"Drops the line", &LibeditReader::drop);
@@ -112,6 +114,17 @@ private:
   }
 
   static char* prompt(EditLine* line) { return readerOf(line).m_prompt.data(); }
+
+  /// Waits for the next character, and then lets libedit read it.
+  static int getCharacter(EditLine* line, wchar_t* character)
+  {
+    if (!readerOf(line).m_wait())
+      return 0; // the end of the input
+    el_wset(line, EL_GETCFN, EL_BUILTIN_GETCFN);
+    const int count = el_wgetc(line, character);
+    el_wset(line, EL_GETCFN, &LibeditReader::getCharacter);
+    return count;
+  }
 
   static unsigned char drop(EditLine* line, int)
   {
@@ -160,6 +173,7 @@ private:
   }
 
   Completer m_completer;
+  InputWait m_wait;
   std::string m_prompt;
   std::unique_ptr<History, decltype(&history_end)> m_history;
   std::unique_ptr<EditLine, decltype(&el_end)> m_line;
@@ -175,13 +189,13 @@ void useUtf8()
 
 }
 
-std::unique_ptr<LineReader> makeEditingReader(Completer completer)
+std::unique_ptr<LineReader> makeEditingReader(Completer completer, InputWait wait)
 {
   const char* terminal = std::getenv("TERM");
   if (terminal == nullptr || std::strcmp(terminal, "dumb") == 0)
     return nullptr;
   useUtf8();
-  auto reader = std::make_unique<LibeditReader>(std::move(completer));
+  auto reader = std::make_unique<LibeditReader>(std::move(completer), std::move(wait));
   return reader->isUsable() ? std::move(reader) : nullptr;
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "PointCollections/Console/Terminal/InputWait.h"
+
 #include <cstddef>
 #include <functional>
 #include <istream>
@@ -39,10 +41,13 @@ public:
 
 /// A reader for the terminal at standard input and output. The user can edit the line, recall
 /// earlier lines with the arrow keys, complete with Tab, and drop the line with Ctrl-C.
+/// @param wait  called before the terminal is read; must not throw
 /// @return null if the program is built without line editing, or the terminal does not support it
-std::unique_ptr<LineReader> makeEditingReader(Completer completer);
+std::unique_ptr<LineReader> makeEditingReader(Completer completer, InputWait wait);
 
 /// A reader that leaves editing to the terminal. The streams must outlive it.
-std::unique_ptr<LineReader> makePlainReader(std::istream& input, std::ostream& output);
+/// @param wait  called before a line is read, unless some of it has been read already; may be empty
+std::unique_ptr<LineReader>
+makePlainReader(std::istream& input, std::ostream& output, InputWait wait = {});
 
 }

@@ -3,7 +3,7 @@
 
 namespace Tarvik::PointCollections {
 
-std::unique_ptr<LineReader> makeEditingReader(Completer)
+std::unique_ptr<LineReader> makeEditingReader(Completer, InputWait)
 {
   return nullptr;
 }

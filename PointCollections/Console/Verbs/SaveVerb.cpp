@@ -10,10 +10,10 @@
 namespace Tarvik::PointCollections {
 namespace {
 
-void checkOverwriting(Editor& editor, const std::filesystem::path& file)
+void refuseOverwriting(Editor::OverwriteRisk risk, const std::filesystem::path& file)
 {
   const auto name = displayName(Utf8::fromPath(file));
-  switch (editor.overwriteRisk(file)) {
+  switch (risk) {
   case Editor::OverwriteRisk::None:
     return;
   case Editor::OverwriteRisk::OtherFile:
@@ -45,10 +45,10 @@ std::string save(Session& session, const Arguments& arguments)
 {
   auto& editor = session.editor;
   const auto file = fileToSaveIn(editor, arguments);
-  if (!arguments.has("--overwrite"))
-    checkOverwriting(editor, file);
-  editor.save(file);
-  return fmt::format("Saved {}.", summaryOf(editor));
+  const auto [risk, warning] =
+      arguments.has("--overwrite") ? editor.save(file) : editor.saveIfSafe(file);
+  refuseOverwriting(risk, file);
+  return fmt::format("Saved {}.{}{}", summaryOf(editor), warning.empty() ? "" : "\n", warning);
 }
 
 }
@@ -60,8 +60,9 @@ Verb saveVerb()
           .summary = "write elements, groups and order to a project file",
           .details = "The name of FILE ends in .tkpc. Later, save without FILE writes to the same "
                      "file. Another file\nthat exists, or a file that another program has changed, "
-                     "is only replaced with --overwrite. If\nsaving fails, the old file stays as "
-                     "it was. The history is not saved.",
+                     "is only replaced with --overwrite. If\nsaving fails, or another program "
+                     "saves in the file at the same moment, the old file stays as\nit was. The "
+                     "history is not saved.",
           .example = "save continents.tkpc",
           .parameters = {{"FILE", ArgumentKind::File, Occurrence::Optionally}},
           .options = {{"--overwrite", std::nullopt}},

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Editor/Editor.h"
 
-#include "HighLevelServices/GroupCommands/CreateTKGroupCmd.h"
 #include "HighLevelServices/GroupCommands/SortTKGroupsAlphabeticallyCmd.h"
 #include "PointCollections/Project/ProjectFile.h"
 #include "PointCollections/Support/Documents.h"
+#include "PointCollections/Support/Edits.h"
 #include "PointCollections/Support/MemoryFiles.h"
 #include "Support/Allocations.h"
 
@@ -21,16 +21,6 @@ using Risk = Editor::OverwriteRisk;
 
 class Editing : public ::testing::Test {
 protected:
-  static void createGroup(Editor& editor, const std::string& name)
-  {
-    editor.execute({.context = "CreateTKGroupCmd",
-                    .text = "Create Group",
-                    .makeCommand = [name](auto provider) {
-                      return std::make_shared<CreateTKGroupCmd<GUIdentifier>>(
-                          provider, std::vector<GUIdentifier>(), name);
-                    }});
-  }
-
   std::string groupsIn(const std::filesystem::path& file)
   {
     return groupsOf(*openDocument(*m_files, file).document);
@@ -100,6 +90,39 @@ TEST_F(Editing, KnowsWhatSavingWouldOverwrite)
   EXPECT_EQ(m_editor.overwriteRisk("p.tkpc"), Risk::OtherChanges);
 
   m_files->contents.erase("p.tkpc");
+  EXPECT_EQ(m_editor.overwriteRisk("p.tkpc"), Risk::None);
+}
+
+TEST_F(Editing, IsSavedOnlyIfThatIsSafe)
+{
+  m_files->contents["p.tkpc"] = "something else";
+
+  EXPECT_EQ(m_editor.saveIfSafe("p.tkpc").risk, Risk::OtherFile);
+  EXPECT_EQ(m_files->contents["p.tkpc"], "something else");
+  EXPECT_EQ(m_editor.projectFile(), "");
+
+  EXPECT_EQ(m_editor.saveIfSafe("q.tkpc").risk, Risk::None);
+  EXPECT_EQ(m_editor.projectFile(), "q.tkpc");
+}
+
+TEST_F(Editing, WaitsForNoOtherProgramThatSavesInTheSameFile)
+{
+  m_files->isBeingSaved = true;
+
+  for (const auto& mistake : {mistakeIn([&] { m_editor.save("p.tkpc"); }),
+                              mistakeIn([&] { m_editor.saveIfSafe("p.tkpc"); })})
+    EXPECT_EQ(mistake, "p.tkpc: process 7 saves in this file; try again");
+  EXPECT_TRUE(m_files->contents.empty());
+}
+
+TEST_F(Editing, TellsWhatIsUncertainAboutASavedFile)
+{
+  m_files->warning = "Beware.";
+  createGroup(m_editor, "G");
+
+  EXPECT_EQ(m_editor.save("p.tkpc").warning, "Beware.");
+
+  EXPECT_FALSE(m_editor.hasUnsavedChanges());
   EXPECT_EQ(m_editor.overwriteRisk("p.tkpc"), Risk::None);
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Files/Files.h"
 
+#include "PointCollections/Files/SideFiles.h"
 #include "PointCollections/Support/Documents.h"
 #include "PointCollections/Support/Files.h"
 
@@ -100,6 +101,39 @@ TEST_F(DiskFiles, AreWrittenInTheWorkingFolder)
   m_files->write("a.tkpc", bytesOf("new"));
 
   EXPECT_EQ(contentOf(m_folder.path() / "a.tkpc"), "new");
+}
+
+TEST_F(DiskFiles, AreSavedByOneProgramAtATime)
+{
+  const auto file = m_folder.path() / "a.tkpc";
+  {
+    const auto lock = m_files->lockForSaving(file);
+    EXPECT_THAT(mistakeIn([&] { m_files->lockForSaving(file); }),
+                ::testing::MatchesRegex(".*a.tkpc: process [0-9]+ \\(.*\\) saves in this file at "
+                                        "this moment; try again"));
+    m_files->lockForSaving(m_folder.path() / "b.tkpc"); // another file is free
+  }
+  m_files->lockForSaving(file);
+  EXPECT_THAT(m_files->namesIn(m_folder.path()), IsEmpty());
+}
+
+TEST_F(DiskFiles, AreClearedOfWhatAKilledProgramLeft)
+{
+  const auto file = m_folder.write("a.tkpc", "old");
+  const auto unfinished = SideFiles::newUnfinished(file);
+  const auto ofAnother = SideFiles::newUnfinished(m_folder.path() / "b.tkpc");
+  for (const auto& each : {unfinished, ofAnother})
+    m_folder.write(Utf8::fromPath(each.filename()), "half");
+
+  m_files->lockForSaving(file);
+
+  EXPECT_THAT(m_files->namesIn(m_folder.path()),
+              UnorderedElementsAre("a.tkpc", Utf8::fromPath(ofAnother.filename())));
+}
+
+TEST_F(DiskFiles, AreSavedWithoutALockWhereThereIsNone)
+{
+  EXPECT_EQ(m_files->lockForSaving(m_folder.path() / "none" / "a.tkpc"), nullptr);
 }
 
 TEST_F(DiskFiles, AreTheSameUnderAllTheirNames)

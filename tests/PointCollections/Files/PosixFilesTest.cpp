@@ -3,15 +3,19 @@
 // has in another way. See WindowsFilesTest.cpp.
 
 #include "PointCollections/Editor/Editor.h"
+#include "PointCollections/Files/DiskLock.h"
 #include "PointCollections/Files/Files.h"
 #include "PointCollections/Support/Documents.h"
 #include "PointCollections/Support/Files.h"
+#include "Support/Allocations.h"
 
 #include <gmock/gmock.h>
 
 #include <grp.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
 #include <unistd.h>
 #if defined(__linux__)
 #include <sys/xattr.h>
@@ -24,6 +28,31 @@
 #include <cstdint>
 #include <iostream>
 #include <vector>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+/// The error that flushing a folder has; 0 if it is flushed.
+int errorOfFolders = 0;
+
+bool isFolder(int handle)
+{
+  struct stat status = {};
+  return fstat(handle, &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+}
+}
+
+/// Takes the place of the system's function in this program.
+extern "C" int fsync(int handle)
+{
+  using namespace Tarvik::PointCollections;
+  if (errorOfFolders == 0 || !isFolder(handle))
+    return static_cast<int>(syscall(SYS_fsync, handle));
+  errno = errorOfFolders;
+  return -1;
+}
 
 namespace Tarvik::PointCollections {
 namespace {
@@ -89,6 +118,15 @@ private:
   gid_t m_group = getegid();
 };
 
+/// Lets flushing folders fail while it lives.
+class FailingFolders {
+public:
+  explicit FailingFolders(int error) { errorOfFolders = error; }
+  FailingFolders(const FailingFolders&) = delete;
+  FailingFolders& operator=(const FailingFolders&) = delete;
+  ~FailingFolders() { errorOfFolders = 0; }
+};
+
 struct stat statusOf(const fs::path& file)
 {
   struct stat status = {};
@@ -129,6 +167,126 @@ TEST_F(PosixFiles, SurviveAFullDisk)
     EXPECT_EQ(contentOf(m_file), "old");
     EXPECT_THAT(namesInFolder(), UnorderedElementsAre("file"));
   }
+}
+
+TEST_F(PosixFiles, AreSavedWhenOnlyTheirFolderCannotBeFlushed)
+{
+  const FailingFolders failing(EIO);
+
+  const auto warning = m_files->write(m_file, std::as_bytes(std::span("new", 3))).warning;
+
+  EXPECT_EQ(contentOf(m_file), "new");
+  EXPECT_EQ(warning, "The file is saved, but flushing its folder to the disk failed (Input/output "
+                     "error); after a power cut, the old file may be back.");
+}
+
+TEST_F(PosixFiles, AreNotDoubtedWhereFoldersAreNeverFlushed)
+{
+  for (const int error : {EINVAL, ENOTSUP}) {
+    const FailingFolders failing(error);
+    EXPECT_EQ(m_files->write(m_file, {}).warning, "");
+  }
+}
+
+TEST_F(PosixFiles, OfTheEditorAreItsOwnAfterAFailedFlush)
+{
+  const auto project = m_folder.path() / "p.tkpc";
+  Editor editor({documentOf({"a"}), "test.csv"}, m_files);
+  {
+    const FailingFolders failing(EIO);
+    EXPECT_THAT(editor.save(project).warning, HasSubstr("a power cut"));
+  }
+
+  EXPECT_FALSE(editor.hasUnsavedChanges());
+  EXPECT_EQ(editor.overwriteRisk(project), Editor::OverwriteRisk::None);
+}
+
+/// The administrator may look into every folder.
+TEST_F(PosixFiles, AreNotTakenForAbsentWhenTheyCannotBeSeen)
+{
+  if (geteuid() != 0) {
+    std::cout << "not tried: only the administrator can become another user\n";
+    return;
+  }
+  const auto folder = m_folder.path() / "closed";
+  fs::create_directory(folder);
+  fs::permissions(folder, fs::perms::none);
+  const ActingAsUser user;
+
+  for (const auto& mistake : {mistakeIn([&] { m_files->exists(folder / "a.tkpc"); }),
+                              mistakeIn([&] { m_files->areSame(m_file, folder / "a.tkpc"); })})
+    EXPECT_THAT(mistake, HasSubstr("closed/a.tkpc: it cannot be found out whether this file exists "
+                                   "(Permission denied)"));
+}
+
+#if defined(__linux__)
+
+TEST_F(PosixFiles, AreNotTakenForEmptyWhenTheirSizeIsUnknown)
+{
+  for (const auto& mistake : {mistakeIn([&] { m_files->readBytes("/proc/version"); }),
+                              mistakeIn([&] { m_files->readStart("/proc/version", 1); })})
+    EXPECT_EQ(mistake, "/proc/version: the size of this file cannot be found out");
+}
+
+#endif
+
+TEST_F(PosixFiles, SayWhichFolderCannotBeWritten)
+{
+  if (geteuid() != 0) {
+    std::cout << "not tried: only the administrator can become another user\n";
+    return;
+  }
+  fs::permissions(m_folder.path(),
+                  fs::perms::owner_all | fs::perms::others_exec | fs::perms::others_read);
+  fs::permissions(m_file, fs::perms::all);
+  const ActingAsUser user;
+
+  EXPECT_THAT(mistakeInWriting(m_file, "new"),
+              HasSubstr("file: the file cannot be saved, because nothing can be written in the "
+                        "folder " +
+                        m_folder.path().string() + " (Permission denied); save it in another one"));
+}
+
+TEST_F(PosixFiles, AreFreeAgainWhenTheProgramThatSavesInThemIsKilled)
+{
+  const auto lock = m_folder.path() / "lock";
+  std::array<int, 2> ends{};
+  ASSERT_EQ(pipe(ends.data()), 0);
+  const pid_t other = fork();
+  if (other == 0) {
+    const auto held = DiskLock::tryTake(lock);
+    static_cast<void>(::write(ends[1], "x", 1) == 1);
+    pause();
+  }
+  char c = 0;
+  ASSERT_EQ(read(ends[0], &c, 1), 1);
+  EXPECT_EQ(DiskLock::tryTake(lock), nullptr);
+  EXPECT_THAT(holderOf(lock), HasSubstr("process " + std::to_string(other) + " ("));
+
+  kill(other, SIGKILL);
+  waitpid(other, nullptr, 0);
+
+  EXPECT_NE(DiskLock::tryTake(lock), nullptr);
+  close(ends[0]);
+  close(ends[1]);
+}
+
+/// The lock of another user may be in a folder that all may write to.
+TEST_F(PosixFiles, AreLockedByAFileThatCanOnlyBeRead)
+{
+  if (geteuid() != 0) {
+    std::cout << "not tried: only the administrator can become another user\n";
+    return;
+  }
+  const auto lock = m_folder.write("lock", "");
+  fs::permissions(lock, fs::perms::owner_all | fs::perms::others_read);
+  fs::permissions(m_folder.path(), fs::perms::all);
+  const ActingAsUser user;
+
+  const auto held = DiskLock::tryTake(lock);
+
+  EXPECT_NE(held, nullptr);
+  EXPECT_EQ(DiskLock::tryTake(lock), nullptr);
 }
 
 TEST_F(PosixFiles, LeaveTheSignalOfTheFileSizeAsItWas)
@@ -270,6 +428,21 @@ TEST_F(PosixFiles, KeepTheListOfThoseWhoHaveRights)
 
   EXPECT_EQ(contentOf(m_file), "new");
   EXPECT_EQ(rightsListedFor(m_file), before);
+}
+
+TEST_F(PosixFiles, LeaveNothingWhenThereIsNotEnoughMemoryForTheirRights)
+{
+  setxattr(m_file.c_str(), accessList, listOfRights.data(), sizeof listOfRights, 0);
+  bool hasFailed = true;
+  for (std::size_t failing = 0; hasFailed; ++failing) {
+    try {
+      const AllocationWatch watch(failing);
+      write(m_file, "new");
+    } catch (const std::bad_alloc&) {
+    }
+    hasFailed = AllocationWatch::hasFailed();
+    ASSERT_THAT(namesInFolder(), UnorderedElementsAre("file")) << failing;
+  }
 }
 
 #endif

@@ -21,6 +21,8 @@ class MemoryFiles : public Files {
 public:
   std::map<std::string, std::string> contents; ///< by file name
   bool isFull = false;                         ///< makes every write fail
+  bool isBeingSaved = false;                   ///< by another program
+  std::string warning;                         ///< of every write
   int wholeReads = 0;                          ///< how often all bytes of a file were read
 
   std::string readText(const std::filesystem::path& file) override { return contentOf(file); }
@@ -40,13 +42,21 @@ public:
     return {{bytes.begin(), bytes.end()}, content.size()};
   }
 
-  void write(const std::filesystem::path& file, std::span<const std::byte> bytes) override
+  WriteResult write(const std::filesystem::path& file, std::span<const std::byte> bytes) override
   {
     if (isFull)
       throw UserError(printable(nameOf(file)) + ": the disk is full");
     auto& content = contents[nameOf(file)];
     content.resize(bytes.size());
     std::ranges::copy(bytes, std::as_writable_bytes(std::span(content)).begin());
+    return {warning};
+  }
+
+  std::unique_ptr<FileLock> lockForSaving(const std::filesystem::path& file) override
+  {
+    if (isBeingSaved)
+      throw UserError(printable(nameOf(file)) + ": process 7 saves in this file; try again");
+    return nullptr;
   }
 
   bool exists(const std::filesystem::path& file) override

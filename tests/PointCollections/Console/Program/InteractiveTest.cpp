@@ -9,11 +9,14 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <string>
+#include <thread>
+#include <utility>
 
 namespace Tarvik::PointCollections {
 namespace {
@@ -27,7 +30,8 @@ constexpr auto controlD = "\x04";
 class Terminal {
 public:
   /// @param kind  of the terminal, as in TERM
-  explicit Terminal(const std::string& points, const char* kind = "vt100")
+  /// @param state  the folder for the state of programs
+  Terminal(const std::string& file, const std::filesystem::path& state, const char* kind = "vt100")
   {
     winsize size = {24, 200, 0, 0};
     m_child = forkpty(&m_terminal, nullptr, nullptr, &size);
@@ -35,7 +39,8 @@ public:
       return;
     setenv("TERM", kind, 1);
     setenv("LC_ALL", "C.UTF-8", 1);
-    execl(POINT_COLLECTIONS_PROGRAM, "point-collections", "--no-color", points.c_str(), nullptr);
+    setenv("XDG_STATE_HOME", state.c_str(), 1);
+    execl(POINT_COLLECTIONS_PROGRAM, "point-collections", "--no-color", file.c_str(), nullptr);
     _exit(127);
   }
   Terminal(const Terminal&) = delete;
@@ -46,7 +51,8 @@ public:
       kill(m_child, SIGKILL);
       waitpid(m_child, nullptr, 0);
     }
-    close(m_terminal);
+    if (m_terminal >= 0)
+      close(m_terminal);
   }
 
   /// Types the keys and waits until the screen shows the text. After Enter it also waits for the
@@ -54,6 +60,18 @@ public:
   void typeAndExpect(const std::string& keys, const std::string& text)
   {
     typeAndExpect(keys, text, keys.ends_with('\r') ? "> " : "");
+  }
+
+  /// As above, but waits for another prompt.
+  void typeAndExpect(const std::string& keys, const std::string& text, const std::string& prompt)
+  {
+    type(keys);
+    std::string shown;
+    while (!hasInOrder(shown, text, prompt) && readMore(shown)) {
+    }
+    EXPECT_TRUE(hasInOrder(shown, text, prompt))
+        << "typed " << ::testing::PrintToString(keys) << " and waited for " << text << ", saw "
+        << ::testing::PrintToString(shown);
   }
 
   /// As above, but waits for a question in place of the prompt.
@@ -77,19 +95,33 @@ public:
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
   }
 
+  /// Sends the program a signal and waits for its end; returns the signal that it ended by, 0 if it
+  /// ended by itself.
+  int endBy(int signal)
+  {
+    send(signal);
+    std::string shown;
+    while (readMore(shown)) {
+    }
+    return waitForSignal();
+  }
+
+  /// Closes the terminal and waits for the end of the program, as above.
+  int endByClosing()
+  {
+    close(std::exchange(m_terminal, -1));
+    return waitForSignal();
+  }
+
   /// Sends the program a signal.
   void send(int signal) const { kill(m_child, signal); }
 
 private:
-  void typeAndExpect(const std::string& keys, const std::string& text, const std::string& prompt)
+  int waitForSignal()
   {
-    type(keys);
-    std::string shown;
-    while (!hasInOrder(shown, text, prompt) && readMore(shown)) {
-    }
-    EXPECT_TRUE(hasInOrder(shown, text, prompt))
-        << "typed " << ::testing::PrintToString(keys) << " and waited for " << text << ", saw "
-        << ::testing::PrintToString(shown);
+    int status = 0;
+    waitpid(std::exchange(m_child, -1), &status, 0);
+    return WIFSIGNALED(status) ? WTERMSIG(status) : 0;
   }
 
   static bool hasInOrder(const std::string& shown, const std::string& one, const std::string& other)
@@ -125,7 +157,7 @@ private:
 
 class InteractiveUser : public ::testing::Test {
 protected:
-  explicit InteractiveUser(const char* kind = "vt100") : m_terminal(m_points, kind)
+  explicit InteractiveUser(const char* kind = "vt100") : m_terminal(m_points, m_state, kind)
   {
     m_terminal.typeAndExpect("", "> ");
   }
@@ -140,12 +172,31 @@ protected:
     EXPECT_EQ(m_terminal.typeAndLeave(controlD), 0);
   }
 
+  /// Waits until the program has written what is unsaved.
+  void waitForRecoveryFile() const
+  {
+    using namespace std::chrono_literals;
+    const auto folder = m_state / "point-collections";
+    const auto isWritten = [](const auto& entry) {
+      return entry.path().extension() == ".recovery";
+    };
+    for (int i = 0; i < 400; ++i) {
+      std::error_code ignored;
+      const std::filesystem::directory_iterator entries(folder, ignored);
+      if (std::any_of(begin(entries), end(entries), isWritten))
+        return;
+      std::this_thread::sleep_for(50ms);
+    }
+    FAIL() << "no recovery file in " << folder;
+  }
+
   TemporaryFolder m_folder;
   std::string m_points = m_folder
                              .write("points.csv",
                                     "collection,x,y,z\nParis,1,2,3\nPrague,1,2,3\n"
                                     "New York,4,5,6\nZürich,7,8,9\n")
                              .string();
+  std::filesystem::path m_state = m_folder.path() / "state";
   Terminal m_terminal;
 };
 
@@ -262,6 +313,73 @@ TEST_F(InteractiveUser, SeesWhetherChangesAreSaved)
   m_terminal.typeAndExpect("open " + m_folder.path().string() + "/p.t" + tab + "\r",
                            "Opened p.tkpc: 4 elements");
   EXPECT_EQ(m_terminal.typeAndLeave("quit\r"), 0);
+}
+
+TEST_F(InteractiveUser, RecoversWhatASignalHasInterrupted)
+{
+  for (const int signal : {SIGTERM, SIGHUP}) {
+    const auto state = m_folder.path() / std::to_string(signal);
+    Terminal interrupted(m_points, state);
+    interrupted.typeAndExpect("", "> ");
+    interrupted.typeAndExpect("create G Paris\r", "Created G with 1 element.");
+    EXPECT_EQ(interrupted.endBy(signal), signal);
+
+    Terminal next(m_points, state);
+    next.typeAndExpect("",
+                       "changes to points.csv: 4 elements with 4 points in 1 group, written on ",
+                       "recover, discard or later: ");
+    next.typeAndExpect("recover\r", "Recovered points.csv");
+    next.typeAndExpect("show G\r", "Paris");
+    next.typeAndBeAsked("quit\r", "points.csv has unsaved changes.");
+    EXPECT_EQ(next.typeAndLeave("discard\r"), 0);
+    EXPECT_TRUE(std::filesystem::is_empty(state / "point-collections"));
+  }
+}
+
+TEST_F(InteractiveUser, RecoversWhatAClosedTerminalHasInterrupted)
+{
+  m_terminal.typeAndExpect("create G Paris\r", "Created G with 1 element.");
+  EXPECT_EQ(m_terminal.endByClosing(), SIGHUP);
+
+  Terminal next(m_points, m_state);
+  next.typeAndExpect("", "An earlier run ended", "recover, discard or later: ");
+  next.typeAndExpect("discard\r", "");
+  EXPECT_EQ(next.typeAndLeave("quit\r"), 0);
+  EXPECT_TRUE(std::filesystem::is_empty(m_state / "point-collections"));
+}
+
+TEST_F(InteractiveUser, RecoversAfterACrashWhatWasDoneBeforeARest)
+{
+  m_terminal.typeAndExpect("create G Paris\r", "Created G with 1 element.");
+  waitForRecoveryFile();
+  m_terminal.typeAndExpect("create H\r", "Created H with 0 elements.");
+  EXPECT_EQ(m_terminal.endBy(SIGSEGV), SIGSEGV);
+
+  Terminal next(m_points, m_state);
+  next.typeAndExpect("", "in 1 group, written on ", "recover, discard or later: ");
+  next.typeAndExpect("later\r", "");
+  EXPECT_EQ(next.typeAndLeave("quit\r"), 0);
+  Terminal third(m_points, m_state);
+  third.typeAndExpect("", "in 1 group, written on ", "recover, discard or later: ");
+}
+
+TEST_F(InteractiveUser, LosesNothingWhenNobodyAnswers)
+{
+  m_terminal.typeAndExpect("create G Paris\r", "Created G with 1 element.");
+  m_terminal.typeAndBeAsked(controlD, "points.csv has unsaved changes.");
+  EXPECT_EQ(m_terminal.typeAndLeave(controlD), 0);
+
+  Terminal next(m_points, m_state);
+  next.typeAndExpect("", "An earlier run ended", "recover, discard or later: ");
+}
+
+TEST_F(InteractiveUserWithoutEditing, RecoversWhatASignalHasInterrupted)
+{
+  m_terminal.typeAndExpect("create G Paris\r", "Created G with 1 element.");
+  EXPECT_EQ(m_terminal.endBy(SIGTERM), SIGTERM);
+
+  Terminal next(m_points, m_state, "dumb");
+  next.typeAndExpect("", "An earlier run ended", "recover, discard or later: ");
 }
 
 }

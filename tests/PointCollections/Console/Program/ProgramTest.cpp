@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Console/Support/Programs.h"
+#include "PointCollections/Recovery/Recovery.h"
+#include "PointCollections/Support/Edits.h"
 
 #include <gmock/gmock.h>
 
@@ -216,6 +218,40 @@ TEST_F(Program, StopsAScriptThatCannotSave)
   EXPECT_EQ(outcome.output, "Created G with 1 element.\n");
   EXPECT_THAT(outcome.errors, StartsWith("<stdin>:2: " + file + ": the file cannot be saved ("));
   EXPECT_THAT(outcome.errors, EndsWith(notSaved));
+}
+
+TEST_F(Program, DoesNotSaveWhileAnotherProgramSavesInTheSameFile)
+{
+  const auto file = m_folder.write("p.tkpc", "old");
+  const auto lock = diskFiles()->lockForSaving(file);
+
+  const auto outcome = run({m_points, "--quiet"}, "save --overwrite \"" + typed("p.tkpc") + "\"\n");
+
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.errors, HasSubstr("p.tkpc: process "));
+  EXPECT_THAT(outcome.errors, HasSubstr(") saves in this file at this moment; try again"));
+  EXPECT_EQ(contentOf(file), "old");
+}
+
+TEST_F(Program, TellsAScriptOfUnsavedWorkAndLeavesItAlone)
+{
+  run({m_points}, "save \"" + typed("p.tkpc") + "\"\n");
+  const auto project = m_folder.path() / "p.tkpc";
+  {
+    Editor editor(openDocument(*diskFiles(), project));
+    Recovery recovery(editor);
+    createGroup(editor, "G");
+    recovery.changed();
+    EXPECT_TRUE(recovery.keep());
+  }
+
+  for (int i = 0; i < 2; ++i) {
+    const auto outcome = run({Utf8::fromPath(project), "--quiet", "--command", "show G"});
+    EXPECT_EQ(outcome.status, 1) << "the group is not in the project";
+    EXPECT_THAT(outcome.errors,
+                StartsWith("p.tkpc: an earlier run ended without saving its changes "
+                           "(2 elements with 2 points in 1 group, written on "));
+  }
 }
 
 TEST_F(Program, RefusesAProjectThatIsDamaged)

@@ -94,6 +94,13 @@ TEST_F(Save, DoesNotReplaceWhatAnotherProgramHasSavedInItsFile)
   EXPECT_EQ(groupsIn("p.tkpc"), "G() I()");
 }
 
+TEST_F(Save, PassesTheWarningOnToTheUser)
+{
+  m_files->warning = "Beware.";
+
+  EXPECT_EQ(run(m_session, {"save p.tkpc"}), "Saved p.tkpc: 2 elements with 2 points.\nBeware.");
+}
+
 TEST_F(Save, MakesItsFileAgainWhenItIsGone)
 {
   run(m_session, {"save p.tkpc"});

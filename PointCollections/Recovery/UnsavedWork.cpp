@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Recovery/UnsavedWork.h"
+
+#include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/UserError.h"
+#include "PointCollections/Text/Utf8.h"
+
+#include <fmt/chrono.h>
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+using FileSince = UnsavedWork::FileSince;
+
+FileSince whatHappenedTo(const OpenedDocument& opened, Files& files)
+{
+  try {
+    if (!files.exists(opened.file))
+      return FileSince::Gone;
+    return isUnchanged(files, opened) ? FileSince::Same : FileSince::Changed;
+  } catch (const UserError&) {
+    return FileSince::Changed; // it cannot even be read any more
+  }
+}
+
+std::string afterwards(FileSince since)
+{
+  switch (since) {
+  case FileSince::Same:
+    return {};
+  case FileSince::Changed:
+    return "; the file has been changed since";
+  case FileSince::Gone:
+    return "; the file has been removed since";
+  }
+  return {};
+}
+
+}
+
+FoundWork findUnsavedWork(Files& files,
+                          const std::filesystem::path& file,
+                          const std::filesystem::path& stateFolder)
+{
+  FoundWork found;
+  for (const auto& place : recoveryPlaces(file, stateFolder)) {
+    for (auto& each : RecoveryFile::takeAbandoned(place)) {
+      try {
+        auto record =
+            loadRecovery(files.readBytes(each.path()), printable(Utf8::fromPath(each.path())));
+        const auto since = whatHappenedTo(record.opened, files);
+        found.works.push_back({std::move(each), std::move(record), since});
+      } catch (const UserError& error) {
+        found.mistakes.emplace_back(error.what());
+      }
+    }
+  }
+  std::ranges::stable_sort(found.works, std::ranges::greater(),
+                           [](const auto& work) { return work.record.written; });
+  return found;
+}
+
+std::string summaryOf(const UnsavedWork& work)
+{
+  const auto written = std::chrono::system_clock::to_time_t(work.record.written);
+  return fmt::format("{}, written on {:%Y-%m-%d at %H:%M:%S}{}",
+                     contentOf(*work.record.opened.document), fmt::localtime(written),
+                     afterwards(work.fileSince));
+}
+
+}
