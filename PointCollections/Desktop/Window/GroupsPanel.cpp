@@ -69,7 +69,8 @@ GroupsPanel::GroupsPanel(QWidget* parent)
   layout->addWidget(m_tree, 1);
   layout->addWidget(m_counts);
 
-  connect(m_filterBox, &QLineEdit::textChanged, this, &GroupsPanel::applyFilter);
+  connect(m_filterBox, &QLineEdit::textChanged, m_filter, &GroupFilterModel::setFilterText);
+  connect(m_filter, &GroupFilterModel::matchesChanged, this, &GroupsPanel::showCounts);
   connect(m_tree, &GroupTreeView::selectedRowsChanged, this, [this] {
     if (!m_isSelecting)
       Q_EMIT selectionChanged();
@@ -99,31 +100,19 @@ void GroupsPanel::setDocument(std::shared_ptr<PointDocument> document,
   m_tree->setModel(m_filter);
   m_tree->header()->setSectionResizeMode(0, QHeaderView::Stretch);
   m_model = std::move(model);
-  for (const auto& signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
-    connect(m_filter, signal, this, &GroupsPanel::showCounts);
-  connect(m_filter, &QAbstractItemModel::layoutChanged, this, &GroupsPanel::showCounts);
-  connect(m_filter, &QAbstractItemModel::modelReset, this, &GroupsPanel::showCounts);
-  showCounts();
-}
-
-void GroupsPanel::applyFilter()
-{
-  m_filter->setFilterText(m_filterBox->text());
+  delete m_state;
+  m_state = new TreeViewState(m_tree);
   showCounts();
 }
 
 void GroupsPanel::showCounts()
 {
   const QLocale locale;
-  const auto& document = *m_model->provider();
-  const auto groups = static_cast<int>(m_model->provider()->getGroups().size());
-  const auto elements = document.elements().size();
-  if (m_filterBox->text().isEmpty())
-    m_counts->setText(
-        tr("%1 groups, %2 elements").arg(locale.toString(groups), locale.toString(elements)));
-  else
-    m_counts->setText(tr("%1 of %2 elements")
-                          .arg(locale.toString(m_filter->matchCount()), locale.toString(elements)));
+  const auto isFiltering = !m_filter->filterText().isEmpty();
+  m_counts->setText(tr("%1 groups and %2 elements match")
+                        .arg(locale.toString(m_filter->matchingGroups()),
+                             locale.toString(m_filter->matchingElements())));
+  m_counts->setVisible(isFiltering);
 }
 
 std::vector<GUIdentifier> GroupsPanel::selectedElements() const

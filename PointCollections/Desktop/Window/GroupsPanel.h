@@ -8,6 +8,7 @@
 #include "QtModels/Models/GroupItemModel.h"
 #include "QtModels/Views/GroupActions.h"
 #include "QtModels/Views/GroupTreeView.h"
+#include "QtModels/Views/TreeViewState.h"
 
 #include <QtCore/QItemSelection>
 #include <QtWidgets/QLabel>
@@ -60,7 +61,6 @@ Q_SIGNALS:
   void failed(const QString& message);
 
 private:
-  void applyFilter();
   void showCounts();
   QItemSelection rowsOf(const std::vector<GUIdentifier>& elements) const;
 
@@ -69,6 +69,7 @@ private:
   GroupTreeView* m_tree;
   GroupActions* m_actions;
   GroupFilterModel* m_filter;
+  TreeViewState* m_state = nullptr; ///< owned by the tree
   std::unique_ptr<GroupItemModel<GUIdentifier>> m_model;
   GroupEditor<GUIdentifier>* m_editor = nullptr; ///< owned by the model
   bool m_isSelecting = false;
