@@ -53,7 +53,7 @@ set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 set(CPACK_DEBIAN_TKMSERVICE_RUNTIME_PACKAGE_CONTROL_EXTRA
   "${PROJECT_SOURCE_DIR}/packaging/debian/triggers")
-set(CPACK_POST_BUILD_SCRIPTS "${PROJECT_SOURCE_DIR}/packaging/debian/drop-scripts.cmake")
+set(CPACK_POST_BUILD_SCRIPTS "${PROJECT_SOURCE_DIR}/packaging/debian/repair-packages.cmake")
 configure_file(packaging/debian/lintian-overrides.in packaging/lintian-overrides @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/packaging/lintian-overrides" RENAME ${runtime_package}
   DESTINATION "${CMAKE_INSTALL_DATADIR}/lintian/overrides" COMPONENT TKMService_Runtime)
