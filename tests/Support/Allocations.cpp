@@ -15,6 +15,7 @@ namespace {
 struct Watched {
   bool active = false;
   std::size_t failing = AllocationWatch::none;
+  std::size_t failures = 1;
   std::size_t count = 0;
   std::size_t largest = 0;
   std::size_t released = 0;
@@ -27,7 +28,8 @@ void* allocate(std::size_t size) noexcept
 {
   if (watched.active) {
     watched.largest = std::max(watched.largest, size);
-    if (watched.count++ == watched.failing)
+    const std::size_t number = watched.count++;
+    if (number >= watched.failing && number - watched.failing < watched.failures)
       return nullptr;
   }
   return std::malloc(std::max<std::size_t>(size, 1));
@@ -62,9 +64,9 @@ void* allocateOrThrow(std::size_t size)
 
 }
 
-AllocationWatch::AllocationWatch(std::size_t failing)
+AllocationWatch::AllocationWatch(std::size_t failing, std::size_t failures)
 {
-  watched = {.active = true, .failing = failing};
+  watched = {.active = true, .failing = failing, .failures = failures};
 }
 
 AllocationWatch::~AllocationWatch()
