@@ -6,6 +6,8 @@
 #endif
 
 #include <algorithm>
+#include <atomic>
+#include <cstdio>
 #include <cstdlib>
 #include <new>
 
@@ -23,14 +25,29 @@ struct Watched {
 
 constinit thread_local Watched watched{};
 
+std::atomic<std::size_t> faults = 0;
+
+/// Says at the end how many allocations have failed, for scripts/attack.
+struct FaultReport {
+  ~FaultReport()
+  {
+    if (std::getenv("TKM_REPORT_FAULTS") != nullptr)
+      std::printf("allocation faults: %zu\n", faults.load());
+  }
+};
+
+const FaultReport report;
+
 /// Null when the allocation fails.
 void* allocate(std::size_t size) noexcept
 {
   if (watched.active) {
     watched.largest = std::max(watched.largest, size);
     const std::size_t number = watched.count++;
-    if (number >= watched.failing && number - watched.failing < watched.failures)
+    if (number >= watched.failing && number - watched.failing < watched.failures) {
+      ++faults;
       return nullptr;
+    }
   }
   return std::malloc(std::max<std::size_t>(size, 1));
 }
