@@ -14,10 +14,12 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 #include <exception>
 #include <iostream>
 #include <memory>
+#include <new>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -201,13 +203,16 @@ int runProgram(std::vector<std::string> arguments)
 int main(int argc, char** argv)
 {
   using namespace Tarvik::PointCollections;
-  std::ios::sync_with_stdio(false);
-  prepareTerminal();
   try {
+    std::ios::sync_with_stdio(false);
+    prepareTerminal();
     return runProgram(programArguments(argc, argv));
   } catch (const UserError& error) {
     std::cerr << "point-collections: " << error.what() << std::endl;
     return BadInput;
+  } catch (const std::bad_alloc&) {
+    std::fputs("point-collections: there is not enough memory\n", stderr); // needs no memory itself
+    return CommandFailed;
   } catch (const std::exception& error) {
     std::cerr << "point-collections: " << error.what() << std::endl;
     return CommandFailed;

@@ -95,18 +95,20 @@ bool Editor::execute(EditRequest request)
   if (!holdReserve())
     throw UserError("there is not enough memory to save the document after a change; close other "
                     "programs");
-  const std::size_t stepsSoFar = m_forgottenSteps + m_history.position();
+  const std::size_t stepsSoFar = stepsInEffect();
   const bool hasChanged =
-      m_history.execute(std::make_shared<GroupEdit>(document(), std::move(request)));
-  if (hasChanged)
+      m_history.execute(std::make_shared<GroupEdit>(document(), std::move(request), m_reserve));
+  if (hasChanged) {
     m_forgottenSteps = stepsSoFar + 1 - m_history.position();
+    ++m_changes;
+  }
   holdReserve();
   return hasChanged;
 }
 
 void Editor::setHistoryBudget(std::size_t bytes)
 {
-  const std::size_t stepsSoFar = m_forgottenSteps + m_history.position();
+  const std::size_t stepsSoFar = stepsInEffect();
   m_history.setBudget(bytes);
   m_forgottenSteps = stepsSoFar - m_history.position();
 }
@@ -117,6 +119,7 @@ void Editor::replaceDocument(OpenedDocument opened)
   m_opened = std::move(opened);
   m_forgottenSteps = 0;
   m_forgottenInNeed = 0;
+  ++m_changes;
   m_sizeOfElements = savedSizeOfElements(*document());
   holdReserve();
 }
@@ -162,6 +165,7 @@ Editor::SaveResult Editor::saveLocked(const std::filesystem::path& file)
 {
   SaveResult result;
   withAllMemory([&] { result.warning = saveOnce(file); });
+  ++m_changes;
   m_history.markClean();
   return result;
 }
@@ -184,7 +188,7 @@ void Editor::withAllMemory(Action action)
 {
   if (isDoneInMemory(action))
     return;
-  m_reserve.release();
+  m_reserve->release();
   while (!isDoneInMemory(action)) {
     if (!forgetSteps())
       throw UserError("there is not enough memory to save the document; close other programs");
@@ -196,7 +200,7 @@ void Editor::withAllMemory(Action action)
 /// @return false if there is none to forget
 bool Editor::forgetSteps()
 {
-  const std::size_t stepsSoFar = m_forgottenSteps + m_history.position();
+  const std::size_t stepsSoFar = stepsInEffect();
   const std::size_t released = m_history.releaseOldest(m_history.entries().size() / 2 + 1);
   m_forgottenSteps = stepsSoFar - m_history.position();
   m_forgottenInNeed += released;
@@ -209,7 +213,7 @@ bool Editor::forgetSteps()
 bool Editor::holdReserve()
 {
   const auto size = m_sizeOfElements + savedSizeOfGroups(*document());
-  while (!m_reserve.hold(copiesWhenSaving * size)) {
+  while (!m_reserve->hold(copiesWhenSaving * size)) {
     if (!forgetSteps())
       return false;
   }

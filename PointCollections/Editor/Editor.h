@@ -93,8 +93,17 @@ public:
   /// How many of the oldest steps of this document have been forgotten.
   std::size_t forgottenSteps() const { return m_forgottenSteps; }
 
-  /// How many steps have been forgotten for want of memory since this was asked last. The user is
-  /// to be told.
+  /// How many steps are in effect, with those that have been forgotten.
+  std::size_t stepsInEffect() const { return m_forgottenSteps + m_history.position(); }
+
+  /// How often the document has been changed by execute(), saved or replaced. Undoing and redoing
+  /// do not count: stepsInEffect() tells them.
+  std::size_t changes() const { return m_changes; }
+
+  /// How many steps have been forgotten for want of memory, and the user has not been told.
+  std::size_t stepsForgottenInNeed() const { return m_forgottenInNeed; }
+
+  /// The same; the user has been told then.
   std::size_t takeStepsForgottenInNeed() { return std::exchange(m_forgottenInNeed, 0); }
 
   bool hasUnsavedChanges() const { return !m_history.isClean(); }
@@ -143,8 +152,10 @@ private:
   CommandHistory m_history = CommandHistory(historyLimit);
   std::size_t m_forgottenSteps = 0;
   std::size_t m_forgottenInNeed = 0;
+  std::size_t m_changes = 0;
   std::size_t m_sizeOfElements; ///< in the project, in bytes
-  MemoryReserve m_reserve;      ///< enough to save the document
+  /// Enough to save the document. Steps share it.
+  std::shared_ptr<MemoryReserve> m_reserve = std::make_shared<MemoryReserve>();
 };
 
 /// A document's content in a few words: "418 elements with 418 points in 3 groups".

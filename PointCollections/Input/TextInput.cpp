@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <new>
 #include <string_view>
 #include <system_error>
 
@@ -68,11 +69,16 @@ std::optional<std::string> readLine(std::istream& input)
 {
   std::string line;
   char c = 0;
-  while (input.get(c) && c != '\n') {
-    if (line.size() == longestLine)
-      throw UserError(
-          fmt::format("a line of more than {} bytes; expected a shorter one", longestLine));
-    line += c;
+  try {
+    while (input.get(c) && c != '\n') {
+      if (line.size() == longestLine)
+        throw UserError(
+            fmt::format("a line of more than {} bytes; expected a shorter one", longestLine));
+      line += c;
+    }
+  } catch (const std::bad_alloc&) {
+    input.ignore(longestLine, '\n'); // the rest would be taken for a line of its own
+    throw;
   }
   if (input.bad())
     throw UserError("reading failed");

@@ -6,6 +6,8 @@
 #endif
 
 #include <algorithm>
+#include <atomic>
+#include <cstdio>
 #include <cstdlib>
 #include <new>
 
@@ -15,6 +17,7 @@ namespace {
 struct Watched {
   bool active = false;
   std::size_t failing = AllocationWatch::none;
+  std::size_t failures = 1;
   std::size_t count = 0;
   std::size_t largest = 0;
   std::size_t released = 0;
@@ -22,13 +25,29 @@ struct Watched {
 
 constinit thread_local Watched watched{};
 
+std::atomic<std::size_t> faults = 0;
+
+/// Says at the end how many allocations have failed, for scripts/attack.
+struct FaultReport {
+  ~FaultReport()
+  {
+    if (std::getenv("TKM_REPORT_FAULTS") != nullptr)
+      std::printf("allocation faults: %zu\n", faults.load());
+  }
+};
+
+const FaultReport report;
+
 /// Null when the allocation fails.
 void* allocate(std::size_t size) noexcept
 {
   if (watched.active) {
     watched.largest = std::max(watched.largest, size);
-    if (watched.count++ == watched.failing)
+    const std::size_t number = watched.count++;
+    if (number >= watched.failing && number - watched.failing < watched.failures) {
+      ++faults;
       return nullptr;
+    }
   }
   return std::malloc(std::max<std::size_t>(size, 1));
 }
@@ -62,9 +81,9 @@ void* allocateOrThrow(std::size_t size)
 
 }
 
-AllocationWatch::AllocationWatch(std::size_t failing)
+AllocationWatch::AllocationWatch(std::size_t failing, std::size_t failures)
 {
-  watched = {.active = true, .failing = failing};
+  watched = {.active = true, .failing = failing, .failures = failures};
 }
 
 AllocationWatch::~AllocationWatch()

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Console/Shell/Interpreter.h"
 
+#include "PointCollections/Console/Shell/AnswerInNeed.h"
 #include "PointCollections/Console/Text/Words.h"
 #include "PointCollections/Console/Verbs/AllVerbs.h"
-#include "PointCollections/Text/Quoting.h"
-#include "PointCollections/Text/UserError.h"
 
 #include <fmt/format.h>
 
@@ -21,12 +20,28 @@ std::string_view withoutLeadingBlanks(std::string_view line)
   return line;
 }
 
-/// What the history has lost for want of memory; empty if there is nothing to tell.
-std::string lossOf(Editor& editor)
+/// Runs the verb. When memory runs out, the answer still says truly what has been done.
+std::string answerOf(const Verb& verb, Session& session, std::span<const Word> words)
 {
-  const auto steps = editor.takeStepsForgottenInNeed();
-  return steps == 0 ? std::string()
-                    : pluralize(steps, "step") + " can no longer be undone or redone";
+  AnswerInNeed answerInNeed(session.editor);
+  try {
+    return verb.run(session, Arguments(verb, words));
+  } catch (const std::bad_alloc&) {
+    return answerInNeed.take();
+  }
+}
+
+/// Adds what the history has lost for want of memory, if there is memory for these words.
+void addLoss(std::string& answer, Editor& editor)
+{
+  try {
+    const auto loss = lossOf(editor);
+    if (loss.empty())
+      return;
+    answer += fmt::format("{}There was not enough memory: {}.", answer.empty() ? "" : "\n", loss);
+    editor.takeStepsForgottenInNeed();
+  } catch (const std::bad_alloc&) { // NOLINT(bugprone-empty-catch): a later answer tells it
+  }
 }
 
 }
@@ -54,16 +69,9 @@ std::string runLine(Session& session, std::string_view line)
     return {};
   const auto words = splitWords(line);
   const Verb& verb = verbNamed(allVerbs(), words.front().text);
-  try {
-    auto answer = verb.run(session, Arguments(verb, std::span(words).subspan(1)));
-    if (const auto loss = lossOf(session.editor); !loss.empty())
-      answer += fmt::format("{}There was not enough memory: {}.", answer.empty() ? "" : "\n", loss);
-    return answer;
-  } catch (const std::bad_alloc&) {
-    const auto loss = lossOf(session.editor);
-    throw UserError(
-        fmt::format("there is not enough memory for this{}{}", loss.empty() ? "" : "; ", loss));
-  }
+  auto answer = answerOf(verb, session, std::span(words).subspan(1));
+  addLoss(answer, session.editor);
+  return answer;
 }
 
 }

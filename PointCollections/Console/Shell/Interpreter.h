@@ -23,7 +23,10 @@ std::string_view textOfComment(std::string_view line);
 
 /// Runs one command line. Blank lines and comments do nothing.
 /// @return what the user reads, without a line end
-/// @throws UserError if the line is wrong or cannot be done; nothing has changed then
+/// @throws UserError if the line is wrong or cannot be done; nothing has changed then. There is one
+///         exception: when there is no memory left, only some of several steps may be undone or
+///         redone, and the error says that
+/// @throws std::bad_alloc if there is not even the memory to start; nothing has changed then
 std::string runLine(Session& session, std::string_view line);
 
 }

@@ -31,10 +31,10 @@ bool runAndReport(Transcript& transcript, const std::string& where, Action&& act
     return true;
   } catch (const UserError& error) {
     transcript.error(where, error.what());
-  } catch (const std::bad_alloc&) { // no text can be put together
+  } catch (const std::bad_alloc&) {
     transcript.error(where, "there is not enough memory for this");
   } catch (const std::exception& error) {
-    transcript.error(where, fmt::format("this could not be done: {}", error.what()));
+    transcript.error(where, "this could not be done: ", error.what());
   }
   return false;
 }

@@ -3,6 +3,8 @@
 
 #include "PointCollections/Text/Quoting.h"
 
+#include <new>
+
 namespace Tarvik::PointCollections {
 
 Transcript::Transcript(std::ostream& output, std::ostream& errors, Detail detail, Style style)
@@ -43,10 +45,20 @@ void Transcript::result(std::string_view text)
   m_output.flush();
 }
 
-void Transcript::error(const std::string& where, std::string_view message)
+void Transcript::error(const std::string& where, std::string_view message, std::string_view detail)
 {
   m_output.flush();
-  m_errors << m_style.alarming(printable(where) + ":") << ' ' << message << std::endl;
+  printPlace(where);
+  m_errors << ' ' << message << detail << std::endl;
+}
+
+void Transcript::printPlace(const std::string& where)
+{
+  try {
+    m_errors << m_style.alarming(printable(where) + ":");
+  } catch (const std::bad_alloc&) {
+    m_errors << "error:";
+  }
 }
 
 bool Transcript::isComplete() const

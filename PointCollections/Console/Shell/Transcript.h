@@ -32,14 +32,16 @@ public:
   /// Prints the answer of a command, unless it is empty.
   void result(std::string_view text);
 
-  /// Prints a mistake.
-  /// @param where  the place, such as "cities.pcs:3"
-  void error(const std::string& where, std::string_view message);
+  /// Prints a mistake. Does so even when there is no memory left, but then without the place.
+  /// @param where   the place, such as "cities.pcs:3"
+  /// @param detail  printed after the message
+  void error(const std::string& where, std::string_view message, std::string_view detail = {});
 
   /// Whether everything could be written so far.
   bool isComplete() const;
 
 private:
+  void printPlace(const std::string& where);
   void startBlock();
 
   std::ostream& m_output;

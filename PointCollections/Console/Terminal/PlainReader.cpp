@@ -15,7 +15,9 @@ public:
 
   std::optional<std::string> readLine(const std::string& prompt) override
   {
-    if (m_input.eof() && !m_input.bad())
+    if (m_input.bad())
+      return std::nullopt; // reading has failed before, and nothing more will come
+    if (m_input.eof())
       m_input.clear(); // a terminal goes on after the end of the input
     m_output << prompt << std::flush;
     const bool hasMore = m_input.rdbuf()->in_avail() > 0;

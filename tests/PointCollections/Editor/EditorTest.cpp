@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Editor/Editor.h"
 
+#include "HighLevelServices/GroupCommands/CreateTKGroupCmd.h"
+#include "HighLevelServices/GroupCommands/MoveTKGroupElementsCmd.h"
 #include "HighLevelServices/GroupCommands/SortTKGroupsAlphabeticallyCmd.h"
 #include "PointCollections/Project/ProjectFile.h"
 #include "PointCollections/Support/Documents.h"
@@ -10,6 +12,8 @@
 
 #include <gtest/gtest.h>
 
+#include <exception>
+#include <functional>
 #include <new>
 #include <string>
 #include <vector>
@@ -243,6 +247,54 @@ TEST_F(Editing, ForgetsStepsAndTriesAgainWhenMemoryIsShort)
     EXPECT_EQ(groupsOf(*editor.document()), result) << failing;
   }
   EXPECT_GT(times, 5U);
+}
+
+/// Makes the element ungrouped, after another one: this changes the groups and the order.
+void moveOutOfGroup(Editor& editor, const GUIdentifier& element, const GUIdentifier& target)
+{
+  editor.execute({.context = "MoveTKGroupElementsCmd",
+                  .text = "Move Elements",
+                  .makeCommand =
+                      [&](auto provider) {
+                        return std::make_shared<MoveTKGroupElementsCmd<GUIdentifier>>(
+                            provider, std::vector{element}, target, false);
+                      },
+                  .bytesOfDocument = 1});
+}
+
+TEST_F(Editing, ChangesGroupsAndOrderOrNeitherWhenReversingFailsAsWell)
+{
+  const auto document = documentOf({"a", "b", "c"});
+  const auto ids = document->order();
+  TKGroup<GUIdentifier> group("G");
+  group.addGroupMember(ids[0]);
+  using Action = std::function<void(Editor&)>;
+  const Action move = [&](Editor& editor) { moveOutOfGroup(editor, ids[0], ids[1]); };
+  const Action undo = [](Editor& editor) { editor.history().undo(); };
+  const Action redo = [](Editor& editor) { editor.history().redo(); };
+
+  for (const auto& actions : {std::vector{move}, {move, undo}, {move, undo, redo}}) {
+    bool hasFailed = true;
+    for (std::size_t failing = 0; hasFailed; ++failing) {
+      document->setOrder(ids);
+      document->setGroups({group});
+      Editor editor({document, "test.csv"}, m_files);
+      for (std::size_t i = 0; i + 1 < actions.size(); ++i)
+        actions[i](editor);
+      const auto before = groupsOf(*document) + ' ' + ungroupedOf(*document);
+      try {
+        const AllocationWatch watch(failing, 2);
+        actions.back()(editor);
+      } catch (const std::exception&) {
+        EXPECT_EQ(groupsOf(*document) + ' ' + ungroupedOf(*document), before)
+            << actions.size() << " actions, " << failing;
+      }
+      hasFailed = AllocationWatch::hasFailed();
+    }
+    const bool isMoved = actions.size() != 2;
+    EXPECT_EQ(groupsOf(*document) + ' ' + ungroupedOf(*document),
+              isMoved ? "G() b a c" : "G(a) b c");
+  }
 }
 
 TEST_F(Editing, CanAlwaysBeSaved)

@@ -3,9 +3,11 @@
 
 #include "PointCollections/Support/Documents.h"
 #include "PointCollections/Support/Files.h"
+#include "Support/Allocations.h"
 
 #include <gmock/gmock.h>
 
+#include <new>
 #include <sstream>
 
 namespace Tarvik::PointCollections {
@@ -75,6 +77,17 @@ TEST(TextInput, RefusesAFileWithANulByte)
 
   EXPECT_EQ(mistakeIn([&] { readText(file); }),
             Utf8::fromPath(file) + ":2: a NUL byte; expected a text file in UTF-8");
+}
+
+TEST(TextInput, DropsTheRestOfALineThatThereIsNoMemoryFor)
+{
+  std::istringstream input("delete an element that has a long name\nnext");
+  {
+    const AllocationWatch watch(0);
+    EXPECT_THROW(readLine(input), std::bad_alloc);
+  }
+
+  EXPECT_EQ(readLine(input), "next");
 }
 
 }

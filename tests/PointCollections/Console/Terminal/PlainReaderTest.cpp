@@ -20,5 +20,15 @@ TEST(PlainReader, PromptsAndReadsLines)
   EXPECT_EQ(output.str(), "> > > ");
 }
 
+TEST(PlainReader, TakesInputThatCannotBeReadForItsEnd)
+{
+  std::istringstream input("one\ntwo");
+  std::ostringstream output;
+  const auto reader = makePlainReader(input, output);
+  input.setstate(std::ios::badbit);
+
+  EXPECT_EQ(reader->readLine("> "), std::nullopt);
+}
+
 }
 }
