@@ -2,6 +2,7 @@
 #include "PointCollections/Console/Shell/Completion.h"
 #include "PointCollections/Console/Shell/Runner.h"
 #include "PointCollections/Console/Shell/UnsavedChanges.h"
+#include "PointCollections/Console/Terminal/Pager.h"
 #include "PointCollections/Console/Terminal/Terminal.h"
 #include "PointCollections/Input/TextInput.h"
 #include "PointCollections/Text/Quoting.h"
@@ -95,6 +96,8 @@ void runOnTerminal(Session& session, Transcript& transcript)
                     : nullptr;
   if (!reader)
     reader = makePlainReader(std::cin, std::cout);
+  if (isOutputTerminal())
+    transcript.setViewer(showLongText);
   transcript.result(welcome(session) + " Type help for the commands, quit to leave.");
   runInteractively(session, transcript, *reader);
 }

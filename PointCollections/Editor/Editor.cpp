@@ -47,6 +47,13 @@ bool isDoneInMemory(Action& action)
   }
 }
 
+std::shared_ptr<PointDocument> documentOf(PointFileContent content)
+{
+  auto document = PointDocument::create(std::move(content.collections));
+  document->setGroups(content.groups);
+  return document;
+}
+
 }
 
 OpenedDocument openDocument(Files& files, const std::filesystem::path& file)
@@ -55,7 +62,7 @@ OpenedDocument openDocument(Files& files, const std::filesystem::path& file)
   try {
     auto title = Utf8::fromPath(file.filename());
     if (!isProjectName(file))
-      return {PointDocument::create(parsePoints(files.readText(file), name)), std::move(title)};
+      return {documentOf(parsePointFile(files.readText(file), name)), std::move(title)};
     const auto start = files.readStart(file, projectStartSize);
     checkProjectStart(start.bytes, start.size, name);
     const auto bytes = files.readBytes(file);

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Console/Shell/Interpreter.h"
 
-#include "PointCollections/Console/Text/Words.h"
 #include "PointCollections/Console/Verbs/AllVerbs.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
+#include "PointCollections/Text/Words.h"
 
 #include <fmt/format.h>
 
