@@ -225,8 +225,8 @@ protected:
 
 TEST_F(InteractiveUserOfASmallTerminal, ReadsLongAnswersInThePager)
 {
-  m_terminal.typeAndExpect("show\r", "paged:├─ Paris");
-  m_terminal.typeAndExpect("create G\r", "\nCreated G with 0 elements.");
+  m_terminal.typeAndExpect("show\r", "paged:   ├─ Paris");
+  m_terminal.typeAndExpect("create G\r", "\x1B[?2004lCreated G with 0 elements.");
 }
 
 class InteractiveUserWithoutPager : public InteractiveUser {
@@ -236,7 +236,7 @@ protected:
 
 TEST_F(InteractiveUserWithoutPager, SeesLongAnswersWhole)
 {
-  m_terminal.typeAndExpect("show\r", "\n├─ Paris");
+  m_terminal.typeAndExpect("show\r", "\n   ├─ Paris");
 }
 
 TEST_F(InteractiveUser, DropsALineWithControlC)
@@ -302,8 +302,7 @@ TEST_F(InteractiveUser, SeesWhetherChangesAreSaved)
   const auto file = (m_folder.path() / "p.tkpc").string();
   m_terminal.typeAndExpect("create G Paris\r", "Created G with 1 element.\r\n" + marksPastes + "*");
   m_terminal.typeAndExpect("save " + file + "\r",
-                           "Saved p.tkpc: 4 elements with 4 points in 1 group.\r\n" + marksPastes +
-                               "> ");
+                           "Saved p.tkpc: 4 elements with 4 points in 1 group.\r\n" + marksPastes);
   m_terminal.typeAndExpect("open " + m_folder.path().string() + "/p.t" + tab + "\r",
                            "Opened p.tkpc: 4 elements");
   EXPECT_EQ(m_terminal.typeAndLeave("quit\r"), 0);

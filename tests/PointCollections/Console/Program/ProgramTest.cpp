@@ -148,7 +148,7 @@ TEST_F(Program, TakesArgumentsAsTheyAre)
 
   EXPECT_EQ(outcome.errors, notSaved);
   EXPECT_EQ(outcome.output, "Created \"a \\\"b\\\" \\\\\\\\c\\\\\" with 0 elements.\n"
-                            "Created * with 0 elements.\n"
+                            "Created \"*\" with 0 elements.\n"
                             "Created %PATH% with 0 elements.\n");
 }
 
