@@ -7,10 +7,10 @@
 #include "PointCollections/Console/Shell/Completion.h"
 #include "PointCollections/Console/Shell/Interpreter.h"
 #include "PointCollections/Console/Shell/UnsavedChanges.h"
-#include "PointCollections/Console/Text/Words.h"
 #include "PointCollections/Input/TextInput.h"
 #include "PointCollections/Support/MemoryFiles.h"
 #include "PointCollections/Text/UserError.h"
+#include "PointCollections/Text/Words.h"
 #include "Support/Documents.h"
 #include "Support/Require.h"
 

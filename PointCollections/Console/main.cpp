@@ -3,6 +3,7 @@
 #include "PointCollections/Console/Shell/RecoveryOffer.h"
 #include "PointCollections/Console/Shell/Runner.h"
 #include "PointCollections/Console/Shell/UnsavedChanges.h"
+#include "PointCollections/Console/Terminal/Pager.h"
 #include "PointCollections/Console/Terminal/Terminal.h"
 #include "PointCollections/Input/TextInput.h"
 #include "PointCollections/Text/Quoting.h"
@@ -115,6 +116,8 @@ void runOnTerminal(Session& session, Transcript& transcript)
   const auto subscription = session.editor.history().subscribe([&](auto&) { recovery.changed(); });
   session.takeNotice = [&] { return recovery.takeProblem(); };
   const auto reader = makeReader(session, recovery);
+  if (isOutputTerminal())
+    transcript.setViewer(showLongText);
   transcript.result(welcome(session) + " Type help for the commands, quit to leave.");
   offerUnsavedWork(session, transcript, recovery,
                    findUnsavedWork(session.editor.files(), session.editor.opened().file),

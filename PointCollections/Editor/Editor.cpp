@@ -47,6 +47,13 @@ bool isDoneInMemory(Action& action)
   }
 }
 
+std::shared_ptr<PointDocument> documentOf(PointFileContent content)
+{
+  auto document = PointDocument::create(std::move(content.collections));
+  document->setGroups(content.groups);
+  return document;
+}
+
 }
 
 OpenedDocument openDocument(Files& files, const std::filesystem::path& file)
@@ -56,7 +63,7 @@ OpenedDocument openDocument(Files& files, const std::filesystem::path& file)
     auto title = Utf8::fromPath(file.filename());
     if (!isProjectName(file)) {
       const auto text = files.readText(file);
-      return {PointDocument::create(parsePoints(text, name)),
+      return {documentOf(parsePointFile(text, name)),
               std::move(title),
               {},
               text.size(),

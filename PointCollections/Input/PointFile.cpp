@@ -2,6 +2,7 @@
 #include "PointCollections/Input/PointFile.h"
 
 #include "PointCollections/Input/CsvReader.h"
+#include "PointCollections/Input/GroupColumns.h"
 #include "PointCollections/Input/TextInput.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
@@ -20,7 +21,9 @@ namespace {
 
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 constexpr auto header = "collection,x,y,z";
-const std::vector<std::string> columns = {"collection", "x", "y", "z"};
+constexpr auto headerWithGroups = "collection,x,y,z,group,place";
+const std::vector<std::string> columns = {"collection", "x", "y", "z", "group", "place"};
+constexpr std::size_t columnsOfPoints = 4;
 
 std::string_view trimmed(std::string_view text)
 {
@@ -61,25 +64,91 @@ double parseNumber(const CsvReader& csv, const std::string& column, std::string_
   return value;
 }
 
-void checkHeader(CsvReader& csv, std::vector<std::string>& fields)
+/// @return how many columns there are
+std::size_t readHeader(CsvReader& csv, std::vector<std::string>& fields)
 {
   if (!csv.readRow(fields))
     csv.fail(fmt::format("the file is empty; expected the header {}", header));
   const bool isHeader =
-      std::equal(fields.begin(), fields.end(), columns.begin(), columns.end(),
+      (fields.size() == columnsOfPoints || fields.size() == columns.size()) &&
+      std::equal(fields.begin(), fields.end(), columns.begin(),
                  [](const auto& field, const auto& column) { return trimmed(field) == column; });
   if (!isHeader)
     csv.fail(fmt::format("the header is missing; expected {}", header));
+  return fields.size();
 }
 
-void checkRow(const CsvReader& csv, const std::vector<std::string>& fields)
-{
-  if (fields.size() != columns.size())
-    csv.fail(fmt::format("{}; expected {} ({})", pluralize(fields.size(), "field"), columns.size(),
-                         header));
-  if (fields[0].empty())
-    csv.fail("the element has no name; expected one, such as Berlin");
-}
+/// Reads the rows of a file of points, one after the other.
+class RowReader {
+public:
+  explicit RowReader(CsvReader& csv) : m_csv(csv), m_columns(readHeader(csv, m_fields)) {}
+
+  bool readRow()
+  {
+    if (!m_csv.readRow(m_fields))
+      return false;
+    if (m_fields.size() != m_columns)
+      m_csv.fail(fmt::format("{}; expected {} ({})", pluralize(m_fields.size(), "field"), m_columns,
+                             hasGroups() ? headerWithGroups : header));
+    return true;
+  }
+
+  /// Adds the row to the content.
+  void addTo(std::vector<PointCollection>& collections)
+  {
+    const bool hasPoint = !hasGroups() || !areEmpty(1, columnsOfPoints);
+    if (m_fields[0].empty() && hasGroups() && !hasPoint && !m_fields[4].empty()) {
+      m_groups.declare(m_fields[4]);
+      return;
+    }
+    if (m_fields[0].empty())
+      m_csv.fail("the element has no name; expected one, such as Berlin");
+    auto& collection = collectionNamed(m_fields[0], collections);
+    if (hasPoint)
+      collection.points.push_back({coordinate(1), coordinate(2), coordinate(3)});
+    if (hasGroups() && !areEmpty(4, columns.size()))
+      addToGroup(collection);
+  }
+
+  std::vector<TKGroup<GUIdentifier>> groups() const { return m_groups.groups(); }
+
+private:
+  bool hasGroups() const { return m_columns > columnsOfPoints; }
+
+  bool areEmpty(std::size_t first, std::size_t end) const
+  {
+    return std::all_of(m_fields.begin() + static_cast<std::ptrdiff_t>(first),
+                       m_fields.begin() + static_cast<std::ptrdiff_t>(end),
+                       [](const auto& field) { return trimmed(field).empty(); });
+  }
+
+  double coordinate(std::size_t column) const
+  {
+    return parseNumber(m_csv, columns[column], m_fields[column]);
+  }
+
+  PointCollection& collectionNamed(const std::string& name,
+                                   std::vector<PointCollection>& collections)
+  {
+    const auto [place, isNew] = m_places.try_emplace(name, collections.size());
+    if (isNew)
+      collections.push_back({.id = GUIdentifier(), .name = name, .points = {}});
+    return collections[place->second];
+  }
+
+  void addToGroup(const PointCollection& collection)
+  {
+    if (m_fields[4].empty())
+      m_csv.fail("a place without a group; expected the name of the group before it");
+    m_groups.add(m_csv, collection.id, m_fields[4], std::string(trimmed(m_fields[5])));
+  }
+
+  CsvReader& m_csv;
+  std::vector<std::string> m_fields;
+  std::size_t m_columns;
+  std::unordered_map<std::string, std::size_t> m_places; ///< of collections, by name
+  GroupColumns m_groups;
+};
 
 void checkEncoding(std::string_view text, const std::string& name)
 {
@@ -94,29 +163,24 @@ void checkEncoding(std::string_view text, const std::string& name)
 
 }
 
-std::vector<PointCollection> parsePoints(std::string_view text, const std::string& name)
+PointFileContent parsePointFile(std::string_view text, const std::string& name)
 {
   if (text.starts_with(byteOrderMark))
     text.remove_prefix(byteOrderMark.size());
   checkEncoding(text, name);
 
   CsvReader csv(text, name);
-  std::vector<std::string> fields;
-  checkHeader(csv, fields);
+  RowReader rows(csv);
+  PointFileContent content;
+  while (rows.readRow())
+    rows.addTo(content.collections);
+  content.groups = rows.groups();
+  return content;
+}
 
-  std::vector<PointCollection> collections;
-  std::unordered_map<std::string, std::size_t> places;
-  while (csv.readRow(fields)) {
-    checkRow(csv, fields);
-    const Point point = {parseNumber(csv, columns[1], fields[1]),
-                         parseNumber(csv, columns[2], fields[2]),
-                         parseNumber(csv, columns[3], fields[3])};
-    const auto [place, isNew] = places.try_emplace(fields[0], collections.size());
-    if (isNew)
-      collections.push_back({.id = GUIdentifier(), .name = fields[0], .points = {}});
-    collections[place->second].points.push_back(point);
-  }
-  return collections;
+std::vector<PointCollection> parsePoints(std::string_view text, const std::string& name)
+{
+  return parsePointFile(text, name).collections;
 }
 
 std::vector<PointCollection> readPointFile(const std::filesystem::path& path)

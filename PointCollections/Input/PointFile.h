@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "HighLevelServices/Groups/TKGroup.h"
 #include "PointCollections/Document/PointCollection.h"
 
 #include <filesystem>
@@ -18,11 +19,33 @@
 /// The first row names the columns. Each other row adds one point to the collection with that name;
 /// the rows of a collection need not be together. Numbers are finite and decimal, with a point, and
 /// may have blanks around them.
+///
+/// Two more columns can tell the groups:
+///
+///     collection,x,y,z,group,place
+///     Berlin,3937.9,941.4,4951.8,Europe,2
+///     Utopia,,,,,
+///     ,,,,Asia,
+///
+/// Each row then puts its collection into a group, at a place in it that counts from 1; without a
+/// place, after all members that have one. A collection may have a row for each of several groups.
+/// A row without coordinates adds no point. A row with a group only adds the group: groups that
+/// have such a row come first, in the order of these rows, and then the others.
 namespace Tarvik::PointCollections {
 
-/// Reads the collections in a text, in the order of their first points. They get new ids.
+/// What is in a file of points.
+struct PointFileContent {
+  std::vector<PointCollection> collections; ///< in the order of their first rows, with new ids
+  std::vector<TKGroup<GUIdentifier>> groups;
+};
+
+/// Reads a text.
 /// @param name  what error messages call the text
 /// @throws UserError "name:line: ..." at the first mistake
+PointFileContent parsePointFile(std::string_view text, const std::string& name);
+
+/// Reads the collections in a text, without the groups.
+/// @throws UserError as parsePointFile() does
 std::vector<PointCollection> parsePoints(std::string_view text, const std::string& name);
 
 /// Reads the collections in a file.

@@ -12,8 +12,8 @@
 namespace Tarvik::PointCollections {
 
 /// The longest line that readLine() accepts, in bytes. It limits the memory that an endless input
-/// can take.
-constexpr std::size_t longestLine = std::size_t(1) << 20U;
+/// can take. A generated script can go past it with a file of names: see SelectionTerm.h.
+constexpr std::size_t longestLine = std::size_t(16) << 20U;
 
 /// Opens a file for reading.
 /// @throws UserError if it does not exist, is a directory or cannot be opened

@@ -57,8 +57,8 @@ std::string escaped(std::string_view text, std::string_view specials)
 
 bool needsQuotes(std::string_view name)
 {
-  return name.empty() || name.find_first_of(" \"\\") != std::string_view::npos || name[0] == '#' ||
-         name[0] == '@' || name.substr(0, 2) == "--" || printable(name) != name;
+  return name.empty() || name.find_first_of(" \"\\*?:") != std::string_view::npos ||
+         name[0] == '#' || name[0] == '@' || name.substr(0, 2) == "--" || printable(name) != name;
 }
 
 }

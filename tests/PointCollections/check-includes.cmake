@@ -9,6 +9,7 @@ set(folders
   Input
   Files
   Project
+  Selection
   Editor
   Recovery
   Console/Text

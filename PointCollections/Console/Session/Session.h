@@ -3,6 +3,7 @@
 
 #include "PointCollections/Console/Text/Style.h"
 #include "PointCollections/Editor/Editor.h"
+#include "PointCollections/Selection/Selection.h"
 
 #include <functional>
 
@@ -20,6 +21,9 @@ struct Session {
   Editor editor;
   Style style = {};    ///< of the output
   bool isOver = false; ///< set it to leave the program
+
+  /// Finds the elements that words select in the document.
+  Selection selection() const { return {*editor.document(), editor.files()}; }
 
   /// Asks the user whether unsaved changes may be discarded, and saves them first if the user wants
   /// that. Throws UserError if saving fails. Empty in a script, where nobody can be asked.

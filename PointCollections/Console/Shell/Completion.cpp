@@ -2,9 +2,9 @@
 #include "PointCollections/Console/Shell/Completion.h"
 
 #include "GeneralServices/StringUtility.h"
-#include "PointCollections/Console/Session/Lookup.h"
 #include "PointCollections/Console/Verbs/AllVerbs.h"
 #include "PointCollections/Project/ProjectFile.h"
+#include "PointCollections/Selection/Lookup.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
 #include "PointCollections/Text/Utf8.h"
@@ -104,6 +104,12 @@ Names namesOfKind(Session& session, ArgumentKind kind, const std::string& start)
     return elementNames(*session.editor.document());
   case ArgumentKind::Member:
     return memberNames(*session.editor.document());
+  case ArgumentKind::Any: {
+    auto names = groupNames(*session.editor.document());
+    const auto elements = elementNames(*session.editor.document());
+    names.insert(names.end(), elements.begin(), elements.end());
+    return names;
+  }
   case ArgumentKind::Verb:
     return namesOf(allVerbs());
   case ArgumentKind::File:

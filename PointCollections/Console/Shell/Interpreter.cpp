@@ -2,8 +2,10 @@
 #include "PointCollections/Console/Shell/Interpreter.h"
 
 #include "PointCollections/Console/Shell/AnswerInNeed.h"
-#include "PointCollections/Console/Text/Words.h"
 #include "PointCollections/Console/Verbs/AllVerbs.h"
+#include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/UserError.h"
+#include "PointCollections/Text/Words.h"
 
 #include <fmt/format.h>
 

@@ -39,7 +39,7 @@ void Transcript::command(std::string_view line)
 void Transcript::result(std::string_view text)
 {
   endParagraph();
-  if (!text.empty())
+  if (!text.empty() && !(m_viewer && m_viewer(std::string(text))))
     m_output << text << '\n';
   m_isEmpty = m_isEmpty && text.empty();
   m_output.flush();

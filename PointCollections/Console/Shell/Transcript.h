@@ -3,9 +3,11 @@
 
 #include "PointCollections/Console/Text/Style.h"
 
+#include <functional>
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace Tarvik::PointCollections {
 
@@ -29,6 +31,12 @@ public:
   /// Prints a command that is about to run. A very long one is cut.
   void command(std::string_view line);
 
+  /// Shows an answer in another way, such as in a pager; returns false if it is to be printed.
+  using Viewer = std::function<bool(const std::string& text)>;
+
+  /// Offers each answer to the viewer before it is printed.
+  void setViewer(Viewer viewer) { m_viewer = std::move(viewer); }
+
   /// Prints the answer of a command, unless it is empty.
   void result(std::string_view text);
 
@@ -48,6 +56,7 @@ private:
   std::ostream& m_errors;
   Detail m_detail;
   Style m_style;
+  Viewer m_viewer;
   bool m_isEmpty = true;
   bool m_isInParagraph = false;
 };

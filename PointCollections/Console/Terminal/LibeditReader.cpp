@@ -53,6 +53,22 @@ void list(const std::vector<std::string>& candidates)
   std::fflush(stdout);
 }
 
+/// Asks the terminal to mark pasted text, while this lives. Terminals that cannot do it ignore it.
+class BracketedPaste {
+public:
+  BracketedPaste() { send("\x1b[?2004h"); }
+  BracketedPaste(const BracketedPaste&) = delete;
+  BracketedPaste& operator=(const BracketedPaste&) = delete;
+  ~BracketedPaste() { send("\x1b[?2004l"); }
+
+private:
+  static void send(const char* request)
+  {
+    std::fputs(request, stdout);
+    std::fflush(stdout);
+  }
+};
+
 class LibeditReader : public LineReader {
 public:
   LibeditReader(Completer completer, InputWait wait)
@@ -82,6 +98,11 @@ public:
     el_set(line, EL_SETTY, "-d", "-isig", nullptr);
     el_wset(line, EL_ADDFN, L"drop-line", L"Drops the line", &LibeditReader::drop);
     el_set(line, EL_BIND, "^C", "drop-line", nullptr);
+    // What the terminal sends before and after a pasted text.
+    el_wset(line, EL_ADDFN, L"paste-start", L"Starts a paste", &LibeditReader::startPaste);
+    el_wset(line, EL_ADDFN, L"paste-end", L"Ends a paste", &LibeditReader::endPaste);
+    el_set(line, EL_BIND, "\\e[200~", "paste-start", nullptr);
+    el_set(line, EL_BIND, "\\e[201~", "paste-end", nullptr);
   }
 
   bool isUsable() const { return m_history && m_line; }
@@ -89,6 +110,7 @@ public:
   std::optional<std::string> readLine(const std::string& promptText) override
   {
     m_prompt = promptText;
+    const BracketedPaste whileTyping;
     el_set(m_line.get(), EL_PREP_TERM, 1); // before the prompt is shown
     int length = 0;
     const char* text = nullptr;
@@ -126,8 +148,21 @@ private:
     return count;
   }
 
+  static unsigned char startPaste(EditLine* line, int)
+  {
+    readerOf(line).m_isPasting = true;
+    return CC_NORM;
+  }
+
+  static unsigned char endPaste(EditLine* line, int)
+  {
+    readerOf(line).m_isPasting = false;
+    return CC_NORM;
+  }
+
   static unsigned char drop(EditLine* line, int)
   {
+    readerOf(line).m_isPasting = false;
     const LineInfo* info = el_line(line);
     el_cursor(line, static_cast<int>(info->lastchar - info->cursor));
     el_deletestr(line,
@@ -139,6 +174,8 @@ private:
   static unsigned char complete(EditLine* line, int)
   {
     try {
+      if (readerOf(line).m_isPasting) // a tab in a table that is pasted
+        return el_insertstr(line, " ") == -1 ? CC_ERROR : CC_REFRESH;
       return readerOf(line).completeAtCursor();
     } catch (...) { // libedit is C: no exception may pass through it
       return CC_ERROR;
@@ -175,6 +212,7 @@ private:
   Completer m_completer;
   InputWait m_wait;
   std::string m_prompt;
+  bool m_isPasting = false;
   std::unique_ptr<History, decltype(&history_end)> m_history;
   std::unique_ptr<EditLine, decltype(&el_end)> m_line;
 };

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Console/Terminal/Terminal.h"
 
+#include <sys/ioctl.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <csignal>
+#include <cstdio>
+#include <cstdlib>
 
 namespace Tarvik::PointCollections {
 
@@ -31,6 +35,33 @@ void prepareTerminal()
 void ignoreInterrupts()
 {
   std::signal(SIGINT, SIG_IGN);
+}
+
+std::optional<TerminalSize> terminalSize()
+{
+  winsize size{};
+  if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) != 0 || size.ws_row == 0 || size.ws_col == 0)
+    return std::nullopt;
+  return TerminalSize{size.ws_row, size.ws_col};
+}
+
+bool showInPager(const std::string& text)
+{
+  constexpr int commandNotFound = 127; // the exit status of the shell
+  const char* chosen = std::getenv("PAGER");
+  const std::string command = chosen != nullptr ? chosen : "less";
+  if (command.empty() || command == "cat")
+    return false;
+  setenv("LESS", "FRX", 0); // colours, and no other screen; unless the user wants something else
+  setenv("LESSCHARSET", "utf-8", 0);
+  // NOLINTNEXTLINE(cert-env33-c): the user says which program
+  std::FILE* pager = popen(command.c_str(), "w");
+  if (pager == nullptr)
+    return false;
+  std::fwrite(text.data(), 1, text.size(), pager); // fails if the user leaves before the end
+  std::fputc('\n', pager);
+  const int status = pclose(pager);
+  return !(WIFEXITED(status) && WEXITSTATUS(status) == commandNotFound);
 }
 
 std::vector<std::string> programArguments(int argc, char** argv)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,6 +26,20 @@ void prepareTerminal();
 /// From now on Ctrl-C drops the line that is being typed, if anything, and does not end the
 /// program.
 void ignoreInterrupts();
+
+/// The size of a terminal, in characters.
+struct TerminalSize {
+  std::size_t rows;
+  std::size_t columns;
+};
+
+/// The size of the terminal at standard output; nothing if it is unknown.
+std::optional<TerminalSize> terminalSize();
+
+/// Shows a text in the program that the environment variable PAGER names, or in less, and returns
+/// when the user leaves it. There is no pager on Windows, or where PAGER is empty or cat.
+/// @return false if the pager cannot be run; nothing has been shown then
+bool showInPager(const std::string& text);
 
 /// The arguments after the program's name, in UTF-8 if the system knows their encoding.
 /// @param argc, argv  those of main()

@@ -77,6 +77,17 @@ void ignoreInterrupts()
   SetConsoleCtrlHandler(nullptr, TRUE);
 }
 
+std::optional<TerminalSize> terminalSize()
+{
+  return std::nullopt;
+}
+
+/// The console scrolls back by itself.
+bool showInPager(const std::string&)
+{
+  return false;
+}
+
 /// Not those of main(): they lack the characters outside the system's old encoding, and MinGW
 /// replaces stars in them with file names.
 std::vector<std::string> programArguments(int, char**)

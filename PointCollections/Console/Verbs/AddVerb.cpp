@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "HighLevelServices/GroupCommands/AddToTKGroupCmd.h"
-#include "PointCollections/Console/Session/Lookup.h"
 #include "PointCollections/Console/Verbs/EachVerb.h"
 #include "PointCollections/Console/Verbs/Movement.h"
 #include "PointCollections/Console/Verbs/Subject.h"
+#include "PointCollections/Selection/Lookup.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
 
@@ -35,26 +35,36 @@ int indexOfPlace(const TKGroup<GUIdentifier>& group, const Word& word)
   return checkedIndex(place - 1);
 }
 
-int indexOfMember(PointDocument& document, const TKGroup<GUIdentifier>& group, const Word& word)
+/// @param option  "--before" or "--after", for messages
+int indexOfMember(Session& session,
+                  const TKGroup<GUIdentifier>& group,
+                  const Word& word,
+                  const std::string& option)
 {
   const auto& members = group.getGroupMembers();
-  const auto found = std::find(members.begin(), members.end(), elementNamed(document, word));
+  const auto element = session.selection().element(word);
+  const auto found = std::find(members.begin(), members.end(), element);
   if (found == members.end())
-    throw UserError(fmt::format("{} is not in {}; name one of its members after --before",
-                                displayName(word.text), displayName(group.getName())));
+    throw UserError(fmt::format("{} is not in {}; name one of its members after {}",
+                                displayName(session.editor.document()->getElementName(element)),
+                                displayName(group.getName()), option));
   return checkedIndex(static_cast<std::size_t>(found - members.begin()));
 }
 
-int insertIndex(PointDocument& document,
-                const TKGroup<GUIdentifier>& group,
-                const Arguments& arguments)
+int insertIndex(Session& session, const TKGroup<GUIdentifier>& group, const Arguments& arguments)
 {
-  if (arguments.has("--at") + arguments.has("--before") + arguments.has("--end") > 1)
-    throw UserError("more than one place is given; choose one of --at, --before and --end");
+  if (arguments.has("--at") + arguments.has("--before") + arguments.has("--after") +
+          arguments.has("--end") >
+      1)
+    throw UserError("more than one place is given; choose one of --at, --before, --after and "
+                    "--end");
   if (arguments.has("--at"))
     return indexOfPlace(group, arguments.valueOf("--at"));
-  if (arguments.has("--before"))
-    return indexOfMember(document, group, arguments.valueOf("--before"));
+  for (const std::string option : {"--before", "--after"}) {
+    if (arguments.has(option))
+      return indexOfMember(session, group, arguments.valueOf(option), option) +
+             (option == "--after" ? 1 : 0);
+  }
   return atTheEnd;
 }
 
@@ -63,8 +73,8 @@ std::string add(Session& session, const Arguments& arguments)
   auto& document = *session.editor.document();
   const auto& group = groupNamed(document, arguments.at(0));
   const auto name = displayName(group.getName());
-  const auto elements = elementsNamed(document, arguments.from(1));
-  const int index = insertIndex(document, group, arguments);
+  const auto elements = session.selection().elements(arguments.from(1));
+  const int index = insertIndex(session, group, arguments);
   if (elements.empty())
     return fmt::format("Nothing to add; {} stays as it is.", name);
 
@@ -90,17 +100,18 @@ std::string add(Session& session, const Arguments& arguments)
 Verb addVerb()
 {
   return {.name = "add",
-          .usage = "add GROUP [ELEMENT…] [--at N | --before ELEMENT | --end]",
+          .usage = "add GROUP [ELEMENT…] [--at N | --before MEMBER | --after MEMBER | --end]",
           .summary = "put elements into a group, or move them within it",
           .details = "They go to the end of the group, in the order given. --at N puts them before "
-                     "the N-th member,\n--before puts them before the member named. N counts from "
-                     "1; the number of members plus 1 means\nthe end. Elements leave the group "
-                     "that held them.",
+                     "the N-th member,\n--before and --after put them beside a member. N counts "
+                     "from 1; the number of members plus 1 means\nthe end. Elements leave the "
+                     "group that held them. help select explains ELEMENT.",
           .example = "add Europe Berlin \"Isle of Man\" --at 1",
           .parameters = {{"GROUP", ArgumentKind::Group},
                          {"ELEMENT", ArgumentKind::Element, Occurrence::AnyNumber}},
           .options = {{"--at", ArgumentKind::Number, "N"},
-                      {"--before", ArgumentKind::Element, "ELEMENT"},
+                      {"--before", ArgumentKind::Element, "MEMBER"},
+                      {"--after", ArgumentKind::Element, "MEMBER"},
                       {"--end", std::nullopt}},
           .run = add};
 }

@@ -9,6 +9,9 @@ const std::vector<Verb>& allVerbs()
 {
   static const std::vector<Verb> verbs = {
       showVerb(),         //
+      findVerb(),         //
+      whereVerb(),        //
+      selectVerb(),       //
       createVerb(),       //
       addVerb(),          //
       moveVerb(),         //
@@ -22,6 +25,7 @@ const std::vector<Verb>& allVerbs()
       historyVerb(),      //
       saveVerb(),         //
       openVerb(),         //
+      exportVerb(),       //
       helpVerb(allVerbs), //
       quitVerb(),         //
   };

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Console/Verbs/Arguments.h"
 
-#include "PointCollections/Console/Text/NearestName.h"
 #include "PointCollections/Console/Verbs/Verb.h"
+#include "PointCollections/Text/NearestName.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
 
@@ -34,6 +34,16 @@ const Option& findOption(const Verb& verb, const Word& word)
                               nearest ? "did you mean " + *nearest + '?' : "usage: " + verb.usage));
 }
 
+/// A word with quotes in it is for selections of elements only.
+void checkQuotes(const Word& word, ArgumentKind kind)
+{
+  if (word.isMixed() && kind != ArgumentKind::Element && kind != ArgumentKind::Member &&
+      kind != ArgumentKind::Any)
+    throw UserError(fmt::format("{} has a quote inside; put the whole word in quotes, and a \\ "
+                                "before a quote that belongs to it",
+                                printable(abbreviated(asTyped(word), 60))));
+}
+
 }
 
 Arguments::Arguments(const Verb& verb, std::span<const Word> words)
@@ -52,10 +62,13 @@ Arguments::Arguments(const Verb& verb, std::span<const Word> words)
         throw UserError(fmt::format("{} needs a value; expected {} {}", option.name, option.name,
                                     option.label));
       value = *++word;
+      checkQuotes(value, *option.value);
     }
     m_options.emplace(option.name, value);
   }
   checkCount(verb);
+  for (std::size_t i = 0; i < count(); ++i)
+    checkQuotes(at(i), verb.parameters[std::min(i, verb.parameters.size() - 1)].kind);
 }
 
 std::span<const Word> Arguments::from(std::size_t index) const

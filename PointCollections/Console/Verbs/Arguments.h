@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "PointCollections/Console/Text/Words.h"
+#include "PointCollections/Text/Words.h"
 
 #include <cstddef>
 #include <map>

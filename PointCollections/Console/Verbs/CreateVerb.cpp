@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "HighLevelServices/GroupCommands/CreateTKGroupCmd.h"
-#include "PointCollections/Console/Session/Lookup.h"
 #include "PointCollections/Console/Verbs/EachVerb.h"
 #include "PointCollections/Console/Verbs/Movement.h"
+#include "PointCollections/Console/Verbs/Subject.h"
 #include "PointCollections/Text/Quoting.h"
 
 #include <fmt/format.h>
@@ -14,17 +14,17 @@ std::string create(Session& session, const Arguments& arguments)
 {
   auto& document = *session.editor.document();
   const std::string& wanted = arguments.at(0).text;
-  const auto elements = elementsNamed(document, arguments.from(1));
+  const auto elements = session.selection().elements(arguments.from(1));
   const auto movement = describeMovement(document, elements, nullptr);
 
-  session.editor.execute(
-      {.context = "CreateTKGroupCmd",
-       .text = "Create Group",
-       .makeCommand =
-           [&](auto provider) {
-             return std::make_shared<CreateTKGroupCmd<GUIdentifier>>(provider, elements, wanted);
-           },
-       .subject = [&] { return displayName(document.getGroups().back().getName()); }});
+  session.editor.execute({.context = "CreateTKGroupCmd",
+                          .text = "Create Group",
+                          .makeCommand =
+                              [&](auto provider) {
+                                return std::make_shared<CreateTKGroupCmd<GUIdentifier>>(
+                                    provider, elements, wanted);
+                              },
+                          .subject = [&] { return subjectOf(document.getGroups().back()); }});
 
   const std::string& given = document.getGroups().back().getName();
   const bool isOther = given != wanted && !wanted.empty();

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "HighLevelServices/GroupCommands/RemoveTKGroupsCmd.h"
-#include "PointCollections/Console/Session/Lookup.h"
 #include "PointCollections/Console/Verbs/EachVerb.h"
 #include "PointCollections/Console/Verbs/Subject.h"
+#include "PointCollections/Selection/Lookup.h"
 #include "PointCollections/Text/Quoting.h"
 
 #include <fmt/format.h>
@@ -12,9 +12,12 @@ namespace {
 
 using Groups = std::vector<const TKGroup<GUIdentifier>*>;
 
-/// "Asia", "Asia and Africa", "Asia, Africa and Europe".
+/// "Asia", "Asia and Africa", "Asia, Africa and Europe"; more than a few as "12 groups".
 std::string enumerated(const Groups& groups)
 {
+  constexpr std::size_t mostNames = 6;
+  if (groups.size() > mostNames)
+    return pluralize(groups.size(), "group");
   std::string names;
   for (std::size_t i = 0; i < groups.size(); ++i) {
     const auto* separator = i == 0 ? "" : i + 1 == groups.size() ? " and " : ", ";
@@ -28,7 +31,7 @@ std::string deleteGroups(Session& session, const Arguments& arguments)
   auto& document = *session.editor.document();
   const auto groups = groupsNamed(document, arguments.from(0));
   const auto names = enumerated(groups);
-  auto subject = subjectOf(groups);
+  auto subject = groups.size() == 1 ? subjectOf(*groups.front()) : subjectOf(groups);
   const auto ids = idsOf(groups);
   const std::size_t ungroupedBefore = document.ungroupedElements().size();
 

@@ -9,6 +9,9 @@
 namespace Tarvik::PointCollections {
 
 Verb showVerb();
+Verb findVerb();
+Verb whereVerb();
+Verb selectVerb();
 Verb createVerb();
 Verb addVerb();
 Verb moveVerb();
@@ -22,6 +25,7 @@ Verb redoVerb();
 Verb historyVerb();
 Verb saveVerb();
 Verb openVerb();
+Verb exportVerb();
 
 /// @param verbs  returns the verbs that help lists and explains, itself included
 Verb helpVerb(const std::vector<Verb>& (*verbs)());

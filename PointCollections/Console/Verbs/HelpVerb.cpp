@@ -41,11 +41,13 @@ Verb helpVerb(const std::vector<Verb>& (*verbs)())
           .example = "help add",
           .parameters = {{"COMMAND", ArgumentKind::Verb, Occurrence::Optionally}},
           .options = {},
-          .run = [verbs](Session& session, const Arguments& arguments) {
-            return arguments.count() > 0
-                       ? helpOn(verbNamed(verbs(), arguments.at(0).text), session.style)
-                       : helpOnAll(verbs(), session.style);
-          }};
+          .run =
+              [verbs](Session& session, const Arguments& arguments) {
+                return arguments.count() > 0
+                           ? helpOn(verbNamed(verbs(), arguments.at(0).text), session.style)
+                           : helpOnAll(verbs(), session.style);
+              },
+          .otherNames = {"?"}};
 }
 
 }

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
+#include "PointCollections/Console/Text/JsonWriter.h"
 #include "PointCollections/Console/Verbs/EachVerb.h"
+#include "PointCollections/Selection/Lookup.h"
 #include "PointCollections/Text/Quoting.h"
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <string_view>
 
 namespace Tarvik::PointCollections {
@@ -50,14 +53,68 @@ std::string memoryOf(const CommandHistory& history)
                      sizeAsTyped(history.budget()));
 }
 
-std::string history(Session& session, const Arguments&)
+/// The states that are listed, by their numbers; 0 is the start.
+struct StateRange {
+  std::size_t first;
+  std::size_t last;
+};
+
+/// All states; or the given number of them up to the present one, and as many after it.
+StateRange statesAsked(const CommandHistory& history, const Arguments& arguments)
+{
+  const auto steps = history.entries().size();
+  if (arguments.count() == 0)
+    return {0, steps};
+  const auto count = positiveNumber(arguments.at(0), "the number of steps");
+  const auto present = history.position();
+  return {count > present ? 0 : present - count + 1,
+          count > steps - present ? steps : present + count};
+}
+
+std::string listed(const Session& session, StateRange range)
 {
   const auto& history = session.editor.history();
-  std::string result = line(session, 0, nameOfStart(session.editor));
-  std::size_t number = 0;
-  for (const auto& entry : history.entries())
-    result += '\n' + line(session, ++number, entry->getDescription());
-  return number == 0 ? result : result + '\n' + memoryOf(history);
+  const auto omitted = [&](std::size_t steps, const char* which) {
+    return steps == 0 ? std::string()
+                      : session.style.faint(
+                            fmt::format("       … {} {}\n", pluralize(steps, which), "not shown"));
+  };
+  std::string result;
+  if (range.first == 0)
+    result = line(session, 0, nameOfStart(session.editor)) + '\n';
+  else
+    result = omitted(range.first - 1, "earlier step");
+  for (auto number = std::max<std::size_t>(range.first, 1); number <= range.last; ++number)
+    result += line(session, number, history.entries()[number - 1]->getDescription()) + '\n';
+  result += omitted(history.entries().size() - range.last, "later step");
+  if (!history.entries().empty())
+    return result + memoryOf(history);
+  result.pop_back(); // the last line end
+  return result;
+}
+
+std::string asJson(const Session& session, StateRange range)
+{
+  const auto& history = session.editor.history();
+  JsonWriter json;
+  json.beginObject().key("position").value(history.position()).key("clean");
+  if (const auto clean = history.cleanPosition())
+    json.value(*clean);
+  else
+    json.null();
+  json.key("forgotten").value(session.editor.forgottenSteps()).key("steps").beginArray();
+  for (auto number = std::max<std::size_t>(range.first, 1); number <= range.last; ++number) {
+    json.beginObject().key("number").value(number);
+    json.key("description").value(history.entries()[number - 1]->getDescription());
+    json.key("undone").value(number > history.position()).endObject();
+  }
+  return json.endArray().endObject().text();
+}
+
+std::string history(Session& session, const Arguments& arguments)
+{
+  const auto range = statesAsked(session.editor.history(), arguments);
+  return arguments.has("--json") ? asJson(session, range) : listed(session, range);
 }
 
 }
@@ -65,15 +122,17 @@ std::string history(Session& session, const Arguments&)
 Verb historyVerb()
 {
   return {.name = "history",
-          .usage = "history",
+          .usage = "history [N] [--json]",
           .summary = "list the steps, with → at the present one",
-          .details = "The steps after the mark are undone; redo repeats them. The clean state is "
-                     "the one that was\nopened or saved last. The oldest steps are forgotten when "
+          .details = "The steps after the mark are undone; redo repeats them. N lists the last N "
+                     "steps before the mark, and\nas many after it. The clean state is the one "
+                     "that was opened or saved last. --json writes the list\nfor other programs. "
+                     "The oldest steps are forgotten when "
                      "there are more than a thousand, or when\nthey take more memory than the "
                      "option --history-budget allows.",
-          .example = "history",
-          .parameters = {},
-          .options = {},
+          .example = "history 10",
+          .parameters = {{"N", ArgumentKind::Number, Occurrence::Optionally}},
+          .options = {{"--json", std::nullopt}},
           .run = history};
 }
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "GroupHosting/Commands/MoveTKGroupsCmd.h"
-#include "PointCollections/Console/Session/Lookup.h"
 #include "PointCollections/Console/Verbs/EachVerb.h"
 #include "PointCollections/Console/Verbs/PlaceOption.h"
 #include "PointCollections/Console/Verbs/Subject.h"
+#include "PointCollections/Selection/Lookup.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
 

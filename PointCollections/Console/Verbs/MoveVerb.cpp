@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "HighLevelServices/GroupCommands/MoveTKGroupElementsCmd.h"
-#include "PointCollections/Console/Session/Lookup.h"
 #include "PointCollections/Console/Verbs/EachVerb.h"
 #include "PointCollections/Console/Verbs/Movement.h"
 #include "PointCollections/Console/Verbs/PlaceOption.h"
@@ -39,9 +38,9 @@ std::string moveElements(Session& session, const Arguments& arguments)
   const auto option = placeOptionIn(arguments);
   const bool insertBefore = option == "--before";
   const auto side = option.substr(2);
-  const auto target = elementNamed(document, arguments.valueOf(option));
-  const auto name = displayName(arguments.valueOf(option).text);
-  const auto elements = elementsNamed(document, arguments.from(0));
+  const auto target = session.selection().element(arguments.valueOf(option));
+  const auto name = displayName(document.getElementName(target));
+  const auto elements = session.selection().elements(arguments.from(0));
   if (elements == std::vector{target})
     throw UserError(
         fmt::format("{} cannot go beside itself; name another element after {}", name, option));
@@ -74,17 +73,19 @@ std::string moveElements(Session& session, const Arguments& arguments)
 
 Verb moveVerb()
 {
-  return {.name = "move",
-          .usage = "move ELEMENT… --before TARGET | --after TARGET",
-          .summary = "put elements before or after another one",
-          .details = "They go next to TARGET in the order given, into the group that holds it. If "
-                     "TARGET is ungrouped,\nthey leave their groups and become ungrouped too. "
-                     "TARGET may be one of them: the others gather\naround it.",
-          .example = "move Berlin \"Isle of Man\" --before Paris",
-          .parameters = {{"ELEMENT", ArgumentKind::Element, Occurrence::OnceOrMore}},
-          .options = {{"--before", ArgumentKind::Element, "TARGET"},
-                      {"--after", ArgumentKind::Element, "TARGET"}},
-          .run = moveElements};
+  return {
+      .name = "move",
+      .usage = "move ELEMENT… --before TARGET | --after TARGET",
+      .summary = "put elements before or after another one",
+      .details =
+          "They go next to TARGET in the order given, into the group that holds it. If "
+          "TARGET is ungrouped,\nthey leave their groups and become ungrouped too. "
+          "TARGET may be one of them: the others gather\naround it. help select explains ELEMENT.",
+      .example = "move Berlin \"Isle of Man\" --before Paris",
+      .parameters = {{"ELEMENT", ArgumentKind::Element, Occurrence::OnceOrMore}},
+      .options = {{"--before", ArgumentKind::Element, "TARGET"},
+                  {"--after", ArgumentKind::Element, "TARGET"}},
+      .run = moveElements};
 }
 
 }

@@ -6,6 +6,8 @@
 #include <fmt/format.h>
 
 #include <map>
+#include <numeric>
+#include <span>
 
 namespace Tarvik::PointCollections {
 
@@ -23,15 +25,28 @@ std::vector<Origin> originsOf(PointDocument& document, const std::vector<GUIdent
   return origins;
 }
 
+std::size_t countElements(std::span<const Origin> origins)
+{
+  return std::accumulate(origins.begin(), origins.end(), std::size_t(0),
+                         [](auto sum, const Origin& origin) { return sum + origin.elements; });
+}
+
 std::string describeMovement(PointDocument& document,
                              const std::vector<GUIdentifier>& elements,
                              const TKGroup<GUIdentifier>* target)
 {
+  constexpr std::size_t mostOrigins = 6;
+  const auto origins = originsOf(document, elements);
+  const std::size_t named = origins.size() > mostOrigins ? mostOrigins - 1 : origins.size();
   std::string words;
-  for (const Origin& origin : originsOf(document, elements))
-    words += fmt::format("{}{} {}", words.empty() ? "" : ", ", origin.elements,
-                         origin.group == target ? "moved within it"
-                                                : "from " + displayName(origin.group->getName()));
+  for (std::size_t i = 0; i < named; ++i)
+    words += fmt::format("{}{} {}", i == 0 ? "" : ", ", origins[i].elements,
+                         origins[i].group == target
+                             ? "moved within it"
+                             : "from " + displayName(origins[i].group->getName()));
+  if (named < origins.size())
+    words += fmt::format(", {} from {}", countElements(std::span(origins).subspan(named)),
+                         pluralize(origins.size() - named, "more group"));
   return words.empty() ? words : " (" + words + ')';
 }
 

@@ -20,7 +20,8 @@ struct Origin {
 /// first holder only, and as often as it is given.
 std::vector<Origin> originsOf(PointDocument& document, const std::vector<GUIdentifier>& elements);
 
-/// The same as text: " (2 from Europe, 1 moved within it)". Empty if all elements are ungrouped.
+/// The same as text: " (2 from Europe, 1 moved within it)". Empty if all elements are ungrouped. Of
+/// many groups, only the first are named.
 /// @param target  the group they go to; null if it does not exist yet, or there is none
 std::string describeMovement(PointDocument& document,
                              const std::vector<GUIdentifier>& elements,

@@ -21,11 +21,12 @@ Verb quitVerb()
           .summary = "leave the program",
           .details = "If there are unsaved changes, you are asked what to do with them. In a "
                      "script, the lines after\nquit are not read. On a terminal, Ctrl-D does the "
-                     "same.",
+                     "same;\nexit and q are other names.",
           .example = "quit",
           .parameters = {},
           .options = {},
-          .run = quit};
+          .run = quit,
+          .otherNames = {"exit", "q"}};
 }
 
 }

@@ -11,11 +11,11 @@ std::string redo(Session& session, const Arguments& arguments)
   const std::size_t position = history.position();
   const std::size_t steps = stepsAsked(arguments, history.entries().size() - position, "redo");
 
-  std::string report;
+  std::vector<std::string> redone;
   for (std::size_t entry = position; entry < position + steps; ++entry)
-    reportStep(report, "Redone", *history.entries()[entry]);
+    redone.push_back(history.entries()[entry]->getDescription());
   history.jumpTo(position + steps);
-  return report;
+  return reportSteps("Redone", redone);
 }
 
 }

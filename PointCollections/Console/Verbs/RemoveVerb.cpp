@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "HighLevelServices/GroupCommands/RemoveFromTKGroupCmd.h"
-#include "PointCollections/Console/Session/Lookup.h"
 #include "PointCollections/Console/Verbs/EachVerb.h"
 #include "PointCollections/Console/Verbs/Movement.h"
 #include "PointCollections/Console/Verbs/Subject.h"
@@ -31,7 +30,7 @@ std::string describeSource(PointDocument& document, const std::vector<GUIdentifi
 std::string removeElements(Session& session, const Arguments& arguments)
 {
   auto& document = *session.editor.document();
-  const auto elements = elementsNamed(document, arguments.from(0));
+  const auto elements = session.selection().elements(arguments.from(0));
   checkAllInGroups(document, elements);
 
   const auto source = describeSource(document, elements);
@@ -54,7 +53,7 @@ Verb removeVerb()
           .usage = "remove ELEMENT…",
           .summary = "take elements out of their groups",
           .details = "They become ungrouped, each at its place in the document's order. Groups "
-                     "stay, even empty ones.",
+                     "stay, even empty ones.\nhelp select explains ELEMENT.",
           .example = "remove Paris \"Isle of Man\"",
           .parameters = {{"ELEMENT", ArgumentKind::Member, Occurrence::OnceOrMore}},
           .options = {},

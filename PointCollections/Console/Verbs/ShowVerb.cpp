@@ -1,12 +1,18 @@
 // SPDX-License-Identifier: MIT
-#include "PointCollections/Console/Session/Lookup.h"
+#include "PointCollections/Console/Text/JsonWriter.h"
 #include "PointCollections/Console/Text/Tree.h"
+#include "PointCollections/Console/Verbs/DocumentJson.h"
 #include "PointCollections/Console/Verbs/EachVerb.h"
+#include "PointCollections/Console/Verbs/Whereabouts.h"
+#include "PointCollections/Selection/Lookup.h"
+#include "PointCollections/Selection/SelectionTerm.h"
+#include "PointCollections/Text/NearestName.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <limits>
 
 namespace Tarvik::PointCollections {
@@ -24,17 +30,24 @@ std::string elementLabel(const PointDocument& document, const GUIdentifier& id)
   return printable(collection->name) + (points == 1 ? "" : ", " + pluralize(points, "point"));
 }
 
-/// A heading with the elements below it, in at most `limit` lines. If there are more elements, the
-/// last line says how many are left out.
+/// How elements are listed.
+struct Listing {
+  std::size_t limit;      ///< how many lines a section has at most
+  bool hasPlaces = false; ///< before each element, counted from 1
+};
+
+/// A heading with the elements below it, in as many lines as the listing allows. If there are more
+/// elements, the last line says how many are left out.
 Tree section(const Session& session,
              const std::string& heading,
              const std::vector<GUIdentifier>& elements,
-             std::size_t limit)
+             Listing listing)
 {
   Tree result = {fmt::format("{} ({})", heading, elements.size())};
-  const std::size_t shown = elements.size() > limit ? limit - 1 : elements.size();
+  const std::size_t shown = elements.size() > listing.limit ? listing.limit - 1 : elements.size();
   for (std::size_t i = 0; i < shown; ++i)
-    result.branches.push_back({elementLabel(*session.editor.document(), elements[i])});
+    result.branches.push_back({(listing.hasPlaces ? fmt::format("{:>3}  ", i + 1) : "") +
+                               elementLabel(*session.editor.document(), elements[i])});
   if (shown < elements.size())
     result.branches.push_back(
         {session.style.faint(fmt::format("… and {} more", elements.size() - shown))});
@@ -46,43 +59,117 @@ std::string nameInTree(const Session& session, const std::string& name)
   return session.style.strong(name.empty() ? "\"\"" : printable(name));
 }
 
-Tree groupSection(const Session& session, const TKGroup<GUIdentifier>& group, std::size_t limit)
+Tree groupSection(const Session& session, const TKGroup<GUIdentifier>& group, Listing listing)
 {
-  return section(session, nameInTree(session, group.getName()), group.getGroupMembers(), limit);
+  return section(session, nameInTree(session, group.getName()), group.getGroupMembers(), listing);
 }
 
-Tree ungroupedSection(const Session& session, std::size_t limit)
+Tree ungroupedSection(const Session& session, Listing listing)
 {
-  return section(session, "ungrouped", session.editor.document()->ungroupedElements(), limit);
+  return section(session, "ungrouped", session.editor.document()->ungroupedElements(), listing);
 }
 
-Tree documentTree(const Session& session, std::size_t limit)
+std::string titleLine(const Session& session)
 {
   auto& document = *session.editor.document();
-  Tree result = {fmt::format("{}: {} in {}",
-                             session.style.strong(printable(session.editor.title())),
-                             pluralize(document.order().size(), "element"),
-                             pluralize(document.getGroups().size(), "group"))};
-  for (const auto& group : document.getGroups())
-    result.branches.push_back(groupSection(session, group, limit));
-  result.branches.push_back(ungroupedSection(session, limit));
+  return fmt::format("{}: {} in {}", session.style.strong(printable(session.editor.title())),
+                     pluralize(document.order().size(), "element"),
+                     pluralize(document.getGroups().size(), "group"));
+}
+
+Tree documentTree(const Session& session, Listing listing)
+{
+  Tree result = {titleLine(session)};
+  for (const auto& group : session.editor.document()->getGroups())
+    result.branches.push_back(groupSection(session, group, listing));
+  result.branches.push_back(ungroupedSection(session, listing));
   return result;
 }
 
-Tree treeToShow(Session& session, const Arguments& arguments)
+/// One line for each group.
+Tree groupsTree(const Session& session)
+{
+  auto& document = *session.editor.document();
+  Tree result = {titleLine(session)};
+  std::size_t place = 0;
+  for (const auto& group : document.getGroups())
+    result.branches.push_back(
+        {fmt::format("{:>3}  {} ({})", fmt::format("@{}", ++place),
+                     nameInTree(session, group.getName()), group.getGroupMembers().size())});
+  result.branches.push_back({fmt::format("ungrouped ({})", document.ungroupedElements().size())});
+  return result;
+}
+
+/// Whether the word is meant for a group: a place, or the name of one.
+bool isGroup(PointDocument& document, const Word& word)
+{
+  const auto names = groupNames(document);
+  return (word.findPlain("@") == 0 &&
+          word.text.find_first_not_of("0123456789", 1) == std::string::npos) ||
+         (!word.isMixed() && std::find(names.begin(), names.end(), word.text) != names.end());
+}
+
+/// Refuses one word that is plainly a name, but not of anything.
+void checkName(PointDocument& document, const Word& word)
+{
+  const auto term = termOf(word);
+  if (term.kind != SelectionTerm::Kind::Name || term.group ||
+      document.findByName(word.text) != nullptr)
+    return;
+  auto names = groupNames(document);
+  const auto elements = elementNames(document);
+  names.insert(names.end(), elements.begin(), elements.end());
+  throw UserError(fmt::format("there is no group or element named {}{}", displayName(word.text),
+                              suggestion(word.text, names, "show --groups lists the groups")));
+}
+
+std::string elementsShown(Session& session, const Arguments& arguments)
+{
+  if (arguments.count() == 1)
+    checkName(*session.editor.document(), arguments.at(0));
+  const auto elements = session.selection().elements(arguments.from(0));
+  if (!arguments.has("--json"))
+    return describeElements(session, elements);
+  JsonWriter json;
+  json.beginObject().key("elements");
+  writeElements(json, session, elements);
+  return json.endObject().text();
+}
+
+std::string asJson(const Session& session, const Arguments& arguments)
 {
   if (arguments.count() > 0)
+    return groupAsJson(session, groupIndex(*session.editor.document(), arguments.at(0)));
+  if (arguments.has("--groups"))
+    return groupsAsJson(session);
+  return arguments.has("--ungrouped") ? ungroupedAsJson(session) : documentAsJson(session);
+}
+
+Tree treeToShow(const Session& session, const Arguments& arguments)
+{
+  const bool hasPlaces = arguments.has("--places");
+  if (arguments.count() > 0)
     return groupSection(session, groupNamed(*session.editor.document(), arguments.at(0)),
-                        unlimited);
+                        {unlimited, hasPlaces});
+  if (arguments.has("--groups"))
+    return groupsTree(session);
   if (arguments.has("--ungrouped"))
-    return ungroupedSection(session, unlimited);
-  return documentTree(session, arguments.has("--all") ? unlimited : usualLimit);
+    return ungroupedSection(session, {unlimited, hasPlaces});
+  return documentTree(session, {arguments.has("--all") ? unlimited : usualLimit, hasPlaces});
 }
 
 std::string show(Session& session, const Arguments& arguments)
 {
-  if (arguments.count() + arguments.has("--all") + arguments.has("--ungrouped") > 1)
-    throw UserError("more than one thing to show; choose one of GROUP, --all and --ungrouped");
+  if ((arguments.count() > 0 ? 1 : 0) + arguments.has("--all") + arguments.has("--groups") +
+          arguments.has("--ungrouped") >
+      1)
+    throw UserError("more than one thing to show; choose one of GROUP, ELEMENT, --all, --groups "
+                    "and --ungrouped");
+  if (arguments.count() > 1 ||
+      (arguments.count() == 1 && !isGroup(*session.editor.document(), arguments.at(0))))
+    return elementsShown(session, arguments);
+  if (arguments.has("--json"))
+    return asJson(session, arguments);
   auto drawing = drawTree(treeToShow(session, arguments));
   drawing.pop_back(); // the last line end
   return drawing;
@@ -93,16 +180,23 @@ std::string show(Session& session, const Arguments& arguments)
 Verb showVerb()
 {
   return {.name = "show",
-          .usage = "show [GROUP | --all | --ungrouped]",
+          .usage = "show [GROUP | ELEMENT… | --all | --groups | --ungrouped] [--places] [--json]",
           .summary = "draw the groups with their members, and the ungrouped elements",
           .details =
               "If a group has more than 12 members, only the first 11 are shown; likewise of "
               "the ungrouped\nelements. GROUP shows all members of one group, --ungrouped "
-              "all ungrouped elements, --all everything.",
+              "all ungrouped elements, --all everything,\n--groups one line for each group. "
+              "ELEMENT shows the same as where. --places numbers the elements.\n--json writes "
+              "everything for other programs. help select explains ELEMENT.",
           .example = "show Europe",
-          .parameters = {{"GROUP", ArgumentKind::Group, Occurrence::Optionally}},
-          .options = {{"--all", std::nullopt}, {"--ungrouped", std::nullopt}},
-          .run = show};
+          .parameters = {{"GROUP", ArgumentKind::Any, Occurrence::AnyNumber}},
+          .options = {{"--all", std::nullopt},
+                      {"--groups", std::nullopt},
+                      {"--ungrouped", std::nullopt},
+                      {"--places", std::nullopt},
+                      {"--json", std::nullopt}},
+          .run = show,
+          .otherNames = {"ls"}};
 }
 
 }

@@ -1,13 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Console/Verbs/Steps.h"
 
-#include "PointCollections/Console/Session/Lookup.h"
+#include "PointCollections/Selection/Lookup.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
 
 #include <fmt/format.h>
 
 namespace Tarvik::PointCollections {
+namespace {
+
+/// Descriptions have blanks and quotes of their own.
+std::string quoted(const std::string& step)
+{
+  return "“" + printable(step) + "”";
+}
+
+}
 
 std::size_t stepsAsked(const Arguments& arguments, std::size_t available, const std::string& verb)
 {
@@ -21,10 +30,16 @@ std::size_t stepsAsked(const Arguments& arguments, std::size_t available, const 
   return steps;
 }
 
-void reportStep(std::string& report, const std::string& done, const CommandBase& command)
+std::string reportSteps(const std::string& done, const std::vector<std::string>& steps)
 {
-  report += fmt::format("{}{}: {}", report.empty() ? "" : "\n", done,
-                        printable(command.getDescription()));
+  constexpr std::size_t mostLines = 5;
+  if (steps.size() > mostLines)
+    return fmt::format("{} {} steps, from {} to {}.", done, steps.size(), quoted(steps.front()),
+                       quoted(steps.back()));
+  std::string report;
+  for (const auto& step : steps)
+    report += fmt::format("{}{}: {}", report.empty() ? "" : "\n", done, printable(step));
+  return report;
 }
 
 }

@@ -3,12 +3,19 @@
 
 #include "PointCollections/Text/Quoting.h"
 
+#include <fmt/format.h>
+
 namespace Tarvik::PointCollections {
 
 std::string subjectOf(PointDocument& document, const std::vector<GUIdentifier>& elements)
 {
   return elements.size() == 1 ? displayName(document.getElementName(elements.front()))
                               : pluralize(elements.size(), "element");
+}
+
+std::string subjectOf(const TKGroup<GUIdentifier>& group)
+{
+  return fmt::format("{} ({})", displayName(group.getName()), group.getGroupMembers().size());
 }
 
 std::string subjectOf(const std::vector<const TKGroup<GUIdentifier>*>& groups)

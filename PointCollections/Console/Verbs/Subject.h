@@ -13,6 +13,9 @@ namespace Tarvik::PointCollections {
 /// One element by its name, several as "3 elements".
 std::string subjectOf(PointDocument& document, const std::vector<GUIdentifier>& elements);
 
+/// A group with the number of its members: "Europe (10)".
+std::string subjectOf(const TKGroup<GUIdentifier>& group);
+
 /// Up to three groups by their names, more as "12 groups".
 std::string subjectOf(const std::vector<const TKGroup<GUIdentifier>*>& groups);
 

@@ -13,11 +13,11 @@ std::string undo(Session& session, const Arguments& arguments)
   const std::size_t position = history.position();
   const std::size_t steps = stepsAsked(arguments, position, "undo");
 
-  std::string report;
+  std::vector<std::string> undone;
   for (std::size_t entry = position; entry > position - steps; --entry)
-    reportStep(report, "Undone", *history.entries()[entry - 1]);
+    undone.push_back(history.entries()[entry - 1]->getDescription());
   history.jumpTo(position - steps);
-  return report;
+  return reportSteps("Undone", undone);
 }
 
 }

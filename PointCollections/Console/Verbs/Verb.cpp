@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Console/Verbs/Verb.h"
 
-#include "PointCollections/Console/Text/NearestName.h"
+#include "PointCollections/Text/NearestName.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
 
@@ -22,8 +22,10 @@ std::vector<std::string> namesOf(const std::vector<Verb>& verbs)
 
 const Verb& verbNamed(const std::vector<Verb>& verbs, const std::string& name)
 {
-  const auto found = std::find_if(verbs.begin(), verbs.end(),
-                                  [&name](const Verb& verb) { return verb.name == name; });
+  const auto found = std::find_if(verbs.begin(), verbs.end(), [&name](const Verb& verb) {
+    const auto& others = verb.otherNames;
+    return verb.name == name || std::find(others.begin(), others.end(), name) != others.end();
+  });
   if (found == verbs.end())
     throw UserError(fmt::format("{} is not a command{}", displayName(name),
                                 suggestion(name, namesOf(verbs), "help lists the commands")));

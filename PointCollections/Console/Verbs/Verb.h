@@ -18,6 +18,7 @@ enum class ArgumentKind {
   Group,   ///< the name of a group
   Element, ///< the name of an element
   Member,  ///< the name of an element that is in a group
+  Any,     ///< the name of a group or of an element
   Verb,    ///< the name of a verb
   File     ///< the name of a file that the program can open
 };
@@ -63,12 +64,15 @@ struct Verb {
   /// Runs the command. The arguments fit `parameters` and `options`. Returns what the user reads,
   /// without a line end. Throws UserError, with nothing changed, if the command cannot be done.
   std::function<std::string(Session&, const Arguments&)> run;
+
+  /// What else the user may type for the name; not listed by help.
+  std::vector<std::string> otherNames = {};
 };
 
 /// The names of the verbs, in their order.
 std::vector<std::string> namesOf(const std::vector<Verb>& verbs);
 
-/// The verb with exactly that name.
+/// The verb with exactly that name, or other name.
 /// @throws UserError if there is none
 const Verb& verbNamed(const std::vector<Verb>& verbs, const std::string& name);
 

@@ -42,7 +42,7 @@ TEST(TextInput, RefusesEndlessLines)
 {
   EXPECT_EQ(linesOf(std::string(longestLine, 'a')).front().size(), longestLine);
   EXPECT_EQ(mistakeIn([] { linesOf(std::string(longestLine + 1, 'a')); }),
-            "a line of more than 1048576 bytes; expected a shorter one");
+            "a line of more than 16777216 bytes; expected a shorter one");
 }
 
 TEST(TextInput, ReadsAFileByteForByte)

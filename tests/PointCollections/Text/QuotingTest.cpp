@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Text/Quoting.h"
 
-#include "PointCollections/Console/Text/Words.h"
+#include "PointCollections/Text/Words.h"
 
 #include <gmock/gmock.h>
 

@@ -25,19 +25,33 @@ constexpr auto tab = "\t";
 constexpr auto up = "\x1B[A";
 constexpr auto controlC = "\x03";
 constexpr auto controlD = "\x04";
+const std::string marksPastes = "\x1B[?2004h"; ///< the program asks the terminal to do so
+
+/// What a terminal sends when the user pastes a text.
+std::string pasted(const std::string& text)
+{
+  return "\x1B[200~" + text + "\x1B[201~";
+}
 
 /// The program on a terminal, with a user who types.
 class Terminal {
 public:
-  /// @param kind  of the terminal, as in TERM
   /// @param state  the folder for the state of programs
-  Terminal(const std::string& file, const std::filesystem::path& state, const char* kind = "vt100")
+  /// @param kind   of the terminal, as in TERM
+  /// @param rows   of the terminal
+  /// @param pager  as in PAGER
+  Terminal(const std::string& file,
+           const std::filesystem::path& state,
+           const char* kind = "vt100",
+           unsigned short rows = 24,
+           const char* pager = "cat")
   {
-    winsize size = {24, 200, 0, 0};
+    winsize size = {rows, 200, 0, 0};
     m_child = forkpty(&m_terminal, nullptr, nullptr, &size);
     if (m_child != 0)
       return;
     setenv("TERM", kind, 1);
+    setenv("PAGER", pager, 1);
     setenv("LC_ALL", "C.UTF-8", 1);
     setenv("XDG_STATE_HOME", state.c_str(), 1);
     execl(POINT_COLLECTIONS_PROGRAM, "point-collections", "--no-color", file.c_str(), nullptr);
@@ -157,7 +171,10 @@ private:
 
 class InteractiveUser : public ::testing::Test {
 protected:
-  explicit InteractiveUser(const char* kind = "vt100") : m_terminal(m_points, m_state, kind)
+  explicit InteractiveUser(const char* kind = "vt100",
+                           unsigned short rows = 24,
+                           const char* pager = "cat")
+      : m_terminal(m_points, m_state, kind, rows, pager)
   {
     m_terminal.typeAndExpect("", "> ");
   }
@@ -246,6 +263,34 @@ TEST_F(InteractiveUser, TypesNamesOfAnyLanguage)
   m_terminal.typeAndExpect("show Größe\r", "└─ Zürich");
 }
 
+TEST_F(InteractiveUser, PastesTabsAsBlanks)
+{
+  m_terminal.typeAndExpect(pasted("create\tP\tParis") + "\r", "Created P with 1 element.");
+  m_terminal.typeAndExpect(std::string("add P Pra") + tab + "\r", "Added 1 element to P.");
+}
+
+/// The pager marks each line.
+class InteractiveUserOfASmallTerminal : public InteractiveUser {
+protected:
+  InteractiveUserOfASmallTerminal() : InteractiveUser("vt100", 5, "sed s/^/paged:/") {}
+};
+
+TEST_F(InteractiveUserOfASmallTerminal, ReadsLongAnswersInThePager)
+{
+  m_terminal.typeAndExpect("show\r", "paged:   ├─ Paris");
+  m_terminal.typeAndExpect("create G\r", "\x1B[?2004lCreated G with 0 elements.");
+}
+
+class InteractiveUserWithoutPager : public InteractiveUser {
+protected:
+  InteractiveUserWithoutPager() : InteractiveUser("vt100", 5, "/no/such/pager 2>/dev/null") {}
+};
+
+TEST_F(InteractiveUserWithoutPager, SeesLongAnswersWhole)
+{
+  m_terminal.typeAndExpect("show\r", "\n   ├─ Paris");
+}
+
 TEST_F(InteractiveUser, DropsALineWithControlC)
 {
   m_terminal.typeAndExpect("create H", "create H");
@@ -307,9 +352,9 @@ TEST_F(InteractiveUser, SavesWhenAsked)
 TEST_F(InteractiveUser, SeesWhetherChangesAreSaved)
 {
   const auto file = (m_folder.path() / "p.tkpc").string();
-  m_terminal.typeAndExpect("create G Paris\r", "Created G with 1 element.\r\n*");
+  m_terminal.typeAndExpect("create G Paris\r", "Created G with 1 element.\r\n" + marksPastes + "*");
   m_terminal.typeAndExpect("save " + file + "\r",
-                           "Saved p.tkpc: 4 elements with 4 points in 1 group.\r\n");
+                           "Saved p.tkpc: 4 elements with 4 points in 1 group.\r\n" + marksPastes);
   m_terminal.typeAndExpect("open " + m_folder.path().string() + "/p.t" + tab + "\r",
                            "Opened p.tkpc: 4 elements");
   EXPECT_EQ(m_terminal.typeAndLeave("quit\r"), 0);

@@ -150,7 +150,7 @@ TEST_F(Program, TakesArgumentsAsTheyAre)
 
   EXPECT_EQ(outcome.errors, notSaved);
   EXPECT_EQ(outcome.output, "Created \"a \\\"b\\\" \\\\\\\\c\\\\\" with 0 elements.\n"
-                            "Created * with 0 elements.\n"
+                            "Created \"*\" with 0 elements.\n"
                             "Created %PATH% with 0 elements.\n");
 }
 
@@ -167,6 +167,22 @@ TEST_F(Program, SurvivesAnyBytes)
   EXPECT_EQ(run({m_points}, std::string(3000000, 'x')).status, 1);
   EXPECT_EQ(run({m_points}, std::string(500000, '"') + "\n").status, 1);
   EXPECT_EQ(run({m_points}, "undo 99999999999999999999\n").status, 1);
+}
+
+TEST_F(Program, TakesNamesFromAFileAndExportsTheGroups)
+{
+  const auto names = write("my names.txt", "b c\r\na\r\n");
+  const auto outcome =
+      run({m_points, "--quiet"},
+          "create G @\"" + typed("my names.txt") + "\"\nselect G:*\nexport \"" + typed("out.csv") +
+              "\"\nopen \"" + typed("out.csv") + "\" --discard\nshow --json\n");
+
+  EXPECT_EQ(outcome.errors, "");
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_THAT(outcome.output,
+              EndsWith("{\"title\":\"out.csv\",\"groups\":[{\"place\":1,\"name\":\"G\","
+                       "\"count\":2,\"members\":[\"b c\",\"a\"]}],\"ungrouped\":[]}\n"));
+  EXPECT_THAT(outcome.output, HasSubstr("2 elements (2 from G): \"b c\", a\n"));
 }
 
 TEST_F(Program, SavesAndOpensProjects)

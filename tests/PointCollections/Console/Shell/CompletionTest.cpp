@@ -136,8 +136,8 @@ TEST_F(CompletionOf, LeavesOutElementsThatTheLineNames)
 TEST_F(CompletionOf, AnOption)
 {
   EXPECT_EQ(completed("add Europe --b"), "add Europe --before ");
-  EXPECT_THAT(candidates("add Europe -"), ElementsAre("--at", "--before", "--end"));
-  EXPECT_THAT(candidates("add Europe --end --"), ElementsAre("--at", "--before"));
+  EXPECT_THAT(candidates("add Europe -"), ElementsAre("--at", "--before", "--after", "--end"));
+  EXPECT_THAT(candidates("add Europe --end --"), ElementsAre("--at", "--before", "--after"));
   EXPECT_EQ(completed("show --a"), "show --all ");
 }
 
@@ -187,7 +187,7 @@ TEST_F(CompletionOf, NothingWhereAnythingIsAllowed)
   EXPECT_THAT(candidates("sort "), IsEmpty());
   EXPECT_THAT(candidates("undo "), IsEmpty());
   EXPECT_THAT(candidates("quit "), IsEmpty());
-  EXPECT_THAT(candidates("show Europe "), IsEmpty());
+  EXPECT_THAT(candidates("history 3 "), IsEmpty());
 }
 
 TEST_F(CompletionOf, NothingInALineThatIsWrong)

@@ -65,7 +65,7 @@ TEST_F(Runner, EchoesCommandsAndSetsThemApart)
                             "Created G with 1 element.\n"
                             "\n"
                             "> undo\n"
-                            "Undone: Create Group: G\n");
+                            "Undone: Create Group: G (1)\n");
   EXPECT_EQ(m_errors.str(), "");
 }
 
@@ -88,7 +88,7 @@ TEST_F(Runner, PrintsNothingButResultsWhenQuiet)
 {
   EXPECT_TRUE(runText("# One.\ncreate G\n\nundo\n", Transcript::Detail::ResultsOnly));
 
-  EXPECT_EQ(m_output.str(), "Created G with 0 elements.\nUndone: Create Group: G\n");
+  EXPECT_EQ(m_output.str(), "Created G with 0 elements.\nUndone: Create Group: G (0)\n");
 }
 
 TEST_F(Runner, StopsAtTheFirstMistakeAndGivesTheLine)
@@ -124,9 +124,9 @@ TEST_F(Runner, EscapesAndShortensWhatItEchoes)
 
 TEST_F(Runner, RefusesAnEndlessLine)
 {
-  EXPECT_FALSE(runText("create G\n" + std::string(2000000, 'x')));
+  EXPECT_FALSE(runText("create G\n" + std::string(17'000'000, 'x')));
 
-  EXPECT_EQ(m_errors.str(), "test.pcs:2: a line of more than 1048576 bytes; expected a shorter "
+  EXPECT_EQ(m_errors.str(), "test.pcs:2: a line of more than 16777216 bytes; expected a shorter "
                             "one\n");
 }
 

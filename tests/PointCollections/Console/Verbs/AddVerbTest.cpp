@@ -42,6 +42,15 @@ TEST_F(Add, PutsElementsBeforeAMember)
   EXPECT_EQ(groupsAfter("add G a --before c"), "G(b a c) H(d)");
 }
 
+TEST_F(Add, PutsElementsAfterAMember)
+{
+  EXPECT_EQ(groupsAfter("add G f e --after b"), "G(a b f e c) H(d)");
+  EXPECT_EQ(groupsAfter("add G a --after c"), "G(b c a) H(d)");
+  EXPECT_EQ(groupsAfter("add G e --after G:1"), "G(a e b c) H(d)");
+  EXPECT_EQ(mistake(m_session, "add G e --after d"),
+            "d is not in G; name one of its members after --after");
+}
+
 TEST_F(Add, MovesMembersWithinTheGroup)
 {
   EXPECT_EQ(run(m_session, {"add G c d e --at 1"}),
@@ -105,7 +114,7 @@ TEST_F(Add, ChangesNothingWhenTheLineIsWrong)
   EXPECT_EQ(mistake(m_session, "add G e --before d"),
             "d is not in G; name one of its members after --before");
   EXPECT_EQ(mistake(m_session, "add G e --end --at 1"),
-            "more than one place is given; choose one of --at, --before and --end");
+            "more than one place is given; choose one of --at, --before, --after and --end");
   EXPECT_EQ(mistake(m_session, "add G e --befor a"),
             "add has no option --befor; did you mean --before?");
   EXPECT_EQ(mistake(m_session, "add G x"), "there is no element named x; show --all lists them");

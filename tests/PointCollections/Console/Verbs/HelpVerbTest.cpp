@@ -24,13 +24,26 @@ TEST(Help, ExplainsACommand)
 {
   auto session = sessionOf({});
 
-  EXPECT_EQ(run(session, {"help quit"}),
-            "quit: leave the program.\n"
-            "If there are unsaved changes, you are asked what to do with them. In a script, the "
-            "lines after\nquit are not read. On a terminal, Ctrl-D does the same.\n"
-            "\n"
-            "Usage:    quit\n"
-            "Example:  quit");
+  EXPECT_EQ(
+      run(session, {"help quit"}),
+      "quit: leave the program.\n"
+      "If there are unsaved changes, you are asked what to do with them. In a script, the "
+      "lines after\nquit are not read. On a terminal, Ctrl-D does the same;\nexit and q are other "
+      "names.\n"
+      "\n"
+      "Usage:    quit\n"
+      "Example:  quit");
+}
+
+TEST(Help, LeadsFromOtherNamesToTheCommand)
+{
+  auto session = sessionOf({"a"});
+
+  EXPECT_EQ(run(session, {"?"}), run(session, {"help"}));
+  EXPECT_EQ(run(session, {"? q"}), run(session, {"help quit"}));
+  EXPECT_EQ(run(session, {"ls"}), run(session, {"show"}));
+  run(session, {"exit"});
+  EXPECT_TRUE(session.isOver);
 }
 
 TEST(Help, SuggestsACommand)

@@ -122,7 +122,7 @@ TEST_F(Save, MarksTheStateAsClean)
 {
   run(m_session, {"create G", "create H", "save p.tkpc"});
   EXPECT_TRUE(m_session.editor.history().isClean());
-  EXPECT_THAT(run(m_session, {"history"}), HasSubstr("2  Create Group: H  (clean)"));
+  EXPECT_THAT(run(m_session, {"history"}), HasSubstr("2  Create Group: H (0)  (clean)"));
 
   run(m_session, {"undo"});
   EXPECT_FALSE(m_session.editor.history().isClean());

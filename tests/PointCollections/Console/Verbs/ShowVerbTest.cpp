@@ -82,10 +82,60 @@ TEST(Show, ShowsOneThingAtATime)
   run(session, {"create G"});
 
   EXPECT_EQ(mistake(session, "show G --all"),
-            "more than one thing to show; choose one of GROUP, --all and --ungrouped");
-  EXPECT_EQ(mistake(session, "show F"), "there is no group named F; show lists the groups");
-  EXPECT_EQ(mistake(session, "show G H"),
-            "H is one argument too many; usage: show [GROUP | --all | --ungrouped]");
+            "more than one thing to show; choose one of GROUP, ELEMENT, --all, --groups and "
+            "--ungrouped");
+  EXPECT_EQ(mistake(session, "show Fxx"),
+            "there is no group or element named Fxx; show --groups lists the groups");
+  EXPECT_EQ(mistake(session, "show 6"),
+            "there is no group or element named 6; show --groups lists the groups");
+  EXPECT_EQ(mistake(session, "show G a"),
+            "G is a group, not an element; write G:* for its members");
+}
+
+TEST(Show, ShowsElements)
+{
+  auto session = sessionOf({"a", "b", "c"});
+  run(session, {"create G a", "create c"});
+
+  EXPECT_EQ(run(session, {"show b"}), "b\n├─ ungrouped\n└─ (0, 0, 0)");
+  EXPECT_EQ(run(session, {"show G:*"}), "a\n├─ place 1 of 1 in G (@1)\n└─ (0, 0, 0)");
+  EXPECT_EQ(run(session, {"show c"}), "c (0)");
+  EXPECT_TRUE(run(session, {"show a b"}).starts_with("2 elements\n├─ a\n│  ├─ place 1 of 1"));
+}
+
+TEST(Show, ListsTheGroupsInOneLineEach)
+{
+  auto session = sessionOf({"a", "b", "c"});
+
+  EXPECT_EQ(run(session, {"create G a b", "create H", "show --groups"}),
+            "test.csv: 3 elements in 2 groups\n├─  @1  G (2)\n├─  @2  H (0)\n└─ ungrouped (1)");
+}
+
+TEST(Show, NumbersTheElementsIfAsked)
+{
+  auto session = sessionOf({"a", "b", "c"});
+
+  EXPECT_EQ(run(session, {"create G b a", "show G --places"}), "G (2)\n├─   1  b\n└─   2  a");
+  EXPECT_EQ(run(session, {"show --ungrouped --places"}), "ungrouped (1)\n└─   1  c");
+}
+
+TEST(Show, WritesJson)
+{
+  auto session = sessionOf({"a", "b \"c\""});
+  session.editor.document()->setGroups({group("G", {GUIdentifier()})});
+  run(session, {"add G a --at 1"});
+
+  EXPECT_EQ(run(session, {"show --json"}),
+            R"({"title":"test.csv","groups":[{"place":1,"name":"G","count":2,)"
+            R"("members":["a",null]}],"ungrouped":["b \"c\""]})");
+  EXPECT_EQ(run(session, {"show G --json"}),
+            R"({"place":1,"name":"G","count":2,"members":["a",null]})");
+  EXPECT_EQ(run(session, {"show --groups --json"}),
+            R"({"groups":[{"place":1,"name":"G","count":2}]})");
+  EXPECT_EQ(run(session, {"show --ungrouped --json"}), R"({"ungrouped":["b \"c\""]})");
+  EXPECT_EQ(run(session, {"show a --json"}),
+            R"({"elements":[{"name":"a","groups":[{"place":1,"name":"G","member":1}],)"
+            R"("points":[[0,0,0]]}]})");
 }
 
 TEST(Show, MarksNamesOnAColoredTerminal)

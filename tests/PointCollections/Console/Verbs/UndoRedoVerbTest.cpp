@@ -20,7 +20,7 @@ protected:
 
 TEST_F(UndoAndRedo, GoOneStepUnlessToldOtherwise)
 {
-  EXPECT_EQ(run(m_session, {"undo"}), "Undone: Create Group: H");
+  EXPECT_EQ(run(m_session, {"undo"}), "Undone: Create Group: H (1)");
   EXPECT_EQ(groupsOf(m_session), "G(a b)");
   EXPECT_EQ(run(m_session, {"undo"}), "Undone: Add to Group: b → G");
   EXPECT_EQ(groupsOf(m_session), "G(a)");
@@ -41,11 +41,22 @@ TEST_F(UndoAndRedo, KnowTheLastThousandSteps)
 
 TEST_F(UndoAndRedo, GoAsManyStepsAsAsked)
 {
-  EXPECT_EQ(run(m_session, {"undo 3"}),
-            "Undone: Create Group: H\nUndone: Add to Group: b → G\nUndone: Create Group: G");
+  EXPECT_EQ(
+      run(m_session, {"undo 3"}),
+      "Undone: Create Group: H (1)\nUndone: Add to Group: b → G\nUndone: Create Group: G (1)");
   EXPECT_EQ(groupsOf(m_session), "");
-  EXPECT_EQ(run(m_session, {"redo 2"}), "Redone: Create Group: G\nRedone: Add to Group: b → G");
+  EXPECT_EQ(run(m_session, {"redo 2"}), "Redone: Create Group: G (1)\nRedone: Add to Group: b → G");
   EXPECT_EQ(groupsOf(m_session), "G(a b)");
+}
+
+TEST_F(UndoAndRedo, SummariseManySteps)
+{
+  run(m_session, {"create I", "create J", "create K"});
+
+  EXPECT_EQ(run(m_session, {"undo 6"}),
+            "Undone 6 steps, from “Create Group: K (0)” to “Create Group: G (1)”.");
+  EXPECT_EQ(run(m_session, {"redo 6"}),
+            "Redone 6 steps, from “Create Group: G (1)” to “Create Group: K (0)”.");
 }
 
 TEST_F(UndoAndRedo, GoNowhereWhenThereAreFewerSteps)
@@ -88,17 +99,45 @@ TEST(History, MarksThePresentAndTheCleanState)
 
   EXPECT_EQ(run(session, {"create G", "add G a", "create H", "undo", "history"}),
             "    0  Start  (clean)\n"
-            "    1  Create Group: G\n"
+            "    1  Create Group: G (0)\n"
             "→   2  Add to Group: a → G\n"
-            "    3  Create Group: H  (undone)\n"
+            "    3  Create Group: H (0)  (undone)\n"
             "The steps take less than 1 % of 256M bytes.");
 
   session.editor.history().markClean();
   EXPECT_EQ(run(session, {"undo 2", "history"}), "→   0  Start\n"
-                                                 "    1  Create Group: G  (undone)\n"
+                                                 "    1  Create Group: G (0)  (undone)\n"
                                                  "    2  Add to Group: a → G  (undone)  (clean)\n"
-                                                 "    3  Create Group: H  (undone)\n"
+                                                 "    3  Create Group: H (0)  (undone)\n"
                                                  "The steps take less than 1 % of 256M bytes.");
+}
+
+TEST(History, ListsAFewStepsIfAsked)
+{
+  auto session = sessionOf({"a"});
+  run(session, {"create A", "create B", "create C", "create D", "create E", "create F", "undo 3"});
+
+  EXPECT_EQ(run(session, {"history 2"}), "       … 1 earlier step not shown\n"
+                                         "    2  Create Group: B (0)\n"
+                                         "→   3  Create Group: C (0)\n"
+                                         "    4  Create Group: D (0)  (undone)\n"
+                                         "    5  Create Group: E (0)  (undone)\n"
+                                         "       … 1 later step not shown\n"
+                                         "The steps take less than 1 % of 256M bytes.");
+  EXPECT_EQ(run(session, {"history 99999999999999999999"}), run(session, {"history"}));
+  EXPECT_EQ(mistake(session, "history 0"),
+            "the number of steps is 0; expected a whole number from 1 up");
+}
+
+TEST(History, WritesJson)
+{
+  auto session = sessionOf({"a"});
+  run(session, {"create G", "create \"\\\"\"", "undo"});
+
+  EXPECT_EQ(run(session, {"history --json"}),
+            R"({"position":1,"clean":0,"forgotten":0,"steps":[)"
+            R"~({"number":1,"description":"Create Group: G (0)","undone":false},)~"
+            R"~({"number":2,"description":"Create Group: \"\\\"\" (0)","undone":true}]})~");
 }
 
 TEST(History, SaysWhatItHasForgotten)
@@ -138,7 +177,7 @@ TEST(History, NamesWhatEachStepWasDoneTo)
                 "delete 4 5 6 7"});
 
   EXPECT_THAT(run(session, {"history"}),
-              AllOf(HasSubstr(" 2  Create Group: Group\n"), HasSubstr("Add to Group: a → G\n"),
+              AllOf(HasSubstr(" 2  Create Group: Group (2)\n"), HasSubstr("Add to Group: a → G\n"),
                     HasSubstr("Add to Group: 2 elements → G\n"),
                     HasSubstr("Move Elements: 2 elements → after \"c d\"\n"),
                     HasSubstr("Remove Point Collection(s) From Group: b\n"),
@@ -171,13 +210,13 @@ TEST(History, FollowsAChangeOfLanguage)
   const EveryTextTranslated translated;
 
   EXPECT_THAT(run(session, {"history"}),
-              AllOf(HasSubstr("CreateTKGroupCmd/Create Group: G\n"),
+              AllOf(HasSubstr("CreateTKGroupCmd/Create Group: G (2)\n"),
                     HasSubstr("AddToTKGroupCmd/Add to Group: b → G\n"),
                     HasSubstr("MoveTKGroupElementsCmd/Move Elements: a → before b\n"),
                     HasSubstr("RenameTKGroupCmd/Rename Group: G → I\n"),
                     HasSubstr("MoveTKGroupsCmd/Move Groups: H → before I\n"),
                     HasSubstr("RemoveFromTKGroupCmd/Remove Point Collection(s) From Group: a\n"),
-                    HasSubstr("RemoveTKGroupsCmd/Remove Group: H\n")));
+                    HasSubstr("RemoveTKGroupsCmd/Remove Group: H (0)\n")));
 }
 
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "PointCollections/Console/Text/Words.h"
+#include "PointCollections/Text/Words.h"
 
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
@@ -15,6 +15,7 @@ namespace Tarvik::PointCollections {
 namespace {
 
 constexpr auto blanks = " \t";
+constexpr auto specialCharacters = "*?:@";
 constexpr auto npos = std::string_view::npos;
 
 bool isBlank(char c)
@@ -47,7 +48,28 @@ public:
   /// The position of the quote that the last word left open.
   std::optional<std::size_t> openQuote() const { return m_openQuote; }
 
-  Word readWord() { return m_line[m_at] == '"' ? readQuoted() : readPlain(); }
+  /// Reads a word: its plain and quoted parts, one after the other.
+  Word readWord()
+  {
+    Word word;
+    std::optional<std::size_t> misplacedQuote;
+    std::optional<std::size_t> missingBlank;
+    for (std::size_t parts = 0; !isAtEnd() && !isBlank(m_line[m_at]); ++parts) {
+      const bool isQuoted = m_line[m_at] == '"';
+      if (parts == 1)
+        (word.isQuoted ? missingBlank : misplacedQuote) = m_at;
+      const std::size_t start = word.text.size();
+      word.text += isQuoted ? readQuotedPart() : readPlainPart();
+      if (isQuoted)
+        word.quotedParts.push_back({start, word.text.size()});
+      word.isQuoted = isQuoted && parts == 0;
+    }
+    if (word.isQuoted)
+      word.quotedParts.clear();
+    else if (word.isMixed() && word.findPlain(specialCharacters) == npos)
+      refuseMixture(misplacedQuote, missingBlank);
+    return word;
+  }
 
   [[noreturn]] void fail(std::size_t at, const std::string& message) const
   {
@@ -72,18 +94,24 @@ private:
                  : fmt::format("a control character; in a name, write {} in double quotes", shown));
   }
 
-  Word readPlain()
+  [[noreturn]] void refuseMixture(std::optional<std::size_t> misplacedQuote,
+                                  std::optional<std::size_t> missingBlank) const
   {
-    const std::size_t end = std::min(m_line.find_first_of(" \t\"", m_at), m_line.size());
-    if (end < m_line.size() && m_line[end] == '"')
-      fail(end, "a quote inside a word; put the whole name in quotes, and a \\ before a "
-                "quote that belongs to it");
-    const auto text = m_line.substr(m_at, end - m_at);
-    m_at = end;
-    return {std::string(text), false};
+    if (misplacedQuote)
+      fail(*misplacedQuote,
+           "a quote inside a word; put the whole name in quotes, and a \\ before a "
+           "quote that belongs to it");
+    fail(missingBlank.value_or(m_at), "a blank is missing after the closing quote");
   }
 
-  Word readQuoted()
+  std::string readPlainPart()
+  {
+    const std::size_t start = m_at;
+    m_at = std::min(m_line.find_first_of(" \t\"", m_at), m_line.size());
+    return std::string(m_line.substr(start, m_at - start));
+  }
+
+  std::string readQuotedPart()
   {
     const std::size_t opening = m_at++;
     std::string text;
@@ -91,14 +119,12 @@ private:
       text += m_line[m_at] == '\\' ? readEscape(opening) : m_line[m_at++];
     if (m_openQuote || isAtEnd()) {
       m_openQuote = opening;
-      return {text, true};
+      return text;
     }
     ++m_at;
-    if (!isAtEnd() && !isBlank(m_line[m_at]))
-      fail(m_at, "a blank is missing after the closing quote");
     if (Utf8::findInvalid(text) != npos || text.find('\0') != npos)
       fail(opening, "the escapes in this name do not make valid UTF-8 without NUL");
-    return {text, true};
+    return text;
   }
 
   char readEscape(std::size_t opening)
@@ -134,6 +160,52 @@ private:
   std::optional<std::size_t> m_openQuote;
 };
 
+}
+
+bool Word::isPlainAt(std::size_t index) const
+{
+  const auto next =
+      std::upper_bound(quotedParts.begin(), quotedParts.end(), index,
+                       [](std::size_t at, const TextRange& quoted) { return at < quoted.end; });
+  return !isQuoted && (next == quotedParts.end() || index < next->begin);
+}
+
+std::size_t Word::findPlain(std::string_view characters, std::size_t from) const
+{
+  auto found = text.find_first_of(characters, from);
+  while (found != npos && !isPlainAt(found))
+    found = text.find_first_of(characters, found + 1);
+  return found;
+}
+
+Word Word::part(std::size_t begin, std::size_t end) const
+{
+  Word result = {text.substr(begin, end - begin), isQuoted};
+  for (const auto& quoted : quotedParts) {
+    const auto first = std::max(quoted.begin, begin);
+    const auto last = std::min(quoted.end, end);
+    if (first < last)
+      result.quotedParts.push_back({first - begin, last - begin});
+  }
+  const bool isWhole = result.quotedParts == std::vector<TextRange>{{0, result.text.size()}};
+  if (isWhole && !result.text.empty())
+    result = {std::move(result.text), true};
+  return result;
+}
+
+std::string asTyped(const Word& word)
+{
+  if (word.isQuoted)
+    return inQuotes(word.text);
+  const std::string_view text = word.text;
+  std::string result;
+  std::size_t at = 0;
+  for (const auto& quoted : word.quotedParts) {
+    result += text.substr(at, quoted.begin - at);
+    result += inQuotes(text.substr(quoted.begin, quoted.end - quoted.begin));
+    at = quoted.end;
+  }
+  return result.append(text.substr(at));
 }
 
 std::vector<Word> splitWords(std::string_view line)

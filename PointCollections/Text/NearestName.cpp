@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "PointCollections/Console/Text/NearestName.h"
+#include "PointCollections/Text/NearestName.h"
 
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/Utf8.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "PointCollections/Console/Text/Words.h"
+#include "PointCollections/Text/Words.h"
 
-#include "PointCollections/Console/Support/Sessions.h"
+#include "PointCollections/Support/Documents.h"
 
 #include <gmock/gmock.h>
 
@@ -53,6 +53,27 @@ TEST(Words, RefuseQuotesInTheMiddle)
             "quote that belongs to it");
   EXPECT_EQ(mistakeInLine("\"New\"York"), "column 6: a blank is missing after the closing quote");
   EXPECT_EQ(mistakeInLine("\"a\"\"b\""), "column 4: a blank is missing after the closing quote");
+}
+
+TEST(Words, MayBeMixedWhenTheyHaveASpecialCharacterOutsideQuotes)
+{
+  EXPECT_THAT(splitWords(R"("North Sea":* @"my file" "New "* a"*":1)"),
+              ElementsAre(Word{"North Sea:*", false, {{0, 9}}}, Word{"@my file", false, {{1, 8}}},
+                          Word{"New *", false, {{0, 4}}}, Word{"a*:1", false, {{1, 2}}}));
+  EXPECT_EQ(mistakeInLine(R"(a"*")"), "column 2: a quote inside a word; put the whole name in "
+                                      "quotes, and a \\ before a quote that belongs to it");
+}
+
+TEST(Words, KnowWhichOfTheirCharactersAreSpecial)
+{
+  const auto word = splitWords(R"("a:":*"*")").front();
+
+  EXPECT_EQ(word.findPlain(":"), 2U);
+  EXPECT_EQ(word.findPlain("*"), 3U);
+  EXPECT_EQ(word.findPlain("*", 4), std::string::npos);
+  EXPECT_EQ(word.part(0, 2), (Word{"a:", true}));
+  EXPECT_EQ(word.part(3, 5), (Word{"**", false, {{1, 2}}}));
+  EXPECT_EQ(asTyped(word), R"("a:":*"*")");
 }
 
 TEST(Words, RefuseUnknownEscapes)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "PointCollections/Console/Text/NearestName.h"
+#include "PointCollections/Text/NearestName.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "PointCollections/Console/Session/Lookup.h"
+#include "PointCollections/Selection/Lookup.h"
 
-#include "PointCollections/Console/Text/NearestName.h"
+#include "PointCollections/Text/NearestName.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
 
@@ -13,7 +13,6 @@
 #include <string_view>
 #include <system_error>
 #include <unordered_map>
-#include <unordered_set>
 
 namespace Tarvik::PointCollections {
 namespace {
@@ -90,21 +89,6 @@ private:
   std::unordered_map<std::string_view, std::vector<std::size_t>> m_indices; ///< by name
 };
 
-using WordIterator = std::span<const Word>::iterator;
-
-/// Reports a name with blanks that was typed without quotes.
-void checkForMissingQuotes(const PointDocument& document, WordIterator word, WordIterator end)
-{
-  constexpr std::ptrdiff_t mostParts = 8;
-  std::string name = word->text;
-  const auto last = word + std::min(mostParts, end - word);
-  for (++word; word != last; ++word) {
-    name += ' ' + word->text;
-    if (document.findByName(name) != nullptr)
-      throw UserError(fmt::format("a name with blanks needs quotes; write {}", asTyped(name)));
-  }
-}
-
 }
 
 std::vector<std::string> groupNames(PointDocument& document)
@@ -180,22 +164,6 @@ GUIdentifier elementNamed(const PointDocument& document, const Word& word)
         fmt::format("there is no element named {}{}", displayName(word.text),
                     suggestion(word.text, elementNames(document), "show --all lists them")));
   return found->id;
-}
-
-std::vector<GUIdentifier> elementsNamed(const PointDocument& document, std::span<const Word> words)
-{
-  std::vector<GUIdentifier> elements;
-  elements.reserve(words.size());
-  std::unordered_set<GUIdentifier> seen(words.size());
-  for (auto word = words.begin(); word != words.end(); ++word) {
-    if (document.findByName(word->text) == nullptr)
-      checkForMissingQuotes(document, word, words.end());
-    elements.push_back(elementNamed(document, *word));
-    if (!seen.insert(elements.back()).second)
-      throw UserError(
-          fmt::format("{} is given twice; name each element once", displayName(word->text)));
-  }
-  return elements;
 }
 
 std::size_t positiveNumber(const Word& word, const std::string& what)

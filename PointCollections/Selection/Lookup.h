@@ -3,8 +3,8 @@
 
 #include "Identifier/GUIdentifier.h"
 #include "Identifier/Identifier.h"
-#include "PointCollections/Console/Text/Words.h"
 #include "PointCollections/Document/PointDocument.h"
+#include "PointCollections/Text/Words.h"
 
 #include <cstddef>
 #include <span>
@@ -13,8 +13,9 @@
 
 /// From the words that the user types to the groups and elements that they name.
 ///
-/// Names must match exactly. A group can also be given by its place in the list: `@2` is the second
-/// one. That tells groups with the same name apart.
+/// Names must match exactly; the class Selection also finds elements by less than their names. A
+/// group can also be given by its place in the list: `@2` is the second one. That tells groups with
+/// the same name apart.
 namespace Tarvik::PointCollections {
 
 /// The names of the groups, or of the elements, in the document's order.
@@ -43,10 +44,6 @@ std::vector<Identifier> idsOf(const std::vector<const TKGroup<GUIdentifier>*>& g
 /// The element with that name.
 /// @throws UserError if there is none
 GUIdentifier elementNamed(const PointDocument& document, const Word& word);
-
-/// The elements with those names, in that order.
-/// @throws UserError if there is none with a name, or a name is given twice
-std::vector<GUIdentifier> elementsNamed(const PointDocument& document, std::span<const Word> words);
 
 /// The whole number that the word gives, at least 1. A number that is too large for the result
 /// gives the largest value.

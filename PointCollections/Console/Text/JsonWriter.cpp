@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Console/Text/JsonWriter.h"
+
+#include "PointCollections/Text/Utf8.h"
+
+#include <fmt/format.h>
+
+#include <iterator>
+
+namespace Tarvik::PointCollections {
+
+JsonWriter& JsonWriter::beginObject()
+{
+  literal("{");
+  m_isFirst = true;
+  return *this;
+}
+
+JsonWriter& JsonWriter::endObject()
+{
+  m_text += '}';
+  m_isFirst = false;
+  return *this;
+}
+
+JsonWriter& JsonWriter::beginArray()
+{
+  literal("[");
+  m_isFirst = true;
+  return *this;
+}
+
+JsonWriter& JsonWriter::endArray()
+{
+  m_text += ']';
+  m_isFirst = false;
+  return *this;
+}
+
+JsonWriter& JsonWriter::key(std::string_view name)
+{
+  value(name);
+  m_text += ':';
+  m_isFirst = true;
+  return *this;
+}
+
+JsonWriter& JsonWriter::value(std::string_view text)
+{
+  separate();
+  appendQuoted(text);
+  return *this;
+}
+
+JsonWriter& JsonWriter::value(std::size_t number)
+{
+  return literal(fmt::format_int(number).c_str());
+}
+
+JsonWriter& JsonWriter::value(double number)
+{
+  return literal(fmt::format("{}", number)); // the shortest text that is read back as this number
+}
+
+JsonWriter& JsonWriter::literal(std::string_view text)
+{
+  separate();
+  m_text += text;
+  return *this;
+}
+
+void JsonWriter::separate()
+{
+  if (!m_isFirst)
+    m_text += ',';
+  m_isFirst = false;
+}
+
+void JsonWriter::appendQuoted(std::string_view text)
+{
+  m_text += '"';
+  while (!text.empty()) {
+    const std::size_t length = Utf8::characterLength(text);
+    const char first = text[0];
+    if (length == 0)
+      m_text += "\xEF\xBF\xBD";
+    else if (first == '"' || first == '\\')
+      (m_text += '\\') += first;
+    else if (length == 1 && (static_cast<unsigned char>(first) < 0x20 || first == 0x7F))
+      fmt::format_to(std::back_inserter(m_text), "\\u{:04x}", static_cast<unsigned>(first));
+    else
+      m_text += text.substr(0, length);
+    text.remove_prefix(length == 0 ? 1 : length);
+  }
+  m_text += '"';
+}
+
+}

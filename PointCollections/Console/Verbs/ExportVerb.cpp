@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Console/Verbs/EachVerb.h"
+#include "PointCollections/Input/PointFileWriter.h"
+#include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/UserError.h"
+#include "PointCollections/Text/Utf8.h"
+
+#include <fmt/format.h>
+
+#include <span>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+std::filesystem::path fileToWrite(const Word& word)
+{
+  auto file = Utf8::toPath(word.text);
+  if (file.extension() != ".csv")
+    throw UserError(fmt::format("{} is not the name of a file of points; expected one that ends in "
+                                ".csv",
+                                displayName(word.text)));
+  return file;
+}
+
+std::string exportPoints(Session& session, const Arguments& arguments)
+{
+  auto& files = session.editor.files();
+  auto& document = *session.editor.document();
+  const auto file = fileToWrite(arguments.at(0));
+  const auto name = displayName(Utf8::fromPath(file));
+  if (!arguments.has("--overwrite") && files.exists(file))
+    throw UserError(fmt::format("{} exists already; add --overwrite to replace it", name));
+  const auto text = pointFileOf(document);
+  files.write(file, std::as_bytes(std::span(text)));
+  return fmt::format("Exported {} in {} to {}.", pluralize(document.order().size(), "element"),
+                     pluralize(document.getGroups().size(), "group"), name);
+}
+
+}
+
+Verb exportVerb()
+{
+  return {.name = "export",
+          .usage = "export FILE [--overwrite]",
+          .summary = "write points and groups to a text file for other programs",
+          .details = "The name of FILE ends in .csv. It has the columns collection, x, y, z, group "
+                     "and place; open reads it\nback with the groups. The document still has to be "
+                     "saved. A file that exists is only replaced\nwith --overwrite.",
+          .example = "export continents.csv",
+          .parameters = {{"FILE", ArgumentKind::File}},
+          .options = {{"--overwrite", std::nullopt}},
+          .run = exportPoints};
+}
+
+}

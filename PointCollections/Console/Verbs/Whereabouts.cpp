@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Console/Verbs/Whereabouts.h"
+
+#include "PointCollections/Console/Text/Tree.h"
+#include "PointCollections/Text/Quoting.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+constexpr std::size_t unlimited = std::numeric_limits<std::size_t>::max();
+constexpr std::size_t pointsOfEach = 3; ///< when there are several elements
+
+/// An element, its groups and at most so many of its points, each on a line.
+Tree treeOf(const Session& session,
+            const PointCollection& collection,
+            const Whereabouts& whereabouts,
+            std::size_t mostPoints)
+{
+  Tree tree = {session.style.strong(printable(collection.name))};
+  for (auto& place : whereabouts.of(collection))
+    tree.branches.push_back({std::move(place)});
+  const auto shown = std::min(mostPoints, collection.points.size());
+  for (std::size_t i = 0; i < shown; ++i) {
+    const auto& [x, y, z] = collection.points[i];
+    tree.branches.push_back({fmt::format("({}, {}, {})", x, y, z)});
+  }
+  if (shown < collection.points.size())
+    tree.branches.push_back({session.style.faint(
+        fmt::format("… and {}", pluralize(collection.points.size() - shown, "more point")))});
+  return tree;
+}
+
+void writePoints(JsonWriter& json, const std::vector<Point>& points)
+{
+  json.key("points").beginArray();
+  for (const auto& [x, y, z] : points)
+    json.beginArray().value(x).value(y).value(z).endArray();
+  json.endArray();
+}
+
+}
+
+Whereabouts::Whereabouts(PointDocument& document) : m_document(document), m_memberships(document)
+{
+  const auto& groups = document.getGroups();
+  for (std::size_t i = 0; i < groups.size(); ++i)
+    m_groups.push_back(fmt::format("of {} in {} (@{})", groups[i].getGroupMembers().size(),
+                                   displayName(groups[i].getName()), i + 1));
+}
+
+std::vector<std::string> Whereabouts::of(const PointCollection& collection) const
+{
+  std::vector<std::string> places;
+  for (const auto& [group, place] : m_memberships.of(collection))
+    places.push_back(fmt::format("place {} {}", place + 1, m_groups[group]));
+  if (places.empty())
+    places.emplace_back("ungrouped");
+  return places;
+}
+
+void Whereabouts::write(JsonWriter& json, const PointCollection& collection) const
+{
+  json.beginArray();
+  for (const auto& [group, place] : m_memberships.of(collection)) {
+    json.beginObject();
+    json.key("place").value(group + 1);
+    json.key("name").value(m_document.getGroups()[group].getName());
+    json.key("member").value(place + 1);
+    json.endObject();
+  }
+  json.endArray();
+}
+
+std::string describeElements(const Session& session, const std::vector<GUIdentifier>& elements)
+{
+  auto& document = *session.editor.document();
+  const Whereabouts whereabouts(document);
+  const bool isOne = elements.size() == 1;
+  Tree tree = {pluralize(elements.size(), "element")};
+  for (const auto& element : elements) {
+    if (const auto* collection = document.find(element))
+      tree.branches.push_back(
+          treeOf(session, *collection, whereabouts, isOne ? unlimited : pointsOfEach));
+  }
+  auto drawing = drawTree(isOne && !tree.branches.empty() ? tree.branches.front() : tree);
+  drawing.pop_back(); // the last line end
+  return drawing;
+}
+
+void writeElements(JsonWriter& json,
+                   const Session& session,
+                   const std::vector<GUIdentifier>& elements)
+{
+  auto& document = *session.editor.document();
+  const Whereabouts whereabouts(document);
+  json.beginArray();
+  for (const auto& element : elements) {
+    const auto* collection = document.find(element);
+    if (collection == nullptr)
+      continue;
+    json.beginObject();
+    json.key("name").value(collection->name);
+    whereabouts.write(json.key("groups"), *collection);
+    writePoints(json, collection->points);
+    json.endObject();
+  }
+  json.endArray();
+}
+
+void writeName(JsonWriter& json, const PointDocument& document, const GUIdentifier& element)
+{
+  if (const auto* collection = document.find(element))
+    json.value(collection->name);
+  else
+    json.null();
+}
+
+}

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+#include "PointCollections/Selection/SelectionTerm.h"
+
+#include "PointCollections/Selection/Lookup.h"
+#include "PointCollections/Selection/Pattern.h"
+#include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/UserError.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace Tarvik::PointCollections {
+namespace {
+
+using Kind = SelectionTerm::Kind;
+
+constexpr auto npos = std::string_view::npos;
+
+/// Limits the time that a comparison can take.
+constexpr std::size_t longestPattern = 1000;
+
+std::string shown(const Word& word)
+{
+  return printable(abbreviated(asTyped(word), 60));
+}
+
+bool isNumber(std::string_view text)
+{
+  return !text.empty() && text.find_first_not_of("0123456789") == npos;
+}
+
+bool arePlaces(const Word& word)
+{
+  const std::string_view text = word.text;
+  const auto dash = std::min(text.find('-'), text.size());
+  const auto last = text.substr(std::min(dash + 1, text.size()));
+  return !word.isQuoted && !word.isMixed() && isNumber(text.substr(0, dash)) &&
+         (last.empty() || isNumber(last));
+}
+
+/// Whether the word starts with a group that is given by its place: `@2:`.
+bool startsWithPlace(const Word& word)
+{
+  const auto colon = word.findPlain(":");
+  return colon != npos && isNumber(std::string_view(word.text).substr(1, colon - 1));
+}
+
+SelectionTerm placesIn(SelectionTerm term)
+{
+  const Word range = term.what;
+  const auto dash = range.text.find('-');
+  term.kind = Kind::Places;
+  term.first = positiveNumber(range.part(0, std::min(dash, range.text.size())), "the first place");
+  if (dash == npos)
+    term.last = term.first;
+  else if (dash + 1 < range.text.size())
+    term.last = positiveNumber(range.part(dash + 1, range.text.size()), "the last place");
+  if (term.last < term.first)
+    throw UserError(fmt::format("the places {} are backwards; write {}-{}", shown(range), term.last,
+                                term.first));
+  return term;
+}
+
+SelectionTerm fileTerm(const Word& word)
+{
+  auto file = word.part(1, word.text.size());
+  if (file.text.empty())
+    throw UserError("the name of a file is missing after @; write @names.txt");
+  if (isNumber(file.text) && !file.isQuoted)
+    throw UserError(fmt::format("{0} is the place of a group; write {0}:* for its members, or "
+                                "@./{1} for a file",
+                                shown(word), file.text));
+  return {.kind = Kind::File, .group = {}, .what = std::move(file)};
+}
+
+Kind kindOfName(const Word& word)
+{
+  if (!Pattern::isPattern(word))
+    return Kind::Name;
+  if (word.text.size() > longestPattern)
+    throw UserError(fmt::format("a pattern of more than {} bytes; expected a shorter one, or @FILE "
+                                "for a file of names",
+                                longestPattern));
+  return Kind::Pattern;
+}
+
+}
+
+SelectionTerm termOf(const Word& word)
+{
+  if (word.findPlain("@") == 0 && !startsWithPlace(word))
+    return fileTerm(word);
+  const auto colon = word.findPlain(":");
+  if (colon == npos)
+    return {.kind = kindOfName(word), .group = {}, .what = word};
+
+  SelectionTerm term;
+  term.group = word.part(0, colon);
+  term.what = word.part(colon + 1, word.text.size());
+  if (term.what.text.empty())
+    throw UserError(fmt::format("{0} lacks what is after the colon; write {0}* for all members, "
+                                "or {0}1-3 for the first three",
+                                shown(word)));
+  if (arePlaces(term.what))
+    return placesIn(std::move(term));
+  term.kind = kindOfName(term.what);
+  return term;
+}
+
+}

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "PointCollections/Text/Words.h"
+
+#include <cstddef>
+#include <limits>
+#include <optional>
+
+/// One word of a selection, taken apart.
+///
+///     term   = name / pattern / [group] `:` which / `@` file
+///     group  = name / pattern / `@` place           of groups; without it, the ungrouped elements
+///     which  = name / pattern / place [`-` [place]]
+///     place  = a whole number from 1 up
+///
+/// A pattern has `*` or `?`; see the class Pattern. In quotes, no character is special: a whole
+/// word in quotes is the name of an element. `North*`, `"North Sea":2-5`, `@"my cities.txt"`.
+namespace Tarvik::PointCollections {
+
+/// Which elements a word selects.
+struct SelectionTerm {
+  enum class Kind {
+    Name,
+    Pattern,
+    Places, ///< from `first` to `last` in a group, or in the ungrouped elements
+    File    ///< all names in a text file
+  };
+
+  static constexpr auto toTheEnd = std::numeric_limits<std::size_t>::max();
+
+  Kind kind = Kind::Name;
+  std::optional<Word> group; ///< whose members; an empty word for the ungrouped elements
+  Word what;                 ///< the name, the pattern or the file
+  std::size_t first = 1;     ///< a place, counted from 1
+  std::size_t last = toTheEnd;
+};
+
+/// @throws UserError if the word has special characters but breaks the grammar above
+SelectionTerm termOf(const Word& word);
+
+}
