@@ -3,7 +3,7 @@
 
 #include "PointCollections/Desktop/Window/FileNames.h"
 #include "PointCollections/Desktop/Window/Progress.h"
-#include "PointCollections/Export/GroupsTable.h"
+#include "PointCollections/Input/PointFileWriter.h"
 
 #include <QtCore/QBuffer>
 #include <QtCore/QByteArray>
@@ -124,7 +124,7 @@ void FileCommands::exportGroups()
   if (!file)
     return;
   attempt(tr("The groups cannot be exported."), [&] {
-    const auto table = groupsAsCsv(*m_workspace.editor().document());
+    const auto table = pointFileOf(*m_workspace.editor().document());
     return write(*file, std::as_bytes(std::span(table)));
   });
 }
