@@ -5,6 +5,7 @@
 #include "GroupHosting/Providers/TKGroupProvider.h"
 #include "HighLevelServices/GroupCommands/AddToTKGroupCmd.h"
 #include "HighLevelServices/GroupCommands/SortTKGroupsAlphabeticallyCmd.h"
+#include "QtModels/Models/GroupFilterModel.h"
 #include "QtModels/Models/GroupItemModel.h"
 
 #include <QtWidgets/QApplication>
@@ -128,6 +129,31 @@ void BM_Open(benchmark::State& state)
   }
 }
 
+enum class Letter { First, Second };
+
+/// A letter is typed into a filter, below a tree view.
+void BM_Type(benchmark::State& state, Letter letter)
+{
+  const auto provider = std::make_shared<Provider>(static_cast<std::size_t>(state.range(0)),
+                                                   static_cast<std::size_t>(state.range(1)));
+  GroupItemModel<Identifier> model(provider);
+  GroupFilterModel filter;
+  filter.setSourceModel(&model);
+  QTreeView view;
+  view.setUniformRowHeights(true);
+  view.setModel(&filter);
+  view.show();
+  const QString before = letter == Letter::First ? "" : "1";
+  for (auto _ : state) {
+    state.PauseTiming();
+    filter.setFilterText(before);
+    QApplication::processEvents();
+    state.ResumeTiming();
+    filter.setFilterText(before + "1");
+    QApplication::processEvents();
+  }
+}
+
 BENCHMARK_CAPTURE(BM_AddOne, Command, With::Nothing)->Args({1000, 1000});
 BENCHMARK_CAPTURE(BM_AddOne, Model, With::Model)->Args({1000, 1000});
 BENCHMARK_CAPTURE(BM_AddOne, View, With::View)->Args({1000, 1000});
@@ -135,6 +161,8 @@ BENCHMARK_CAPTURE(BM_Sort, Command, With::Nothing)->Args({1000, 1000});
 BENCHMARK_CAPTURE(BM_Sort, Model, With::Model)->Args({1000, 1000});
 BENCHMARK_CAPTURE(BM_Sort, View, With::View)->Args({1000, 1000});
 BENCHMARK(BM_Open)->Args({1000, 1000});
+BENCHMARK_CAPTURE(BM_Type, First, Letter::First)->Args({100, 1000});
+BENCHMARK_CAPTURE(BM_Type, Second, Letter::Second)->Args({100, 1000});
 
 }
 }

@@ -295,12 +295,12 @@ bool GroupFilterModel::readNamesAgain(const QModelIndex& first, const QModelInde
 /// @param narrows  whether only rows that matched before can match
 void GroupFilterModel::filter(bool narrows)
 {
-  match(m_top, narrows);
+  findMatches(m_top, narrows);
   m_top.shown.clear();
   auto next = m_top.matching.begin();
   for (int row = 0; row < static_cast<int>(m_groups.size()); ++row) {
     auto& group = *m_groups[static_cast<std::size_t>(row)];
-    match(group, narrows);
+    findMatches(group, narrows);
     const bool matchesItself = next != m_top.matching.end() && *next == row;
     if (matchesItself) {
       ++next;
@@ -315,7 +315,7 @@ void GroupFilterModel::filter(bool narrows)
   m_top.shown.insert(m_top.shown.end(), next, m_top.matching.end());
 }
 
-void GroupFilterModel::match(Rows& rows, bool narrows) const
+void GroupFilterModel::findMatches(Rows& rows, bool narrows) const
 {
   const auto contains = [&](int row) {
     return rows.names[static_cast<std::size_t>(row)].contains(m_pattern);

@@ -89,12 +89,12 @@ private:
   void readAll();
   TakenRows readRange(const QModelIndex& sourceParent, int first, int last) const;
   TakenRows takeRange(const QModelIndex& sourceParent, int first, int last);
-  void putRange(const QModelIndex& sourceParent, int row, TakenRows taken);
+  void putRange(const QModelIndex& sourceParent, int row, TakenRows rows);
   void readAgain(const Parents& sourceParents);
   bool readNamesAgain(const QModelIndex& first, const QModelIndex& last);
 
   void filter(bool narrows);
-  void match(Rows& rows, bool narrows) const;
+  void findMatches(Rows& rows, bool narrows) const;
 
   void beginLayout(const Parents& sourceParents = {}, Hint hint = NoLayoutChangeHint);
   void endLayout(const Parents& sourceParents = {}, Hint hint = NoLayoutChangeHint);

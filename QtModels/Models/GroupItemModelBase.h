@@ -25,8 +25,7 @@ class GroupEditorBase;
 /// of a group are the rows below it.
 class TKM_QTMODELS_API GroupItemModelBase : public QAbstractItemModel {
   Q_OBJECT
-  Q_PROPERTY(
-      bool countColumnVisible READ isCountColumnVisible WRITE setCountColumnVisible DESIGNABLE true)
+  Q_PROPERTY(bool countColumnVisible READ isCountColumnVisible WRITE setCountColumnVisible)
 
 public:
   /// The columns of all rows.

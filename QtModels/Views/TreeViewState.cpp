@@ -6,7 +6,6 @@
 #include <QtCore/QAbstractItemModel>
 #include <QtCore/QItemSelection>
 #include <QtCore/QItemSelectionModel>
-#include <QtCore/QMetaObject>
 #include <QtCore/QScopedValueRollback>
 #include <QtWidgets/QScrollBar>
 
@@ -38,6 +37,8 @@ public:
 
 TreeViewState::TreeViewState(QTreeView* view) : QObject(view), m_view(view)
 {
+  connect(this, &TreeViewState::stateLost, this, &TreeViewState::restoreQuietly,
+          Qt::QueuedConnection);
   connectModel();
   connectView();
   const auto* model = m_view->model();
@@ -143,9 +144,8 @@ void TreeViewState::rememberBeforeReset()
 
 void TreeViewState::restoreLater()
 {
-  if (std::exchange(m_isWaiting, true))
-    return;
-  QMetaObject::invokeMethod(this, &TreeViewState::restoreQuietly, Qt::QueuedConnection);
+  if (!std::exchange(m_isWaiting, true))
+    Q_EMIT stateLost(QPrivateSignal());
 }
 
 /// Exceptions must not reach the event loop. The view is then as Qt leaves it.

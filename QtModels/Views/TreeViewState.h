@@ -46,6 +46,10 @@ public:
   /// Gives the view its state back now, instead of waiting for the event loop.
   void restore();
 
+Q_SIGNALS:
+  /// The model has changed, so the state is going to be restored.
+  void stateLost(QPrivateSignal);
+
 private:
   /// What a row shows, by ids: a group, an element, or an element in a group.
   struct RowName {

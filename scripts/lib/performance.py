@@ -144,6 +144,20 @@ def platform_table(results):
         yield [name, "%.2f ns" % time if time < 1e3 else "%s µs" % micro(time)]
 
 
+def models_table(results):
+    yield ["what changes", "what follows", "µs", "of the command"]
+    for what, name in (("one element goes to another group", "BM_AddOne"),
+                       ("all groups and members are sorted", "BM_Sort")):
+        command = name + "/Command/1000/1000"
+        for who, way in (("nobody", "Command"), ("a model", "Model"), ("a model with a tree view", "View")):
+            followed = "%s/%s/1000/1000" % (name, way)
+            yield [what, who, micro(results.time(followed), 0), times_as_long(results.ratio(followed, command))]
+    for what, name in (("a model and a tree view are made and shown", "BM_Open/1000/1000"),
+                       ("the first letter is typed into a filter of 100 × 1000", "BM_Type/First/100/1000"),
+                       ("the second letter is typed", "BM_Type/Second/100/1000")):
+        yield [what, "", micro(results.time(name), 0), ""]
+
+
 def when(results):
     return "Measured on %s, on a machine with %d cores: medians of %d rounds." % (
         results.context["date"][:10], results.context["num_cpus"], results.number_of_rounds())
@@ -206,6 +220,9 @@ def main(folder, option=""):
         "answers": answers_table(console),
         "creating": creating_table(console),
     }
+    models = Path(folder) / "QtModelsBenchmarks.json"
+    if models.exists():  # only with Qt
+        tables["models"] = models_table(Results(models))
     parts = {name: markdown(list(rows)) for name, rows in tables.items()} | {"when": when(commands)}
     if option != "--renew":
         print("\n\n".join(parts.values()))

@@ -113,8 +113,8 @@ class Pages(unittest.TestCase):
         text = "".join((ROOT / "docs" / page).read_text(encoding="utf-8") for page in performance.PAGES)
 
         for name in ("when", "expected", "growth", "comparing", "qt", "undo", "memory", "steps", "history", "commands",
-                     "sorting", "creation", "selections", "persistence", "archive", "platform", "lines", "answers",
-                     "creating"):
+                     "sorting", "creation", "selections", "persistence", "archive", "models", "platform", "lines",
+                     "answers", "creating"):
             self.assertEqual(text.count("<!-- measured: %s -->\n\n" % name), 1, name)
         for name in ("performance", "growth", "growth-comparing", "growth-compared", "history-memory"):
             self.assertEqual(text.count("](images/%s.svg)" % name), 1, name)

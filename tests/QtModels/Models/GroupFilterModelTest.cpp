@@ -7,10 +7,13 @@
 #include "QtModels/Support/RandomChanges.h"
 #include "QtModels/Support/RecordedSignals.h"
 #include "QtModels/Support/ShownRows.h"
+#include "QtModels/Views/TreeViewState.h"
 #include "Support/Groups.h"
 
 #include <QtCore/QPersistentModelIndex>
 #include <QtTest/QAbstractItemModelTester>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QTreeView>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -194,6 +197,11 @@ TYPED_TEST(GroupFilterWalk, FollowsRandomChangesOfSourceAndText)
     filter.setSourceModel(&model);
     const QAbstractItemModelTester tester(&filter,
                                           QAbstractItemModelTester::FailureReportingMode::Fatal);
+    QTreeView view;
+    view.setModel(&filter);
+    new TreeViewState(&view);
+    view.expandAll();
+    view.show();
     for (int change = 0; change < 40; ++change) {
       SCOPED_TRACE("seed " + std::to_string(seed) + ", change " + std::to_string(change));
       if (changes.number(4) == 0)
@@ -201,6 +209,8 @@ TYPED_TEST(GroupFilterWalk, FollowsRandomChangesOfSourceAndText)
       changes.changeSomething();
       ASSERT_EQ(changes.provider->takeListenerFailure(), nullptr);
       ASSERT_EQ(textsOf(filter), filtered(model, filter.filterText()));
+      QApplication::processEvents();
+      view.setCurrentIndex(view.indexBelow(view.currentIndex()));
     }
   }
 }
