@@ -61,7 +61,7 @@ private:
 template <class T>
 Travellers<T>::Travellers(const GroupsChange<T>& change)
 {
-  const auto noteStep = [this](const auto& step) { note(step); };
+  const auto noteStep = [this](const auto& step) { this->note(step); };
   for (const auto& step : change.groups)
     std::visit(noteStep, step);
   for (const auto& step : change.ungrouped)
