@@ -15,8 +15,8 @@ namespace Tarvik {
 template <class T>
 struct GroupRequest {
   /// The context and the text that the command gives to the Translator as its description.
-  const char* context;
-  const char* text;
+  const char* context = "";
+  const char* text = "";
 
   /// Makes the command, on the provider that it is given.
   typename CompactTKGroupCmd<T>::MakeCommand makeCommand;
