@@ -15,10 +15,10 @@ namespace Tarvik {
 template <class T>
 struct GroupRequest {
   /// The context of the description that the command gives to the Translator.
-  const char* context;
+  const char* context = "";
 
   /// The text of that description, in English.
-  const char* text;
+  const char* text = "";
 
   /// Makes the command, on the provider that it is given.
   typename CompactTKGroupCmd<T>::MakeCommand makeCommand;

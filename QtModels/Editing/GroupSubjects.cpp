@@ -11,7 +11,7 @@ namespace {
 QString shortened(const std::string& name)
 {
   constexpr int longest = 60;
-  const auto text = QString::fromStdString(name);
+  auto text = QString::fromStdString(name);
   if (text.size() <= longest)
     return text;
   const bool splitsCharacter = text.at(longest - 2).isHighSurrogate();

@@ -88,7 +88,7 @@ bool GroupActions::eventFilter(QObject* object, QEvent* event)
   return QObject::eventFilter(object, event);
 }
 
-void GroupActions::retranslate()
+void GroupActions::retranslate() const
 {
   action(NewGroup)->setText(tr("&New Group from Selection"));
   action(MoveToGroup)->setText(tr("&Move to Group…"));

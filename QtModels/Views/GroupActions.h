@@ -59,7 +59,7 @@ private:
   enum class Direction { Up, Down };
 
   void add(Action which, void (GroupActions::*slot)());
-  void retranslate();
+  void retranslate() const;
   void update();
 
   void newGroup();
