@@ -98,7 +98,7 @@ void HistoryView::currentChanged(const QModelIndex& current, const QModelIndex& 
   history()->setIndex(current.row());
   // Later, since the view still selects the row that was clicked.
   if (history() != nullptr && history()->index() != current.row())
-    QMetaObject::invokeMethod(this, &HistoryView::showPosition, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, "showPosition", Qt::QueuedConnection);
 }
 
 }

@@ -62,9 +62,11 @@ public Q_SLOTS:
 protected:
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
+private Q_SLOTS:
+  void showPosition();
+
 private:
   void showHistory(History* history);
-  void showPosition();
 
   HistoryModel* m_model; ///< a child
   QPointer<HistoryGroup> m_group;
