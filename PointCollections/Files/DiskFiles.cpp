@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Files/DiskLock.h"
 #include "PointCollections/Files/Files.h"
+#include "PointCollections/Files/FolderNames.h"
 #include "PointCollections/Files/SafeFileWriter.h"
 #include "PointCollections/Files/SideFiles.h"
 #include "PointCollections/Input/TextInput.h"
@@ -166,12 +167,9 @@ public:
   std::vector<std::string> namesIn(const fs::path& folder) override
   {
     std::vector<std::string> names;
-    std::error_code error;
-    for (fs::directory_iterator entry(folder.empty() ? "." : folder, error), end;
-         !error && entry != end; entry.increment(error)) {
+    for (const auto& each : namesInFolder(folder)) {
       std::error_code ignored;
-      names.push_back(Utf8::fromPath(entry->path().filename()) +
-                      (entry->is_directory(ignored) ? "/" : ""));
+      names.push_back(Utf8::fromPath(each) + (fs::is_directory(folder / each, ignored) ? "/" : ""));
     }
     return names;
   }

@@ -27,10 +27,12 @@ public:
   ~DiskLock() override;
 
 private:
-  DiskLock(std::filesystem::path file, std::intptr_t handle);
+  static constexpr std::intptr_t none = -1;
+
+  explicit DiskLock(std::filesystem::path file);
 
   std::filesystem::path m_file;
-  std::intptr_t m_handle;
+  std::intptr_t m_handle = none; ///< none: the lock is not held
 };
 
 /// Who holds the lock, safe to print: "process 123 (point-collections)"; "another program" if that

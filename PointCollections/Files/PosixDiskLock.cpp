@@ -68,13 +68,15 @@ void writeHolder(int handle)
 
 std::unique_ptr<DiskLock> DiskLock::tryTake(const fs::path& file)
 {
+  std::unique_ptr<DiskLock> lock(new DiskLock(file)); // from here on, it lets go of what it holds
   constexpr int mostTries = 100; // each needs a holder that ends at this moment
   for (int i = 0; i < mostTries; ++i) {
     const int handle = openLock(file);
     const int result = flock(handle, LOCK_EX | LOCK_NB);
     if (result == 0 && isCurrent(handle, file)) {
+      lock->m_handle = handle;
       writeHolder(handle);
-      return std::unique_ptr<DiskLock>(new DiskLock(file, handle));
+      return lock;
     }
     const int reason = errno;
     close(handle);
@@ -86,12 +88,13 @@ std::unique_ptr<DiskLock> DiskLock::tryTake(const fs::path& file)
   throw std::system_error(std::make_error_code(std::errc::no_lock_available));
 }
 
-DiskLock::DiskLock(fs::path file, std::intptr_t handle) : m_file(std::move(file)), m_handle(handle)
-{}
+DiskLock::DiskLock(fs::path file) : m_file(std::move(file)) {}
 
 /// Removes the file first: who opens it later makes a new one, and who has it open sees that.
 DiskLock::~DiskLock()
 {
+  if (m_handle == none)
+    return;
   unlink(m_file.c_str());
   close(static_cast<int>(m_handle));
 }

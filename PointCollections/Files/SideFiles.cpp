@@ -3,6 +3,7 @@
 
 #include "Identifier/Identifier.h"
 #include "PointCollections/Files/DiskLock.h"
+#include "PointCollections/Files/FolderNames.h"
 #include "PointCollections/Text/Utf8.h"
 
 #include <fmt/format.h>
@@ -35,14 +36,11 @@ std::string startFor(const fs::path& file)
 std::vector<fs::path> unfinishedFor(const fs::path& file)
 {
   const auto start = startFor(file) + ".";
-  const auto folder = file.has_parent_path() ? file.parent_path() : fs::path(".");
   std::vector<fs::path> found;
-  std::error_code error; // a folder that cannot be read has nothing that could be removed
-  for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
-       entry.increment(error)) {
-    const auto name = Utf8::fromPath(entry->path().filename());
+  for (const auto& each : namesInFolder(file.parent_path())) {
+    const auto name = Utf8::fromPath(each);
     if (name.starts_with(start) && name.ends_with(unfinished))
-      found.push_back(entry->path());
+      found.push_back(file.parent_path() / each);
   }
   return found;
 }

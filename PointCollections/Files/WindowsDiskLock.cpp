@@ -41,24 +41,26 @@ void writeHolder(HANDLE handle)
 /// sooner nor better, and its file would stay.
 std::unique_ptr<DiskLock> DiskLock::tryTake(const fs::path& file)
 {
+  std::unique_ptr<DiskLock> lock(new DiskLock(file)); // from here on, it lets go of what it holds
   const HANDLE handle =
       CreateFileW(file.c_str(), GENERIC_WRITE | DELETE, FILE_SHARE_READ, nullptr, CREATE_ALWAYS,
                   FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
   if (handle != INVALID_HANDLE_VALUE) {
+    lock->m_handle = reinterpret_cast<std::intptr_t>(handle);
     writeHolder(handle);
-    return std::unique_ptr<DiskLock>(new DiskLock(file, reinterpret_cast<std::intptr_t>(handle)));
+    return lock;
   }
   if (GetLastError() == ERROR_SHARING_VIOLATION)
     return nullptr;
   throw std::system_error(static_cast<int>(GetLastError()), std::system_category());
 }
 
-DiskLock::DiskLock(fs::path file, std::intptr_t handle) : m_file(std::move(file)), m_handle(handle)
-{}
+DiskLock::DiskLock(fs::path file) : m_file(std::move(file)) {}
 
 DiskLock::~DiskLock()
 {
-  CloseHandle(reinterpret_cast<HANDLE>(m_handle));
+  if (m_handle != none)
+    CloseHandle(reinterpret_cast<HANDLE>(m_handle));
 }
 
 std::string holderOf(const fs::path& file)

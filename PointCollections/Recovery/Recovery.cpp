@@ -63,11 +63,11 @@ void Recovery::clear() noexcept
   m_file.reset();
 }
 
-void Recovery::adopt(UnsavedWork work) noexcept
+void Recovery::adopt(UnsavedWork work)
 {
+  m_document = m_editor.opened().file;
   m_firstChange.reset();
   m_file = std::move(work.file);
-  m_document = m_editor.opened().file;
 }
 
 std::string Recovery::takeProblem()

@@ -64,8 +64,9 @@ public:
   /// Removes the copy: the user has saved or discarded the changes. Never throws.
   void clear() noexcept;
 
-  /// Takes over what the user recovers. Call it after Editor::replaceWithUnsaved().
-  void adopt(UnsavedWork work) noexcept;
+  /// Takes over what the user recovers. Call it after Editor::replaceWithUnsaved(). When it throws,
+  /// the work can be found again.
+  void adopt(UnsavedWork work);
 
   /// Why the copy could not be written; empty if it could. Asking again gives nothing until it
   /// happens for another reason.

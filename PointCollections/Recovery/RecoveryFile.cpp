@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Recovery/RecoveryFile.h"
 
+#include "PointCollections/Files/FolderNames.h"
 #include "PointCollections/Files/SafeFileWriter.h"
 #include "PointCollections/Files/SideFiles.h"
 #include "PointCollections/Text/Utf8.h"
@@ -33,10 +34,8 @@ std::unique_ptr<DiskLock> lockIfPossible(const fs::path& file)
 std::set<fs::path> filesIn(const RecoveryPlace& place)
 {
   std::set<fs::path> files;
-  std::error_code error; // a folder that cannot be read has nothing to recover
-  for (fs::directory_iterator entry(place.folder, error), end; !error && entry != end;
-       entry.increment(error)) {
-    auto name = Utf8::fromPath(entry->path().filename());
+  for (const auto& each : namesInFolder(place.folder)) {
+    auto name = Utf8::fromPath(each);
     if (!name.starts_with(place.start + "."))
       continue;
     if (name.ends_with(recoveryLockEnding))

@@ -124,6 +124,7 @@ Q_SIGNALS:
   void failed(const QString& message) const;
 
 protected:
+  /// @param parent  the owner of the model, or null
   explicit GroupItemModelBase(QObject* parent);
 
   /// What the application answers; invalid if it leaves the answer to the model.

@@ -20,6 +20,27 @@
     </message>
 </context>
 <context>
+    <name>GroupSubjects</name>
+    <message>
+        <source>%1 (%2)</source>
+        <comment>group and number of elements</comment>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>%1 → %2</source>
+        <comment>what goes into a group</comment>
+        <translation>%1 → %2</translation>
+    </message>
+    <message>
+        <source>%1 → before %2</source>
+        <translation>%1 → vor %2</translation>
+    </message>
+    <message>
+        <source>%1 → after %2</source>
+        <translation>%1 → nach %2</translation>
+    </message>
+</context>
+<context>
     <name>MoveTKGroupElementsCmd</name>
     <message>
         <source>Move Elements</source>
@@ -59,6 +80,100 @@
     <message>
         <source>Sort Groups</source>
         <translation>Gruppen sortieren</translation>
+    </message>
+</context>
+<context>
+    <name>Tarvik::GroupActions</name>
+    <message>
+        <source>&amp;New Group from Selection</source>
+        <translation>&amp;Neue Gruppe aus Auswahl</translation>
+    </message>
+    <message>
+        <source>&amp;Move to Group…</source>
+        <translation>In Gruppe &amp;verschieben …</translation>
+    </message>
+    <message>
+        <source>&amp;Remove from Group</source>
+        <translation>Aus Gruppe &amp;entfernen</translation>
+    </message>
+    <message>
+        <source>Re&amp;name</source>
+        <translation>&amp;Umbenennen</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>&amp;Löschen</translation>
+    </message>
+    <message>
+        <source>&amp;Sort Groups</source>
+        <translation>Gruppen &amp;sortieren</translation>
+    </message>
+    <message>
+        <source>Move &amp;Up</source>
+        <translation>Nach &amp;oben</translation>
+    </message>
+    <message>
+        <source>Move Do&amp;wn</source>
+        <translation>Nach &amp;unten</translation>
+    </message>
+</context>
+<context>
+    <name>Tarvik::GroupChooser</name>
+    <message>
+        <source>Move to Group</source>
+        <translation>In Gruppe verschieben</translation>
+    </message>
+    <message>
+        <source>Find a group</source>
+        <translation>Gruppe suchen</translation>
+    </message>
+    <message>
+        <source>Groups</source>
+        <translation>Gruppen</translation>
+    </message>
+</context>
+<context>
+    <name>Tarvik::GroupEditorBase</name>
+    <message>
+        <source>This did not work, for an unknown reason.</source>
+        <translation>Das ist aus unbekanntem Grund fehlgeschlagen.</translation>
+    </message>
+    <message>
+        <source>A group needs a name.</source>
+        <translation>Eine Gruppe braucht einen Namen.</translation>
+    </message>
+    <message>
+        <source>Another group has this name.</source>
+        <translation>Eine andere Gruppe hat diesen Namen.</translation>
+    </message>
+</context>
+<context>
+    <name>Tarvik::GroupItemModelBase</name>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Members</source>
+        <translation>Mitglieder</translation>
+    </message>
+    <message>
+        <source>A group or an element cannot be shown: %1</source>
+        <translation>Eine Gruppe oder ein Element lässt sich nicht anzeigen: %1</translation>
+    </message>
+</context>
+<context>
+    <name>Tarvik::GroupNameEdit</name>
+    <message>
+        <source>Name of the group</source>
+        <translation>Name der Gruppe</translation>
+    </message>
+</context>
+<context>
+    <name>Tarvik::GroupTreeView</name>
+    <message>
+        <source>Groups</source>
+        <translation>Gruppen</translation>
     </message>
 </context>
 <context>

@@ -17,7 +17,11 @@ set(folders
   Console/Session
   Console/Verbs
   Console/Shell
-  Console)
+  Console
+  Desktop/Points
+  Desktop/Workspace
+  Desktop/Window
+  Desktop)
 
 file(GLOB_RECURSE files RELATIVE "${ROOT}/PointCollections" "${ROOT}/PointCollections/*.h"
   "${ROOT}/PointCollections/*.cpp")

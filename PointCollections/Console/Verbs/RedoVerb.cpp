@@ -14,8 +14,9 @@ std::string redo(Session& session, const Arguments& arguments)
   std::vector<std::string> redone;
   for (std::size_t entry = position; entry < position + steps; ++entry)
     redone.push_back(history.entries()[entry]->getDescription());
+  auto answer = reportSteps("Redone", redone); // before the change: it takes memory
   history.jumpTo(position + steps);
-  return reportSteps("Redone", redone);
+  return answer;
 }
 
 }

@@ -16,8 +16,9 @@ std::string undo(Session& session, const Arguments& arguments)
   std::vector<std::string> undone;
   for (std::size_t entry = position; entry > position - steps; --entry)
     undone.push_back(history.entries()[entry - 1]->getDescription());
+  auto answer = reportSteps("Undone", undone); // before the change: it takes memory
   history.jumpTo(position - steps);
-  return reportSteps("Undone", undone);
+  return answer;
 }
 
 }
