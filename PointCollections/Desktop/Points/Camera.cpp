@@ -2,15 +2,16 @@
 #include "PointCollections/Desktop/Points/Camera.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace Tarvik::PointCollections {
 namespace {
 
-constexpr float degreesPerRadian = 57.29578F;
+constexpr double degreesPerRadian = 57.29578;
 
-float halfOf(double extent)
+double shorterSideOf(const QSizeF& size)
 {
-  return static_cast<float>(extent) / 2;
+  return (std::min)(size.width(), size.height());
 }
 
 }
@@ -26,11 +27,10 @@ void Camera::turn(const QPointF& movement)
   if (axis.isNull())
     return;
   // A drag over the radius of the ball turns it by one radian, however large it is shown.
-  const auto radius =
-      (std::min)(scale(), halfOf((std::min)(m_viewport.width(), m_viewport.height())));
-  const auto angle = axis.length() / (std::max)(radius, 1.0F) * degreesPerRadian;
-  m_orientation =
-      (QQuaternion::fromAxisAndAngle(axis.normalized(), angle) * m_orientation).normalized();
+  const auto radius = (std::max)((std::min)(scale(), shorterSideOf(m_viewport) / 2), 1.0);
+  const auto angle = std::hypot(movement.x(), movement.y()) / radius * degreesPerRadian;
+  const auto rotation = QQuaternion::fromAxisAndAngle(axis.normalized(), static_cast<float>(angle));
+  m_orientation = (rotation * m_orientation).normalized();
 }
 
 void Camera::pan(const QPointF& movement)
@@ -39,7 +39,7 @@ void Camera::pan(const QPointF& movement)
   limitOffset();
 }
 
-void Camera::zoomBy(float factor, const QPointF& place)
+void Camera::zoomBy(double factor, const QPointF& place)
 {
   const auto before = (place - origin()) / scale();
   m_zoom = std::clamp(m_zoom * factor, leastZoom, greatestZoom);
@@ -62,10 +62,9 @@ void Camera::reset()
   m_zoom = 1;
 }
 
-float Camera::scale() const
+double Camera::scale() const
 {
-  const auto extent = (std::min)(m_viewport.width(), m_viewport.height());
-  return (std::max)(halfOf(extent) * fill * m_zoom, 1e-3F);
+  return (std::max)(shorterSideOf(m_viewport) / 2 * fill * m_zoom, 1e-3);
 }
 
 QPointF Camera::origin() const
@@ -77,8 +76,9 @@ QVector3D Camera::project(const QVector3D& point) const
 {
   const auto seen = m_orientation.rotatedVector(point);
   const auto middle = origin();
-  return {static_cast<float>(middle.x()) + seen.x() * scale(),
-          static_cast<float>(middle.y()) - seen.y() * scale(), seen.z()};
+  const auto pixels = static_cast<float>(scale());
+  return {static_cast<float>(middle.x()) + seen.x() * pixels,
+          static_cast<float>(middle.y()) - seen.y() * pixels, seen.z()};
 }
 
 /// Keeps the middle of the viewport within the ball.

@@ -16,10 +16,10 @@ namespace Tarvik::PointCollections {
 class Camera {
 public:
   /// How much of the rectangle the ball takes up with zoom 1.
-  static constexpr float fill = 0.9F;
+  static constexpr double fill = 0.9;
 
-  static constexpr float leastZoom = 0.1F;
-  static constexpr float greatestZoom = 10000.0F;
+  static constexpr double leastZoom = 0.1;
+  static constexpr double greatestZoom = 10000;
 
   /// Sees the whole ball, from the side of the x axis, with the z axis upwards.
   Camera() = default;
@@ -28,7 +28,7 @@ public:
   void setViewport(const QSizeF& viewport) { m_viewport = viewport; }
   const QSizeF& viewport() const { return m_viewport; }
 
-  float zoom() const { return m_zoom; }
+  double zoom() const { return m_zoom; }
 
   /// Turns the points as if the ball was dragged by its front.
   /// @param movement  of the pointer, in pixels
@@ -40,7 +40,7 @@ public:
 
   /// Enlarges the points around a place that stays where it is.
   /// @param factor  positive; below 1 makes the points smaller
-  void zoomBy(float factor, const QPointF& place);
+  void zoomBy(double factor, const QPointF& place);
 
   /// Shows a point of the ball in the middle.
   void centreOn(const QVector3D& point);
@@ -49,7 +49,7 @@ public:
   void reset();
 
   /// Pixels per unit.
-  float scale() const;
+  double scale() const;
 
   /// The place of the middle of the ball.
   QPointF origin() const;
@@ -68,7 +68,7 @@ private:
   QSizeF m_viewport = {1, 1};
   QQuaternion m_orientation = sideView();
   QPointF m_offset; ///< of the middle of the ball from the middle of the viewport, in units
-  float m_zoom = 1;
+  double m_zoom = 1;
 };
 
 }

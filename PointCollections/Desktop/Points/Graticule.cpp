@@ -45,7 +45,7 @@ private:
 QPainterPath globeOutline(const Camera& camera)
 {
   QPainterPath path;
-  const auto radius = static_cast<double>(camera.scale());
+  const auto radius = camera.scale();
   path.addEllipse(camera.origin(), radius, radius);
   return path;
 }

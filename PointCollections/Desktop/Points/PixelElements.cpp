@@ -33,7 +33,7 @@ constexpr float globeRadius = 0.975F;
 /// Whether the globe hides a point that is projected to this place.
 bool isOnFarSide(float x, float y, float z, const Camera& camera)
 {
-  const auto radius = globeRadius * camera.scale();
+  const auto radius = globeRadius * static_cast<float>(camera.scale());
   const auto dx = x - static_cast<float>(camera.origin().x());
   const auto dy = y - static_cast<float>(camera.origin().y());
   return z < 0 && dx * dx + dy * dy < radius * radius;
@@ -84,7 +84,8 @@ void PixelElements::clear(const Camera& camera, Globe globe)
   m_pixels.assign(positionOf(0, m_size.height()), (std::numeric_limits<std::uint64_t>::max)());
   if (globe == Globe::No)
     return;
-  const auto radius = globeRadius * camera.scale();
+  const auto scale = static_cast<float>(camera.scale());
+  const auto radius = globeRadius * scale;
   const auto middle = camera.origin();
   for (int row = 0; row < m_size.height(); ++row) {
     const auto y = static_cast<float>(row - middle.y());
@@ -98,7 +99,7 @@ void PixelElements::clear(const Camera& camera, Globe globe)
     for (int column = first; column <= last; ++column) {
       const auto x = static_cast<float>(column - middle.x());
       const auto squared = radius * radius - x * x - y * y;
-      line[column] = pixelOf(std::sqrt((std::max)(squared, 0.0F)) / camera.scale(), none);
+      line[column] = pixelOf(std::sqrt((std::max)(squared, 0.0F)) / scale, none);
     }
   }
 }

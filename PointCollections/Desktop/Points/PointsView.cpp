@@ -23,7 +23,7 @@ namespace {
 
 constexpr int reachOfPointer = 4;     ///< pixels between the pointer and a point that it hits
 constexpr double keyboardStep = 20.0; ///< pixels that one key press turns or moves the points
-constexpr float keyboardZoom = 1.25F;
+constexpr double keyboardZoom = 1.25;
 
 /// A camera for a picture that is `factor` times as large.
 Camera magnified(Camera camera, qreal factor)
@@ -332,7 +332,7 @@ void PointsView::selectWithin(const QRectF& area, Qt::KeyboardModifiers modifier
 
 void PointsView::wheelEvent(QWheelEvent* event)
 {
-  const auto factor = std::exp2(static_cast<float>(event->angleDelta().y()) / 480);
+  const auto factor = std::exp2(event->angleDelta().y() / 480.0);
   changeCamera([&](Camera& camera) { camera.zoomBy(factor, event->position()); });
 }
 
@@ -343,7 +343,7 @@ void PointsView::keyPressEvent(QKeyEvent* event)
     const auto movement = QPointF(x, y) * keyboardStep;
     changeCamera([&](Camera& camera) { isMoving ? camera.pan(movement) : camera.turn(movement); });
   };
-  const auto zoom = [this](float factor) {
+  const auto zoom = [this](double factor) {
     changeCamera([&](Camera& camera) { camera.zoomBy(factor, rect().toRectF().center()); });
   };
   if (event->matches(QKeySequence::SelectAll)) {

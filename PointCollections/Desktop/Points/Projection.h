@@ -17,7 +17,7 @@ public:
         m_shiftY(static_cast<float>(camera.origin().y()))
   {
     const auto rotation = camera.orientation().toRotationMatrix();
-    const auto scale = camera.scale();
+    const auto scale = static_cast<float>(camera.scale());
     for (int axis = 0; axis < 3; ++axis) {
       const auto i = static_cast<std::size_t>(axis);
       m_x[i] = rotation(0, axis) * scale;

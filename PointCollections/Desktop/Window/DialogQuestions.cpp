@@ -79,6 +79,25 @@ Questions::UnsavedChanges DialogQuestions::aboutUnsavedChanges(const QString& ti
   }
 }
 
+Questions::FoundWork DialogQuestions::aboutFoundWork(const QString& title, const QString& summary)
+{
+  QMessageBox box(
+      QMessageBox::Question, QCoreApplication::applicationName(),
+      translated(QT_TRANSLATE_NOOP("Questions", "The changes in %1 were not saved the last time."))
+          .arg(title),
+      QMessageBox::NoButton, &m_window);
+  box.setInformativeText(summary);
+  const auto* const recover =
+      box.addButton(translated(QT_TRANSLATE_NOOP("Questions", "Recover")), QMessageBox::AcceptRole);
+  const auto* const discard = box.addButton(translated(QT_TRANSLATE_NOOP("Questions", "Discard")),
+                                            QMessageBox::DestructiveRole);
+  box.addButton(translated(QT_TRANSLATE_NOOP("Questions", "Later")), QMessageBox::RejectRole);
+  box.exec();
+  if (box.clickedButton() == recover)
+    return FoundWork::Recover;
+  return box.clickedButton() == discard ? FoundWork::Discard : FoundWork::Later;
+}
+
 bool DialogQuestions::mayOverwrite(const std::filesystem::path& file, Editor::OverwriteRisk risk)
 {
   const auto text =

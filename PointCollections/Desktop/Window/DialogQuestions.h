@@ -17,6 +17,7 @@ public:
   std::optional<std::filesystem::path>
   fileToWrite(FileKind kind, const std::filesystem::path& suggestion) override;
   UnsavedChanges aboutUnsavedChanges(const QString& title) override;
+  FoundWork aboutFoundWork(const QString& title, const QString& summary) override;
   bool mayOverwrite(const std::filesystem::path& file, Editor::OverwriteRisk risk) override;
   void tellFailure(const QString& what, const QString& why) override;
   void tellWarning(const QString& text) override;

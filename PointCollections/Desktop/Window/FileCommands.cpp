@@ -65,9 +65,34 @@ bool FileCommands::openFile(const std::filesystem::path& file)
     m_workspace.replaceDocument(std::move(*opened));
     return true;
   });
-  if (isOpen)
+  if (isOpen) {
     m_recentFiles.add(file);
+    offerUnsavedWork(file);
+  }
   return isOpen;
+}
+
+void FileCommands::offerUnsavedWork(const std::filesystem::path& file)
+{
+  attempt(tr("Unsaved work of an earlier run cannot be recovered."), [&] {
+    auto found = findUnsavedWork(m_workspace.editor().files(), file);
+    for (const auto& mistake : found.mistakes)
+      m_questions.tellWarning(QString::fromStdString(mistake));
+    for (auto& work : found.works) {
+      switch (m_questions.aboutFoundWork(m_workspace.title(),
+                                         QString::fromStdString(summaryOf(work)))) {
+      case Questions::FoundWork::Recover:
+        m_workspace.recover(std::move(work));
+        return true;
+      case Questions::FoundWork::Discard:
+        work.remove();
+        break;
+      default:
+        break;
+      }
+    }
+    return true;
+  });
 }
 
 bool FileCommands::save()
@@ -111,6 +136,7 @@ bool FileCommands::mayDiscard()
   case Questions::UnsavedChanges::Save:
     return save();
   case Questions::UnsavedChanges::Discard:
+    m_workspace.forgetUnsavedWork();
     return true;
   default:
     return false;

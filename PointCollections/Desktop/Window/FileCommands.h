@@ -53,6 +53,7 @@ public:
   void exportPicture(const std::function<QImage()>& makePicture);
 
 private:
+  void offerUnsavedWork(const std::filesystem::path& file);
   bool saveIn(const std::filesystem::path& file, bool mayOverwrite);
   bool write(const std::filesystem::path& file, std::span<const std::byte> bytes);
 

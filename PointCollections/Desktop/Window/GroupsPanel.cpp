@@ -79,6 +79,7 @@ GroupsPanel::GroupsPanel(QWidget* parent)
 
 GroupsPanel::~GroupsPanel()
 {
+  blockSignals(true);        // others may be destroyed already
   m_tree->setModel(nullptr); // before the models are destroyed
 }
 
@@ -98,7 +99,9 @@ void GroupsPanel::setDocument(std::shared_ptr<PointDocument> document,
 
   m_filter->setSourceModel(model.get());
   m_tree->setModel(m_filter);
-  m_tree->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+  m_tree->header()->setSectionResizeMode(GroupItemModelBase::NameColumn, QHeaderView::Stretch);
+  m_tree->header()->setSectionResizeMode(GroupItemModelBase::CountColumn,
+                                         QHeaderView::ResizeToContents);
   m_model = std::move(model);
   delete m_state;
   m_state = new TreeViewState(m_tree);

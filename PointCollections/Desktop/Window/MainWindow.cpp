@@ -12,6 +12,7 @@
 #include <QtGui/QActionGroup>
 #include <QtGui/QCloseEvent>
 #include <QtGui/QDropEvent>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QDockWidget>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QMenuBar>
@@ -58,19 +59,23 @@ MainWindow::MainWindow(std::shared_ptr<Files> files, std::unique_ptr<Questions> 
   restoreState(settings.value(stateKey).toByteArray());
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow()
+{
+  delete centralWidget(); // its parts ask for colours until they are destroyed
+}
 
 void MainWindow::arrange()
 {
   auto* const splitter = new QSplitter(this);
   splitter->addWidget(m_groups);
   splitter->addWidget(m_points);
-  splitter->setStretchFactor(0, 2);
-  splitter->setStretchFactor(1, 3);
+  splitter->setStretchFactor(1, 1);
+  splitter->setSizes({340, 620});
   setCentralWidget(splitter);
   addHistoryPanel();
   statusBar()->addPermanentWidget(m_statistics);
   resize(1200, 760);
+  resizeDocks({findChild<QDockWidget*>()}, {240}, Qt::Horizontal);
 }
 
 void MainWindow::addHistoryPanel()
@@ -155,6 +160,8 @@ void MainWindow::connectParts()
     showStatistics();
   });
   connect(&m_workspace.history(), &History::failed, this, &MainWindow::showFailure);
+  connect(qApp, &QGuiApplication::commitDataRequest, this,
+          [this] { m_workspace.keepUnsavedWork(); });
   connect(m_groups, &GroupsPanel::failed, this, &MainWindow::showFailure);
   connect(m_groups, &GroupsPanel::selectionChanged, this, &MainWindow::showSelectionInSpace);
   connect(m_points, &PointsView::selectionChanged, this, &MainWindow::showSelectionInTree);
@@ -176,7 +183,7 @@ void MainWindow::showDocument()
     return m_groups->editor().dragData(m_groups->tree().selectedGroupRows());
   });
   m_colours->setListener([this] { m_points->setColours(m_colours->colours()); });
-  setWindowModified(false);
+  setWindowModified(m_workspace.editor().hasUnsavedChanges());
   showStatistics();
 }
 
@@ -220,6 +227,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
     event->ignore();
     return;
   }
+  m_workspace.forgetUnsavedWork();
   QSettings settings;
   settings.setValue(geometryKey, saveGeometry());
   settings.setValue(stateKey, saveState());

@@ -16,6 +16,9 @@ public:
   /// What to do with unsaved changes.
   enum class UnsavedChanges { Save, Discard, Cancel };
 
+  /// What to do with unsaved work of an earlier run. What is left for later can be found again.
+  enum class FoundWork { Recover, Discard, Later };
+
   /// What a file is to contain.
   enum class FileKind { Project, Table, Picture };
 
@@ -34,6 +37,9 @@ public:
   fileToWrite(FileKind kind, const std::filesystem::path& suggestion) = 0;
 
   virtual UnsavedChanges aboutUnsavedChanges(const QString& title) = 0;
+
+  /// @param summary  what the work has, and when it was written
+  virtual FoundWork aboutFoundWork(const QString& title, const QString& summary) = 0;
 
   /// Whether to overwrite a file that another program has changed or made.
   virtual bool mayOverwrite(const std::filesystem::path& file, Editor::OverwriteRisk risk) = 0;

@@ -3,6 +3,8 @@
 
 #include <QtCore/QLocale>
 
+#include <algorithm>
+#include <chrono>
 #include <numeric>
 #include <utility>
 
@@ -24,8 +26,15 @@ qulonglong countPoints(const PointDocument& document)
 }
 
 Workspace::Workspace(std::shared_ptr<Files> files, QObject* parent)
-    : QObject(parent), m_editor(emptyDocument(), std::move(files)), m_history(m_editor.history())
-{}
+    : QObject(parent),
+      m_editor(emptyDocument(), std::move(files)),
+      m_history(m_editor.history()),
+      m_recovery(m_editor)
+{
+  m_recoveryIsDue.setSingleShot(true);
+  connect(&m_recoveryIsDue, &QTimer::timeout, this, &Workspace::writeRecovery);
+  connect(&m_history, &History::changed, this, &Workspace::noteChange);
+}
 
 Workspace::~Workspace() = default;
 
@@ -42,8 +51,36 @@ GroupRequestHandler<GUIdentifier> Workspace::requestHandler()
 void Workspace::replaceDocument(OpenedDocument opened)
 {
   m_editor.replaceDocument(std::move(opened));
+  tellDocument();
+}
+
+void Workspace::recover(UnsavedWork work)
+{
+  m_editor.replaceWithUnsaved(work.record.opened);
+  m_recovery.adopt(std::move(work));
+  tellDocument();
+}
+
+void Workspace::tellDocument()
+{
   Q_EMIT documentReplaced();
   Q_EMIT titleChanged();
+}
+
+void Workspace::noteChange()
+{
+  m_recovery.changed();
+  if (const auto due = m_recovery.dueTime()) {
+    const auto wait = std::chrono::ceil<std::chrono::milliseconds>(*due - Recovery::Clock::now());
+    m_recoveryIsDue.start((std::max)(wait, std::chrono::milliseconds(0)));
+  } else {
+    m_recoveryIsDue.stop();
+  }
+}
+
+void Workspace::writeRecovery()
+{
+  m_recovery.pause();
 }
 
 Editor::SaveResult Workspace::saveIfSafe(const std::filesystem::path& file)

@@ -2,11 +2,13 @@
 #pragma once
 
 #include "PointCollections/Editor/Editor.h"
+#include "PointCollections/Recovery/Recovery.h"
 #include "QtModels/Editing/GroupRequest.h"
 #include "QtModels/History/History.h"
 
 #include <QtCore/QObject>
 #include <QtCore/QString>
+#include <QtCore/QTimer>
 
 #include <filesystem>
 #include <memory>
@@ -14,7 +16,7 @@
 namespace Tarvik::PointCollections {
 
 /// The document of a window, with its history and its file: an Editor with the signals that widgets
-/// need.
+/// need. A copy of unsaved work is kept on the disk, for the case of a crash.
 class Workspace : public QObject {
   Q_OBJECT
 
@@ -36,6 +38,15 @@ public:
   /// Shows another document. Unsaved changes are lost.
   void replaceDocument(OpenedDocument opened);
 
+  /// Shows unsaved work of an earlier run, which is unsaved still.
+  void recover(UnsavedWork work);
+
+  /// The user has saved the changes or does not want them: removes the copy on the disk.
+  void forgetUnsavedWork() { m_recovery.clear(); }
+
+  /// The program is about to end without asking: keeps the unsaved changes for its next start.
+  void keepUnsavedWork() { m_recovery.keep(); }
+
   /// Saves the document, see Editor::saveIfSafe().
   Editor::SaveResult saveIfSafe(const std::filesystem::path& file);
 
@@ -56,8 +67,14 @@ Q_SIGNALS:
   void titleChanged();
 
 private:
+  void tellDocument();
+  void noteChange();
+  void writeRecovery();
+
   Editor m_editor;
   History m_history;
+  Recovery m_recovery;
+  QTimer m_recoveryIsDue;
 };
 
 }

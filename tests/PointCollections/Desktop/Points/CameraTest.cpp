@@ -61,17 +61,17 @@ TEST_F(CameraTest, ZoomsAroundThePlaceOfThePointer)
   camera.zoomBy(2, place);
   expectAt({0, 0, 0}, 70, 40); // twice as far from the place
 
-  camera.zoomBy(0.5F, place);
+  camera.zoomBy(0.5, place);
   expectAt({0, 0, 0}, 100, 50);
 }
 
 TEST_F(CameraTest, LimitsTheZoom)
 {
-  camera.zoomBy(1e30F, {0, 0});
-  EXPECT_FLOAT_EQ(camera.zoom(), Camera::greatestZoom);
+  camera.zoomBy(1e30, {0, 0});
+  EXPECT_DOUBLE_EQ(camera.zoom(), Camera::greatestZoom);
 
-  camera.zoomBy(1e-30F, {0, 0});
-  EXPECT_FLOAT_EQ(camera.zoom(), Camera::leastZoom);
+  camera.zoomBy(1e-30, {0, 0});
+  EXPECT_DOUBLE_EQ(camera.zoom(), Camera::leastZoom);
 }
 
 TEST_F(CameraTest, CannotLoseThePoints)
@@ -108,7 +108,7 @@ TEST_F(CameraTest, StandsAnEmptyViewport)
   camera.pan({1, 1});
   camera.zoomBy(2, {0, 0});
 
-  EXPECT_GT(camera.scale(), 0.0F);
+  EXPECT_GT(camera.scale(), 0);
 }
 
 }

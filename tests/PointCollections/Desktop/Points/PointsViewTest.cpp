@@ -141,7 +141,7 @@ TEST_F(PointsViewTest, ZoomsAtThePointer)
                     false);
   QApplication::sendEvent(&view, &wheel);
 
-  EXPECT_FLOAT_EQ(view.camera().zoom(), 2.0F);
+  EXPECT_DOUBLE_EQ(view.camera().zoom(), 2);
   EXPECT_NEAR(view.camera().project({0, 0, 0}).x(), 10 + 2 * 90.5, 0.1);
 }
 
@@ -155,9 +155,9 @@ TEST_F(PointsViewTest, IsOperatedByKeyboard)
   EXPECT_FLOAT_EQ(view.camera().project({0, 0, 0}).y(), 120.5F) << "moved";
 
   QTest::keyClick(&view, Qt::Key_Plus);
-  EXPECT_GT(view.camera().zoom(), 1.0F);
+  EXPECT_GT(view.camera().zoom(), 1);
   QTest::keyClick(&view, Qt::Key_Minus);
-  EXPECT_FLOAT_EQ(view.camera().zoom(), 1.0F);
+  EXPECT_DOUBLE_EQ(view.camera().zoom(), 1);
 
   QTest::keyClick(&view, Qt::Key_A, Qt::ControlModifier);
   EXPECT_THAT(view.selection(), ElementsAre(0U, 1U, 2U));
