@@ -24,13 +24,14 @@ struct TKM_QTMODELS_API GroupDragData {
   /// Tells the documents of one process apart: the address of the provider.
   using Document = std::uint64_t;
 
-  Document document;
-  Kind kind;
+  Document document;               ///< which the ids are from
+  Kind kind;                       ///< what the ids are of
   std::vector<IdentifierBits> ids; ///< in the order of the rows
 
   /// "application/x-tkmservice-groups".
   static QString mimeType();
 
+  /// The data as bytes, in the format above.
   QByteArray toBytes() const;
 
   /// What kind of data the bytes are, if they come from that document in this process. Reads no

@@ -26,10 +26,12 @@ public:
   /// @param parent  a group; invalid for the top level
   GroupDrop(const GroupItemModel<T>& model, int row, const QModelIndex& parent);
 
+  /// Whether data of that kind can be dropped there.
   bool accepts(GroupDragData::Kind kind) const;
 
   /// Carries the drop out. Ids that the provider does not know any more are skipped.
-  /// @param data  of a kind that is accepted
+  /// @param data        of a kind that is accepted
+  /// @param operations  make the change
   void carryOut(const GroupDragData& data, const GroupOperations<T>& operations) const;
 
 private:

@@ -27,6 +27,7 @@ public:
   ~GroupEditorBase() override;
 
   /// Makes a group of the elements in the rows. Rows of groups do not count.
+  /// @param rows  of the model, in any order
   /// @param name  made unique if it is taken; if empty, "Group" in the user's language
   /// @return the row of the group; invalid if there is none
   virtual QModelIndex createGroup(const QModelIndexList& rows, const QString& name = QString()) = 0;
@@ -61,6 +62,7 @@ public:
   /// - as elements, onto a group, between its members, between ungrouped elements, or below all
   ///   rows, which ungroups them;
   /// - as groups, between groups or below all rows.
+  /// @param data    of the drag
   /// @param row     the row above which it is dropped; -1: onto the parent itself
   /// @param parent  a group; invalid for the top level
   virtual bool canDrop(const QMimeData& data, int row, const QModelIndex& parent) const = 0;
@@ -75,14 +77,20 @@ Q_SIGNALS:
   void failed(const QString& message);
 
 protected:
+  /// @param parent  the owner of the editor, or null
   explicit GroupEditorBase(QObject* parent);
 
   /// Runs an edit, and turns what it throws into failed().
   /// @return what the edit returns; nothing has changed if it throws
   bool attempt(const std::function<bool()>& edit);
 
+  /// What to say after an exception that is not derived from std::exception.
   static QString faultOfUnknownKind();
+
+  /// What to say of a name without any letter.
   static QString faultOfBlankName();
+
+  /// What to say of the name of another group.
   static QString faultOfTakenName();
 };
 

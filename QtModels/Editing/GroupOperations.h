@@ -46,7 +46,9 @@ public:
   ~GroupOperations();
 
   /// Makes a group of the elements, which leave their groups.
-  /// @param name  made unique if another group has it; if empty, "Group" in the user's language
+  /// @param elements  in the order that they get in the group
+  /// @param name      made unique if another group has it; if empty, "Group" in the user's language
+  /// @param place     where the group goes
   /// @return the id of the group; nothing if the handler has not made it
   std::optional<Identifier> createGroup(const std::vector<T>& elements,
                                         const std::string& name,

@@ -15,12 +15,15 @@ namespace Tarvik {
 /// group is among the rows as well does not count: the group stands for it.
 template <class T>
 struct GroupRows {
-  std::vector<Identifier> groups;
+  std::vector<Identifier> groups; ///< the ids of the groups
   std::vector<T> elements; ///< an element twice if two groups hold it and both rows are given
 
+  /// Whether there are groups and elements.
   bool areMixed() const { return !groups.empty() && !elements.empty(); }
 
-  /// @param rows  of the model, in any order; a row may be given once for each column
+  /// Finds out what rows show.
+  /// @param model  whose rows they are
+  /// @param rows   of the model, in any order; a row may be given once for each column
   static GroupRows of(const GroupItemModel<T>& model, const QModelIndexList& rows);
 };
 

@@ -23,6 +23,7 @@ template <class T>
 class GroupStep : public CompactTKGroupCmd<T>, public HistoryEntry {
 public:
   /// @param provider  owner of the groups, shared for the command's life; not null
+  /// @param request   what to do; its functions are released after execute()
   GroupStep(std::shared_ptr<TKGroupProviderInterface<T>> provider, GroupRequest<T> request);
   ~GroupStep() override;
 

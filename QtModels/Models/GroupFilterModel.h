@@ -36,6 +36,8 @@ public:
 
   /// What names must contain; everything is shown when it is empty.
   QString filterText() const { return m_text; }
+
+  /// Shows what contains another text.
   void setFilterText(const QString& text);
 
   /// How many groups have names that contain the text.
@@ -54,6 +56,7 @@ public:
   QModelIndex mapFromSource(const QModelIndex& sourceIndex) const override;
 
 Q_SIGNALS:
+  /// There is another text.
   void filterTextChanged(const QString& text);
 
   /// Other names match than before: those of another text, or of other rows while there is a text.

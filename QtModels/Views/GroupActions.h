@@ -27,6 +27,7 @@ class TKM_QTMODELS_API GroupActions : public QObject {
   Q_OBJECT
 
 public:
+  /// What the actions do.
   enum Action {
     NewGroup,        ///< a group of the selected elements, whose name can be typed at once
     MoveToGroup,     ///< asks for the group

@@ -20,7 +20,8 @@ class TKM_QTMODELS_API GroupChooser : public QDialog {
   Q_OBJECT
 
 public:
-  /// @param model  whose groups are offered
+  /// @param model   whose groups are offered
+  /// @param parent  the owner of the dialog, or null
   explicit GroupChooser(const GroupItemModelBase& model, QWidget* parent = nullptr);
   ~GroupChooser() override;
 

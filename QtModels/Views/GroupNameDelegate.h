@@ -13,6 +13,7 @@ class TKM_QTMODELS_API GroupNameDelegate : public QStyledItemDelegate {
   Q_OBJECT
 
 public:
+  /// @param parent  the owner of the delegate, or null
   explicit GroupNameDelegate(QObject* parent = nullptr);
   ~GroupNameDelegate() override;
 

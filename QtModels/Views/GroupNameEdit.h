@@ -20,6 +20,8 @@ public:
   /// Says what is wrong with a name; empty if nothing is.
   using Check = std::function<QString(const QString& name)>;
 
+  /// @param check   not empty
+  /// @param parent  the owner of the line edit, or null
   GroupNameEdit(Check check, QWidget* parent);
   ~GroupNameEdit() override;
 

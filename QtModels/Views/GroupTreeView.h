@@ -23,6 +23,7 @@ class TKM_QTMODELS_API GroupTreeView : public QTreeView {
   Q_OBJECT
 
 public:
+  /// @param parent  the owner of the view, or null
   explicit GroupTreeView(QWidget* parent = nullptr);
   ~GroupTreeView() override;
 
