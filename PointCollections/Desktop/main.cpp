@@ -8,6 +8,30 @@
 #include <QtCore/QTranslator>
 #include <QtWidgets/QApplication>
 
+#include <cstdlib>
+
+namespace {
+
+using Tarvik::PointCollections::MainWindow;
+using Tarvik::PointCollections::pathFrom;
+
+QString translated(const char* text)
+{
+  return QCoreApplication::translate("main", text);
+}
+
+/// Opens the file and, if it is asked for, writes a picture of the window and ends the program.
+void begin(MainWindow& window, const QString& file, const QString& picture)
+{
+  const auto isOpen = file.isEmpty() || window.fileCommands().openFile(pathFrom(file));
+  if (picture.isEmpty())
+    return;
+  const auto isWritten = isOpen && window.grab().save(picture, "PNG");
+  QCoreApplication::exit(isWritten ? EXIT_SUCCESS : EXIT_FAILURE);
+}
+
+}
+
 int main(int argc, char* argv[])
 {
   QApplication application(argc, argv);
@@ -23,23 +47,26 @@ int main(int argc, char* argv[])
 
   QCommandLineParser parser;
   parser.setApplicationDescription(
-      QCoreApplication::translate("main", "Sorts point collections into named groups."));
+      translated(QT_TRANSLATE_NOOP("main", "Sorts point collections into named groups.")));
   parser.addHelpOption();
   parser.addVersionOption();
+  const QCommandLineOption picture(
+      QStringLiteral("picture"),
+      translated(
+          QT_TRANSLATE_NOOP("main", "Write a picture of the window to a PNG file, and end.")),
+      QStringLiteral("file"));
+  parser.addOption(picture);
   parser.addPositionalArgument(
       QStringLiteral("file"),
-      QCoreApplication::translate("main", "a project (.tkpc) or a file of points (.csv)"),
+      translated(QT_TRANSLATE_NOOP("main", "A project (.tkpc) or a file of points (.csv).")),
       QStringLiteral("[file]"));
   parser.process(application);
 
-  Tarvik::PointCollections::MainWindow window;
+  MainWindow window;
   window.show();
-  const auto files = parser.positionalArguments();
-  if (!files.isEmpty()) {
-    // In the event loop, since opening may ask questions.
-    QTimer::singleShot(0, &window, [&] {
-      window.fileCommands().openFile(Tarvik::PointCollections::pathFrom(files.constFirst()));
-    });
-  }
+  // In the event loop, since opening may ask questions.
+  QTimer::singleShot(0, &window, [&] {
+    begin(window, parser.positionalArguments().value(0), parser.value(picture));
+  });
   return QApplication::exec();
 }
