@@ -26,6 +26,7 @@ void begin(MainWindow& window, const QString& file, const QString& picture)
   const auto isOpen = file.isEmpty() || window.fileCommands().openFile(pathFrom(file));
   if (picture.isEmpty())
     return;
+  QCoreApplication::processEvents(); // lays the window out anew
   const auto isWritten = isOpen && window.grab().save(picture, "PNG");
   QCoreApplication::exit(isWritten ? EXIT_SUCCESS : EXIT_FAILURE);
 }
