@@ -40,10 +40,12 @@ public:
     const auto start = std::span(bytes).first(std::min(count, bytes.size()));
     return {{start.begin(), start.end()}, bytes.size()};
   }
-  void write(const std::filesystem::path& file, std::span<const std::byte> bytes) override
+  WriteResult write(const std::filesystem::path& file, std::span<const std::byte> bytes) override
   {
     m_files[file].assign(bytes.begin(), bytes.end());
+    return {};
   }
+  std::unique_ptr<FileLock> lockForSaving(const std::filesystem::path&) override { return nullptr; }
   bool exists(const std::filesystem::path& file) override { return m_files.contains(file); }
   bool areSame(const std::filesystem::path& one, const std::filesystem::path& other) override
   {
