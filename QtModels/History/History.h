@@ -134,7 +134,7 @@ public:
   /// Whether it is the active one of its group; true when it is in no group.
   bool isActive() const;
 
-public Q_SLOTS:
+public Q_SLOTS: // NOLINT(readability-redundant-access-specifiers): slots are more
   /// Undoes the entry before the index. Does nothing when there is none.
   void undo();
 
@@ -188,12 +188,12 @@ private:
 
   /// What a listener needs to know in order to tell what is different after a change.
   struct Shape {
-    std::size_t count;
-    std::size_t position;
-    const CommandBase* last; ///< only to be compared
+    std::size_t count = 0;
+    std::size_t position = 0;
+    const CommandBase* last = nullptr; ///< only to be compared
     std::optional<std::size_t> cleanPosition;
-    std::size_t limit;
-    std::size_t budget;
+    std::size_t limit = 0;
+    std::size_t budget = 0;
   };
 
   /// What the signals said last.

@@ -64,7 +64,7 @@ public:
   /// The same for redo().
   QAction* createRedoAction(QObject* parent, const QString& prefix = QString());
 
-public Q_SLOTS:
+public Q_SLOTS: // NOLINT(readability-redundant-access-specifiers): slots are more
   /// Undoes in the active history.
   void undo();
 

@@ -50,7 +50,7 @@ public:
   /// Sets the decoration of the row whose state is clean.
   void setCleanIcon(const QIcon& icon);
 
-public Q_SLOTS:
+public Q_SLOTS: // NOLINT(readability-redundant-access-specifiers): slots are more
   /// Shows this history, and follows no group any more.
   /// @param history  may be null, and may be destroyed before the view
   void setHistory(History* history);

@@ -14,7 +14,7 @@ namespace {
 std::string answerTo(const Question& ask)
 {
   while (const auto line = ask("Type recover, discard or later: ")) {
-    const auto answer = firstWord(*line);
+    auto answer = firstWord(*line);
     if (answer == "recover" || answer == "discard" || answer == "later")
       return answer;
   }

@@ -48,8 +48,8 @@ Finds findsOf(PointDocument& document, std::string_view text)
 /// "2 elements and 1 group", without what there is none of.
 std::string countOf(const Finds& finds)
 {
-  const auto elements = pluralize(finds.elements.size(), "element");
-  const auto groups = pluralize(finds.groups.size(), "group");
+  auto elements = pluralize(finds.elements.size(), "element");
+  auto groups = pluralize(finds.groups.size(), "group");
   if (finds.groups.empty())
     return elements;
   return finds.elements.empty() ? groups : elements + " and " + groups;

@@ -19,7 +19,7 @@ public:
   QColor of(const Identifier& groupId);
 
   /// The colour of elements without a group.
-  static QColor ofUngrouped() { return QColor(0x8a, 0x8f, 0x98); }
+  static QColor ofUngrouped() { return {0x8a, 0x8f, 0x98}; }
 
 private:
   std::unordered_map<Identifier, std::size_t> m_numbers;

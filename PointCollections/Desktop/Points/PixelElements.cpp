@@ -49,7 +49,7 @@ std::vector<int> insetsOf(int pointSize)
   for (int row = 0; row < pointSize; ++row) {
     const auto y = static_cast<float>(row) + 0.5F - radius;
     insets[static_cast<std::size_t>(row)] =
-        static_cast<int>(radius - std::sqrt(radius * radius - y * y) + 0.5F);
+        static_cast<int>(std::lround(radius - std::sqrt(radius * radius - y * y)));
   }
   return insets;
 }

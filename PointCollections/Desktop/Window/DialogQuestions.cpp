@@ -100,7 +100,7 @@ Questions::FoundWork DialogQuestions::aboutFoundWork(const QString& title, const
 
 bool DialogQuestions::mayOverwrite(const std::filesystem::path& file, Editor::OverwriteRisk risk)
 {
-  const auto text =
+  const auto* const text =
       risk == Editor::OverwriteRisk::OtherChanges
           ? QT_TRANSLATE_NOOP("Questions", "%1 has been changed by another program. Overwrite it?")
           : QT_TRANSLATE_NOOP("Questions", "%1 is there already. Overwrite it?");

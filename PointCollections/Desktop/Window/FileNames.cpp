@@ -11,9 +11,9 @@ namespace Tarvik::PointCollections {
 std::filesystem::path pathFrom(const QString& name)
 {
 #if defined(_WIN32)
-  return std::filesystem::path(name.toStdWString());
+  return {name.toStdWString()};
 #else
-  return std::filesystem::path(QFile::encodeName(name).toStdString());
+  return {QFile::encodeName(name).toStdString()};
 #endif
 }
 

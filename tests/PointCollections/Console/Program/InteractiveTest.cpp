@@ -398,7 +398,7 @@ TEST_F(InteractiveUser, RecoversAfterACrashWhatWasDoneBeforeARest)
   m_terminal.typeAndExpect("create G Paris\r", "Created G with 1 element.");
   waitForRecoveryFile();
   m_terminal.typeAndExpect("create H\r", "Created H with 0 elements.");
-  EXPECT_EQ(m_terminal.endBy(SIGSEGV), SIGSEGV);
+  EXPECT_EQ(m_terminal.endBy(SIGKILL), SIGKILL);
 
   Terminal next(m_points, m_state);
   next.typeAndExpect("", "in 1 group, written on ", "recover, discard or later: ");
