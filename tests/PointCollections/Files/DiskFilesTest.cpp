@@ -109,7 +109,7 @@ TEST_F(DiskFiles, AreSavedByOneProgramAtATime)
   {
     const auto lock = m_files->lockForSaving(file);
     EXPECT_THAT(mistakeIn([&] { m_files->lockForSaving(file); }),
-                ::testing::MatchesRegex(".*a.tkpc: process \\d+ \\(.*\\) saves in this file at "
+                ::testing::MatchesRegex(".*a.tkpc: process .+ \\(.*\\) saves in this file at "
                                         "this moment; try again"));
     m_files->lockForSaving(m_folder.path() / "b.tkpc"); // another file is free
   }

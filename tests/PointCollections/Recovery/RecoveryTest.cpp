@@ -295,7 +295,7 @@ TEST_F(RecoveryOf, AFileThatIsGoneSaysSo)
 
   EXPECT_THAT(summaryOf(find(m_project).works.at(0)),
               ::testing::MatchesRegex("2 elements with 2 points in 1 group, written on "
-                                      "\\d+-\\d+-\\d+ at \\d+:\\d+:\\d+; the file has been removed "
+                                      "....-..-.. at ..:..:..; the file has been removed "
                                       "since"));
 }
 
