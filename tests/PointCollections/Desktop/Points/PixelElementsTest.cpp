@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Desktop/Points/PixelElements.h"
+#include "PointCollections/Desktop/Support/PointAt.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -13,13 +14,6 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-
-PointCollection at(double x, double y, double z)
-{
-  PointCollection result;
-  result.points = {{x, y, z}};
-  return result;
-}
 
 /// Seen along the x axis: y is to the right, z upwards. The view is 101 pixels wide and high, and
 /// its middle is pixel (50, 50).
@@ -53,7 +47,7 @@ constexpr auto none = PixelElements::none;
 
 TEST_F(PixelElementsTest, ShowsEachPointAtItsPlace)
 {
-  draw({at(0, -10, 0), at(0, 10, 0), at(0, -5, 5), at(0, 5, -5)});
+  draw({pointAt(0, -10, 0), pointAt(0, 10, 0), pointAt(0, -5, 5), pointAt(0, 5, -5)});
 
   EXPECT_EQ(pixels.at({5, 50}), 0U);
   EXPECT_EQ(pixels.at({27, 27}), 2U);
@@ -63,7 +57,7 @@ TEST_F(PixelElementsTest, ShowsEachPointAtItsPlace)
 
 TEST_F(PixelElementsTest, ShowsTheNearerPointWhateverTheOrderIs)
 {
-  draw({at(-5, 0, 0), at(5, 0, 0), at(1, 0, 0)});
+  draw({pointAt(-5, 0, 0), pointAt(5, 0, 0), pointAt(1, 0, 0)});
 
   EXPECT_EQ(pixels.at({50, 50}), 1U);
   EXPECT_EQ(pixelsOf(0) + pixelsOf(2), 0);
@@ -71,10 +65,10 @@ TEST_F(PixelElementsTest, ShowsTheNearerPointWhateverTheOrderIs)
 
 TEST_F(PixelElementsTest, DrawsSmallPointsAsSquaresAndLargeOnesAsDiscs)
 {
-  draw({at(0, 0, 0)}, 3);
+  draw({pointAt(0, 0, 0)}, 3);
   EXPECT_EQ(pixelsOf(0), 9);
 
-  draw({at(0, 0, 0)}, 31);
+  draw({pointAt(0, 0, 0)}, 31);
   EXPECT_NEAR(pixelsOf(0), 3.1416 * 15.5 * 15.5, 30);
 }
 
@@ -82,7 +76,7 @@ TEST_F(PixelElementsTest, CutsPointsAtTheEdges)
 {
   camera.zoomBy(1 / Camera::fill, {50.5, 50.5});
 
-  draw({at(0, -10, 0), at(0, 10, 0), at(0, 0, -10), at(0, 0, 10)}, 31);
+  draw({pointAt(0, -10, 0), pointAt(0, 10, 0), pointAt(0, 0, -10), pointAt(0, 0, 10)}, 31);
 
   EXPECT_EQ(pixels.at({0, 50}), 0U);
   EXPECT_EQ(pixels.at({100, 50}), 1U);
@@ -94,7 +88,7 @@ TEST_F(PixelElementsTest, LeavesOutWhatIsFarOutsideOfTheView)
 {
   camera.zoomBy(Camera::greatestZoom, {50.5, 50.5});
 
-  draw({at(0, 0, 0), at(0, 10, 0), at(0, -10, 0)}, 7);
+  draw({pointAt(0, 0, 0), pointAt(0, 10, 0), pointAt(0, -10, 0)}, 7);
 
   EXPECT_GT(pixelsOf(0), 0);
   EXPECT_EQ(pixelsOf(1) + pixelsOf(2), 0);
@@ -102,7 +96,8 @@ TEST_F(PixelElementsTest, LeavesOutWhatIsFarOutsideOfTheView)
 
 TEST_F(PixelElementsTest, HidesTheFarSideOfAGlobe)
 {
-  draw({at(10, 0, 0), at(-10, 0, 1), at(0, 10, 0), at(0, 0, 10)}, 1, Globe::Yes);
+  draw({pointAt(10, 0, 0), pointAt(-10, 0, 1), pointAt(0, 10, 0), pointAt(0, 0, 10)}, 1,
+       Globe::Yes);
 
   EXPECT_EQ(pixels.at({50, 50}), 0U);
   EXPECT_EQ(pixelsOf(1), 0);
@@ -110,7 +105,7 @@ TEST_F(PixelElementsTest, HidesTheFarSideOfAGlobe)
 
 TEST_F(PixelElementsTest, FindsTheNearestPointWithinReach)
 {
-  draw({at(0, -10, 0), at(0, 10, 0), at(0, 0, 0)});
+  draw({pointAt(0, -10, 0), pointAt(0, 10, 0), pointAt(0, 0, 0)});
 
   EXPECT_EQ(pixels.nearest({53, 48}, 4), 2U);
   EXPECT_EQ(pixels.nearest({56, 50}, 4), none);
@@ -119,7 +114,7 @@ TEST_F(PixelElementsTest, FindsTheNearestPointWithinReach)
 
 TEST_F(PixelElementsTest, AnswersNoneOutsideOfTheView)
 {
-  draw({at(0, 0, 0)}, 31);
+  draw({pointAt(0, 0, 0)}, 31);
 
   EXPECT_EQ(pixels.at({-1, 50}), none);
   EXPECT_EQ(pixels.at({50, 101}), none);
@@ -127,7 +122,7 @@ TEST_F(PixelElementsTest, AnswersNoneOutsideOfTheView)
 
 TEST_F(PixelElementsTest, IsTransparentWhereNothingIsOrNoColourIsGiven)
 {
-  draw({at(0, -10, 0), at(0, 10, 0), at(0, -5, 5), at(0, 5, -5)});
+  draw({pointAt(0, -10, 0), pointAt(0, 10, 0), pointAt(0, -5, 5), pointAt(0, 5, -5)});
 
   const auto picture = pixels.coloured({qRgb(255, 0, 0), qRgb(0, 255, 0)});
 
@@ -141,7 +136,7 @@ TEST_F(PixelElementsTest, StandsAnEmptyView)
 {
   camera.setViewport({0, 0});
 
-  draw({at(0, 0, 0)});
+  draw({pointAt(0, 0, 0)});
 
   EXPECT_EQ(pixels.size(), QSize(0, 0));
   EXPECT_TRUE(pixels.coloured({}).isNull());
@@ -149,7 +144,7 @@ TEST_F(PixelElementsTest, StandsAnEmptyView)
 
 TEST_F(PixelElementsTest, SelectsThePointsInARectangleEvenIfOthersHideThem)
 {
-  draw({at(-5, 0, 0), at(5, 0, 0), at(0, 10, 0), at(0, -10, 0)});
+  draw({pointAt(-5, 0, 0), pointAt(5, 0, 0), pointAt(0, 10, 0), pointAt(0, -10, 0)});
 
   EXPECT_THAT(elementsWithin({45, 45, 10, 10}, cloud, camera, Globe::No), ElementsAre(0U, 1U));
   EXPECT_THAT(elementsWithin({55, 55, -10, -10}, cloud, camera, Globe::No), ElementsAre(0U, 1U));
@@ -158,7 +153,8 @@ TEST_F(PixelElementsTest, SelectsThePointsInARectangleEvenIfOthersHideThem)
 
 TEST_F(PixelElementsTest, SelectsNothingOnTheFarSideOfAGlobe)
 {
-  draw({at(10, 0, 0), at(-10, 0, 1), at(0, 10, 0), at(0, 0, 10)}, 1, Globe::Yes);
+  draw({pointAt(10, 0, 0), pointAt(-10, 0, 1), pointAt(0, 10, 0), pointAt(0, 0, 10)}, 1,
+       Globe::Yes);
 
   EXPECT_THAT(elementsWithin({30, 30, 40, 40}, cloud, camera, Globe::Yes), ElementsAre(0U));
 }
@@ -169,7 +165,7 @@ TEST_F(PixelElementsTest, SelectsWhatItShows)
   std::uniform_real_distribution<double> coordinate(-1, 1);
   std::vector<PointCollection> collections;
   for (int i = 0; i < 500; ++i)
-    collections.push_back(at(coordinate(random), coordinate(random), coordinate(random)));
+    collections.push_back(pointAt(coordinate(random), coordinate(random), coordinate(random)));
   camera.turn({20, 30});
   draw(collections);
 

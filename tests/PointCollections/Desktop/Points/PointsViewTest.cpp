@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Desktop/Points/PointsView.h"
+#include "PointCollections/Desktop/Support/PointAt.h"
 
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
@@ -16,20 +17,13 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-PointCollection at(double x, double y, double z)
-{
-  PointCollection result;
-  result.points = {{x, y, z}};
-  return result;
-}
-
 /// Three elements in a view of 201 pixels: 0 on the left, 1 on the right, 2 in the middle.
 class PointsViewTest : public ::testing::Test {
 protected:
   PointsViewTest()
   {
     view.resize(201, 201);
-    view.setCloud(PointCloud({at(0, -10, 0), at(0, 10, 0), at(0, 0, 0)}));
+    view.setCloud(PointCloud({pointAt(0, -10, 0), pointAt(0, 10, 0), pointAt(0, 0, 0)}));
     view.setColours({qRgb(255, 0, 0), qRgb(0, 255, 0), qRgb(0, 0, 255)});
     view.show();
     view.grab();
@@ -182,7 +176,7 @@ TEST_F(PointsViewTest, ForgetsTheSelectionWithTheOldPoints)
 {
   view.setSelection({2});
 
-  view.setCloud(PointCloud({at(0, 0, 0)}));
+  view.setCloud(PointCloud({pointAt(0, 0, 0)}));
 
   EXPECT_THAT(view.selection(), IsEmpty());
 }
