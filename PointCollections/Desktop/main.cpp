@@ -4,7 +4,7 @@
 
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QLibraryInfo>
-#include <QtCore/QTimer>
+#include <QtCore/QMetaObject>
 #include <QtCore/QTranslator>
 #include <QtWidgets/QApplication>
 
@@ -66,8 +66,8 @@ int main(int argc, char* argv[])
   MainWindow window;
   window.show();
   // In the event loop, since opening may ask questions.
-  QTimer::singleShot(0, &window, [&] {
-    begin(window, parser.positionalArguments().value(0), parser.value(picture));
-  });
+  QMetaObject::invokeMethod(
+      &window, [&] { begin(window, parser.positionalArguments().value(0), parser.value(picture)); },
+      Qt::QueuedConnection);
   return QApplication::exec();
 }

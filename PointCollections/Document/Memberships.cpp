@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Document/Memberships.h"
 
+#include <algorithm>
 #include <numeric>
 
 namespace Tarvik::PointCollections {
@@ -27,8 +28,9 @@ Memberships::Memberships(PointDocument& document)
   std::partial_sum(m_ends.begin(), m_ends.end(), m_ends.begin());
   auto next = m_ends;
   m_memberships.resize(all.size());
-  for (auto found = all.rbegin(); found != all.rend(); ++found)
-    m_memberships[--next[found->element]] = found->membership;
+  std::for_each(all.rbegin(), all.rend(), [&](const Found& found) {
+    m_memberships[--next[found.element]] = found.membership;
+  });
 }
 
 std::span<const Membership> Memberships::of(const PointCollection& collection) const

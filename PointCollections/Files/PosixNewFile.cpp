@@ -123,7 +123,7 @@ NewFile::NewFile(std::filesystem::path path, const std::filesystem::path& model)
   constexpr mode_t usual = 0666;     // less the bits in the user's mask
   const auto known = writableFile(model.c_str());
   m_handle = create(path, known ? ownerOnly : usual);
-  m_path = std::move(path); // from here on the destructor removes the file, whatever is thrown
+  m_path.swap(path); // from here on the destructor removes the file, whatever is thrown
   if (known)
     takeRights(static_cast<int>(m_handle), model.c_str(), *known);
 }

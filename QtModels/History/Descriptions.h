@@ -14,7 +14,7 @@ inline QString descriptionOf(const CommandBase& command) noexcept
   try {
     return QString::fromStdString(command.getDescription());
   } catch (...) {
-    return QString();
+    return {};
   }
 }
 

@@ -65,7 +65,7 @@ protected:
 private Q_SLOTS:
   void showPosition();
 
-private:
+private: // NOLINT(readability-redundant-access-specifiers): slots are more
   void showHistory(History* history);
 
   HistoryModel* m_model; ///< a child

@@ -90,7 +90,7 @@ std::vector<int> rowsWithOtherCounts(const GroupsChange<T>& change)
   std::vector<std::pair<std::size_t, std::ptrdiff_t>> growths; // the steps of a group are together
   const auto grow = [&growths](std::size_t group, std::ptrdiff_t growth) {
     if (growths.empty() || growths.back().first != group)
-      growths.push_back({group, 0});
+      growths.emplace_back(group, 0);
     growths.back().second += growth;
   };
   for (const auto& step : change.groups) {

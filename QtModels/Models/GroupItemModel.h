@@ -98,10 +98,9 @@ template <class T>
 GroupItemModel<T>::GroupItemModel(std::shared_ptr<TKGroupProvider<T>> provider, QObject* parent)
     : GroupItemModelBase(parent),
       m_provider(std::move(provider)),
-      m_shown(ShownLists::shown(*m_provider))
-{
-  m_subscription = subscribe();
-}
+      m_shown(ShownLists::shown(*m_provider)),
+      m_subscription(subscribe())
+{}
 
 template <class T>
 GroupItemModel<T>::~GroupItemModel() = default;

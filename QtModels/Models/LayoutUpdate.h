@@ -62,6 +62,7 @@ private:
   {
     return list ? list->members : m_shown.ungrouped;
   }
+  void begin();
   Target targetOf(const QModelIndex& index) const;
   QModelIndex indexOf(const Target& target, int column) const;
 
@@ -80,6 +81,13 @@ LayoutUpdate<T>::LayoutUpdate(GroupItemModel<T>& model,
                               const QList<QPersistentModelIndex>& parents,
                               QAbstractItemModel::LayoutChangeHint hint)
     : m_model(model), m_shown(model.m_shown), m_parents(parents), m_hint(hint)
+{
+  begin();
+}
+
+/// Notes what the persistent indexes show, after views have made theirs.
+template <class T>
+void LayoutUpdate<T>::begin()
 {
   Q_EMIT m_model.layoutAboutToBeChanged(m_parents, m_hint);
   m_persistent = m_model.persistentIndexList();

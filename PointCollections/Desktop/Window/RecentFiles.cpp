@@ -21,7 +21,7 @@ QString absoluteName(const std::filesystem::path& file)
 
 RecentFiles::RecentFiles(QObject* parent) : QObject(parent) {}
 
-QStringList RecentFiles::names() const
+QStringList RecentFiles::names()
 {
   return QSettings().value(key).toStringList();
 }

@@ -10,7 +10,8 @@ class QMenu;
 
 namespace Tarvik::PointCollections {
 
-/// The files that were opened or saved last, kept between runs of the program.
+/// The files that the user opened or saved last. The settings of the program keep them, so all
+/// objects share them, also with other runs.
 class RecentFiles : public QObject {
   Q_OBJECT
 
@@ -21,12 +22,12 @@ public:
   explicit RecentFiles(QObject* parent = nullptr);
 
   /// The latest first.
-  QStringList names() const;
+  static QStringList names();
 
-  void add(const std::filesystem::path& file);
+  static void add(const std::filesystem::path& file);
 
   /// Forgets a file, for instance because it is not there any more.
-  void remove(const std::filesystem::path& file);
+  static void remove(const std::filesystem::path& file);
 
   /// Fills the menu whenever it is about to be shown.
   void fill(QMenu& menu);

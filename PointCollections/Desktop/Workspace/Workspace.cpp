@@ -85,14 +85,14 @@ void Workspace::writeRecovery()
 
 Editor::SaveResult Workspace::saveIfSafe(const std::filesystem::path& file)
 {
-  const auto result = m_editor.saveIfSafe(file);
+  auto result = m_editor.saveIfSafe(file);
   Q_EMIT titleChanged();
   return result;
 }
 
 Editor::SaveResult Workspace::save(const std::filesystem::path& file)
 {
-  const auto result = m_editor.save(file);
+  auto result = m_editor.save(file);
   Q_EMIT titleChanged();
   return result;
 }
