@@ -8,7 +8,7 @@ namespace Tarvik {
 
 namespace {
 
-const BaseClassRegister* registeredRecord()
+const BaseClassRegister* registeredGUIdentifier()
 {
   static const auto* const registered =
       IdentifierArchive::registerIdentifierClass<GUIdentifier>("GUIdentifier");
@@ -17,7 +17,7 @@ const BaseClassRegister* registeredRecord()
 
 /// Registers when the library is loaded: an archive may hold identifiers before the program has
 /// made one.
-[[maybe_unused]] const auto* const registeredAtLoad = registeredRecord();
+[[maybe_unused]] const auto* const guIdentifierIsRegistered = registeredGUIdentifier();
 
 }
 
@@ -52,7 +52,7 @@ std::optional<GUIdentifier> GUIdentifier::fromString(std::string_view text)
 
 void GUIdentifier::serialization_register(void* out)
 {
-  if (const auto* const registered = registeredRecord())
+  if (const auto* const registered = registeredGUIdentifier())
     *static_cast<BaseClassRegister*>(out) = *registered;
 }
 

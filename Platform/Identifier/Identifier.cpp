@@ -8,7 +8,7 @@ namespace Tarvik {
 
 namespace {
 
-const BaseClassRegister* registeredRecord()
+const BaseClassRegister* registeredIdentifier()
 {
   static const auto* const registered =
       IdentifierArchive::registerIdentifierClass<Identifier>("Identifier");
@@ -17,7 +17,7 @@ const BaseClassRegister* registeredRecord()
 
 /// Registers when the library is loaded: an archive may hold identifiers before the program has
 /// made one.
-[[maybe_unused]] const auto* const registeredAtLoad = registeredRecord();
+[[maybe_unused]] const auto* const identifierIsRegistered = registeredIdentifier();
 
 }
 
@@ -40,7 +40,7 @@ std::optional<Identifier> Identifier::fromString(std::string_view text)
 
 void Identifier::serialization_register(void* out)
 {
-  if (const auto* const registered = registeredRecord())
+  if (const auto* const registered = registeredIdentifier())
     *static_cast<BaseClassRegister*>(out) = *registered;
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Files/DiskLock.h"
+#include "PointCollections/Files/PosixError.h"
 #include "PointCollections/Text/Quoting.h"
 
 #include <fmt/format.h>
@@ -22,11 +23,6 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t longestHolder = 200; // characters
 
-[[noreturn]] void fail()
-{
-  throw std::system_error(errno, std::generic_category());
-}
-
 int openLock(const fs::path& file)
 {
   constexpr int always = O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;
@@ -36,7 +32,7 @@ int openLock(const fs::path& file)
   if (handle < 0 && errno == EACCES)
     handle = open(file.c_str(), always | O_RDONLY);
   if (handle < 0)
-    fail();
+    throwSystemError();
   return handle;
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Files/NewFile.h"
 
+#include "PointCollections/Files/PosixError.h"
+
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -22,11 +24,6 @@ namespace {
 
 constexpr int closed = -1;
 
-[[noreturn]] void fail()
-{
-  throw std::system_error(errno, std::generic_category());
-}
-
 /// Makes a write beyond the greatest file size fail, which would otherwise end the program.
 class FileSizeSignalIgnored {
 public:
@@ -47,10 +44,10 @@ std::optional<struct stat> writableFile(const char* path)
   if (stat(path, &known) != 0) {
     if (errno == ENOENT)
       return std::nullopt;
-    fail();
+    throwSystemError();
   }
   if (faccessat(AT_FDCWD, path, W_OK, AT_EACCESS) != 0)
-    fail();
+    throwSystemError();
   return known;
 }
 
@@ -61,7 +58,7 @@ int create(const std::filesystem::path& path, mode_t mode)
     return file;
   if (errno == EACCES || errno == EPERM || errno == EROFS)
     throw FolderNotWritable(path.parent_path(), {errno, std::generic_category()});
-  fail();
+  throwSystemError();
 }
 
 /// Copies the access control list of the model, and drops the one that the folder gave.
@@ -145,7 +142,7 @@ void NewFile::write(std::span<const std::byte> bytes)
     const auto written =
         ::write(static_cast<int>(m_handle), bytes.data(), std::min(bytes.size(), most));
     if (written < 0 && errno != EINTR)
-      fail();
+      throwSystemError();
     bytes = bytes.subspan(static_cast<std::size_t>(std::max<ssize_t>(written, 0)));
   }
 }
@@ -154,16 +151,16 @@ void NewFile::close()
 {
   const int file = static_cast<int>(m_handle);
   if (fsync(file) != 0)
-    fail();
+    throwSystemError();
   m_handle = closed; // in any case: closing twice might close another file
   if (::close(file) != 0 && errno != EINTR)
-    fail();
+    throwSystemError();
 }
 
 std::error_code NewFile::replace(const std::filesystem::path& file)
 {
   if (std::rename(m_path.c_str(), file.c_str()) != 0)
-    fail();
+    throwSystemError();
   m_path.clear();
   return flushFolder(file);
 }

@@ -187,7 +187,7 @@ void load(PersistenceArchiver& archive, PointProject& project, unsigned int /*ve
   project.document = std::move(document);
 }
 
-const BaseClassRegister* registeredRecord()
+const BaseClassRegister* registeredProject()
 {
   constexpr unsigned int version = 1;
   constexpr unsigned int leastSize = 8; // two empty lists
@@ -198,12 +198,12 @@ const BaseClassRegister* registeredRecord()
 
 void PointProject::serialization_register(void* out)
 {
-  if (const auto* const registered = registeredRecord())
+  if (const auto* const registered = registeredProject())
     *static_cast<BaseClassRegister*>(out) = *registered;
 }
 
 /// The class must be registered before the first archive is opened.
-[[maybe_unused]] const auto* const registeredAtStart = registeredRecord();
+[[maybe_unused]] const auto* const projectIsRegistered = registeredProject();
 
 /// The message of the error, safe to print: it may quote the file.
 std::string messageOf(const ArchiveError& error)

@@ -46,7 +46,7 @@ void load(PersistenceArchiver& archive, PointRecovery& record, unsigned int /*ve
       record.fileHash >> record.written >> record.project;
 }
 
-const BaseClassRegister* registeredRecord()
+const BaseClassRegister* registeredRecovery()
 {
   constexpr unsigned int version = 1;
   constexpr unsigned int leastSize = 37; // three empty texts, three numbers and a bool
@@ -57,12 +57,12 @@ const BaseClassRegister* registeredRecord()
 
 void PointRecovery::serialization_register(void* out)
 {
-  if (const auto* const registered = registeredRecord())
+  if (const auto* const registered = registeredRecovery())
     *static_cast<BaseClassRegister*>(out) = *registered;
 }
 
 /// The class must be registered before the first archive is opened.
-[[maybe_unused]] const auto* const registeredAtStart = registeredRecord();
+[[maybe_unused]] const auto* const recoveryIsRegistered = registeredRecovery();
 
 PointRecovery recordIn(std::span<const std::byte> bytes)
 {

@@ -4,6 +4,7 @@
 #include "PointCollections/Selection/Lookup.h"
 #include "PointCollections/Selection/NearestPattern.h"
 #include "PointCollections/Selection/Pattern.h"
+#include "PointCollections/Selection/ShownWord.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
 
@@ -17,11 +18,6 @@ namespace Tarvik::PointCollections {
 namespace {
 
 using Elements = std::vector<GUIdentifier>;
-
-std::string shown(const Word& word)
-{
-  return printable(abbreviated(asTyped(word), 60));
-}
 
 ElementList listOf(const TKGroup<GUIdentifier>& group)
 {
@@ -38,7 +34,7 @@ std::vector<ElementList> groupsMatching(PointDocument& document, const Word& wor
   }
   if (lists.empty())
     throw UserError(fmt::format(
-        "no group matches {}; {}", shown(word),
+        "no group matches {}; {}", shownWord(word),
         suggestedPattern(word, groupNames(document)).value_or("show --groups lists them")));
   return lists;
 }
@@ -100,7 +96,7 @@ matching(const PointDocument& document, const std::vector<ElementList>& lists, c
                    return collection != nullptr && pattern.matches(collection->name);
                  });
   if (result.empty())
-    throw UserError(fmt::format("nothing{} matches {}; {}", placeOf(lists), shown(word),
+    throw UserError(fmt::format("nothing{} matches {}; {}", placeOf(lists), shownWord(word),
                                 suggestedPattern(word, namesIn(document, lists))
                                     .value_or("find looks for a part of a name")));
   return result;

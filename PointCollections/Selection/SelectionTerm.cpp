@@ -3,6 +3,7 @@
 
 #include "PointCollections/Selection/Lookup.h"
 #include "PointCollections/Selection/Pattern.h"
+#include "PointCollections/Selection/ShownWord.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
 
@@ -19,11 +20,6 @@ constexpr auto npos = std::string_view::npos;
 
 /// Limits the time that a comparison can take.
 constexpr std::size_t longestPattern = 1000;
-
-std::string shown(const Word& word)
-{
-  return printable(abbreviated(asTyped(word), 60));
-}
 
 bool isNumber(std::string_view text)
 {
@@ -57,8 +53,8 @@ SelectionTerm placesIn(SelectionTerm term)
   else if (dash + 1 < range.text.size())
     term.last = positiveNumber(range.part(dash + 1, range.text.size()), "the last place");
   if (term.last < term.first)
-    throw UserError(fmt::format("the places {} are backwards; write {}-{}", shown(range), term.last,
-                                term.first));
+    throw UserError(fmt::format("the places {} are backwards; write {}-{}", shownWord(range),
+                                term.last, term.first));
   return term;
 }
 
@@ -70,7 +66,7 @@ SelectionTerm fileTerm(const Word& word)
   if (isNumber(file.text) && !file.isQuoted)
     throw UserError(fmt::format("{0} is the place of a group; write {0}:* for its members, or "
                                 "@./{1} for a file",
-                                shown(word), file.text));
+                                shownWord(word), file.text));
   return {.kind = Kind::File, .group = {}, .what = std::move(file)};
 }
 
@@ -101,7 +97,7 @@ SelectionTerm termOf(const Word& word)
   if (term.what.text.empty())
     throw UserError(fmt::format("{0} lacks what is after the colon; write {0}* for all members, "
                                 "or {0}1-3 for the first three",
-                                shown(word)));
+                                shownWord(word)));
   if (arePlaces(term.what))
     return placesIn(std::move(term));
   term.kind = kindOfName(term.what);

@@ -18,7 +18,7 @@ bool isOption(const Word& word)
   return !word.isQuoted && word.text.starts_with("--");
 }
 
-const Option& findOption(const Verb& verb, const Word& word)
+const Option& optionFor(const Verb& verb, const Word& word)
 {
   const auto found = std::find_if(verb.options.begin(), verb.options.end(),
                                   [&](const Option& option) { return option.name == word.text; });
@@ -53,7 +53,7 @@ Arguments::Arguments(const Verb& verb, std::span<const Word> words)
       m_words.push_back(*word);
       continue;
     }
-    const Option& option = findOption(verb, *word);
+    const Option& option = optionFor(verb, *word);
     if (has(option.name))
       throw UserError(fmt::format("{} is given twice; give it once", option.name));
     Word value;

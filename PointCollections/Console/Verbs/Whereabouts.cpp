@@ -13,7 +13,7 @@
 namespace Tarvik::PointCollections {
 namespace {
 
-constexpr std::size_t unlimited = std::numeric_limits<std::size_t>::max();
+constexpr std::size_t withoutLimit = std::numeric_limits<std::size_t>::max();
 constexpr std::size_t pointsOfEach = 3; ///< when there are several elements
 
 /// An element, its groups and at most so many of its points, each on a line.
@@ -86,7 +86,7 @@ std::string describeElements(const Session& session, const std::vector<GUIdentif
   for (const auto& element : elements) {
     if (const auto* collection = document.find(element))
       tree.branches.push_back(
-          treeOf(session, *collection, whereabouts, isOne ? unlimited : pointsOfEach));
+          treeOf(session, *collection, whereabouts, isOne ? withoutLimit : pointsOfEach));
   }
   auto drawing = drawTree(isOne && !tree.branches.empty() ? tree.branches.front() : tree);
   drawing.pop_back(); // the last line end
