@@ -20,7 +20,7 @@
 namespace Tarvik {
 namespace {
 
-constexpr std::size_t stackOfAWindowsProgram = std::size_t{1024} * 1024;
+constexpr std::size_t stackOfAWindowsProgram = (hasSanitizer ? 8192 : 1024) * std::size_t{1024};
 constexpr int depth = 100;
 
 /// Does nothing, or fails.

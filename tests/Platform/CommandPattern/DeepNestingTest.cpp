@@ -27,7 +27,7 @@
 namespace Tarvik {
 namespace {
 
-constexpr std::size_t stackOfAWindowsProgram = std::size_t{1024} * 1024;
+constexpr std::size_t stackOfAWindowsProgram = (hasSanitizer ? 8192 : 1024) * std::size_t{1024};
 constexpr int depth = 250;
 
 /// Appends its name, and expects that no exception is being handled when it is reversed.
