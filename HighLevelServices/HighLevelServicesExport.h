@@ -28,6 +28,7 @@
 #endif
 
 #if defined(_MSC_VER)
-// Exported classes have members and bases of the standard library, which all parts of a program share.
+// Exported classes have members and bases of the standard library, which all parts of a program
+// share.
 #pragma warning(disable : 4251 4275)
 #endif
