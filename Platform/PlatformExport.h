@@ -44,3 +44,9 @@
 #else
 #define TKM_PERSISTENCEARCHIVER_API TKM_IMPORT
 #endif
+
+#if defined(_MSC_VER)
+// Exported classes have members and bases of the standard library, which all parts of a program
+// share.
+#pragma warning(disable : 4251 4275)
+#endif

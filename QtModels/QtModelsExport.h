@@ -30,3 +30,9 @@
 #define TKM_QTMODELS_DECLARE __declspec(dllexport)
 #define TKM_QTMODELS_DEFINE
 #endif
+
+#if defined(_MSC_VER)
+// Exported classes have members and bases of the standard library, which all parts of a program
+// share.
+#pragma warning(disable : 4251 4275)
+#endif

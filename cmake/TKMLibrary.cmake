@@ -63,10 +63,8 @@ endfunction()
 
 add_library(tkm_warnings INTERFACE)
 if(MSVC)
-  # 4251 and 4275: exported classes with members and bases of the standard library, which all parts of
-  # a program share. 4702: unreachable code, which it also finds in templates with arguments that always
-  # throw.
-  target_compile_options(tkm_warnings INTERFACE /W4 /permissive- /utf-8 /wd4251 /wd4275 /wd4702
+  # 4702: unreachable code, which it also finds in templates with arguments that always throw.
+  target_compile_options(tkm_warnings INTERFACE /W4 /permissive- /utf-8 /wd4702
     $<$<BOOL:${TKM_WARNINGS_AS_ERRORS}>:/WX>)
   # MSVC warns about standard functions that it has replacements for, and windows.h has macros min and max.
   target_compile_definitions(tkm_warnings INTERFACE _CRT_SECURE_NO_WARNINGS NOMINMAX)

@@ -2,12 +2,14 @@
 #pragma once
 
 #include "CommandPattern/CommandBase.h"
+#include "GroupHosting/Commands/FailureGuard.h"
 #include "GroupHosting/Commands/RecordedChanges.h"
 #include "HighLevelServices/Groups/TKGroup.h"
 #include "HighLevelServices/Groups/TKGroupProviderInterface.h"
 #include "Identifier/Identifier.h"
 
 #include <cstddef>
+#include <exception>
 #include <memory>
 #include <new>
 #include <string>
@@ -107,7 +109,7 @@ private:
   void takeBack() noexcept;
   bool isRead(CommandBase& command);
   void keepWhole(const std::shared_ptr<CommandBase>& command);
-  void undoWhole(CommandBase& command);
+  void undoWhole(CommandBase& command) noexcept;
   template <class Kind, class Matches>
   void read(Matches matches);
   void executeOfHost(const std::shared_ptr<CommandBase>& command);
@@ -149,15 +151,14 @@ private:
 template <class T>
 void CommandRecorder<T>::execute(CommandBase& command)
 {
-  try {
-    command.execute();
-  } catch (...) {
+  FailureGuard guard([this] {
     try {
       handOverLast(); // a macro may have reversed its first changes
     } catch (...) {   // NOLINT(bugprone-empty-catch): the caller gets the first exception
     }
-    throw;
-  }
+  });
+  command.execute();
+  guard.succeed();
 }
 
 template <class T>
@@ -167,14 +168,11 @@ RecordedChanges<T> CommandRecorder<T>::changesOf(const std::shared_ptr<CommandBa
     keepWhole(command);
     return std::move(m_changes);
   }
-  try {
-    m_changes.reserve(m_calls.size());
-    for (const auto& call : m_calls)
-      std::visit([this](const auto& each) { each.addTo(m_changes); }, call);
-  } catch (...) {
-    takeBack();
-    throw;
-  }
+  FailureGuard guard([this] { takeBack(); });
+  m_changes.reserve(m_calls.size());
+  for (const auto& call : m_calls)
+    std::visit([this](const auto& each) { each.addTo(m_changes); }, call);
+  guard.succeed();
   return std::move(m_changes);
 }
 
@@ -183,37 +181,35 @@ template <class T>
 void CommandRecorder<T>::keepWhole(const std::shared_ptr<CommandBase>& command)
 {
   m_phase = Phase::Forwarding;
-  try {
-    handOverLast();
-  } catch (...) {
-    undoWhole(*command);
-    throw;
-  }
+  FailureGuard guard([&] { undoWhole(*command); });
+  handOverLast();
+  guard.succeed();
   m_calls.clear();
   m_changes.emplace_back(HostChange{command});
 }
 
 /// Undoes a command whose changes are not known, if the host got any of them.
 template <class T>
-void CommandRecorder<T>::undoWhole(CommandBase& command)
+void CommandRecorder<T>::undoWhole(CommandBase& command) noexcept
 {
   const bool hasHandedOver = m_calls.size() > (m_isLastHandedOver ? 0 : 1);
   m_phase = Phase::Forwarding;
   m_calls.clear();
   m_isLastHandedOver = true;
-  if (hasHandedOver)
+  if (!hasHandedOver)
+    return;
+  try {
     command.undo();
+  } catch (...) { // NOLINT(bugprone-empty-catch): the caller gets the first exception
+  }
 }
 
 template <class T>
 void CommandRecorder<T>::finish()
 {
-  try {
-    handOverLast();
-  } catch (...) {
-    takeBack();
-    throw;
-  }
+  FailureGuard guard([this] { takeBack(); });
+  handOverLast();
+  guard.succeed();
 }
 
 /// Adds a change, which the host gets later.
@@ -231,12 +227,9 @@ void CommandRecorder<T>::handOverLast()
   if (m_isLastHandedOver)
     return;
   m_isLastHandedOver = true;
-  try {
-    std::visit([this](const auto& each) { each.handOver(*m_provider); }, m_calls.back());
-  } catch (...) {
-    m_calls.pop_back();
-    throw;
-  }
+  FailureGuard guard([this] { m_calls.pop_back(); });
+  std::visit([this](const auto& each) { each.handOver(*m_provider); }, m_calls.back());
+  guard.succeed();
 }
 
 /// Reverses what the host got.
@@ -262,13 +255,17 @@ bool CommandRecorder<T>::isRead(CommandBase& command)
 {
   m_phase = Phase::Reading;
   m_unread = m_calls.size();
+  std::exception_ptr outOfMemory;
   try {
     command.undo();
-  } catch (const std::bad_alloc&) {
-    undoWhole(command);
-    throw;
+  } catch (const std::bad_alloc&) { // it is not rethrown in here: see FailureGuard
+    outOfMemory = std::current_exception();
   } catch (...) {
     return false;
+  }
+  if (outOfMemory) {
+    undoWhole(command);
+    std::rethrow_exception(std::move(outOfMemory));
   }
   if (m_unread == 0)
     return true;

@@ -3,6 +3,7 @@
 
 #include "CommandPattern/CommandBase.h"
 #include "GroupHosting/Commands/CommandRecorder.h"
+#include "GroupHosting/Commands/FailureGuard.h"
 #include "GroupHosting/Commands/RecordedChanges.h"
 #include "GroupHosting/GroupHostingExport.h"
 #include "HighLevelServices/Groups/TKGroupProviderInterface.h"
@@ -130,13 +131,12 @@ void CompactTKGroupCmd<T>::execute()
   auto makeCommand = std::exchange(state->makeCommand, nullptr);
   if (!makeCommand)
     throw std::logic_error("CompactTKGroupCmd: execute() was called before; call redo()");
-  try {
-    run(*state, provider, makeCommand);
-  } catch (...) {
+  GroupLists::FailureGuard guard([&] {
     state->record = nullptr;
     state->makeCommand = std::move(makeCommand);
-    throw;
-  }
+  });
+  run(*state, provider, makeCommand);
+  guard.succeed();
 }
 
 template <class T>

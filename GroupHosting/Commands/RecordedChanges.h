@@ -2,6 +2,7 @@
 #pragma once
 
 #include "CommandPattern/CommandBase.h"
+#include "GroupHosting/Commands/FailureGuard.h"
 #include "GroupHosting/Commands/ListChange.h"
 #include "HighLevelServices/Groups/TKGroupProviderInterface.h"
 #include "Identifier/Identifier.h"
@@ -84,10 +85,7 @@ void repeatAllOrNone(Iterator first,
     std::visit([&](const auto& each) { each.repeat(where, provider); }, change);
   };
   auto current = first;
-  try {
-    for (; current != last; ++current)
-      repeatOne(*current, direction);
-  } catch (...) {
+  FailureGuard guard([&] {
     const auto back = direction == Direction::Forward ? Direction::Backward : Direction::Forward;
     while (current != first) {
       try {
@@ -95,8 +93,10 @@ void repeatAllOrNone(Iterator first,
       } catch (...) { // NOLINT(bugprone-empty-catch): the caller gets the first exception
       }
     }
-    throw;
-  }
+  });
+  for (; current != last; ++current)
+    repeatOne(*current, direction);
+  guard.succeed();
 }
 
 /// Does to the host what the command's redo() would do, or its undo() when going backward.

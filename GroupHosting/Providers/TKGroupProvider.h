@@ -114,9 +114,9 @@ public:
   std::vector<T> getUngroupedElements() override;
 
   /// Replaces the list of groups, then calls the listeners. When it throws, nothing has changed,
-  /// and nobody was told. The undo() and redo() of a CompactTKGroupCmd do not call it, but change
-  /// the list in place: subscribe to be told of every change.
-  void setGroups(const std::vector<TKGroup<T>>& groups) override;
+  /// and nobody was told. No host overrides it, since the undo() and redo() of a CompactTKGroupCmd
+  /// do not call it, but change the list in place: subscribe to be told of every change.
+  void setGroups(const std::vector<TKGroup<T>>& groups) final;
 
   /// None: a host with an order of its own overrides this.
   std::shared_ptr<CommandBase>

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "CommandPattern/CommandHistory.h"
 
+#include "CommandPattern/FailureGuard.h"
 #include "CommandPattern/HistoryEntry.h"
 #include "CommandPattern/OpenTransaction.h"
 
 #include <algorithm>
+#include <exception>
 #include <new>
 #include <stdexcept>
 #include <utility>
@@ -336,20 +338,19 @@ bool CommandHistory::commitTransaction(std::size_t number)
 void CommandHistory::rollBackTransaction(std::size_t number)
 {
   auto& commands = innermostTransaction("rollBack", number).commands();
-  try {
-    while (commands.size() > 0) {
-      {
-        const BusyScope running(m_busyWith, "running");
-        commands.before().undo();
-      }
-      release(commands.takeBefore());
-    }
-  } catch (...) {
+  FailureGuard guard([this] {
     closeTransaction();
     if (m_transactions.empty())
       m_listeners.tellQuietly();
-    throw;
+  });
+  while (commands.size() > 0) {
+    {
+      const BusyScope running(m_busyWith, "running");
+      commands.before().undo();
+    }
+    release(commands.takeBefore());
   }
+  guard.succeed();
   m_transactions.pop_back();
 }
 
@@ -400,13 +401,15 @@ void CommandHistory::closeTransaction() noexcept
 template <class Action, class Condition>
 void CommandHistory::retryWhenOutOfMemory(Action action, Condition isStillPossible)
 {
+  std::exception_ptr failure;
   try {
     action();
     return;
-  } catch (const std::bad_alloc&) {
-    if (!letGoOfMemory() || !isStillPossible())
-      throw;
+  } catch (const std::bad_alloc&) { // it is not rethrown in here: see FailureGuard
+    failure = std::current_exception();
   }
+  if (!letGoOfMemory() || !isStillPossible())
+    std::rethrow_exception(std::move(failure));
   action();
 }
 
@@ -530,22 +533,21 @@ void CommandHistory::walkTo(std::size_t& position)
   const auto start = m_entries.position();
   const auto size = m_entries.size();
   auto wayBack = start;
-  try {
-    while (m_entries.position() > position)
-      if (!stepBack())
-        --wayBack;
-    while (m_entries.position() < position)
-      if (!stepForward())
-        --position;
-  } catch (...) {
+  FailureGuard guard([&] {
     retrace(wayBack);
     if (m_entries.position() != start || m_entries.size() != size)
       m_listeners.tellQuietly();
-    throw;
-  }
+  });
+  while (m_entries.position() > position)
+    if (!stepBack())
+      --wayBack;
+  while (m_entries.position() < position)
+    if (!stepForward())
+      --position;
+  guard.succeed();
 }
 
-/// Goes back to a position while a command's exception is handled. Stops where another command
+/// Goes back to a position while a command's exception is on its way. Stops where another command
 /// throws or where an entry has been released.
 void CommandHistory::retrace(std::size_t position) noexcept
 {

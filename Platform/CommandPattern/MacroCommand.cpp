@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "CommandPattern/MacroCommand.h"
 
+#include "CommandPattern/FailureGuard.h"
+
 #include <algorithm>
 #include <iterator>
 #include <stdexcept>
@@ -28,8 +30,8 @@ void redoIfCapable(CommandBase& command)
     command.redo();
 }
 
-/// Reverses a command while another command's exception is handled. Drops its own exceptions: the
-/// caller gets the first one.
+/// Reverses a command while another command's exception is on its way. Drops its own exceptions:
+/// the caller gets the first one.
 void reverseQuietly(Step reverse, CommandBase& command) noexcept
 {
   try {
@@ -39,19 +41,18 @@ void reverseQuietly(Step reverse, CommandBase& command) noexcept
 }
 
 /// Runs `step` on each command of [first, last). When it throws, runs `reverse` on those that have
-/// finished, latest first, and rethrows.
+/// finished, latest first.
 template <class Iterator, class Function>
 void runAllOrNone(Iterator first, Iterator last, Function step, Step reverse)
 {
   auto current = first;
-  try {
-    for (; current != last; ++current)
-      step(*current);
-  } catch (...) {
+  FailureGuard guard([&] {
     while (current != first)
       reverseQuietly(reverse, **--current);
-    throw;
-  }
+  });
+  for (; current != last; ++current)
+    step(*current);
+  guard.succeed();
 }
 
 }
@@ -91,12 +92,9 @@ void MacroCommand::execute()
   const auto executeOne = [this](const std::shared_ptr<CommandBase>& command) {
     prepareExecute(command);
     command->execute();
-    try {
-      finalizeExecute(command);
-    } catch (...) {
-      reverseQuietly(undoOne, *command);
-      throw;
-    }
+    FailureGuard guard([&] { reverseQuietly(undoOne, *command); });
+    finalizeExecute(command);
+    guard.succeed();
   };
   runAllOrNone(m_commands.begin(), m_commands.end(), executeOne, undoOne);
 }

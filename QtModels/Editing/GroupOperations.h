@@ -1,28 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "CommandPattern/MacroCommand.h"
-#include "GroupHosting/Commands/MoveTKGroupsCmd.h"
 #include "GroupHosting/Providers/TKGroupProvider.h"
-#include "HighLevelServices/GroupCommands/AddToTKGroupCmd.h"
-#include "HighLevelServices/GroupCommands/CreateTKGroupCmd.h"
 #include "HighLevelServices/GroupCommands/DistinctElements.h"
-#include "HighLevelServices/GroupCommands/MoveTKGroupElementsCmd.h"
-#include "HighLevelServices/GroupCommands/RemoveFromTKGroupCmd.h"
-#include "HighLevelServices/GroupCommands/RemoveTKGroupsCmd.h"
-#include "HighLevelServices/GroupCommands/RenameTKGroupCmd.h"
-#include "HighLevelServices/GroupCommands/SortTKGroupsAlphabeticallyCmd.h"
 #include "QtModels/Editing/Blocks.h"
 #include "QtModels/Editing/GroupPlace.h"
 #include "QtModels/Editing/GroupRequest.h"
-#include "QtModels/Editing/GroupSubjects.h"
-#include "QtModels/Editing/PlaceLastGroupCmd.h"
+#include "QtModels/Editing/GroupRequests.h"
 #include "QtModels/QtModelsExport.h"
 
 #include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <limits>
-#include <list>
 #include <memory>
 #include <optional>
 #include <string>
@@ -86,12 +76,8 @@ public:
   moveGroups(const std::vector<Identifier>& groupIds, const Identifier& target, Side side) const;
 
 private:
-  using Provider = std::shared_ptr<TKGroupProviderInterface<T>>;
-
   bool areAllIn(const std::vector<T>& elements, const TKGroup<T>* holder) const;
   bool areInPlace(const std::vector<T>& elements, const T& target, Side side) const;
-  std::string subjectOf(const std::vector<T>& elements) const;
-  std::string namesOf(const std::vector<Identifier>& groupIds) const;
   std::vector<Identifier> knownGroups(const std::vector<Identifier>& groupIds) const;
 
   std::shared_ptr<TKGroupProvider<T>> m_provider;
@@ -113,21 +99,8 @@ std::optional<Identifier> GroupOperations<T>::createGroup(const std::vector<T>& 
                                                           const GroupPlace& place) const
 {
   const auto groupId = std::make_shared<std::optional<Identifier>>();
-  const auto members = GroupLists::distinct(elements);
   const bool isCreated = m_handler(
-      {.context = "CreateTKGroupCmd",
-       .text = "Create Group",
-       .makeCommand =
-           [members, name, place, groupId](Provider provider) {
-             return std::make_shared<MacroCommand>(std::list<std::shared_ptr<CommandBase>>{
-                 std::make_shared<CreateTKGroupCmd<T>>(provider, members, name),
-                 std::make_shared<PlaceLastGroupCmd<T>>(provider, place, groupId)});
-           },
-       .subject =
-           [groupId, count = members.size(), provider = m_provider] {
-             const auto* group = *groupId ? provider->findGroup(**groupId) : nullptr;
-             return group ? GroupSubjects::groupWith(group->getName(), count) : std::string();
-           }});
+      GroupRequests::creation(m_provider, GroupLists::distinct(elements), name, place, groupId));
   return isCreated ? *groupId : std::nullopt;
 }
 
@@ -152,17 +125,7 @@ bool GroupOperations<T>::insertIntoGroup(const std::vector<T>& elements,
     return false;
 
   const auto index = place < members.size() ? static_cast<int>(place) : -1;
-  return m_handler({.context = "AddToTKGroupCmd",
-                    .text = "Add to Group",
-                    .makeCommand =
-                        [moved, groupId, index](Provider provider) {
-                          auto command =
-                              std::make_shared<AddToTKGroupCmd<T>>(provider, moved, groupId);
-                          command->setInsertIndex(index);
-                          return command;
-                        },
-                    .subject = [subject = GroupSubjects::into(
-                                    subjectOf(moved), group->getName())] { return subject; }});
+  return m_handler(GroupRequests::addition(*m_provider, moved, *group, index));
 }
 
 template <class T>
@@ -173,13 +136,7 @@ bool GroupOperations<T>::removeFromGroups(const std::vector<T>& elements) const
                [this](const T& element) { return m_provider->isGrouped(element); });
   if (members.empty())
     return false;
-  return m_handler({.context = "RemoveFromTKGroupCmd",
-                    .text = "Remove Point Collection(s) From Group",
-                    .makeCommand =
-                        [members](Provider provider) {
-                          return std::make_shared<RemoveFromTKGroupCmd<T>>(provider, members);
-                        },
-                    .subject = [subject = subjectOf(members)] { return subject; }});
+  return m_handler(GroupRequests::removal(*m_provider, members));
 }
 
 template <class T>
@@ -192,16 +149,7 @@ bool GroupOperations<T>::moveElements(const std::vector<T>& elements,
   const auto moved = GroupLists::distinct(elements);
   if (moved.empty() || areInPlace(moved, target, side))
     return false;
-  return m_handler({.context = "MoveTKGroupElementsCmd",
-                    .text = "Move Elements",
-                    .makeCommand =
-                        [moved, target, side](Provider provider) {
-                          return std::make_shared<MoveTKGroupElementsCmd<T>>(
-                              provider, moved, target, side == Side::Before);
-                        },
-                    .subject = [subject = GroupSubjects::beside(
-                                    subjectOf(moved), side,
-                                    m_provider->getElementName(target))] { return subject; }});
+  return m_handler(GroupRequests::move(*m_provider, moved, target, side));
 }
 
 template <class T>
@@ -210,13 +158,7 @@ bool GroupOperations<T>::deleteGroups(const std::vector<Identifier>& groupIds) c
   const auto known = knownGroups(groupIds);
   if (known.empty())
     return false;
-  return m_handler({.context = "RemoveTKGroupsCmd",
-                    .text = "Remove Group",
-                    .makeCommand =
-                        [known](Provider provider) {
-                          return std::make_shared<RemoveTKGroupsCmd<T>>(provider, known);
-                        },
-                    .subject = [subject = namesOf(known)] { return subject; }});
+  return m_handler(GroupRequests::deletion(*m_provider, known));
 }
 
 template <class T>
@@ -225,15 +167,7 @@ bool GroupOperations<T>::renameGroup(const Identifier& groupId, const std::strin
   const auto* group = m_provider->findGroup(groupId);
   if (!group || group->getName() == name)
     return false;
-  return m_handler(
-      {.context = "RenameTKGroupCmd",
-       .text = "Rename Group",
-       .makeCommand =
-           [groupId, name](Provider provider) {
-             return std::make_shared<RenameTKGroupCmd<T>>(provider, groupId, name);
-           },
-       .subject = [subject = GroupSubjects::into(GroupSubjects::groupWith(group->getName(), 0),
-                                                 name)] { return subject; }});
+  return m_handler(GroupRequests::renaming(*group, name));
 }
 
 template <class T>
@@ -241,11 +175,7 @@ bool GroupOperations<T>::sortGroups() const
 {
   if (m_provider->getGroups().empty())
     return false;
-  return m_handler({.context = "SortTKGroupsAlphabeticallyCmd",
-                    .text = "Sort Groups",
-                    .makeCommand = [](Provider provider) {
-                      return std::make_shared<SortTKGroupsAlphabeticallyCmd<T>>(provider);
-                    }});
+  return m_handler(GroupRequests::sorting<T>());
 }
 
 template <class T>
@@ -265,16 +195,7 @@ bool GroupOperations<T>::moveGroups(const std::vector<Identifier>& groupIds,
   const auto position = static_cast<std::size_t>(targetGroup - groups.data());
   if (isBlockAt(order, moved, position + (side == Side::After ? 1 : 0)))
     return false;
-  return m_handler(
-      {.context = "MoveTKGroupsCmd",
-       .text = "Move Groups",
-       .makeCommand =
-           [moved, target, side](Provider provider) {
-             return std::make_shared<MoveTKGroupsCmd<T>>(provider, moved, target,
-                                                         side == Side::Before);
-           },
-       .subject = [subject = GroupSubjects::beside(namesOf(moved), side,
-                                                   targetGroup->getName())] { return subject; }});
+  return m_handler(GroupRequests::moveOfGroups(*m_provider, moved, *targetGroup, side));
 }
 
 /// Whether the group is the first holder of all of the elements; null: whether none is grouped.
@@ -298,24 +219,6 @@ bool GroupOperations<T>::areInPlace(const std::vector<T>& elements,
   const auto found = std::find(list.begin(), list.end(), target);
   const auto next = side == Side::After && found != list.end() ? found + 1 : found;
   return isBlockAt(list, elements, static_cast<std::size_t>(next - list.begin()));
-}
-
-template <class T>
-std::string GroupOperations<T>::subjectOf(const std::vector<T>& elements) const
-{
-  return GroupSubjects::elements(elements.size(), elements.size() == 1
-                                                      ? m_provider->getElementName(elements.front())
-                                                      : std::string());
-}
-
-template <class T>
-std::string GroupOperations<T>::namesOf(const std::vector<Identifier>& groupIds) const
-{
-  std::vector<std::string> names;
-  names.reserve(groupIds.size());
-  for (const auto& id : groupIds)
-    names.push_back(m_provider->findGroup(id)->getName());
-  return GroupSubjects::groups(names);
 }
 
 template <class T>

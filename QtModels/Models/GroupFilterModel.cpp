@@ -1,19 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "QtModels/Models/GroupFilterModel.h"
 
+#include "QtModels/Models/FilteredRows.h"
 #include "QtModels/Models/GroupItemModelBase.h"
-#include "QtModels/Models/ShownGroups.h"
 
 #include <algorithm>
 #include <cstddef>
-#include <iterator>
-#include <numeric>
 #include <utility>
 
 namespace Tarvik {
 namespace {
-
-using ShownLists::at;
 
 int sizeOf(const std::vector<int>& rows)
 {
@@ -27,20 +23,11 @@ int positionOf(int row, const std::vector<int>& rows)
   return found != rows.end() && *found == row ? static_cast<int>(found - rows.begin()) : -1;
 }
 
-/// Takes the entries from first to last out of a list.
-template <class Entry>
-std::vector<Entry> taken(std::vector<Entry>& list, int first, int last)
-{
-  const auto begin = at(list, static_cast<std::size_t>(first));
-  const auto end = at(list, static_cast<std::size_t>(last) + 1);
-  std::vector<Entry> entries(std::make_move_iterator(begin), std::make_move_iterator(end));
-  list.erase(begin, end);
-  return entries;
 }
 
-}
-
-GroupFilterModel::GroupFilterModel(QObject* parent) : QAbstractProxyModel(parent) {}
+GroupFilterModel::GroupFilterModel(QObject* parent)
+    : QAbstractProxyModel(parent), m_rows(std::make_unique<FilteredRows>())
+{}
 
 GroupFilterModel::~GroupFilterModel() = default;
 
@@ -52,7 +39,7 @@ void GroupFilterModel::setSourceModel(QAbstractItemModel* source)
   if (source)
     connectTo(source); // before the base, which tells headers after each change of the source
   QAbstractProxyModel::setSourceModel(source);
-  readAll();
+  m_rows->setSource(source);
   endResetModel();
   Q_EMIT matchesChanged();
 }
@@ -66,14 +53,13 @@ void GroupFilterModel::connectTo(const QAbstractItemModel* source)
   connect(source, &Model::headerDataChanged, this, &Model::headerDataChanged);
   connect(source, &Model::modelAboutToBeReset, this, [this] { beginResetModel(); });
   connect(source, &Model::modelReset, this, [this] {
-    readAll();
+    m_rows->setSource(sourceModel());
     endResetModel();
     Q_EMIT matchesChanged();
   });
   connect(source, &QObject::destroyed, this, [this] {
     beginResetModel();
-    m_top = {};
-    m_groups.clear();
+    m_rows->setSource(nullptr);
     endResetModel();
   });
 }
@@ -93,7 +79,7 @@ void GroupFilterModel::connectRows(const QAbstractItemModel* source)
           [this](const QModelIndex& parent, int first, int last) {
             if (!isFiltering())
               return endInsertRows();
-            putRange(parent, first, readRange(parent, first, last));
+            m_rows->insert(parent, first, last);
             showMatches();
           });
   connect(source, &Model::rowsAboutToBeRemoved, this,
@@ -107,7 +93,7 @@ void GroupFilterModel::connectRows(const QAbstractItemModel* source)
           [this](const QModelIndex& parent, int first, int last) {
             if (!isFiltering())
               return endRemoveRows();
-            takeRange(parent, first, last);
+            m_rows->remove(parent, first, last);
             showMatches();
           });
   connect(source, &Model::rowsAboutToBeMoved, this,
@@ -117,8 +103,7 @@ void GroupFilterModel::connectRows(const QAbstractItemModel* source)
               return;
             }
             beginLayout();
-            const bool isAfter = parent == to && row > last;
-            putRange(to, isAfter ? row - (last - first + 1) : row, takeRange(parent, first, last));
+            m_rows->move(parent, first, last, to, row);
           });
   connect(source, &Model::rowsMoved, this, [this] {
     if (isFiltering())
@@ -136,9 +121,14 @@ void GroupFilterModel::connectLayout(const QAbstractItemModel* source)
           [this](const Parents& parents, Hint hint) {
             if (!isFiltering())
               return endLayout(parents, hint);
-            readAgain(parents);
+            m_rows->readAgain(parents);
             showMatches();
           });
+}
+
+bool GroupFilterModel::isFiltering() const
+{
+  return m_rows->isFiltering();
 }
 
 void GroupFilterModel::setFilterText(const QString& text)
@@ -147,13 +137,9 @@ void GroupFilterModel::setFilterText(const QString& text)
     return;
   const auto pattern = text.toCaseFolded();
   m_text = text;
-  if (pattern != m_pattern) {
+  if (pattern != m_rows->pattern()) {
     beginLayout();
-    const auto before = std::exchange(m_pattern, pattern);
-    if (before.isEmpty() || pattern.isEmpty())
-      readAll();
-    else
-      filter(pattern.contains(before));
+    m_rows->setPattern(pattern);
     endLayout();
     Q_EMIT matchesChanged();
   }
@@ -162,12 +148,9 @@ void GroupFilterModel::setFilterText(const QString& text)
 
 int GroupFilterModel::matchingGroups() const
 {
+  if (isFiltering())
+    return m_rows->matchingGroups();
   int groups = 0;
-  if (isFiltering()) {
-    for (const int row : m_top.matching)
-      groups += isGroup(row) ? 1 : 0;
-    return groups;
-  }
   while (groups < rowCount() &&
          index(groups, 0).data(GroupItemModelBase::KindRole).value<GroupItemModelBase::RowKind>() ==
              GroupItemModelBase::RowKind::Group)
@@ -177,158 +160,13 @@ int GroupFilterModel::matchingGroups() const
 
 int GroupFilterModel::matchingElements() const
 {
-  if (isFiltering()) {
-    return std::accumulate(
-        m_groups.begin(), m_groups.end(), sizeOf(m_top.matching) - matchingGroups(),
-        [](int sum, const auto& group) { return sum + sizeOf(group->matching); });
-  }
+  if (isFiltering())
+    return m_rows->matchingElements();
   const int groups = matchingGroups();
   int elements = rowCount() - groups;
   for (int group = 0; group < groups; ++group)
     elements += rowCount(index(group, 0));
   return elements;
-}
-
-/// Whether the top row of the source is a group. Only while filtering.
-bool GroupFilterModel::isGroup(int sourceRow) const
-{
-  return static_cast<std::size_t>(sourceRow) < m_groups.size();
-}
-
-auto GroupFilterModel::rowsOf(const QModelIndex& sourceParent) -> Rows&
-{
-  return sourceParent.isValid() ? *m_groups[static_cast<std::size_t>(sourceParent.row())] : m_top;
-}
-
-auto GroupFilterModel::rowsOf(const QModelIndex& sourceParent) const -> const Rows&
-{
-  return sourceParent.isValid() ? *m_groups[static_cast<std::size_t>(sourceParent.row())] : m_top;
-}
-
-QString GroupFilterModel::nameAt(int row, const QModelIndex& sourceParent) const
-{
-  return sourceModel()->index(row, 0, sourceParent).data().toString().toCaseFolded();
-}
-
-auto GroupFilterModel::readRows(const QModelIndex& sourceParent) const -> std::unique_ptr<Rows>
-{
-  auto rows = std::make_unique<Rows>();
-  const int count = sourceModel()->rowCount(sourceParent);
-  rows->names.reserve(static_cast<std::size_t>(count));
-  for (int row = 0; row < count; ++row)
-    rows->names.push_back(nameAt(row, sourceParent));
-  return rows;
-}
-
-/// Reads all names of the source, or forgets them when nothing is filtered.
-void GroupFilterModel::readAll()
-{
-  m_top = {};
-  m_groups.clear();
-  if (!isFiltering() || !sourceModel())
-    return;
-  auto all = readRange({}, 0, sourceModel()->rowCount() - 1);
-  m_top.names = std::move(all.names);
-  m_groups = std::move(all.groups);
-  filter(false);
-}
-
-auto GroupFilterModel::readRange(const QModelIndex& sourceParent, int first, int last) const
-    -> TakenRows
-{
-  TakenRows read;
-  for (int row = first; row <= last; ++row) {
-    const auto index = sourceModel()->index(row, 0, sourceParent);
-    const auto kind = index.data(GroupItemModelBase::KindRole).value<GroupItemModelBase::RowKind>();
-    read.names.push_back(nameAt(row, sourceParent));
-    if (kind == GroupItemModelBase::RowKind::Group)
-      read.groups.push_back(readRows(index));
-  }
-  return read;
-}
-
-auto GroupFilterModel::takeRange(const QModelIndex& sourceParent, int first, int last) -> TakenRows
-{
-  TakenRows result;
-  result.names = taken(rowsOf(sourceParent).names, first, last);
-  if (!sourceParent.isValid() && isGroup(first))
-    result.groups = taken(m_groups, first, (std::min)(last, static_cast<int>(m_groups.size()) - 1));
-  return result;
-}
-
-void GroupFilterModel::putRange(const QModelIndex& sourceParent, int row, TakenRows rows)
-{
-  const auto position = static_cast<std::size_t>(row);
-  ShownLists::insert(rowsOf(sourceParent).names, position, std::move(rows.names));
-  if (!rows.groups.empty())
-    ShownLists::insert(m_groups, position, std::move(rows.groups));
-}
-
-/// Reads the names below these rows of the source; of all rows if there are none.
-void GroupFilterModel::readAgain(const Parents& sourceParents)
-{
-  const bool isBelowGroups =
-      !sourceParents.isEmpty() &&
-      std::all_of(sourceParents.begin(), sourceParents.end(),
-                  [](const QPersistentModelIndex& parent) { return parent.isValid(); });
-  if (!isBelowGroups)
-    return readAll();
-  for (const QModelIndex parent : sourceParents)
-    rowsOf(parent) = *readRows(parent);
-}
-
-/// @return whether any name is another one
-bool GroupFilterModel::readNamesAgain(const QModelIndex& first, const QModelIndex& last)
-{
-  bool isChanged = false;
-  auto& names = rowsOf(first.parent()).names;
-  for (int row = first.row(); row <= last.row(); ++row) {
-    auto name = nameAt(row, first.parent());
-    auto& known = names[static_cast<std::size_t>(row)];
-    isChanged = isChanged || name != known;
-    known = std::move(name);
-  }
-  return isChanged;
-}
-
-/// Finds out which rows are shown.
-/// @param narrows  whether only rows that matched before can match
-void GroupFilterModel::filter(bool narrows)
-{
-  findMatches(m_top, narrows);
-  m_top.shown.clear();
-  auto next = m_top.matching.begin();
-  for (int row = 0; row < static_cast<int>(m_groups.size()); ++row) {
-    auto& group = *m_groups[static_cast<std::size_t>(row)];
-    findMatches(group, narrows);
-    const bool matchesItself = next != m_top.matching.end() && *next == row;
-    if (matchesItself) {
-      ++next;
-      group.shown.resize(group.names.size());
-      std::iota(group.shown.begin(), group.shown.end(), 0);
-    } else {
-      group.shown = group.matching;
-    }
-    if (matchesItself || !group.matching.empty())
-      m_top.shown.push_back(row);
-  }
-  m_top.shown.insert(m_top.shown.end(), next, m_top.matching.end());
-}
-
-void GroupFilterModel::findMatches(Rows& rows, bool narrows) const
-{
-  const auto contains = [&](int row) {
-    return rows.names[static_cast<std::size_t>(row)].contains(m_pattern);
-  };
-  if (narrows) {
-    std::erase_if(rows.matching, [&](int row) { return !contains(row); });
-    return;
-  }
-  rows.matching.clear();
-  for (int row = 0; row < static_cast<int>(rows.names.size()); ++row) {
-    if (contains(row))
-      rows.matching.push_back(row);
-  }
 }
 
 /// Begins a change of the layout. The source must not have changed yet.
@@ -345,7 +183,7 @@ void GroupFilterModel::beginLayout(const Parents& sourceParents, Hint hint)
 /// Filters all rows, and ends the change of the layout.
 void GroupFilterModel::showMatches()
 {
-  filter(false);
+  m_rows->filter();
   endLayout();
   Q_EMIT matchesChanged();
 }
@@ -377,11 +215,11 @@ void GroupFilterModel::tellData(const QModelIndex& first,
     Q_EMIT dataChanged(mapFromSource(first), mapFromSource(last), roles);
     return;
   }
-  if (readNamesAgain(first, last)) {
+  if (m_rows->readNamesAgain(first, last)) {
     beginLayout();
     showMatches();
   }
-  const auto& shown = rowsOf(first.parent()).shown;
+  const auto& shown = m_rows->shownBelow(first.parent());
   const auto begin = std::lower_bound(shown.begin(), shown.end(), first.row());
   const auto end = std::upper_bound(begin, shown.end(), last.row());
   const auto parent = mapFromSource(first.parent());
@@ -398,7 +236,7 @@ QModelIndex GroupFilterModel::index(int row, int column, const QModelIndex& pare
     return {};
   const auto sourceParent = mapToSource(parent);
   const int sourceRow =
-      isFiltering() ? rowsOf(sourceParent).shown[static_cast<std::size_t>(row)] : row;
+      isFiltering() ? m_rows->shownBelow(sourceParent)[static_cast<std::size_t>(row)] : row;
   const auto source = sourceModel()->index(sourceRow, column, sourceParent);
   return createIndex(row, column, source.internalPointer());
 }
@@ -415,9 +253,9 @@ int GroupFilterModel::rowCount(const QModelIndex& parent) const
   const auto sourceParent = mapToSource(parent);
   if (!isFiltering())
     return sourceModel()->rowCount(sourceParent);
-  const bool isElement =
-      sourceParent.isValid() && (sourceParent.parent().isValid() || !isGroup(sourceParent.row()));
-  return isElement ? 0 : sizeOf(rowsOf(sourceParent).shown);
+  const bool isElement = sourceParent.isValid() &&
+                         (sourceParent.parent().isValid() || !m_rows->isGroup(sourceParent.row()));
+  return isElement ? 0 : sizeOf(m_rows->shownBelow(sourceParent));
 }
 
 int GroupFilterModel::columnCount(const QModelIndex& parent) const
@@ -438,7 +276,7 @@ QModelIndex GroupFilterModel::mapToSource(const QModelIndex& proxyIndex) const
   if (!isFiltering())
     return createSourceIndex(proxyIndex.row(), proxyIndex.column(), pointer);
   const auto sourceParent = createSourceIndex(0, 0, pointer).parent();
-  const auto& shown = rowsOf(sourceParent).shown;
+  const auto& shown = m_rows->shownBelow(sourceParent);
   return createSourceIndex(shown[static_cast<std::size_t>(proxyIndex.row())], proxyIndex.column(),
                            pointer);
 }
@@ -451,7 +289,7 @@ QModelIndex GroupFilterModel::mapFromSource(const QModelIndex& sourceIndex) cons
   if (!isFiltering())
     return createIndex(sourceIndex.row(), sourceIndex.column(), pointer);
   const auto sourceParent = sourceIndex.parent();
-  const int row = positionOf(sourceIndex.row(), rowsOf(sourceParent).shown);
+  const int row = positionOf(sourceIndex.row(), m_rows->shownBelow(sourceParent));
   return row < 0 ? QModelIndex() : createIndex(row, sourceIndex.column(), pointer);
 }
 

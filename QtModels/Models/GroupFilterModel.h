@@ -10,9 +10,10 @@
 #include <QtCore/QString>
 
 #include <memory>
-#include <vector>
 
 namespace Tarvik {
+
+class FilteredRows;
 
 /// Shows the groups and elements whose names contain a text, in upper or lower case.
 ///
@@ -66,39 +67,10 @@ private:
   using Parents = QList<QPersistentModelIndex>;
   using Hint = QAbstractItemModel::LayoutChangeHint;
 
-  /// The rows below one row of the source, or its top rows.
-  struct Rows {
-    std::vector<QString> names; ///< case-folded
-    std::vector<int> matching;  ///< those with names that contain the text, ascending
-    std::vector<int> shown;     ///< those that are not hidden, ascending
-  };
-
-  /// Names that go from one place to another.
-  struct TakenRows {
-    std::vector<QString> names;
-    std::vector<std::unique_ptr<Rows>> groups;
-  };
-
-  bool isFiltering() const { return !m_pattern.isEmpty(); }
+  bool isFiltering() const;
   void connectTo(const QAbstractItemModel* source);
   void connectRows(const QAbstractItemModel* source);
   void connectLayout(const QAbstractItemModel* source);
-  bool isGroup(int sourceRow) const;
-  Rows& rowsOf(const QModelIndex& sourceParent);
-  const Rows& rowsOf(const QModelIndex& sourceParent) const;
-  QString nameAt(int row, const QModelIndex& sourceParent) const;
-  std::unique_ptr<Rows> readRows(const QModelIndex& sourceParent) const;
-
-  void readAll();
-  TakenRows readRange(const QModelIndex& sourceParent, int first, int last) const;
-  TakenRows takeRange(const QModelIndex& sourceParent, int first, int last);
-  void putRange(const QModelIndex& sourceParent, int row, TakenRows rows);
-  void readAgain(const Parents& sourceParents);
-  bool readNamesAgain(const QModelIndex& first, const QModelIndex& last);
-
-  void filter(bool narrows);
-  void findMatches(Rows& rows, bool narrows) const;
-
   void beginLayout(const Parents& sourceParents = {}, Hint hint = NoLayoutChangeHint);
   void endLayout(const Parents& sourceParents = {}, Hint hint = NoLayoutChangeHint);
   void showMatches();
@@ -106,10 +78,8 @@ private:
   void tellData(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles);
 
   QString m_text;
-  QString m_pattern; ///< case-folded
-  Rows m_top;
-  std::vector<std::unique_ptr<Rows>> m_groups; ///< by row of the source; only while filtering
-  QModelIndexList m_persistent;                ///< during a change of the layout
+  std::unique_ptr<FilteredRows> m_rows; ///< those of the source
+  QModelIndexList m_persistent;         ///< during a change of the layout
   Parents m_persistentSources;
 };
 

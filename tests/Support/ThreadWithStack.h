@@ -15,6 +15,16 @@
 
 namespace Tarvik {
 
+/// Whether a sanitizer makes frames on the stack larger.
+inline constexpr bool hasSanitizer =
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    true;
+#elif defined(__has_feature)
+    __has_feature(address_sanitizer) || __has_feature(thread_sanitizer);
+#else
+    false;
+#endif
+
 /// A thread with a stack of a given size, which std::thread cannot have.
 class ThreadWithStack {
 public:

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <exception>
 #include <functional>
 #include <list>
 #include <memory>
@@ -522,8 +523,28 @@ TYPED_TEST(CompactCommandOfAnotherKind, IsUndoneWhenTheHostRefusesItsLastChange)
   EXPECT_THROW(second.execute(), std::runtime_error);
 }
 
+TYPED_TEST(CompactCommandOfAnotherKind, TellsTheFirstErrorWhenItCannotBeUndoneEither)
+{
+  auto command =
+      this->commandThat(this->renameAndSetOne, [this](auto& to) { to.renameGroup(this->id, "A"); });
+  int changes = 0;
+  this->host->afterChanges([&changes] { // the group is renamed: now everything fails
+    if (++changes > 1)
+      throw std::runtime_error(std::to_string(changes));
+  });
+
+  try {
+    command.execute();
+    FAIL() << "the host's error is lost";
+  } catch (const std::runtime_error& error) {
+    EXPECT_STREQ(error.what(), "2");
+  }
+  EXPECT_EQ(changes, 3);
+}
+
 TYPED_TEST(CompactCommandOfAnotherKind, IsUndoneWhenMemoryRunsOutWhileItIsRead)
 {
+  this->host->afterChanges([] { EXPECT_EQ(std::current_exception(), nullptr); });
   const auto failOnce = [this, first = true](auto& to) mutable {
     if (std::exchange(first, false))
       throw std::bad_alloc();

@@ -62,9 +62,7 @@ TYPED_TEST(GroupCasters, HoldTwoZerosAndTheirTwoFunctions)
 
 TEST(Casters, KeepTheOrderOfTheirVirtualOperations)
 {
-#if !defined(_MSC_VER) // its tables are laid out in another way
   EXPECT_EQ(virtualSlots(&Caster::toBase, &Caster::toDerived), slotsAfterDestructor(2));
-#endif
   static_assert(std::has_virtual_destructor_v<Caster>);
 }
 

@@ -16,16 +16,6 @@
 namespace Tarvik {
 namespace {
 
-constexpr bool hasSanitizer =
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-    true;
-#elif defined(__has_feature)
-    __has_feature(address_sanitizer) || __has_feature(thread_sanitizer);
-#else
-    false;
-#endif
-
-/// Sanitizers make frames larger.
 constexpr std::size_t enoughStack = (hasSanitizer ? 2048 : 320) * std::size_t{1024};
 
 constexpr unsigned int greatestDepth = 250;
