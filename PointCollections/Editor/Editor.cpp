@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Editor/Editor.h"
 
+#include "PointCollections/Editor/Saving.h"
 #include "PointCollections/Input/PointFile.h"
 #include "PointCollections/Project/ProjectFile.h"
 #include "PointCollections/Text/Quoting.h"
@@ -139,13 +140,9 @@ void Editor::replaceWithUnsaved(OpenedDocument opened)
 
 Editor::OverwriteRisk Editor::overwriteRisk(const std::filesystem::path& file)
 {
-  const bool isOwn = file == projectFile() || m_files->areSame(file, projectFile());
-  if (isOwn) {
-    bool isChanged = false;
-    withAllMemory([&] { isChanged = m_files->exists(file) && !isUnchanged(*m_files, m_opened); });
-    return isChanged ? OverwriteRisk::OtherChanges : OverwriteRisk::None;
-  }
-  return m_files->exists(file) ? OverwriteRisk::OtherFile : OverwriteRisk::None;
+  auto risk = OverwriteRisk::None;
+  withAllMemory([&] { risk = Saving::overwriteRisk(*m_files, m_opened, file); });
+  return risk;
 }
 
 Editor::SaveResult Editor::save(const std::filesystem::path& file)
@@ -181,11 +178,40 @@ Editor::SaveResult Editor::saveLocked(const std::filesystem::path& file)
 std::string Editor::saveOnce(const std::filesystem::path& file)
 {
   const auto bytes = saveProject(*document());
-  OpenedDocument saved = {
-      document(), Utf8::fromPath(file.filename()), file, bytes.size(), hashOf(bytes), file};
+  auto saved = openedIn(file, bytes);
   auto warning = m_files->write(file, bytes).warning;
   m_opened = std::move(saved); // cannot fail
   return warning;
+}
+
+/// What is known about a file with these bytes, once the document is saved in it.
+OpenedDocument Editor::openedIn(const std::filesystem::path& file,
+                                std::span<const std::byte> bytes) const
+{
+  return {document(), Utf8::fromPath(file.filename()), file, bytes.size(), hashOf(bytes), file};
+}
+
+std::unique_ptr<Saving> Editor::beginSave(const std::filesystem::path& file, bool mayOverwrite)
+{
+  std::unique_ptr<Saving> saving;
+  withAllMemory([&] {
+    auto bytes = saveProject(*document());
+    auto saved = openedIn(file, bytes);
+    saving = std::make_unique<Saving>(m_files, m_opened, std::move(saved), std::move(bytes),
+                                      mayOverwrite, state());
+  });
+  return saving;
+}
+
+void Editor::finishSave(const Saving& saving)
+{
+  const bool isStillSo = saving.stateOfDocument() == state();
+  m_opened = saving.saved();
+  ++m_changes;
+  if (isStillSo)
+    m_history.markClean();
+  else
+    m_history.forgetCleanMark();
 }
 
 /// Does what saving needs: if there is not enough memory, with the reserve, and then with the

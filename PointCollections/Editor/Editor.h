@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <span>
 #include <string>
 #include <utility>
 
@@ -29,6 +30,8 @@ struct OpenedDocument {
 /// Reads and checks a document: a project if the name of the file ends in .tkpc, otherwise points.
 /// @throws UserError if the file cannot be read or is not valid
 OpenedDocument openDocument(Files& files, const std::filesystem::path& file);
+
+class Saving;
 
 /// Whether the file of the document still has the bytes that were read or written.
 /// @throws UserError if it cannot be read
@@ -137,10 +140,28 @@ public:
   /// of this kind can save in the file.
   SaveResult saveIfSafe(const std::filesystem::path& file);
 
+  /// Two that are equal stand for the same content of the same document.
+  using State = std::pair<std::size_t, std::size_t>;
+
+  State state() const { return {m_changes, stepsInEffect()}; }
+
+  /// The first step of a save that another thread writes: takes the content of the document as it
+  /// is now. Saving::write() is the second step, and finishSave() the last one.
+  /// @param mayOverwrite  whether to save whatever that overwrites, as save() does; otherwise as
+  ///                      saveIfSafe()
+  /// @throws UserError if there is not enough memory, or the document cannot be saved
+  std::unique_ptr<Saving> beginSave(const std::filesystem::path& file, bool mayOverwrite);
+
+  /// Takes note of a save that has been written. The document is unsaved still if it has been
+  /// changed since beginSave().
+  void finishSave(const Saving& saving);
+
 private:
   std::unique_ptr<FileLock> lockForSaving(const std::filesystem::path& file);
   SaveResult saveLocked(const std::filesystem::path& file);
   std::string saveOnce(const std::filesystem::path& file);
+  OpenedDocument openedIn(const std::filesystem::path& file,
+                          std::span<const std::byte> bytes) const;
   bool forgetSteps();
   bool holdReserve();
 

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "PointCollections/Files/Cancellation.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -53,6 +56,15 @@ public:
   /// @return a warning if the file is written, but a power cut may still undo that
   virtual WriteResult write(const std::filesystem::path& file,
                             std::span<const std::byte> bytes) = 0;
+
+  /// As write(), but another thread may cancel it until the new content replaces the old one.
+  /// @return nothing if it was cancelled; the file is as it was then
+  virtual std::optional<WriteResult> writeUnlessCancelled(const std::filesystem::path& file,
+                                                          std::span<const std::byte> bytes,
+                                                          Cancellation& cancellation)
+  {
+    return cancellation.passPointOfNoReturn() ? std::optional(write(file, bytes)) : std::nullopt;
+  }
 
   /// Keeps other programs that ask for this lock from saving in the file. Removes what programs
   /// that were killed while they saved in it have left. Null where there are no locks.
