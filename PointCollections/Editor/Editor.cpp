@@ -48,36 +48,87 @@ bool isDoneInMemory(Action& action)
   }
 }
 
-std::shared_ptr<PointDocument> documentOf(PointFileContent content)
+/// Reads and checks a document, and tells if the memory is too small for it.
+template <class Action>
+OpenedDocument openInMemory(const std::string& name, Action action)
+{
+  try {
+    return action();
+  } catch (const std::bad_alloc&) {
+    throw UserError(fmt::format("{}: there is not enough memory for this file", name));
+  }
+}
+
+std::string nameInMessages(const std::filesystem::path& file)
+{
+  return printable(Utf8::fromPath(file));
+}
+
+OpenedDocument documentOf(PointFileContent content, std::string title)
 {
   auto document = PointDocument::create(std::move(content.collections));
   document->setGroups(content.groups);
-  return document;
+  return {.document = std::move(document),
+          .title = std::move(title),
+          .warnings = std::move(content.warnings)};
+}
+
+/// A document of a file of points that is read now.
+/// @param parse  makes its content of the text
+template <class Parse>
+OpenedDocument readPoints(Files& files, const std::filesystem::path& file, Parse parse)
+{
+  const bool isReadOnce = files.isReadOnce(file);
+  const auto text = files.readText(file);
+  auto opened = documentOf(parse(text), Utf8::fromPath(isReadOnce ? file : file.filename()));
+  if (isReadOnce)
+    return opened;
+  opened.fileSize = text.size();
+  opened.fileHash = hashOf(std::as_bytes(std::span(text)));
+  opened.file = file;
+  return opened;
+}
+
+OpenedDocument readProject(Files& files, const std::filesystem::path& file, const std::string& name)
+{
+  const auto start = files.readStart(file, projectStartSize);
+  checkProjectStart(start.bytes, start.size, name);
+  const auto bytes = files.readBytes(file);
+  return {loadProject(bytes, name),
+          Utf8::fromPath(file.filename()),
+          file,
+          bytes.size(),
+          hashOf(bytes),
+          file};
 }
 
 }
 
 OpenedDocument openDocument(Files& files, const std::filesystem::path& file)
 {
-  const auto name = printable(Utf8::fromPath(file));
-  try {
-    auto title = Utf8::fromPath(file.filename());
-    if (!isProjectName(file)) {
-      const auto text = files.readText(file);
-      return {documentOf(parsePointFile(text, name)),
-              std::move(title),
-              {},
-              text.size(),
-              hashOf(std::as_bytes(std::span(text))),
-              file};
-    }
-    const auto start = files.readStart(file, projectStartSize);
-    checkProjectStart(start.bytes, start.size, name);
-    const auto bytes = files.readBytes(file);
-    return {loadProject(bytes, name), std::move(title), file, bytes.size(), hashOf(bytes), file};
-  } catch (const std::bad_alloc&) {
-    throw UserError(fmt::format("{}: there is not enough memory for this file", name));
-  }
+  const auto name = nameInMessages(file);
+  return openInMemory(name, [&] {
+    if (isProjectName(file))
+      return readProject(files, file, name);
+    return readPoints(files, file, [&](const auto& text) { return parsePointFile(text, name); });
+  });
+}
+
+OpenedDocument openPoints(Files& files,
+                          const std::filesystem::path& file,
+                          const TableHeader& header,
+                          const PointColumns& columns)
+{
+  const auto name = nameInMessages(file);
+  return openInMemory(name, [&] {
+    return readPoints(
+        files, file, [&](const auto& text) { return parsePointFile(text, name, header, columns); });
+  });
+}
+
+OpenedDocument openPoints(std::string_view text, const std::string& title)
+{
+  return openInMemory(title, [&] { return documentOf(parsePointFile(text, title), title); });
 }
 
 bool isUnchanged(Files& files, const OpenedDocument& opened)

@@ -6,6 +6,7 @@
 #include "PointCollections/Editor/GroupEdit.h"
 #include "PointCollections/Editor/MemoryReserve.h"
 #include "PointCollections/Files/Files.h"
+#include "PointCollections/Input/PointColumns.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -13,7 +14,9 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 namespace Tarvik::PointCollections {
 
@@ -24,12 +27,28 @@ struct OpenedDocument {
   std::filesystem::path projectFile = {};  ///< empty unless the document comes from a project
   std::uint64_t fileSize = 0;              ///< of the file that it was read from, in bytes
   std::size_t fileHash = 0;                ///< of the bytes of that file
-  std::filesystem::path file = {};         ///< the file that it was read from or saved in last
+  std::filesystem::path file = {}; ///< the file that it was read from or saved in last; empty
+                                   ///< for a pipe or the like, which cannot be read again
+  std::vector<std::string> warnings = {}; ///< for the user: "name:line: ..."; usually none
 };
 
 /// Reads and checks a document: a project if the name of the file ends in .tkpc, otherwise points.
+/// @throws UnknownColumns if the header of a file of points does not tell which columns are meant
 /// @throws UserError if the file cannot be read or is not valid
 OpenedDocument openDocument(Files& files, const std::filesystem::path& file);
+
+/// Reads and checks a file of points with columns that the user has chosen.
+/// @param header, columns  as for parsePointFile()
+/// @throws UserError if the file cannot be read or is not valid
+OpenedDocument openPoints(Files& files,
+                          const std::filesystem::path& file,
+                          const TableHeader& header,
+                          const PointColumns& columns);
+
+/// Checks points that were not read from a file.
+/// @param title  what the document and error messages call the text
+/// @throws UserError as openDocument() does
+OpenedDocument openPoints(std::string_view text, const std::string& title);
 
 class Saving;
 

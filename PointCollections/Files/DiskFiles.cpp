@@ -50,6 +50,12 @@ WriteResult resultOf(const std::error_code& doubt)
                       printable(reasonFor(doubt)))};
 }
 
+bool isPipe(const fs::path& file)
+{
+  std::error_code ignored;
+  return fs::is_fifo(file, ignored);
+}
+
 /// Reading a device might never end.
 void refuseDevice(const fs::path& file)
 {
@@ -101,9 +107,12 @@ class DiskFiles : public Files {
 public:
   std::string readText(const fs::path& file) override
   {
-    refuseDevice(file);
+    if (!isPipe(file))
+      refuseDevice(file);
     return PointCollections::readText(file);
   }
+
+  bool isReadOnce(const fs::path& file) override { return isPipe(file); }
 
   std::vector<std::byte> readBytes(const fs::path& file) override
   {

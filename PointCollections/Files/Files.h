@@ -43,8 +43,12 @@ public:
   Files& operator=(const Files&) = delete;
   virtual ~Files() = default;
 
-  /// All bytes of a text file. A NUL byte is an error.
+  /// All bytes of a text file, or of a pipe (FIFO). A NUL byte is an error.
   virtual std::string readText(const std::filesystem::path& file) = 0;
+
+  /// Whether the file can be read only once, as a pipe can: another time there would be nothing
+  /// more in it, and the program would wait for ever.
+  virtual bool isReadOnce(const std::filesystem::path& /*file*/) { return false; }
 
   /// All bytes of a file.
   virtual std::vector<std::byte> readBytes(const std::filesystem::path& file) = 0;

@@ -103,7 +103,10 @@ bool FileCommands::openFile(const std::filesystem::path& file)
     };
     if (!runWithProgress(&m_window, tr("Opening %1 …").arg(name), read))
       return false;
+    const auto warnings = opened->warnings;
     m_workspace.replaceDocument(std::move(*opened));
+    for (const auto& warning : warnings)
+      m_questions.tellWarning(QString::fromStdString(warning));
     return true;
   });
   if (isOpen) {
