@@ -72,6 +72,85 @@
     </message>
 </context>
 <context>
+    <name>Tarvik::PointCollections::ColumnsDialog</name>
+    <message>
+        <source>The first &amp;row has the names of the columns</source>
+        <translation>Die erste Z&amp;eile nennt die Spalten</translation>
+    </message>
+    <message>
+        <source>Columns of a table</source>
+        <translation>Spalten einer Tabelle</translation>
+    </message>
+    <message>
+        <source>Comma</source>
+        <translation>Komma</translation>
+    </message>
+    <message>
+        <source>Semicolon</source>
+        <translation>Semikolon</translation>
+    </message>
+    <message>
+        <source>Tab</source>
+        <translation>Tabulator</translation>
+    </message>
+    <message>
+        <source>&amp;Separator:</source>
+        <translation>&amp;Trennzeichen:</translation>
+    </message>
+    <message>
+        <source>&amp;Collection:</source>
+        <translation>&amp;Sammlung:</translation>
+    </message>
+    <message>
+        <source>&amp;x:</source>
+        <translation>&amp;x:</translation>
+    </message>
+    <message>
+        <source>&amp;y:</source>
+        <translation>&amp;y:</translation>
+    </message>
+    <message>
+        <source>&amp;z:</source>
+        <translation>&amp;z:</translation>
+    </message>
+    <message>
+        <source>&amp;Group:</source>
+        <translation>&amp;Gruppe:</translation>
+    </message>
+    <message>
+        <source>&amp;Place:</source>
+        <translation>&amp;Platz:</translation>
+    </message>
+    <message>
+        <source>The first rows of the table</source>
+        <translation>Die ersten Zeilen der Tabelle</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <translation>Ö&amp;ffnen</translation>
+    </message>
+    <message>
+        <source>Column %1</source>
+        <translation>Spalte %1</translation>
+    </message>
+    <message>
+        <source>Choose one</source>
+        <translation>Bitte wählen</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message>
+        <source>Choose the columns for collection, x, y and z.</source>
+        <translation>Wählen Sie die Spalten für Sammlung, x, y und z.</translation>
+    </message>
+    <message>
+        <source>A column is chosen twice. Choose each one once.</source>
+        <translation>Eine Spalte ist zweimal gewählt. Wählen Sie jede nur einmal.</translation>
+    </message>
+</context>
+<context>
     <name>Tarvik::PointCollections::FileCommands</name>
     <message>
         <source>There is not enough memory.</source>

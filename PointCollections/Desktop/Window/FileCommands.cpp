@@ -4,6 +4,8 @@
 #include "PointCollections/Desktop/Window/FileNames.h"
 #include "PointCollections/Desktop/Window/Progress.h"
 #include "PointCollections/Input/PointFileWriter.h"
+#include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/Utf8.h"
 
 #include <QtCore/QBuffer>
 #include <QtCore/QByteArray>
@@ -94,26 +96,65 @@ bool FileCommands::openFile(const std::filesystem::path& file)
 {
   if (!mayDiscard())
     return false;
-  const auto name = nameOf(file.filename());
-  const auto isOpen = attempt(tr("%1 cannot be opened.").arg(name), [&] {
-    // The work may outlive this object if the user cancels.
-    const auto opened = std::make_shared<OpenedDocument>();
-    const auto read = [opened, file, files = m_workspace.files()](Cancellation&) {
-      *opened = openDocument(*files, file);
-    };
-    if (!runWithProgress(&m_window, tr("Opening %1 …").arg(name), read))
-      return false;
-    const auto warnings = opened->warnings;
-    m_workspace.replaceDocument(std::move(*opened));
-    for (const auto& warning : warnings)
-      m_questions.tellWarning(QString::fromStdString(warning));
-    return true;
+  const auto isOpen = attempt(tr("%1 cannot be opened.").arg(nameOf(file.filename())), [&] {
+    auto opened = read(file);
+    if (opened)
+      show(std::move(*opened));
+    return opened.has_value();
   });
   if (isOpen) {
     m_recentFiles.add(file);
     offerUnsavedWork(file);
   }
   return isOpen;
+}
+
+/// Asks for the columns of a table that does not name them as expected.
+/// @return nothing if the user has cancelled it
+std::optional<OpenedDocument> FileCommands::read(const std::filesystem::path& file)
+{
+  const auto files = m_workspace.files();
+  try {
+    return readWithProgress(file, [=] { return openDocument(*files, file); });
+  } catch (const UnknownColumns& unknown) {
+    if (files->isReadOnce(file))
+      throw; // it cannot be read another time
+    const auto choice = m_questions.chooseColumns(unknownTable(file, unknown));
+    if (!choice)
+      return std::nullopt;
+    return readWithProgress(
+        file, [=] { return openPoints(*files, file, choice->header, choice->columns); });
+  }
+}
+
+UnknownTable FileCommands::unknownTable(const std::filesystem::path& file,
+                                        const UnknownColumns& unknown) const
+{
+  const auto readAgain = [text = m_workspace.files()->readText(file),
+                          name = printable(Utf8::fromPath(file))](char separator) {
+    return readHeader(text, name, separator);
+  };
+  return {QString::fromUtf8(unknown.what()), unknown.header(), readAgain};
+}
+
+std::optional<OpenedDocument>
+FileCommands::readWithProgress(const std::filesystem::path& file,
+                               const std::function<OpenedDocument()>& open)
+{
+  // The work may outlive this object if the user cancels.
+  const auto opened = std::make_shared<OpenedDocument>();
+  const auto work = [opened, open](Cancellation&) { *opened = open(); };
+  if (!runWithProgress(&m_window, tr("Opening %1 …").arg(nameOf(file.filename())), work))
+    return std::nullopt;
+  return std::move(*opened);
+}
+
+void FileCommands::show(OpenedDocument opened)
+{
+  const auto warnings = std::exchange(opened.warnings, {});
+  m_workspace.replaceDocument(std::move(opened));
+  for (const auto& warning : warnings)
+    m_questions.tellWarning(QString::fromStdString(warning));
 }
 
 void FileCommands::offerUnsavedWork(const std::filesystem::path& file)

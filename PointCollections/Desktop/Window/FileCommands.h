@@ -59,6 +59,11 @@ public:
   void exportPicture(const std::function<QImage()>& makePicture);
 
 private:
+  std::optional<OpenedDocument> read(const std::filesystem::path& file);
+  UnknownTable unknownTable(const std::filesystem::path& file, const UnknownColumns& unknown) const;
+  std::optional<OpenedDocument> readWithProgress(const std::filesystem::path& file,
+                                                 const std::function<OpenedDocument()>& open);
+  void show(OpenedDocument opened);
   void offerUnsavedWork(const std::filesystem::path& file);
   bool saveIn(const std::filesystem::path& file, bool mayOverwrite);
   std::optional<Editor::SaveResult> saveWithProgress(const std::filesystem::path& file,

@@ -160,6 +160,21 @@ TEST_F(MainWindowTest, KeepsTheDocumentWhenAnotherCannotBeOpened)
   EXPECT_THAT(user->told[0].toStdString(), HasSubstr("2")) << "the line";
 }
 
+TEST_F(MainWindowTest, AsksForTheColumnsOfATableThatNamesThemOtherwise)
+{
+  std::ofstream(file("towns.csv")) << "Town;Lon;Lat;H\nDublin;1;2;3\n";
+
+  EXPECT_FALSE(window->fileCommands().openFile(file("towns.csv"))) << "the user does not want to";
+  ASSERT_EQ(user->told.size(), 1);
+  EXPECT_THAT(user->told[0].toStdString(), HasSubstr("towns.csv"));
+  EXPECT_THAT(user->told[0].toStdString(), HasSubstr("Lon")) << "what was found";
+
+  user->columns = PointColumns{.collection = 0, .x = 1, .y = 2, .z = 3, .group = {}, .place = {}};
+  EXPECT_TRUE(window->fileCommands().openFile(file("towns.csv")));
+  EXPECT_EQ(window->windowTitle(), "towns.csv[*]");
+  EXPECT_EQ(window->workspace().editor().document()->findByName("Dublin")->points.at(0).y, 2);
+}
+
 TEST_F(MainWindowTest, AsksBeforeItOverwritesTheChangesOfOthers)
 {
   user->write = file("saved.tkpc");
