@@ -46,8 +46,9 @@ constexpr auto purpose =
 
 constexpr auto remarks =
     "If the name of FILE ends in .tkpc, it is a project that the command save has written.\n"
-    "Otherwise it is comma-separated UTF-8 text with the header collection,x,y,z. Each\n"
-    "point collection in it is an element that can be put into groups.\n\n"
+    "Otherwise it is UTF-8 text with the columns collection, x, y and z in any order, with\n"
+    "commas, semicolons or tabs between. Each point collection in it is an element that can\n"
+    "be put into groups. FILE may be a pipe; - is standard input, and so is --script -.\n\n"
     "Commands come from --command, then from --script. Without either they are read from\n"
     "standard input; on a terminal with line editing, recall of earlier lines and completion.\n"
     "The command help explains them. Except on a terminal, the first mistake ends the\n"
@@ -88,6 +89,35 @@ void declare(CLI::App& app, Settings& settings)
                "environment variable NO_COLOR is set");
 }
 
+constexpr auto standardInput = "-";
+constexpr auto nameOfStandardInput = "<stdin>";
+
+/// Refuses arguments that want two things of standard input.
+void checkStandardInput(const Settings& settings)
+{
+  const bool isScript = settings.script == standardInput;
+  if (settings.file != standardInput)
+    return;
+  if (isScript)
+    throw UserError("standard input cannot have both the points and the script; give one of them "
+                    "as a file");
+  if (!settings.script && settings.commands.empty())
+    throw UserError("standard input has the points; give the commands by --command or --script");
+}
+
+OpenedDocument openFirst(Files& files, const Settings& settings)
+{
+  return settings.file == standardInput
+             ? openPoints(readText(std::cin, nameOfStandardInput), nameOfStandardInput)
+             : openDocument(files, Utf8::toPath(settings.file));
+}
+
+void tellWarnings(const Session& session, Transcript& transcript)
+{
+  for (const auto& warning : session.editor.opened().warnings)
+    transcript.error("warning", warning);
+}
+
 std::string welcome(const Session& session)
 {
   return fmt::format("Opened {}.", summaryOf(session.editor));
@@ -119,6 +149,7 @@ void runOnTerminal(Session& session, Transcript& transcript)
   if (isOutputTerminal())
     transcript.setViewer(showLongText);
   transcript.result(welcome(session) + " Type help for the commands, quit to leave.");
+  tellWarnings(session, transcript);
   offerUnsavedWork(session, transcript, recovery,
                    findUnsavedWork(session.editor.files(), session.editor.opened().file),
                    [&](const auto& prompt) { return reader->readLine(prompt); });
@@ -133,18 +164,22 @@ void runOnTerminal(Session& session, Transcript& transcript)
 
 bool runBatch(Session& session, const Settings& settings, Transcript& transcript)
 {
+  const bool readsInput =
+      settings.script ? settings.script == standardInput : settings.commands.empty();
   std::ifstream script;
-  if (settings.script)
+  if (settings.script && !readsInput)
     script = openText(Utf8::toPath(*settings.script));
   if (!settings.isQuiet)
     transcript.result(welcome(session));
+  tellWarnings(session, transcript);
   tellOfUnsavedWork(session, transcript,
                     findUnsavedWork(session.editor.files(), session.editor.opened().file));
-  const bool readsInput = !settings.script && settings.commands.empty();
-  const bool isFine = readsInput ? runScript(session, transcript, std::cin, "<stdin>")
-                                 : runCommands(session, transcript, settings.commands) &&
-                                       (!settings.script ||
-                                        runScript(session, transcript, script, *settings.script));
+  const auto runRest = [&] {
+    if (readsInput)
+      return runScript(session, transcript, std::cin, nameOfStandardInput);
+    return !settings.script || runScript(session, transcript, script, *settings.script);
+  };
+  const bool isFine = runCommands(session, transcript, settings.commands) && runRest();
   warnOfUnsavedChanges(session, transcript);
   return isFine;
 }
@@ -159,13 +194,14 @@ void requireOutput()
 
 ExitStatus run(const Settings& settings)
 {
+  checkStandardInput(settings);
   const bool isInteractive = !settings.script && settings.commands.empty() && isInputTerminal();
   const bool hasColor = !settings.isPlain && std::getenv("NO_COLOR") == nullptr &&
                         isOutputTerminal() && isErrorTerminal();
   const auto detail = isInteractive || settings.isQuiet ? Transcript::Detail::ResultsOnly
                                                         : Transcript::Detail::Full;
   const auto files = diskFiles();
-  Session session = {.editor = Editor(openDocument(*files, Utf8::toPath(settings.file)), files),
+  Session session = {.editor = Editor(openFirst(*files, settings), files),
                      .style = Style{hasColor}};
   session.editor.setHistoryBudget(static_cast<std::size_t>(
       std::min<std::uint64_t>(settings.historyBudget, CommandHistory::unlimited)));

@@ -1,17 +1,19 @@
 // SPDX-License-Identifier: MIT
+#include "PointCollections/Desktop/Window/EndSignals.h"
 #include "PointCollections/Desktop/Window/FileNames.h"
+#include "PointCollections/Desktop/Window/Languages.h"
 #include "PointCollections/Desktop/Window/MainWindow.h"
 
 #include <QtCore/QCommandLineParser>
-#include <QtCore/QLibraryInfo>
 #include <QtCore/QMetaObject>
-#include <QtCore/QTranslator>
 #include <QtWidgets/QApplication>
 
 #include <cstdlib>
 
 namespace {
 
+using Tarvik::PointCollections::EndSignals;
+using Tarvik::PointCollections::Languages;
 using Tarvik::PointCollections::MainWindow;
 using Tarvik::PointCollections::pathFrom;
 
@@ -31,9 +33,8 @@ void begin(MainWindow& window, const QString& file, const QString& picture)
   QCoreApplication::exit(isWritten ? EXIT_SUCCESS : EXIT_FAILURE);
 }
 
-}
-
-int main(int argc, char* argv[])
+/// @return the exit status
+int run(int argc, char* argv[])
 {
   QApplication application(argc, argv);
   QCoreApplication::setOrganizationName(QStringLiteral("TKMService"));
@@ -41,10 +42,7 @@ int main(int argc, char* argv[])
   QGuiApplication::setApplicationDisplayName(QStringLiteral("Point Collections"));
   QCoreApplication::setApplicationVersion(QStringLiteral(POINT_COLLECTIONS_VERSION));
 
-  QTranslator textsOfQt; // dialogs and standard buttons
-  if (textsOfQt.load(QLocale(), QStringLiteral("qtbase"), QStringLiteral("_"),
-                     QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-    QCoreApplication::installTranslator(&textsOfQt);
+  Languages::instance();
 
   QCommandLineParser parser;
   parser.setApplicationDescription(
@@ -63,11 +61,25 @@ int main(int argc, char* argv[])
       QStringLiteral("[file]"));
   parser.process(application);
 
+  const EndSignals endSignals;
   MainWindow window;
   window.show();
+  QObject::connect(&endSignals, &EndSignals::received, &window, [&window] {
+    window.prepareForEnd();
+    QCoreApplication::exit(EXIT_SUCCESS);
+  });
   // In the event loop, since opening may ask questions.
   QMetaObject::invokeMethod(
       &window, [&] { begin(window, parser.positionalArguments().value(0), parser.value(picture)); },
       Qt::QueuedConnection);
   return QApplication::exec();
+}
+
+}
+
+int main(int argc, char* argv[])
+{
+  const auto status = run(argc, argv);
+  EndSignals::endAsAsked(); // after everything is tidy
+  return status;
 }

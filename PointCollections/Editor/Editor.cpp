@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Editor/Editor.h"
 
+#include "PointCollections/Editor/Saving.h"
 #include "PointCollections/Input/PointFile.h"
 #include "PointCollections/Project/ProjectFile.h"
 #include "PointCollections/Text/Quoting.h"
@@ -47,36 +48,87 @@ bool isDoneInMemory(Action& action)
   }
 }
 
-std::shared_ptr<PointDocument> documentOf(PointFileContent content)
+/// Reads and checks a document, and tells if the memory is too small for it.
+template <class Action>
+OpenedDocument openInMemory(const std::string& name, Action action)
+{
+  try {
+    return action();
+  } catch (const std::bad_alloc&) {
+    throw UserError(fmt::format("{}: there is not enough memory for this file", name));
+  }
+}
+
+std::string nameInMessages(const std::filesystem::path& file)
+{
+  return printable(Utf8::fromPath(file));
+}
+
+OpenedDocument documentOf(PointFileContent content, std::string title)
 {
   auto document = PointDocument::create(std::move(content.collections));
   document->setGroups(content.groups);
-  return document;
+  return {.document = std::move(document),
+          .title = std::move(title),
+          .warnings = std::move(content.warnings)};
+}
+
+/// A document of a file of points that is read now.
+/// @param parse  makes its content of the text
+template <class Parse>
+OpenedDocument readPoints(Files& files, const std::filesystem::path& file, Parse parse)
+{
+  const bool isReadOnce = files.isReadOnce(file);
+  const auto text = files.readText(file);
+  auto opened = documentOf(parse(text), Utf8::fromPath(isReadOnce ? file : file.filename()));
+  if (isReadOnce)
+    return opened;
+  opened.fileSize = text.size();
+  opened.fileHash = hashOf(std::as_bytes(std::span(text)));
+  opened.file = file;
+  return opened;
+}
+
+OpenedDocument readProject(Files& files, const std::filesystem::path& file, const std::string& name)
+{
+  const auto start = files.readStart(file, projectStartSize);
+  checkProjectStart(start.bytes, start.size, name);
+  const auto bytes = files.readBytes(file);
+  return {loadProject(bytes, name),
+          Utf8::fromPath(file.filename()),
+          file,
+          bytes.size(),
+          hashOf(bytes),
+          file};
 }
 
 }
 
 OpenedDocument openDocument(Files& files, const std::filesystem::path& file)
 {
-  const auto name = printable(Utf8::fromPath(file));
-  try {
-    auto title = Utf8::fromPath(file.filename());
-    if (!isProjectName(file)) {
-      const auto text = files.readText(file);
-      return {documentOf(parsePointFile(text, name)),
-              std::move(title),
-              {},
-              text.size(),
-              hashOf(std::as_bytes(std::span(text))),
-              file};
-    }
-    const auto start = files.readStart(file, projectStartSize);
-    checkProjectStart(start.bytes, start.size, name);
-    const auto bytes = files.readBytes(file);
-    return {loadProject(bytes, name), std::move(title), file, bytes.size(), hashOf(bytes), file};
-  } catch (const std::bad_alloc&) {
-    throw UserError(fmt::format("{}: there is not enough memory for this file", name));
-  }
+  const auto name = nameInMessages(file);
+  return openInMemory(name, [&] {
+    if (isProjectName(file))
+      return readProject(files, file, name);
+    return readPoints(files, file, [&](const auto& text) { return parsePointFile(text, name); });
+  });
+}
+
+OpenedDocument openPoints(Files& files,
+                          const std::filesystem::path& file,
+                          const TableHeader& header,
+                          const PointColumns& columns)
+{
+  const auto name = nameInMessages(file);
+  return openInMemory(name, [&] {
+    return readPoints(
+        files, file, [&](const auto& text) { return parsePointFile(text, name, header, columns); });
+  });
+}
+
+OpenedDocument openPoints(std::string_view text, const std::string& title)
+{
+  return openInMemory(title, [&] { return documentOf(parsePointFile(text, title), title); });
 }
 
 bool isUnchanged(Files& files, const OpenedDocument& opened)
@@ -139,13 +191,9 @@ void Editor::replaceWithUnsaved(OpenedDocument opened)
 
 Editor::OverwriteRisk Editor::overwriteRisk(const std::filesystem::path& file)
 {
-  const bool isOwn = file == projectFile() || m_files->areSame(file, projectFile());
-  if (isOwn) {
-    bool isChanged = false;
-    withAllMemory([&] { isChanged = m_files->exists(file) && !isUnchanged(*m_files, m_opened); });
-    return isChanged ? OverwriteRisk::OtherChanges : OverwriteRisk::None;
-  }
-  return m_files->exists(file) ? OverwriteRisk::OtherFile : OverwriteRisk::None;
+  auto risk = OverwriteRisk::None;
+  withAllMemory([&] { risk = Saving::overwriteRisk(*m_files, m_opened, file); });
+  return risk;
 }
 
 Editor::SaveResult Editor::save(const std::filesystem::path& file)
@@ -181,11 +229,40 @@ Editor::SaveResult Editor::saveLocked(const std::filesystem::path& file)
 std::string Editor::saveOnce(const std::filesystem::path& file)
 {
   const auto bytes = saveProject(*document());
-  OpenedDocument saved = {
-      document(), Utf8::fromPath(file.filename()), file, bytes.size(), hashOf(bytes), file};
+  auto saved = openedIn(file, bytes);
   auto warning = m_files->write(file, bytes).warning;
   m_opened = std::move(saved); // cannot fail
   return warning;
+}
+
+/// What is known about a file with these bytes, once the document is saved in it.
+OpenedDocument Editor::openedIn(const std::filesystem::path& file,
+                                std::span<const std::byte> bytes) const
+{
+  return {document(), Utf8::fromPath(file.filename()), file, bytes.size(), hashOf(bytes), file};
+}
+
+std::unique_ptr<Saving> Editor::beginSave(const std::filesystem::path& file, bool mayOverwrite)
+{
+  std::unique_ptr<Saving> saving;
+  withAllMemory([&] {
+    auto bytes = saveProject(*document());
+    auto saved = openedIn(file, bytes);
+    saving = std::make_unique<Saving>(m_files, m_opened, std::move(saved), std::move(bytes),
+                                      mayOverwrite, state());
+  });
+  return saving;
+}
+
+void Editor::finishSave(const Saving& saving)
+{
+  const bool isStillSo = saving.stateOfDocument() == state();
+  m_opened = saving.saved();
+  ++m_changes;
+  if (isStillSo)
+    m_history.markClean();
+  else
+    m_history.forgetCleanMark();
 }
 
 /// Does what saving needs: if there is not enough memory, with the reserve, and then with the

@@ -6,13 +6,17 @@
 #include "PointCollections/Editor/GroupEdit.h"
 #include "PointCollections/Editor/MemoryReserve.h"
 #include "PointCollections/Files/Files.h"
+#include "PointCollections/Input/PointColumns.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <span>
 #include <string>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 namespace Tarvik::PointCollections {
 
@@ -23,12 +27,30 @@ struct OpenedDocument {
   std::filesystem::path projectFile = {};  ///< empty unless the document comes from a project
   std::uint64_t fileSize = 0;              ///< of the file that it was read from, in bytes
   std::size_t fileHash = 0;                ///< of the bytes of that file
-  std::filesystem::path file = {};         ///< the file that it was read from or saved in last
+  std::filesystem::path file = {}; ///< the file that it was read from or saved in last; empty
+                                   ///< for a pipe or the like, which cannot be read again
+  std::vector<std::string> warnings = {}; ///< for the user: "name:line: ..."; usually none
 };
 
 /// Reads and checks a document: a project if the name of the file ends in .tkpc, otherwise points.
+/// @throws UnknownColumns if the header of a file of points does not tell which columns are meant
 /// @throws UserError if the file cannot be read or is not valid
 OpenedDocument openDocument(Files& files, const std::filesystem::path& file);
+
+/// Reads and checks a file of points with columns that the user has chosen.
+/// @param header, columns  as for parsePointFile()
+/// @throws UserError if the file cannot be read or is not valid
+OpenedDocument openPoints(Files& files,
+                          const std::filesystem::path& file,
+                          const TableHeader& header,
+                          const PointColumns& columns);
+
+/// Checks points that were not read from a file.
+/// @param title  what the document and error messages call the text
+/// @throws UserError as openDocument() does
+OpenedDocument openPoints(std::string_view text, const std::string& title);
+
+class Saving;
 
 /// Whether the file of the document still has the bytes that were read or written.
 /// @throws UserError if it cannot be read
@@ -137,10 +159,28 @@ public:
   /// of this kind can save in the file.
   SaveResult saveIfSafe(const std::filesystem::path& file);
 
+  /// Two that are equal stand for the same content of the same document.
+  using State = std::pair<std::size_t, std::size_t>;
+
+  State state() const { return {m_changes, stepsInEffect()}; }
+
+  /// The first step of a save that another thread writes: takes the content of the document as it
+  /// is now. Saving::write() is the second step, and finishSave() the last one.
+  /// @param mayOverwrite  whether to save whatever that overwrites, as save() does; otherwise as
+  ///                      saveIfSafe()
+  /// @throws UserError if there is not enough memory, or the document cannot be saved
+  std::unique_ptr<Saving> beginSave(const std::filesystem::path& file, bool mayOverwrite);
+
+  /// Takes note of a save that has been written. The document is unsaved still if it has been
+  /// changed since beginSave().
+  void finishSave(const Saving& saving);
+
 private:
   std::unique_ptr<FileLock> lockForSaving(const std::filesystem::path& file);
   SaveResult saveLocked(const std::filesystem::path& file);
   std::string saveOnce(const std::filesystem::path& file);
+  OpenedDocument openedIn(const std::filesystem::path& file,
+                          std::span<const std::byte> bytes) const;
   bool forgetSteps();
   bool holdReserve();
 

@@ -29,12 +29,31 @@ constexpr std::uintmax_t greatestSize = 0xFFFFFFFF;
   throw UserError(fmt::format("{}: {}", printable(Utf8::fromPath(file)), message));
 }
 
+/// How many bytes are written before the writer looks whether it was cancelled.
+constexpr std::size_t sizeOfPart = std::size_t(1) << 20U;
+
 /// Not the message of Windows itself, which is in the user's language and code page.
 std::string reasonFor(const std::error_code& code)
 {
   const auto condition = code.default_error_condition();
   return condition == std::errc::device_or_resource_busy ? "another program has it open"
                                                          : condition.message();
+}
+
+/// @param doubt  why the folder could not be flushed, if so
+WriteResult resultOf(const std::error_code& doubt)
+{
+  if (!doubt)
+    return {};
+  return {fmt::format("The file is saved, but flushing its folder to the disk failed ({}); after "
+                      "a power cut, the old file may be back.",
+                      printable(reasonFor(doubt)))};
+}
+
+bool isPipe(const fs::path& file)
+{
+  std::error_code ignored;
+  return fs::is_fifo(file, ignored);
 }
 
 /// Reading a device might never end.
@@ -88,9 +107,12 @@ class DiskFiles : public Files {
 public:
   std::string readText(const fs::path& file) override
   {
-    refuseDevice(file);
+    if (!isPipe(file))
+      refuseDevice(file);
     return PointCollections::readText(file);
   }
+
+  bool isReadOnce(const fs::path& file) override { return isPipe(file); }
 
   std::vector<std::byte> readBytes(const fs::path& file) override
   {
@@ -112,16 +134,25 @@ public:
 
   WriteResult write(const fs::path& file, std::span<const std::byte> bytes) override
   {
+    Cancellation nobodyCancels;
+    return writeUnlessCancelled(file, bytes, nobodyCancels).value_or(WriteResult());
+  }
+
+  std::optional<WriteResult> writeUnlessCancelled(const fs::path& file,
+                                                  std::span<const std::byte> bytes,
+                                                  Cancellation& cancellation) override
+  {
     try {
       SafeFileWriter writer(file);
-      writer.write(bytes);
-      const auto doubt = writer.commit();
-      return doubt
-                 ? WriteResult{fmt::format(
-                       "The file is saved, but flushing its folder to the disk failed ({}); after "
-                       "a power cut, the old file may be back.",
-                       printable(reasonFor(doubt)))}
-                 : WriteResult();
+      for (; !bytes.empty() && !cancellation.isCancelled();
+           bytes = bytes.subspan(std::min(bytes.size(), sizeOfPart)))
+        writer.write(bytes.first(std::min(bytes.size(), sizeOfPart)));
+      if (cancellation.isCancelled())
+        return std::nullopt;
+      writer.close(); // may take long, too
+      if (!cancellation.passPointOfNoReturn())
+        return std::nullopt;
+      return resultOf(writer.commit());
     } catch (const FolderNotWritable& error) {
       fail(file, fmt::format("the file cannot be saved, because nothing can be written in the "
                              "folder {} ({}); save it in another one",

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "PointCollections/Files/Cancellation.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -40,8 +43,12 @@ public:
   Files& operator=(const Files&) = delete;
   virtual ~Files() = default;
 
-  /// All bytes of a text file. A NUL byte is an error.
+  /// All bytes of a text file, or of a pipe (FIFO). A NUL byte is an error.
   virtual std::string readText(const std::filesystem::path& file) = 0;
+
+  /// Whether the file can be read only once, as a pipe can: another time there would be nothing
+  /// more in it, and the program would wait for ever.
+  virtual bool isReadOnce(const std::filesystem::path& /*file*/) { return false; }
 
   /// All bytes of a file.
   virtual std::vector<std::byte> readBytes(const std::filesystem::path& file) = 0;
@@ -53,6 +60,15 @@ public:
   /// @return a warning if the file is written, but a power cut may still undo that
   virtual WriteResult write(const std::filesystem::path& file,
                             std::span<const std::byte> bytes) = 0;
+
+  /// As write(), but another thread may cancel it until the new content replaces the old one.
+  /// @return nothing if it was cancelled; the file is as it was then
+  virtual std::optional<WriteResult> writeUnlessCancelled(const std::filesystem::path& file,
+                                                          std::span<const std::byte> bytes,
+                                                          Cancellation& cancellation)
+  {
+    return cancellation.passPointOfNoReturn() ? std::optional(write(file, bytes)) : std::nullopt;
+  }
 
   /// Keeps other programs that ask for this lock from saving in the file. Removes what programs
   /// that were killed while they saved in it have left. Null where there are no locks.

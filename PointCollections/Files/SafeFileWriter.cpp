@@ -52,9 +52,16 @@ void SafeFileWriter::write(std::span<const std::byte> bytes)
   m_newFile.write(bytes);
 }
 
-std::error_code SafeFileWriter::commit()
+void SafeFileWriter::close()
 {
   m_newFile.close();
+  m_isClosed = true;
+}
+
+std::error_code SafeFileWriter::commit()
+{
+  if (!m_isClosed)
+    close();
   return m_newFile.replace(m_file);
 }
 

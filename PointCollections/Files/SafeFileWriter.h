@@ -39,13 +39,18 @@ public:
   /// Appends to the new file.
   void write(std::span<const std::byte> bytes);
 
-  /// Replaces the old file with the new one. Call it once, at the end.
+  /// Returns when the new file is complete on the disk. Nothing can be written after this.
+  void close();
+
+  /// Replaces the old file with the new one, and closes this before, if need be. Call it once, at
+  /// the end.
   /// @return why flushing the folder failed, as NewFile::replace() describes
   std::error_code commit();
 
 private:
   std::filesystem::path m_file; ///< with all links followed
   NewFile m_newFile;
+  bool m_isClosed = false;
 };
 
 }

@@ -6,12 +6,25 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace Tarvik::PointCollections {
 
-CsvReader::CsvReader(std::string_view text, std::string name)
-    : m_text(text), m_name(std::move(name))
+std::string separatorName(char separator)
+{
+  switch (separator) {
+  case ';':
+    return "semicolon";
+  case '\t':
+    return "tab";
+  default:
+    return "comma";
+  }
+}
+
+CsvReader::CsvReader(std::string_view text, std::string name, char separator)
+    : m_text(text), m_name(std::move(name)), m_separator(separator)
 {}
 
 bool CsvReader::readRow(std::vector<std::string>& fields)
@@ -27,7 +40,7 @@ bool CsvReader::readRow(std::vector<std::string>& fields)
     if (count == fields.size())
       fields.emplace_back();
     readField(fields[count++]);
-    if (!isAtEnd() && m_text[m_at] == ',')
+    if (!isAtEnd() && m_text[m_at] == m_separator)
       ++m_at;
     else
       isRowOver = isAtEnd() || skipLineEnd();
@@ -36,9 +49,14 @@ bool CsvReader::readRow(std::vector<std::string>& fields)
   return true;
 }
 
+std::string CsvReader::inRow(const std::string& message) const
+{
+  return fmt::format("{}:{}: {}", m_name, m_rowLine, message);
+}
+
 void CsvReader::fail(const std::string& message) const
 {
-  failAt(m_rowLine, message);
+  throw UserError(inRow(message));
 }
 
 void CsvReader::failAt(std::size_t line, const std::string& message) const
@@ -63,7 +81,9 @@ void CsvReader::readField(std::string& field)
     readQuotedField(field);
     return;
   }
-  const std::size_t end = std::min(m_text.find_first_of(",\r\n\"", m_at), m_text.size());
+  const std::array<char, 4> ends = {m_separator, '\r', '\n', '"'};
+  const std::size_t end = std::min(
+      m_text.find_first_of(std::string_view(ends.data(), ends.size()), m_at), m_text.size());
   if (end < m_text.size() && m_text[end] == '"')
     failAt(m_line, "a quote inside a field without quotes; expected the whole field in quotes, "
                    "and quotes in it doubled");
@@ -88,9 +108,12 @@ void CsvReader::readQuotedField(std::string& field)
       break;
     field += '"';
   }
-  if (!isAtEnd() && std::string_view(",\r\n").find(m_text[m_at]) == std::string_view::npos)
-    failAt(m_line, "text after a closing quote; expected a comma or the end of the line, and "
-                   "quotes inside the field doubled");
+  const bool isFieldOver =
+      isAtEnd() || m_text[m_at] == m_separator || m_text[m_at] == '\r' || m_text[m_at] == '\n';
+  if (!isFieldOver)
+    failAt(m_line, fmt::format("text after a closing quote; expected a {} or the end of the line, "
+                               "and quotes inside the field doubled",
+                               separatorName(m_separator)));
 }
 
 }

@@ -8,16 +8,20 @@
 
 namespace Tarvik::PointCollections {
 
-/// Splits comma-separated text into rows and fields.
+/// What a separator is called in messages: "comma", "semicolon" or "tab".
+std::string separatorName(char separator);
+
+/// Splits a table in text form into rows and fields.
 ///
-/// Fields are separated by commas, rows by LF or CRLF. A field in double quotes may hold commas,
-/// line breaks and doubled quotes, which mean one quote. Blanks belong to the field. Empty lines
-/// are skipped.
+/// Fields are separated by commas, or by another character, rows by LF or CRLF. A field in double
+/// quotes may hold separators, line breaks and doubled quotes, which mean one quote. Blanks belong
+/// to the field. Empty lines are skipped.
 class CsvReader {
 public:
-  /// @param text  UTF-8, without byte order mark; must outlive the reader
-  /// @param name  what error messages call the text, such as a file name
-  CsvReader(std::string_view text, std::string name);
+  /// @param text       UTF-8, without byte order mark; must outlive the reader
+  /// @param name       what error messages call the text, such as a file name
+  /// @param separator  between fields: a comma, a semicolon or a tab
+  CsvReader(std::string_view text, std::string name, char separator = ',');
 
   /// Reads the next row.
   /// @param fields  receives the row's fields; its strings are reused
@@ -28,6 +32,9 @@ public:
 
   /// The line on which the last row starts, counted from 1.
   std::size_t rowLine() const { return m_rowLine; }
+
+  /// The message with the place of the last row before it: "name:line: message".
+  std::string inRow(const std::string& message) const;
 
   /// Reports a mistake in the last row.
   /// @throws UserError "name:line: message", always
@@ -42,6 +49,7 @@ private:
 
   std::string_view m_text;
   std::string m_name;
+  char m_separator;
   std::size_t m_at = 0;
   std::size_t m_line = 1;
   std::size_t m_rowLine = 1;

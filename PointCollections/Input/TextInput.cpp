@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Input/TextInput.h"
 
+#include "PointCollections/Input/Encoding.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
 #include "PointCollections/Text/Utf8.h"
@@ -21,11 +22,12 @@ std::string shown(const std::filesystem::path& path)
   return path.empty() ? "\"\"" : printable(Utf8::fromPath(path));
 }
 
-[[noreturn]] void refuseNul(const std::filesystem::path& path, std::string_view text)
+[[noreturn]] void refuseNul(const std::string& name, std::string_view text, std::size_t nul)
 {
-  const auto line = std::count(text.begin(), text.end(), '\n') + 1;
-  throw UserError(
-      fmt::format("{}:{}: a NUL byte; expected a text file in UTF-8", shown(path), line));
+  refuseOtherEncodings(text, name);
+  const auto before = text.substr(0, nul);
+  const auto line = std::count(before.begin(), before.end(), '\n') + 1;
+  throw UserError(fmt::format("{}:{}: a NUL byte; expected a text file in UTF-8", name, line));
 }
 
 }
@@ -48,20 +50,25 @@ std::ifstream openText(const std::filesystem::path& path)
 
 std::string readText(const std::filesystem::path& path)
 {
-  constexpr std::size_t chunk = std::size_t(1) << 20U;
   auto file = openText(path);
+  return readText(file, shown(path));
+}
+
+std::string readText(std::istream& input, const std::string& name)
+{
+  constexpr std::size_t chunk = std::size_t(1) << 20U;
   std::string text;
-  while (file) {
+  while (input) {
     const std::size_t start = text.size();
     text.resize(start + chunk);
-    file.read(text.data() + start, static_cast<std::streamsize>(chunk));
-    text.resize(start + static_cast<std::size_t>(file.gcount()));
+    input.read(text.data() + start, static_cast<std::streamsize>(chunk));
+    text.resize(start + static_cast<std::size_t>(input.gcount()));
     const std::size_t nul = text.find('\0', start);
     if (nul != std::string::npos)
-      refuseNul(path, std::string_view(text).substr(0, nul));
+      refuseNul(name, text, nul);
   }
-  if (file.bad())
-    throw UserError(fmt::format("{}: reading the file failed", shown(path)));
+  if (input.bad())
+    throw UserError(fmt::format("{}: reading the file failed", name));
   return text;
 }
 

@@ -23,6 +23,11 @@ std::ifstream openText(const std::filesystem::path& path);
 /// @throws UserError as openText() does, and if reading fails or the file has a NUL byte
 std::string readText(const std::filesystem::path& path);
 
+/// All bytes of a text that comes from somewhere else.
+/// @param name  what error messages call it
+/// @throws UserError if reading fails or the text has a NUL byte
+std::string readText(std::istream& input, const std::string& name);
+
 /// The next line without its line end (LF or CRLF); nothing at the end of the input. The last line
 /// need not have a line end.
 /// @throws UserError if the line is longer than longestLine, or reading fails

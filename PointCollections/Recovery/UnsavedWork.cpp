@@ -18,6 +18,8 @@ using FileSince = UnsavedWork::FileSince;
 
 FileSince whatHappenedTo(const OpenedDocument& opened, Files& files)
 {
+  if (opened.file.empty())
+    return FileSince::Same; // it came from a pipe, which is not there any more
   try {
     if (!files.exists(opened.file))
       return FileSince::Gone;

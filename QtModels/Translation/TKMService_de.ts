@@ -97,8 +97,8 @@
         <translation>Aus Gruppe &amp;entfernen</translation>
     </message>
     <message>
-        <source>Re&amp;name</source>
-        <translation>&amp;Umbenennen</translation>
+        <source>R&amp;ename</source>
+        <translation>U&amp;mbenennen</translation>
     </message>
     <message>
         <source>&amp;Delete</source>

@@ -93,7 +93,7 @@ void GroupActions::retranslate() const
   action(NewGroup)->setText(tr("&New Group from Selection"));
   action(MoveToGroup)->setText(tr("&Move to Group…"));
   action(RemoveFromGroup)->setText(tr("&Remove from Group"));
-  action(RenameGroup)->setText(tr("Re&name"));
+  action(RenameGroup)->setText(tr("R&ename"));
   action(DeleteGroups)->setText(tr("&Delete"));
   action(SortGroups)->setText(tr("&Sort Groups"));
   action(MoveUp)->setText(tr("Move &Up"));

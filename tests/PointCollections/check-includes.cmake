@@ -18,6 +18,7 @@ set(folders
   Console/Verbs
   Console/Shell
   Console
+  Desktop/Import
   Desktop/Points
   Desktop/Workspace
   Desktop/Window

@@ -3,6 +3,7 @@
 
 #include "PointCollections/Console/Shell/Interpreter.h"
 #include "PointCollections/Console/Shell/UnsavedChanges.h"
+#include "PointCollections/Input/Encoding.h"
 #include "PointCollections/Input/TextInput.h"
 #include "PointCollections/Text/UserError.h"
 
@@ -118,6 +119,8 @@ bool runScript(Session& session,
     const bool isFirst = number == 1;
     const auto runNext = [&] {
       line = readLine(script);
+      if (line && isFirst)
+        refuseOtherEncodings(*line);
       if (line && isFirst && line->starts_with(byteOrderMark))
         line->erase(0, byteOrderMark.size());
       if (line)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Console/Verbs/EachVerb.h"
+#include "PointCollections/Project/ProjectFile.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
 #include "PointCollections/Text/Utf8.h"
@@ -30,10 +31,15 @@ std::string open(Session& session, const Arguments& arguments)
                                   title));
     if (confirmation == Confirmation::Refused)
       return fmt::format("Nothing opened; {} stays open.", title);
-    opened = openDocument(editor.files(), file); // the user may just have saved in this file
+    if (isProjectName(file)) // the user may just have saved in it
+      opened = openDocument(editor.files(), file);
   }
+  const auto warnings = opened.warnings;
   editor.replaceDocument(std::move(opened));
-  return fmt::format("Opened {}.", summaryOf(editor));
+  auto answer = fmt::format("Opened {}.", summaryOf(editor));
+  for (const auto& warning : warnings)
+    answer += "\nWarning: " + warning + '.';
+  return answer;
 }
 
 }
@@ -43,9 +49,13 @@ Verb openVerb()
   return {.name = "open",
           .usage = "open FILE [--discard]",
           .summary = "replace the document with another one",
-          .details = "If the name of FILE ends in .tkpc, it is a project, otherwise a text file "
-                     "with points. The history\nstarts anew. If there are unsaved changes, you are "
-                     "asked; a script stops unless --discard is given.",
+          .details =
+              "If the name of FILE ends in .tkpc, it is a project, otherwise a text file "
+              "with points. It has the\ncolumns collection, x, y and z in any order, and may have "
+              "group and "
+              "place, with commas, semicolons\nor tabs between. Other columns are not read. "
+              "The history starts anew. If there are unsaved changes,\nyou are asked; a script "
+              "stops unless --discard is given.",
           .example = "open continents.tkpc",
           .parameters = {{"FILE", ArgumentKind::File}},
           .options = {{"--discard", std::nullopt}},

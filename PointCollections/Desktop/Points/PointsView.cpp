@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Desktop/Points/PointsView.h"
 
-#include "PointCollections/Desktop/Points/Graticule.h"
-
 #include <QtGui/QDrag>
 #include <QtGui/QHelpEvent>
 #include <QtGui/QKeyEvent>
@@ -25,13 +23,6 @@ constexpr int reachOfPointer = 4;     ///< pixels between the pointer and a poin
 constexpr double keyboardStep = 20.0; ///< pixels that one key press turns or moves the points
 constexpr double keyboardZoom = 1.25;
 
-/// A camera for a picture that is `factor` times as large.
-Camera magnified(Camera camera, qreal factor)
-{
-  camera.setViewport(camera.viewport() * factor);
-  return camera;
-}
-
 PointsView::Elements symmetricDifference(const PointsView::Elements& a,
                                          const PointsView::Elements& b)
 {
@@ -52,24 +43,30 @@ PointsView::Elements unionOf(const PointsView::Elements& a, const PointsView::El
 PointsView::PointsView(QWidget* parent) : QWidget(parent)
 {
   setFocusPolicy(Qt::StrongFocus);
-  setAccessibleName(tr("Points in space"));
-  setAccessibleDescription(tr("Arrow keys turn the points, with Shift they move them; plus and "
-                              "minus zoom, Home shows all."));
+  describe();
 }
 
 PointsView::~PointsView() = default;
 
+/// For screen readers.
+void PointsView::describe()
+{
+  setAccessibleName(tr("Points in space"));
+  setAccessibleDescription(
+      tr("Arrow keys turn the points, with Shift they move them; plus and minus zoom, Home shows "
+         "all. Ctrl+A selects all, Escape nothing."));
+}
+
 void PointsView::setCloud(PointCloud cloud)
 {
-  m_cloud = std::move(cloud);
+  m_painter.setCloud(std::move(cloud));
   m_selection.clear();
   resetCamera();
 }
 
 void PointsView::setColours(std::vector<QRgb> colours)
 {
-  m_colours = std::move(colours);
-  m_isImageValid = false;
+  m_painter.setColours(std::move(colours));
   update();
 }
 
@@ -93,12 +90,12 @@ void PointsView::setSelection(Elements elements)
 {
   std::sort(elements.begin(), elements.end());
   elements.erase(std::unique(elements.begin(), elements.end()), elements.end());
-  elements.erase(std::lower_bound(elements.begin(), elements.end(), m_cloud.elementCount()),
-                 elements.end());
+  const auto count = m_painter.cloud().elementCount();
+  elements.erase(std::lower_bound(elements.begin(), elements.end(), count), elements.end());
   if (elements == m_selection)
     return;
   m_selection = std::move(elements);
-  m_isImageValid = false;
+  m_painter.setSelection(m_selection);
   update();
 }
 
@@ -119,16 +116,13 @@ void PointsView::resetCamera()
 void PointsView::changeCamera(const std::function<void(Camera&)>& change)
 {
   change(m_camera);
-  m_arePixelsValid = false;
+  m_painter.forgetPixels();
   update();
 }
 
 std::optional<std::uint32_t> PointsView::elementAt(const QPointF& place) const
 {
-  const auto factor = devicePixelRatioF();
-  const auto reach = static_cast<int>(std::ceil(reachOfPointer * factor));
-  const auto element = m_pixels.nearest((place * factor).toPoint(), reach);
-  return element != PixelElements::none ? std::optional(element) : std::nullopt;
+  return m_painter.elementAt(place, reachOfPointer);
 }
 
 QSize PointsView::sizeHint() const
@@ -141,77 +135,10 @@ QSize PointsView::minimumSizeHint() const
   return {120, 90};
 }
 
-Globe PointsView::globe() const
-{
-  return m_cloud.isOnSphere() ? Globe::Yes : Globe::No;
-}
-
-/// Few points are large, many are small: together they cover a fortieth of the view.
-int PointsView::pointSize(const QSizeF& viewport) const
-{
-  const auto area = viewport.width() * viewport.height() / 40;
-  const auto count = static_cast<double>((std::max)(m_cloud.entries().size(), std::size_t{1}));
-  const auto largest =
-      7 * std::sqrt(viewport.width() / (std::max)(width(), 1)); // more on a fine display
-  return static_cast<int>(std::clamp(std::sqrt(area / count), 1.0, largest));
-}
-
-/// The elements in their colours. While some are selected, these have the colour of selections and
-/// all others are pale.
-std::vector<QRgb> PointsView::coloursOfPixels(bool showsSelection) const
-{
-  auto colours = m_colours;
-  if (!showsSelection || m_selection.empty())
-    return colours;
-  std::transform(colours.begin(), colours.end(), colours.begin(), [](QRgb colour) {
-    return qPremultiply(qRgba(qRed(colour), qGreen(colour), qBlue(colour), 110));
-  });
-  const auto selected = palette().color(QPalette::Highlight).rgb();
-  for (const auto element : m_selection) {
-    if (element < colours.size())
-      colours[element] = selected;
-  }
-  return colours;
-}
-
-void PointsView::drawPoints()
-{
-  const auto factor = devicePixelRatioF();
-  if (!m_arePixelsValid) {
-    const auto camera = magnified(m_camera, factor);
-    m_pixels.draw(m_cloud, camera, pointSize(camera.viewport()), globe());
-    m_arePixelsValid = true;
-    m_isImageValid = false;
-  }
-  if (!m_isImageValid) {
-    m_image = m_pixels.coloured(coloursOfPixels(true));
-    m_image.setDevicePixelRatio(factor);
-    m_isImageValid = true;
-  }
-}
-
-void PointsView::paintGlobe(QPainter& painter, const Camera& camera) const
-{
-  if (globe() == Globe::No)
-    return;
-  auto line = palette().color(QPalette::Text);
-  line.setAlphaF(0.18F);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(line, camera.viewport().width() / (std::max)(width(), 1)));
-  painter.setBrush(palette().alternateBase());
-  painter.drawPath(globeOutline(camera));
-  painter.setBrush(Qt::NoBrush);
-  painter.drawPath(graticule(camera));
-}
-
 void PointsView::paintEvent(QPaintEvent*)
 {
-  drawPoints();
   QPainter painter(this);
-  painter.fillRect(rect(), palette().base());
-  paintGlobe(painter, m_camera);
-  painter.setRenderHint(QPainter::Antialiasing, false);
-  painter.drawImage(QPointF(0, 0), m_image);
+  m_painter.paint(painter, m_camera, palette());
   if (m_gesture == Gesture::Rectangle) {
     auto fill = palette().color(QPalette::Highlight);
     painter.setPen(fill);
@@ -228,15 +155,7 @@ void PointsView::paintEvent(QPaintEvent*)
 
 QImage PointsView::picture(qreal factor) const
 {
-  const auto camera = magnified(m_camera, factor);
-  QImage image(camera.viewport().toSize(), QImage::Format_ARGB32_Premultiplied);
-  image.fill(palette().color(QPalette::Base));
-  PixelElements pixels;
-  pixels.draw(m_cloud, camera, pointSize(camera.viewport()), globe());
-  QPainter painter(&image);
-  paintGlobe(painter, camera);
-  painter.drawImage(QPointF(0, 0), pixels.coloured(coloursOfPixels(false)));
-  return image;
+  return m_painter.picture(m_camera, palette(), factor);
 }
 
 void PointsView::resizeEvent(QResizeEvent*)
@@ -252,8 +171,8 @@ bool PointsView::event(QEvent* event)
     QToolTip::showText(help->globalPos(), element ? m_nameOf(*element) : QString(), this);
     return true;
   }
-  if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange)
-    m_isImageValid = false;
+  if (event->type() == QEvent::LanguageChange)
+    describe();
   return QWidget::event(event);
 }
 
@@ -325,7 +244,7 @@ void PointsView::clickAt(const QPointF& place, Qt::KeyboardModifiers modifiers)
 
 void PointsView::selectWithin(const QRectF& area, Qt::KeyboardModifiers modifiers)
 {
-  auto elements = elementsWithin(area, m_cloud, m_camera, globe());
+  auto elements = elementsWithin(area, m_painter.cloud(), m_camera, m_painter.globe());
   select(modifiers.testFlag(Qt::ControlModifier) ? unionOf(m_selection, elements)
                                                  : std::move(elements));
 }
@@ -347,7 +266,7 @@ void PointsView::keyPressEvent(QKeyEvent* event)
     changeCamera([&](Camera& camera) { camera.zoomBy(factor, rect().toRectF().center()); });
   };
   if (event->matches(QKeySequence::SelectAll)) {
-    Elements all(m_cloud.elementCount());
+    Elements all(m_painter.cloud().elementCount());
     std::iota(all.begin(), all.end(), 0U);
     select(std::move(all));
     return;

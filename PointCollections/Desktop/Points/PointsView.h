@@ -2,8 +2,8 @@
 #pragma once
 
 #include "PointCollections/Desktop/Points/Camera.h"
-#include "PointCollections/Desktop/Points/PixelElements.h"
 #include "PointCollections/Desktop/Points/PointCloud.h"
+#include "PointCollections/Desktop/Points/PointsPainter.h"
 
 #include <QtCore/QMimeData>
 #include <QtCore/QString>
@@ -30,7 +30,7 @@ public:
   enum class Mode { Turn, Select };
 
   /// Elements by their positions in the list of collections, ascending, without duplicates.
-  using Elements = std::vector<std::uint32_t>;
+  using Elements = PointsPainter::Elements;
 
   explicit PointsView(QWidget* parent = nullptr);
   ~PointsView() override;
@@ -89,19 +89,14 @@ private:
   /// What the mouse does while a button is held.
   enum class Gesture { None, Undecided, Turn, Pan, Rectangle, DragOut };
 
-  Globe globe() const;
-  int pointSize(const QSizeF& viewport) const;
   void changeCamera(const std::function<void(Camera&)>& change);
   void clickAt(const QPointF& place, Qt::KeyboardModifiers modifiers);
-  std::vector<QRgb> coloursOfPixels(bool showsSelection) const;
+  void describe();
   void dragSelectionOut();
-  void drawPoints();
-  void paintGlobe(QPainter& painter, const Camera& camera) const;
   void select(Elements elements);
   void selectWithin(const QRectF& area, Qt::KeyboardModifiers modifiers);
 
-  PointCloud m_cloud;
-  std::vector<QRgb> m_colours;
+  PointsPainter m_painter;
   std::function<QString(std::uint32_t)> m_nameOf;
   std::function<QMimeData*(const Elements&)> m_makeMimeData;
   Camera m_camera; ///< in pixels of the widget
@@ -111,11 +106,6 @@ private:
   Gesture m_gesture = Gesture::None;
   QPointF m_pressedAt;
   QPointF m_lastPlace;
-
-  PixelElements m_pixels; ///< in pixels of the device
-  QImage m_image;
-  bool m_arePixelsValid = false;
-  bool m_isImageValid = false;
 };
 
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Desktop/Window/DialogQuestions.h"
 
+#include "PointCollections/Desktop/Import/ColumnsDialog.h"
 #include "PointCollections/Desktop/Window/FileNames.h"
 
 #include <QtCore/QCoreApplication>
@@ -59,6 +60,12 @@ DialogQuestions::fileToWrite(FileKind kind, const std::filesystem::path& suggest
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
     return std::nullopt;
   return pathFrom(dialog.selectedFiles().constFirst());
+}
+
+std::optional<UnknownTable::Choice> DialogQuestions::chooseColumns(const UnknownTable& table)
+{
+  ColumnsDialog dialog(table, &m_window);
+  return dialog.exec() == QDialog::Accepted ? std::optional(dialog.choice()) : std::nullopt;
 }
 
 Questions::UnsavedChanges DialogQuestions::aboutUnsavedChanges(const QString& title)

@@ -16,6 +16,7 @@ public:
   std::optional<std::filesystem::path> fileToOpen() override;
   std::optional<std::filesystem::path>
   fileToWrite(FileKind kind, const std::filesystem::path& suggestion) override;
+  std::optional<UnknownTable::Choice> chooseColumns(const UnknownTable& table) override;
   UnsavedChanges aboutUnsavedChanges(const QString& title) override;
   FoundWork aboutFoundWork(const QString& title, const QString& summary) override;
   bool mayOverwrite(const std::filesystem::path& file, Editor::OverwriteRisk risk) override;

@@ -9,9 +9,12 @@
 #include <QtGui/QImage>
 #include <QtWidgets/QWidget>
 
+#include <cstddef>
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
+#include <vector>
 
 namespace Tarvik::PointCollections {
 
@@ -35,6 +38,9 @@ public:
   /// @return whether it is open now
   bool openFile(const std::filesystem::path& file);
 
+  /// Opens a file of the list of recent files. If it is gone, tells so and forgets it.
+  void openRecent(const std::filesystem::path& file);
+
   /// Saves in the document's file, or asks for one if it has none.
   /// @return whether it is saved
   bool save();
@@ -53,12 +59,21 @@ public:
   void exportPicture(const std::function<QImage()>& makePicture);
 
 private:
+  std::optional<OpenedDocument> read(const std::filesystem::path& file);
+  UnknownTable unknownTable(const std::filesystem::path& file, const UnknownColumns& unknown) const;
+  std::optional<OpenedDocument> readWithProgress(const std::filesystem::path& file,
+                                                 const std::function<OpenedDocument()>& open);
+  void show(OpenedDocument opened);
   void offerUnsavedWork(const std::filesystem::path& file);
   bool saveIn(const std::filesystem::path& file, bool mayOverwrite);
-  bool write(const std::filesystem::path& file, std::span<const std::byte> bytes);
+  std::optional<Editor::SaveResult> saveWithProgress(const std::filesystem::path& file,
+                                                     bool mayOverwrite);
+  bool write(const std::filesystem::path& file, std::vector<std::byte> bytes);
 
-  template <class Action>
-  bool attempt(const QString& whatFails, Action action);
+  void tellException(const QString& what);
+
+  template <class Task>
+  bool attempt(const QString& whatFails, Task task);
 
   Workspace& m_workspace;
   Questions& m_questions;

@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Desktop/Window/GroupsPanel.h"
 
+#include <QtCore/QEvent>
 #include <QtCore/QLocale>
 #include <QtGui/QPainter>
 #include <QtGui/QPixmap>
 #include <QtWidgets/QHeaderView>
+#include <QtWidgets/QToolButton>
 #include <QtWidgets/QVBoxLayout>
 
-#include <algorithm>
+#include <string>
 #include <unordered_set>
 #include <utility>
 
@@ -15,9 +17,12 @@ namespace Tarvik::PointCollections {
 namespace {
 
 /// A disc in the colour of a group.
-QPixmap discOf(const QColor& colour)
+/// @param factor  pixels of the device for one of the window
+QPixmap discOf(const QColor& colour, qreal factor)
 {
-  QPixmap disc(12, 12);
+  constexpr int size = 12;
+  QPixmap disc(QSize(size, size) * factor);
+  disc.setDevicePixelRatio(factor);
   disc.fill(Qt::transparent);
   QPainter painter(&disc);
   painter.setRenderHint(QPainter::Antialiasing);
@@ -25,26 +30,6 @@ QPixmap discOf(const QColor& colour)
   painter.setBrush(colour);
   painter.drawEllipse(1, 1, 10, 10);
   return disc;
-}
-
-/// Adds runs of consecutive rows below a parent to a selection.
-template <class IsSelected>
-void appendRuns(QItemSelection& selection,
-                const QAbstractItemModel& model,
-                const QModelIndex& parent,
-                int first,
-                IsSelected isSelected)
-{
-  const auto end = model.rowCount(parent);
-  for (int row = first; row < end; ++row) {
-    if (!isSelected(row))
-      continue;
-    const auto begin = row;
-    while (row + 1 < end && isSelected(row + 1))
-      ++row;
-    selection.append(QItemSelectionRange(model.index(begin, 0, parent),
-                                         model.index(row, model.columnCount(parent) - 1, parent)));
-  }
 }
 
 }
@@ -55,12 +40,11 @@ GroupsPanel::GroupsPanel(QWidget* parent)
       m_counts(new QLabel(this)),
       m_tree(new GroupTreeView(this)),
       m_actions(new GroupActions(m_tree)),
-      m_filter(new GroupFilterModel(this))
+      m_filter(new GroupFilterModel(this)),
+      m_selection(new FilteredSelection(m_tree, m_filter))
 {
-  m_filterBox->setPlaceholderText(tr("Filter by name"));
-  m_filterBox->setAccessibleName(tr("Filter by name"));
   m_filterBox->setClearButtonEnabled(true);
-  m_counts->setAccessibleName(tr("Numbers of groups and elements"));
+  m_counts->hide();
   m_tree->setContextMenuPolicy(Qt::ActionsContextMenu);
   m_tree->header()->setStretchLastSection(false);
 
@@ -69,12 +53,10 @@ GroupsPanel::GroupsPanel(QWidget* parent)
   layout->addWidget(m_tree, 1);
   layout->addWidget(m_counts);
 
-  connect(m_filterBox, &QLineEdit::textChanged, m_filter, &GroupFilterModel::setFilterText);
+  connect(m_filterBox, &QLineEdit::textChanged, m_selection, &FilteredSelection::setFilterText);
   connect(m_filter, &GroupFilterModel::matchesChanged, this, &GroupsPanel::showCounts);
-  connect(m_tree, &GroupTreeView::selectedRowsChanged, this, [this] {
-    if (!m_isSelecting)
-      Q_EMIT selectionChanged();
-  });
+  connect(m_selection, &FilteredSelection::changed, this, &GroupsPanel::selectionChanged);
+  retranslate();
 }
 
 GroupsPanel::~GroupsPanel()
@@ -89,11 +71,13 @@ void GroupsPanel::setDocument(std::shared_ptr<PointDocument> document,
 {
   auto model = std::make_unique<GroupItemModel<GUIdentifier>>(std::move(document));
   m_editor = new GroupEditor<GUIdentifier>(*model, std::move(handler));
-  model->setRowData([&model = *model, &colours](const QModelIndex& index, int role) -> QVariant {
-    const auto isGroup = role == Qt::DecorationRole && index.column() == 0 &&
-                         model.kindOf(index) == GroupItemModelBase::RowKind::Group;
-    return isGroup ? discOf(colours.ofGroup(model.groupIdAt(index))) : QVariant();
-  });
+  model->setRowData(
+      [this, &model = *model, &colours](const QModelIndex& index, int role) -> QVariant {
+        const auto isGroup = role == Qt::DecorationRole && index.column() == 0 &&
+                             model.kindOf(index) == GroupItemModelBase::RowKind::Group;
+        return isGroup ? discOf(colours.ofGroup(model.groupIdAt(index)), devicePixelRatioF())
+                       : QVariant();
+      });
   connect(model.get(), &GroupItemModelBase::failed, this, &GroupsPanel::failed);
   connect(m_editor, &GroupEditorBase::failed, this, &GroupsPanel::failed);
 
@@ -105,6 +89,7 @@ void GroupsPanel::setDocument(std::shared_ptr<PointDocument> document,
   m_model = std::move(model);
   delete m_state;
   m_state = new TreeViewState(m_tree);
+  m_selection->reset();
   showCounts();
 }
 
@@ -118,10 +103,51 @@ void GroupsPanel::showCounts()
   m_counts->setVisible(isFiltering);
 }
 
+void GroupsPanel::changeEvent(QEvent* event)
+{
+  if (event->type() == QEvent::LanguageChange)
+    retranslate();
+  QWidget::changeEvent(event);
+}
+
+void GroupsPanel::retranslate()
+{
+  m_filterBox->setPlaceholderText(tr("Filter by name"));
+  m_filterBox->setAccessibleName(tr("Filter by name"));
+  m_filterBox->setAccessibleDescription(
+      tr("Shows the groups and elements whose names contain the text."));
+  if (auto* const clear = m_filterBox->findChild<QToolButton*>())
+    clear->setAccessibleName(tr("Clear the filter"));
+  m_counts->setAccessibleDescription(tr("Numbers of groups and elements"));
+  if (m_model)
+    showCounts();
+}
+
+QStringList GroupsPanel::expandedGroups() const
+{
+  auto ids = m_state->expandedGroups();
+  const auto& groups = m_model->provider()->getGroups();
+  std::unordered_set<std::string> present;
+  for (const auto& group : groups)
+    present.insert(group.getId().toString());
+  ids.removeIf([&](const QString& id) { return !present.contains(id.toStdString()); });
+  return ids;
+}
+
+void GroupsPanel::setExpandedGroups(const QStringList& ids)
+{
+  m_state->setExpandedGroups(ids);
+}
+
+QModelIndexList GroupsPanel::selectedRows() const
+{
+  return m_selection->rows();
+}
+
 std::vector<GUIdentifier> GroupsPanel::selectedElements() const
 {
   std::vector<GUIdentifier> elements;
-  for (const auto& index : m_tree->selectedGroupRows()) {
+  for (const auto& index : selectedRows()) {
     if (const auto* const element = m_model->elementAt(index)) {
       elements.push_back(*element);
     } else if (const auto* const group =
@@ -135,33 +161,13 @@ std::vector<GUIdentifier> GroupsPanel::selectedElements() const
 
 void GroupsPanel::selectElements(const std::vector<GUIdentifier>& elements)
 {
-  const auto rows = rowsOf(elements);
-  m_isSelecting = true;
-  m_tree->selectionModel()->select(rows,
-                                   QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-  m_isSelecting = false;
-  if (!rows.isEmpty())
-    m_tree->scrollTo(rows.constFirst().topLeft());
-}
-
-/// The rows of the filtered tree, as few ranges.
-QItemSelection GroupsPanel::rowsOf(const std::vector<GUIdentifier>& elements) const
-{
   const std::unordered_set<GUIdentifier> wanted(elements.begin(), elements.end());
-  const auto isWanted = [&](const QModelIndex& parent) {
-    return [&, parent](int row) {
-      const auto* const element = m_model->elementAt(m_model->index(row, 0, parent));
-      return element && wanted.contains(*element);
-    };
-  };
-  QItemSelection rows;
-  const auto groups = static_cast<int>(m_model->provider()->getGroups().size());
-  for (int group = 0; group < groups; ++group) {
-    const auto parent = m_model->index(group, 0);
-    appendRuns(rows, *m_model, parent, 0, isWanted(parent));
-  }
-  appendRuns(rows, *m_model, {}, groups, isWanted({}));
-  return m_filter->mapSelectionFromSource(rows);
+  const auto first = m_selection->select([&](const QModelIndex& row) {
+    const auto* const element = m_model->elementAt(row);
+    return element && wanted.contains(*element);
+  });
+  if (first.isValid())
+    m_tree->scrollTo(first);
 }
 
 }

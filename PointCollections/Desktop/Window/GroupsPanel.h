@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "PointCollections/Desktop/Window/FilteredSelection.h"
 #include "PointCollections/Desktop/Workspace/ElementColours.h"
 #include "PointCollections/Document/PointDocument.h"
 #include "QtModels/Editing/GroupEditor.h"
@@ -10,7 +11,8 @@
 #include "QtModels/Views/GroupTreeView.h"
 #include "QtModels/Views/TreeViewState.h"
 
-#include <QtCore/QItemSelection>
+#include <QtCore/QModelIndex>
+#include <QtCore/QStringList>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QWidget>
@@ -46,6 +48,15 @@ public:
   /// What makes the user's changes.
   GroupEditor<GUIdentifier>& editor() { return *m_editor; }
 
+  /// The ids of the expanded groups of the document, sorted.
+  QStringList expandedGroups() const;
+
+  /// Expands the groups with these ids, and collapses all others.
+  void setExpandedGroups(const QStringList& ids);
+
+  /// The selected rows of the model, also those that the filter hides: they stay selected.
+  QModelIndexList selectedRows() const;
+
   /// The elements in the selected rows, and the members of selected groups. May have repetitions.
   std::vector<GUIdentifier> selectedElements() const;
 
@@ -60,19 +71,22 @@ Q_SIGNALS:
   /// Something has failed. The text is for the user.
   void failed(const QString& message);
 
+protected:
+  void changeEvent(QEvent* event) override;
+
 private:
+  void retranslate();
   void showCounts();
-  QItemSelection rowsOf(const std::vector<GUIdentifier>& elements) const;
 
   QLineEdit* m_filterBox;
   QLabel* m_counts;
   GroupTreeView* m_tree;
   GroupActions* m_actions;
   GroupFilterModel* m_filter;
+  FilteredSelection* m_selection;   ///< owned by the tree
   TreeViewState* m_state = nullptr; ///< owned by the tree
   std::unique_ptr<GroupItemModel<GUIdentifier>> m_model;
   GroupEditor<GUIdentifier>* m_editor = nullptr; ///< owned by the model
-  bool m_isSelecting = false;
 };
 
 }

@@ -2,23 +2,21 @@
 #include "PointCollections/Desktop/Window/MainWindow.h"
 
 #include "PointCollections/Desktop/Window/DialogQuestions.h"
+#include "PointCollections/Desktop/Window/ExpandedGroups.h"
 #include "PointCollections/Desktop/Window/FileNames.h"
+#include "PointCollections/Desktop/Window/Languages.h"
+#include "PointCollections/Desktop/Window/Menus.h"
 #include "QtModels/History/HistoryView.h"
 
 #include <QtCore/QMimeData>
 #include <QtCore/QSettings>
 #include <QtCore/QUrl>
-#include <QtGui/QAction>
-#include <QtGui/QActionGroup>
 #include <QtGui/QCloseEvent>
 #include <QtGui/QDropEvent>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QDockWidget>
-#include <QtWidgets/QMenu>
-#include <QtWidgets/QMenuBar>
 #include <QtWidgets/QSplitter>
 #include <QtWidgets/QStatusBar>
-#include <QtWidgets/QToolBar>
 
 #include <utility>
 
@@ -46,14 +44,12 @@ MainWindow::MainWindow(std::shared_ptr<Files> files, std::unique_ptr<Questions> 
       m_statistics(new QLabel(this))
 {
   setAcceptDrops(true);
+  Languages::instance(); // before there are texts
   arrange();
-  addFileMenu();
-  addEditMenu();
-  addGroupsMenu();
-  addViewMenu();
+  new Menus(*this);
   connectParts();
   showDocument();
-  showTitle();
+  retranslate();
   const QSettings settings;
   restoreGeometry(settings.value(geometryKey).toByteArray());
   restoreState(settings.value(stateKey).toByteArray());
@@ -80,88 +76,39 @@ void MainWindow::arrange()
 
 void MainWindow::addHistoryPanel()
 {
-  auto* const panel = new QDockWidget(tr("History"), this);
-  panel->setObjectName(QStringLiteral("history")); // by which its place is kept
-  auto* const view = new HistoryView(&m_workspace.history(), panel);
-  view->setEmptyLabel(tr("Opened"));
-  view->setAccessibleName(tr("History"));
-  panel->setWidget(view);
-  addDockWidget(Qt::RightDockWidgetArea, panel);
+  m_historyPanel = new QDockWidget(this);
+  m_historyPanel->setObjectName(QStringLiteral("history")); // by which its place is kept
+  m_history = new HistoryView(&m_workspace.history(), m_historyPanel);
+  m_historyPanel->setWidget(m_history);
+  addDockWidget(Qt::RightDockWidgetArea, m_historyPanel);
 }
 
-void MainWindow::addFileMenu()
+void MainWindow::changeEvent(QEvent* event)
 {
-  auto* const menu = menuBar()->addMenu(tr("&File"));
-  auto* const files = m_fileCommands;
-  menu->addAction(tr("&Open…"), QKeySequence::Open, files, &FileCommands::open);
-  files->recentFiles().fill(*menu->addMenu(tr("Open &recent")));
-  menu->addSeparator();
-  menu->addAction(tr("&Save"), QKeySequence::Save, files, &FileCommands::save);
-  menu->addAction(tr("Save &as…"), QKeySequence::SaveAs, files, &FileCommands::saveAs);
-  menu->addSeparator();
-  menu->addAction(tr("Export &groups…"), files, &FileCommands::exportGroups);
-  menu->addAction(tr("Export &picture…"), files, [this] {
-    m_fileCommands->exportPicture([this] { return m_points->picture(2); });
-  });
-  menu->addSeparator();
-  menu->addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
+  if (event->type() == QEvent::LanguageChange)
+    retranslate();
+  QMainWindow::changeEvent(event);
 }
 
-void MainWindow::addEditMenu()
+void MainWindow::retranslate()
 {
-  auto* const menu = menuBar()->addMenu(tr("&Edit"));
-  auto* const undo = m_workspace.history().createUndoAction(this);
-  undo->setShortcuts(QKeySequence::Undo);
-  auto* const redo = m_workspace.history().createRedoAction(this);
-  redo->setShortcuts(QKeySequence::Redo);
-  menu->addActions({undo, redo});
-  menu->addSeparator();
-  menu->addAction(tr("&Find"), QKeySequence::Find, this, [this] {
-    m_groups->filterBox().setFocus(Qt::ShortcutFocusReason);
-    m_groups->filterBox().selectAll();
-  });
-}
-
-void MainWindow::addGroupsMenu()
-{
-  menuBar()->addMenu(tr("&Groups"))->addActions(m_groups->actions().actions());
-}
-
-void MainWindow::addViewMenu()
-{
-  auto* const menu = menuBar()->addMenu(tr("&View"));
-  auto* const bar = addToolBar(tr("Points"));
-  bar->setObjectName(QStringLiteral("points"));
-  auto* const modes = new QActionGroup(this);
-  const auto addMode = [&](const QString& text, const QKeySequence& key, PointsView::Mode mode) {
-    auto* const action = modes->addAction(text);
-    action->setCheckable(true);
-    action->setChecked(mode == m_points->mode());
-    action->setShortcut(key);
-    connect(action, &QAction::triggered, m_points, [this, mode] { m_points->setMode(mode); });
-    menu->addAction(action);
-    bar->addAction(action);
-  };
-  addMode(tr("&Turn points"), QKeySequence(Qt::CTRL | Qt::Key_1), PointsView::Mode::Turn);
-  addMode(tr("&Select by rectangle"), QKeySequence(Qt::CTRL | Qt::Key_2), PointsView::Mode::Select);
-  auto* const all = menu->addAction(tr("Show &all"), QKeySequence(Qt::CTRL | Qt::Key_0), m_points,
-                                    &PointsView::resetCamera);
-  bar->addAction(all);
-  menu->addSeparator();
-  menu->addMenu(createPopupMenu())->setText(tr("&Panels"));
+  m_historyPanel->setWindowTitle(tr("History"));
+  m_history->setEmptyLabel(tr("Opened"));
+  m_history->setAccessibleName(tr("History"));
+  m_statistics->setAccessibleDescription(tr("Numbers of elements, points and groups"));
+  showTitle();
+  showStatistics();
 }
 
 void MainWindow::connectParts()
 {
+  connect(&m_workspace, &Workspace::aboutToReplaceDocument, this,
+          &MainWindow::rememberExpandedGroups);
   connect(&m_workspace, &Workspace::documentReplaced, this, &MainWindow::showDocument);
   connect(&m_workspace, &Workspace::titleChanged, this, &MainWindow::showTitle);
-  connect(&m_workspace.history(), &History::changed, this, [this] {
-    setWindowModified(m_workspace.editor().hasUnsavedChanges());
-    showStatistics();
-  });
+  connect(&m_workspace.history(), &History::changed, this, &MainWindow::showChange);
   connect(&m_workspace.history(), &History::failed, this, &MainWindow::showFailure);
-  connect(qApp, &QGuiApplication::commitDataRequest, this,
-          [this] { m_workspace.keepUnsavedWork(); });
+  connect(qApp, &QGuiApplication::commitDataRequest, this, &MainWindow::prepareForEnd);
   connect(m_groups, &GroupsPanel::failed, this, &MainWindow::showFailure);
   connect(m_groups, &GroupsPanel::selectionChanged, this, &MainWindow::showSelectionInSpace);
   connect(m_points, &PointsView::selectionChanged, this, &MainWindow::showSelectionInTree);
@@ -179,10 +126,16 @@ void MainWindow::showDocument()
   m_points->setNames([this](std::uint32_t number) {
     return QString::fromStdString(m_colours->element(number).name);
   });
-  m_points->setMimeDataMaker([this](const auto&) {
-    return m_groups->editor().dragData(m_groups->tree().selectedGroupRows());
-  });
+  m_points->setMimeDataMaker(
+      [this](const auto&) { return m_groups->editor().dragData(m_groups->selectedRows()); });
   m_colours->setListener([this] { m_points->setColours(m_colours->colours()); });
+  m_groups->setExpandedGroups(ExpandedGroups::of(m_workspace.editor().projectFile()));
+  showChange();
+}
+
+void MainWindow::showChange()
+{
+  m_isEnding = false;
   setWindowModified(m_workspace.editor().hasUnsavedChanges());
   showStatistics();
 }
@@ -221,16 +174,37 @@ void MainWindow::showSelectionInTree()
   m_groups->selectElements(elements);
 }
 
+void MainWindow::prepareForEnd()
+{
+  m_workspace.keepUnsavedWork();
+  rememberExpandedGroups();
+  rememberWindow();
+  m_isEnding = true;
+}
+
+void MainWindow::rememberExpandedGroups()
+{
+  ExpandedGroups::remember(m_workspace.editor().projectFile(), m_groups->expandedGroups());
+}
+
+void MainWindow::rememberWindow() const
+{
+  QSettings settings;
+  settings.setValue(geometryKey, saveGeometry());
+  settings.setValue(stateKey, saveState());
+}
+
 void MainWindow::closeEvent(QCloseEvent* event)
 {
+  if (m_isEnding)
+    return; // the unsaved changes are kept
   if (!m_fileCommands->mayDiscard()) {
     event->ignore();
     return;
   }
   m_workspace.forgetUnsavedWork();
-  QSettings settings;
-  settings.setValue(geometryKey, saveGeometry());
-  settings.setValue(stateKey, saveState());
+  rememberExpandedGroups();
+  rememberWindow();
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)

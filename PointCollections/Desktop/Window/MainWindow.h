@@ -13,6 +13,12 @@
 
 #include <memory>
 
+class QDockWidget;
+
+namespace Tarvik {
+class HistoryView;
+}
+
 namespace Tarvik::PointCollections {
 
 /// The window of the program: groups, points, history and menus for one document.
@@ -32,20 +38,25 @@ public:
   GroupsPanel& groups() { return *m_groups; }
   PointsView& points() { return *m_points; }
 
+  /// The program is about to end, and the user cannot be asked: keeps the unsaved changes for the
+  /// next start. Until the user goes on, closing the window asks nothing.
+  void prepareForEnd();
+
 protected:
+  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
 
 private:
-  void addFileMenu();
-  void addEditMenu();
-  void addGroupsMenu();
-  void addViewMenu();
   void addHistoryPanel();
   void arrange();
   void connectParts();
 
+  void retranslate();
+  void rememberExpandedGroups();
+  void rememberWindow() const;
+  void showChange();
   void showDocument();
   void showTitle();
   void showStatistics();
@@ -60,6 +71,9 @@ private:
   GroupsPanel* m_groups;
   PointsView* m_points;
   QLabel* m_statistics;
+  QDockWidget* m_historyPanel = nullptr;
+  HistoryView* m_history = nullptr;
+  bool m_isEnding = false;
 };
 
 }

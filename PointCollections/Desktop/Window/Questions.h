@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "PointCollections/Desktop/Import/UnknownTable.h"
 #include "PointCollections/Editor/Editor.h"
 
 #include <QtCore/QString>
@@ -35,6 +36,9 @@ public:
   /// @param suggestion  may be empty
   virtual std::optional<std::filesystem::path>
   fileToWrite(FileKind kind, const std::filesystem::path& suggestion) = 0;
+
+  /// What a table has in its columns; nothing if the user does not want to open it.
+  virtual std::optional<UnknownTable::Choice> chooseColumns(const UnknownTable& table) = 0;
 
   virtual UnsavedChanges aboutUnsavedChanges(const QString& title) = 0;
 

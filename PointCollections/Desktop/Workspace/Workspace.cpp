@@ -27,7 +27,8 @@ qulonglong countPoints(const PointDocument& document)
 
 Workspace::Workspace(std::shared_ptr<Files> files, QObject* parent)
     : QObject(parent),
-      m_editor(emptyDocument(), std::move(files)),
+      m_files(std::move(files)),
+      m_editor(emptyDocument(), m_files),
       m_history(m_editor.history()),
       m_recovery(m_editor)
 {
@@ -50,12 +51,14 @@ GroupRequestHandler<GUIdentifier> Workspace::requestHandler()
 
 void Workspace::replaceDocument(OpenedDocument opened)
 {
+  Q_EMIT aboutToReplaceDocument();
   m_editor.replaceDocument(std::move(opened));
   tellDocument();
 }
 
 void Workspace::recover(UnsavedWork work)
 {
+  Q_EMIT aboutToReplaceDocument();
   m_editor.replaceWithUnsaved(work.record.opened);
   m_recovery.adopt(std::move(work));
   tellDocument();
@@ -83,18 +86,17 @@ void Workspace::writeRecovery()
   m_recovery.pause();
 }
 
-Editor::SaveResult Workspace::saveIfSafe(const std::filesystem::path& file)
+Editor::SaveResult Workspace::saveNow(const std::filesystem::path& file, bool mayOverwrite)
 {
-  auto result = m_editor.saveIfSafe(file);
+  auto result = mayOverwrite ? m_editor.save(file) : m_editor.saveIfSafe(file);
   Q_EMIT titleChanged();
   return result;
 }
 
-Editor::SaveResult Workspace::save(const std::filesystem::path& file)
+void Workspace::finishSave(const Saving& saving)
 {
-  auto result = m_editor.save(file);
+  m_editor.finishSave(saving);
   Q_EMIT titleChanged();
-  return result;
 }
 
 QString Workspace::title() const

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "PointCollections/Editor/Editor.h"
+#include "PointCollections/Editor/Saving.h"
 #include "PointCollections/Recovery/Recovery.h"
 #include "QtModels/Editing/GroupRequest.h"
 #include "QtModels/History/History.h"
@@ -47,11 +48,14 @@ public:
   /// The program is about to end without asking: keeps the unsaved changes for its next start.
   void keepUnsavedWork() { m_recovery.keep(); }
 
-  /// Saves the document, see Editor::saveIfSafe().
-  Editor::SaveResult saveIfSafe(const std::filesystem::path& file);
+  /// Where documents are read and saved. Other threads may use it, too.
+  const std::shared_ptr<Files>& files() const { return m_files; }
 
-  /// Saves the document, whatever that overwrites.
-  Editor::SaveResult save(const std::filesystem::path& file);
+  /// Saves the document at once, see Editor::save() and Editor::saveIfSafe().
+  Editor::SaveResult saveNow(const std::filesystem::path& file, bool mayOverwrite);
+
+  /// Takes note of what another thread has saved, see Editor::beginSave().
+  void finishSave(const Saving& saving);
 
   /// The name of the document for the title of a window.
   QString title() const;
@@ -60,6 +64,9 @@ public:
   QString statistics() const;
 
 Q_SIGNALS:
+  /// There will be another document soon.
+  void aboutToReplaceDocument();
+
   /// There is another document. The old one may already be gone.
   void documentReplaced();
 
@@ -71,6 +78,7 @@ private:
   void noteChange();
   void writeRecovery();
 
+  std::shared_ptr<Files> m_files;
   Editor m_editor;
   History m_history;
   Recovery m_recovery;

@@ -4,6 +4,7 @@
 #include "HighLevelServices/GroupCommands/CreateTKGroupCmd.h"
 #include "HighLevelServices/GroupCommands/MoveTKGroupElementsCmd.h"
 #include "HighLevelServices/GroupCommands/SortTKGroupsAlphabeticallyCmd.h"
+#include "PointCollections/Editor/Saving.h"
 #include "PointCollections/Project/ProjectFile.h"
 #include "PointCollections/Support/Documents.h"
 #include "PointCollections/Support/Edits.h"
@@ -15,7 +16,9 @@
 #include <exception>
 #include <functional>
 #include <new>
+#include <optional>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace Tarvik::PointCollections {
@@ -52,6 +55,68 @@ TEST_F(Editing, SavesWhatWasChanged)
   EXPECT_EQ(m_editor.projectFile(), "folder/p.tkpc");
   EXPECT_EQ(summaryOf(m_editor), "p.tkpc: 2 elements with 2 points in 1 group");
   EXPECT_EQ(groupsIn("folder/p.tkpc"), "G()");
+}
+
+TEST_F(Editing, IsSavedInThreeStepsByAnotherThread)
+{
+  createGroup(m_editor, "G");
+  Cancellation cancellation;
+  std::optional<Editor::SaveResult> result;
+
+  const auto saving = m_editor.beginSave("p.tkpc", false);
+  std::thread([&] { result = saving->write(cancellation); }).join();
+  EXPECT_TRUE(m_editor.hasUnsavedChanges()) << "until the editor takes note";
+  m_editor.finishSave(*saving);
+
+  ASSERT_TRUE(result);
+  EXPECT_EQ(result->risk, Risk::None);
+  EXPECT_FALSE(m_editor.hasUnsavedChanges());
+  EXPECT_EQ(m_editor.projectFile(), "p.tkpc");
+  EXPECT_EQ(m_editor.overwriteRisk("p.tkpc"), Risk::None);
+  EXPECT_EQ(groupsIn("p.tkpc"), "G()");
+}
+
+TEST_F(Editing, StaysUnsavedIfItGoesOnWhileItIsSaved)
+{
+  createGroup(m_editor, "Saved");
+  Cancellation cancellation;
+  const auto saving = m_editor.beginSave("p.tkpc", false);
+  createGroup(m_editor, "Later");
+  saving->write(cancellation);
+
+  m_editor.finishSave(*saving);
+
+  EXPECT_TRUE(m_editor.hasUnsavedChanges());
+  EXPECT_EQ(groupsIn("p.tkpc"), "Saved()");
+  m_editor.history().undo();
+  m_editor.history().undo();
+  EXPECT_TRUE(m_editor.hasUnsavedChanges()) << "the file has a group now";
+}
+
+TEST_F(Editing, IsNotSavedIfThatIsCancelled)
+{
+  createGroup(m_editor, "G");
+  Cancellation cancellation;
+  cancellation.cancel();
+
+  EXPECT_FALSE(m_editor.beginSave("p.tkpc", false)->write(cancellation));
+
+  EXPECT_TRUE(m_files->contents.empty());
+}
+
+TEST_F(Editing, IsNotSavedOverTheFileOfOthersUnlessTheUserAgrees)
+{
+  m_files->contents["p.tkpc"] = "other";
+  createGroup(m_editor, "G");
+  Cancellation cancellation;
+
+  const auto refused = m_editor.beginSave("p.tkpc", false)->write(cancellation);
+  ASSERT_TRUE(refused);
+  EXPECT_EQ(refused->risk, Risk::OtherFile);
+  EXPECT_EQ(m_files->contents["p.tkpc"], "other");
+
+  EXPECT_TRUE(m_editor.beginSave("p.tkpc", true)->write(cancellation));
+  EXPECT_EQ(groupsIn("p.tkpc"), "G()");
 }
 
 TEST_F(Editing, ThatCannotBeSavedStaysUnsaved)

@@ -41,6 +41,31 @@ TEST_F(DiskFiles, AreWrittenAndRead)
   EXPECT_THAT(m_files->readBytes(file), ::testing::ElementsAreArray(bytesOf(content)));
 }
 
+TEST_F(DiskFiles, AreAsBeforeWhenWritingIsCancelled)
+{
+  const auto file = m_folder.write("a.tkpc", "old");
+  Cancellation cancellation;
+  EXPECT_TRUE(cancellation.cancel());
+
+  EXPECT_FALSE(m_files->writeUnlessCancelled(file, bytesOf("new"), cancellation));
+
+  EXPECT_EQ(contentOf(file), "old");
+  EXPECT_THAT(m_files->namesIn(m_folder.path()), UnorderedElementsAre("a.tkpc"))
+      << "nothing unfinished is left";
+}
+
+TEST_F(DiskFiles, CannotBeCancelledOnceTheyAreReplaced)
+{
+  const auto file = m_folder.write("a.tkpc", "old");
+  Cancellation cancellation;
+
+  EXPECT_TRUE(m_files->writeUnlessCancelled(file, bytesOf("new"), cancellation));
+
+  EXPECT_EQ(contentOf(file), "new");
+  EXPECT_FALSE(cancellation.cancel());
+  EXPECT_FALSE(cancellation.isCancelled());
+}
+
 TEST_F(DiskFiles, AreReadInPart)
 {
   const auto file = m_folder.write("a.tkpc", "content");

@@ -26,7 +26,10 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdint>
+#include <fstream>
 #include <iostream>
+#include <string>
+#include <thread>
 #include <vector>
 
 namespace Tarvik::PointCollections {
@@ -454,6 +457,22 @@ TEST_F(PosixFiles, AreNotReadFromADevice)
                                 mistakeIn([&] { m_files->readStart(device, 1); }),
                                 mistakeIn([&] { m_files->readText(device); })})
       EXPECT_THAT(mistake, HasSubstr("this is a device or the like; expected a file"));
+}
+
+TEST_F(PosixFiles, AreReadOnceIfTheyArePipes)
+{
+  const auto pipe = m_folder.path() / "pipe.csv";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  std::thread writer([&] { std::ofstream(pipe) << "collection,x,y,z\na,1,2,3\n"; });
+
+  const auto opened = openDocument(*m_files, pipe); // would wait for ever if it read again
+  writer.join();
+
+  EXPECT_EQ(namesOf(*opened.document, opened.document->order()), std::vector<std::string>{"a"});
+  EXPECT_EQ(opened.title, pipe.string());
+  EXPECT_EQ(opened.file, "");
+  EXPECT_TRUE(m_files->isReadOnce(pipe));
+  EXPECT_FALSE(m_files->isReadOnce(m_folder.write("file.csv", "")));
 }
 
 TEST_F(PosixFiles, AreNotReadWhenNoArchiveIsThatLarge)

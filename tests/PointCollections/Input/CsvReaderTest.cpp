@@ -95,6 +95,21 @@ TEST(CsvReader, RefusesTextAfterAClosingQuote)
             "and quotes inside the field doubled");
 }
 
+TEST(CsvReader, TakesOtherSeparators)
+{
+  CsvReader semicolons("a,b;\"c;d\"\n", "test.csv", ';');
+  CsvReader tabs("a,b\t\"c\"\td\n", "test.csv", '\t');
+  Row row;
+
+  EXPECT_TRUE(semicolons.readRow(row));
+  EXPECT_THAT(row, ElementsAre("a,b", "c;d"));
+  EXPECT_TRUE(tabs.readRow(row));
+  EXPECT_THAT(row, ElementsAre("a,b", "c", "d"));
+  EXPECT_EQ(mistakeIn([&] { CsvReader("\"a\"b", "test.csv", ';').readRow(row); }),
+            "test.csv:1: text after a closing quote; expected a semicolon or the end of the line, "
+            "and quotes inside the field doubled");
+}
+
 TEST(CsvReader, RefusesALoneCarriageReturn)
 {
   EXPECT_EQ(mistakeInText("a\nb\rc\n"),

@@ -70,7 +70,7 @@ TEST(GroupsInAFileOfPoints, AreRefusedIfTheyMakeNoSense)
       mistakeInRows("a,1,2,3,G,1\nb,1,2,3,G,1\n"),
       "cities.csv:3: another element has the place 1 in G; expected a free place, or nothing");
   EXPECT_EQ(mistakeInRows("a,1,2,3,,1\n"),
-            "cities.csv:2: a place without a group; expected the name of the group before it");
+            "cities.csv:2: a place without a group; expected the name of the group, too");
   EXPECT_EQ(mistakeInRows(",1,2,3,G,\n"),
             "cities.csv:2: the element has no name; expected one, such as Berlin");
   EXPECT_EQ(mistakeInRows(",,,,,\n"),

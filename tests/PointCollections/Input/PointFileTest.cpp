@@ -17,12 +17,20 @@ void PrintTo(const Point& point, std::ostream* out)
 
 namespace {
 
+using ::testing::AllOf;
 using ::testing::ElementsAre;
+using ::testing::Field;
 using ::testing::IsEmpty;
+using ::testing::SizeIs;
 
 std::vector<PointCollection> parse(std::string_view rows)
 {
   return parsePoints("collection,x,y,z\n" + std::string(rows), "cities.csv");
+}
+
+PointFileContent contentOfRows(const std::string& rows)
+{
+  return parsePointFile("collection,x,y,z\n" + rows, "cities.csv");
 }
 
 std::string mistakeInRows(std::string_view rows)
@@ -75,7 +83,8 @@ TEST(PointFile, RefusesWhatIsNotANumber)
   for (const std::string wrong : {"", " ", "1 2", "0x10", "1.5.2", "--1", "+-1", "+", "1,5\""})
     EXPECT_NE(mistakeInRows("a,1," + wrong + ",3\n"), "no mistake") << wrong;
   EXPECT_EQ(mistakeInRows("a,1,\"1,5\",3\n"),
-            "cities.csv:2: y is \"1,5\", which is not a number; expected e.g. 12.5");
+            "cities.csv:2: y is \"1,5\", which is not a number; expected a decimal point, as in "
+            "1.5");
 }
 
 TEST(PointFile, RefusesNumbersThatAreNotFinite)
@@ -85,13 +94,36 @@ TEST(PointFile, RefusesNumbersThatAreNotFinite)
               "cities.csv:2: z is \"" + wrong + "\", which is not finite; expected e.g. 12.5");
 }
 
-TEST(PointFile, RefusesNumbersOutOfRange)
+TEST(PointFile, RefusesNumbersThatAreTooLarge)
 {
-  for (const std::string wrong : {"1e999", "-1e999", "1e-999"})
+  for (const std::string wrong : {"1e999", "-1e999", "0.1e400", "1e99999999999999999999"})
     EXPECT_EQ(mistakeInRows("a," + wrong + ",2,3\n"),
               "cities.csv:2: x is \"" + wrong +
-                  "\", which is out of range; expected at most 1.7e308 and, unless it is 0, at "
-                  "least 1e-307");
+                  "\", which is out of range; expected at most 1.7e308");
+}
+
+TEST(PointFile, TakesNumbersThatAreTooCloseToZeroForZeroAndSaysSo)
+{
+  const auto tiny = "0." + std::string(400, '0') + "1";
+  for (const std::string number : {"1e-400", "-1e-400", "12.5e-999", "1e-99999999999999999999"})
+    EXPECT_THAT(
+        contentOfRows("a," + number + ",2,3\n"),
+        AllOf(Field(&PointFileContent::collections,
+                    ElementsAre(Field(&PointCollection::points, ElementsAre(Point{0, 2, 3})))),
+              Field(&PointFileContent::warnings,
+                    ElementsAre("cities.csv:2: x is \"" + number +
+                                "\", which is too close to 0 for this program; it is read "
+                                "as 0"))));
+  EXPECT_THAT(contentOfRows("a," + tiny + ",2,3\n").warnings, SizeIs(1));
+  EXPECT_THAT(contentOfRows("a,1e-300,0e999,0\n").warnings, IsEmpty());
+}
+
+TEST(PointFile, WarnsOnceOfAllNumbersThatAreTooCloseToZero)
+{
+  EXPECT_THAT(
+      contentOfRows("a,1,1e-400,3\nb,1e-500,2,1e-600\n").warnings,
+      ElementsAre("cities.csv:2: y is \"1e-400\", which is too close to 0 for this program; "
+                  "it is read as 0; so are 2 more numbers"));
 }
 
 TEST(PointFile, QuotesOnlyTheStartOfALongField)
@@ -118,10 +150,11 @@ TEST(PointFile, RefusesTextWithoutTheHeader)
 {
   EXPECT_EQ(mistakeInText(""), "cities.csv:1: the file is empty; expected the header "
                                "collection,x,y,z");
-  EXPECT_EQ(mistakeInText("a,1,2,3\n"),
-            "cities.csv:1: the header is missing; expected collection,x,y,z");
-  EXPECT_EQ(mistakeInText("collection,x,y\n"),
-            "cities.csv:1: the header is missing; expected collection,x,y,z");
+  EXPECT_EQ(
+      mistakeInText("a,1,2,3\n"),
+      "cities.csv:1: the header is missing; found a, 1, 2 and 3, separated by commas; expected "
+      "the columns collection, x, y and z in any order, separated by commas, semicolons or "
+      "tabs");
 }
 
 TEST(PointFile, RefusesBytesThatAreNotUtf8)

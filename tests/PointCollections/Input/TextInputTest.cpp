@@ -79,6 +79,33 @@ TEST(TextInput, RefusesAFileWithANulByte)
             Utf8::fromPath(file) + ":2: a NUL byte; expected a text file in UTF-8");
 }
 
+TEST(TextInput, NamesUtf16InPlaceOfNulBytes)
+{
+  const TemporaryFolder folder;
+  for (const std::string& text :
+       {std::string("\xFF\xFE"
+                    "a\0",
+                    4),
+        std::string("\xFE\xFF\0a", 4), std::string("a\0,\0x\0", 6), std::string("\0a\0,\0x", 6)}) {
+    const auto file = folder.write("file.csv", text);
+
+    EXPECT_EQ(mistakeIn([&] { readText(file); }),
+              Utf8::fromPath(file) + ": this text is in UTF-16; save it as UTF-8");
+  }
+  const auto file = folder.write("file.csv", std::string("\xFF\xFE\0\0a\0\0\0", 8));
+  EXPECT_THAT(mistakeIn([&] { readText(file); }), HasSubstr("UTF-32"));
+}
+
+TEST(TextInput, ReadsAnyStream)
+{
+  std::istringstream input("a\nb");
+  EXPECT_EQ(readText(input, "<stdin>"), "a\nb");
+
+  std::istringstream withNul(std::string("a\nb\0", 4));
+  EXPECT_EQ(mistakeIn([&] { readText(withNul, "<stdin>"); }),
+            "<stdin>:2: a NUL byte; expected a text file in UTF-8");
+}
+
 TEST(TextInput, DropsTheRestOfALineThatThereIsNoMemoryFor)
 {
   std::istringstream input("delete an element that has a long name\nnext");

@@ -72,6 +72,74 @@ TEST_F(Program, RunsCommandsFromArgumentsAndIgnoresStandardInput)
   EXPECT_EQ(outcome.output, "Created \"G $HOME\" with 1 element.\nG $HOME (1)\n└─ b c\n");
 }
 
+TEST_F(Program, ReadsPointsFromStandardInput)
+{
+  const auto outcome = run({"-", "--command", "show"}, "x;y;z;Collection\n1;2;3;Berlin\n");
+
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.output, "Opened <stdin>: 1 element with 1 point.\n"
+                            "\n"
+                            "> show\n"
+                            "<stdin>: 1 element in 0 groups\n"
+                            "└─ ungrouped (1)\n"
+                            "   └─ Berlin\n");
+  EXPECT_EQ(
+      run({"-", "--command", "show"}, "a,1,2,b\n").errors,
+      "point-collections: <stdin>:1: the header is missing; found a, 1, 2 and b, separated by "
+      "commas; expected the columns collection, x, y and z in any order, separated by commas, "
+      "semicolons or tabs\n");
+}
+
+TEST_F(Program, ReadsTheScriptFromStandardInput)
+{
+  const auto outcome =
+      run({m_points, "--quiet", "--command", "create G", "--script", "-"}, "add G a\nnonsense\n");
+
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.output, "Created G with 0 elements.\nAdded 1 element to G.\n");
+  EXPECT_THAT(outcome.errors, StartsWith("<stdin>:2: "));
+}
+
+TEST_F(Program, RefusesToReadTwoThingsFromStandardInput)
+{
+  EXPECT_EQ(run({"-"}, "collection,x,y,z\n").errors,
+            "point-collections: standard input has the points; give the commands by --command or "
+            "--script\n");
+  EXPECT_EQ(
+      run({"-", "--script", "-"}, "collection,x,y,z\n").errors,
+      "point-collections: standard input cannot have both the points and the script; give one "
+      "of them as a file\n");
+  EXPECT_EQ(run({"-", "--script", "-"}).status, 2);
+}
+
+TEST_F(Program, WarnsOfWhatItDoesNotRead)
+{
+  const auto table = write("table.csv", "collection\tx\ty\tz\tland\na\t1\t1e-400\t3\tD\n");
+  const auto told = table + ":1: the file has columns that are not read: land";
+  const auto tooSmall =
+      table + ":2: y is \"1e-400\", which is too close to 0 for this program; it is read as 0";
+
+  EXPECT_EQ(run({table, "--command", "show"}).errors,
+            "warning: " + told + "\nwarning: " + tooSmall + '\n');
+  EXPECT_EQ(run({m_points, "--quiet", "--command", "open \"" + typed("table.csv") + '"'}).output,
+            "Opened table.csv: 1 element with 1 point.\nWarning: " + told +
+                ".\nWarning: " + tooSmall + ".\n");
+}
+
+TEST_F(Program, NamesUtf16)
+{
+  const std::string showInUtf16("\xFF\xFEs\0h\0o\0w\0\n\0", 12);
+
+  EXPECT_EQ(run({write("points.csv", showInUtf16)}).status, 2);
+  EXPECT_THAT(run({m_points}).errors,
+              EndsWith("points.csv: this text is in UTF-16; save it as UTF-8\n"));
+  EXPECT_EQ(
+      run({write("other.csv", "collection,x,y,z\n"), "--script", write("utf16.pcs", showInUtf16)})
+          .errors,
+      Utf8::fromPath(m_folder.path() / "utf16.pcs") +
+          ":1: this text is in UTF-16; save it as UTF-8\n");
+}
+
 TEST_F(Program, RunsTheScriptAfterTheCommands)
 {
   const auto script = write("test.pcs", "add G a\n");

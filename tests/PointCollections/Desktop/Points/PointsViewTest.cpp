@@ -172,6 +172,21 @@ TEST_F(PointsViewTest, DrawsElementsInTheirColoursAndTheSelectionInItsOwn)
   EXPECT_NE(colourAt(left), QColor(255, 0, 0)) << "others are pale";
 }
 
+TEST_F(PointsViewTest, IsDrawnAgainInTheColoursOfADarkDesktop)
+{
+  view.setSelection({2});
+  view.grab();
+  auto dark = view.palette();
+  dark.setColor(QPalette::Base, QColor(20, 20, 30));
+  dark.setColor(QPalette::Highlight, QColor(250, 180, 20));
+
+  view.setPalette(dark);
+
+  const auto picture = view.grab().toImage();
+  EXPECT_EQ(picture.pixelColor(nothing), QColor(20, 20, 30));
+  EXPECT_EQ(picture.pixelColor(middle), QColor(250, 180, 20));
+}
+
 TEST_F(PointsViewTest, ForgetsTheSelectionWithTheOldPoints)
 {
   view.setSelection({2});

@@ -15,7 +15,8 @@ struct FakeQuestions : Questions {
   UnsavedChanges unsaved = UnsavedChanges::Cancel;
   FoundWork found = FoundWork::Later;
   bool overwrites = false;
-  QStringList told; ///< also the questions
+  std::optional<PointColumns> columns; ///< of the next table
+  QStringList told;                    ///< also the questions
 
   std::optional<std::filesystem::path> fileToOpen() override { return open; }
 
@@ -24,6 +25,14 @@ struct FakeQuestions : Questions {
   {
     suggested = suggestion;
     return write;
+  }
+
+  std::optional<UnknownTable::Choice> chooseColumns(const UnknownTable& table) override
+  {
+    told << "columns: " + table.why;
+    if (!columns)
+      return std::nullopt;
+    return UnknownTable::Choice{table.header, *columns};
   }
 
   UnsavedChanges aboutUnsavedChanges(const QString& title) override

@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Desktop/Window/MainWindow.h"
-#include "PointCollections/Desktop/Window/FakeQuestions.h"
+#include "PointCollections/Desktop/Support/WindowTest.h"
+#include "PointCollections/Desktop/Window/FileNames.h"
 
 #include <QtCore/QMimeData>
-#include <QtCore/QSettings>
-#include <QtCore/QTemporaryDir>
+#include <QtCore/QTimer>
 #include <QtCore/QUrl>
 #include <QtGui/QAction>
 #include <QtGui/QDropEvent>
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QProgressDialog>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -18,6 +19,7 @@
 #include <fstream>
 #include <memory>
 #include <string>
+#include <thread>
 
 namespace Tarvik::PointCollections {
 namespace {
@@ -25,58 +27,42 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
+using Path = std::filesystem::path;
 
-/// The window with a document of three elements, and a user who answers as the test says.
-class MainWindowTest : public ::testing::Test {
-protected:
-  MainWindowTest()
+/// Files that can be read at once, but writing takes until it is cancelled.
+class PatientFiles : public Files {
+public:
+  std::string readText(const Path& file) override { return m_disk->readText(file); }
+  std::vector<std::byte> readBytes(const Path& file) override { return m_disk->readBytes(file); }
+  FileStart readStart(const Path& file, std::size_t count) override
   {
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.path());
-    qputenv("XDG_STATE_HOME", m_folder.path().toUtf8());
-    std::ofstream(file("points.csv"))
-        << "collection,x,y,z\nAthens,1,0,0\nBerlin,0,1,0\nCairo,0,0,1\n";
-    window->fileCommands().openFile(file("points.csv"));
-    window->show();
+    return m_disk->readStart(file, count);
   }
-
-  std::filesystem::path file(const char* name) const
+  WriteResult write(const Path& file, std::span<const std::byte> bytes) override
   {
-    return std::filesystem::path(m_folder.path().toStdString()) / name;
+    return m_disk->write(file, bytes);
   }
-
-  GUIdentifier element(const char* name) const
+  std::optional<WriteResult> writeUnlessCancelled(const Path& file,
+                                                  std::span<const std::byte> bytes,
+                                                  Cancellation& cancellation) override
   {
-    return window->workspace().editor().document()->findByName(name)->id;
+    while (!cancellation.isCancelled())
+      std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    return m_disk->writeUnlessCancelled(file, bytes, cancellation);
   }
-
-  void createGroup(const std::string& name, const std::vector<GUIdentifier>& elements) const
+  std::unique_ptr<FileLock> lockForSaving(const Path& file) override
   {
-    window->groups().editor().operations().createGroup(elements, name);
+    return m_disk->lockForSaving(file);
   }
-
-  std::vector<std::string> groups() const
-  {
-    std::vector<std::string> names;
-    for (const auto& group : window->workspace().editor().document()->getGroups())
-      names.push_back(group.getName());
-    return names;
-  }
-
-  /// A window with another user.
-  std::unique_ptr<MainWindow> windowWith(FakeQuestions*& questions) const
-  {
-    auto own = std::make_unique<FakeQuestions>();
-    questions = own.get();
-    return std::make_unique<MainWindow>(diskFiles(), std::move(own));
-  }
+  bool exists(const Path& file) override { return m_disk->exists(file); }
+  bool areSame(const Path& one, const Path& other) override { return m_disk->areSame(one, other); }
+  std::vector<std::string> namesIn(const Path& folder) override { return m_disk->namesIn(folder); }
 
 private:
-  QTemporaryDir m_folder;
-
-protected:
-  FakeQuestions* user = nullptr;
-  std::unique_ptr<MainWindow> window = windowWith(user);
+  std::shared_ptr<Files> m_disk = diskFiles();
 };
+
+class MainWindowTest : public WindowTest {};
 
 TEST_F(MainWindowTest, OpensPointsAndShowsThem)
 {
@@ -174,6 +160,21 @@ TEST_F(MainWindowTest, KeepsTheDocumentWhenAnotherCannotBeOpened)
   EXPECT_THAT(user->told[0].toStdString(), HasSubstr("2")) << "the line";
 }
 
+TEST_F(MainWindowTest, AsksForTheColumnsOfATableThatNamesThemOtherwise)
+{
+  std::ofstream(file("towns.csv")) << "Town;Lon;Lat;H\nDublin;1;2;3\n";
+
+  EXPECT_FALSE(window->fileCommands().openFile(file("towns.csv"))) << "the user does not want to";
+  ASSERT_EQ(user->told.size(), 1);
+  EXPECT_THAT(user->told[0].toStdString(), HasSubstr("towns.csv"));
+  EXPECT_THAT(user->told[0].toStdString(), HasSubstr("Lon")) << "what was found";
+
+  user->columns = PointColumns{.collection = 0, .x = 1, .y = 2, .z = 3, .group = {}, .place = {}};
+  EXPECT_TRUE(window->fileCommands().openFile(file("towns.csv")));
+  EXPECT_EQ(window->windowTitle(), "towns.csv[*]");
+  EXPECT_EQ(window->workspace().editor().document()->findByName("Dublin")->points.at(0).y, 2);
+}
+
 TEST_F(MainWindowTest, AsksBeforeItOverwritesTheChangesOfOthers)
 {
   user->write = file("saved.tkpc");
@@ -189,6 +190,29 @@ TEST_F(MainWindowTest, AsksBeforeItOverwritesTheChangesOfOthers)
   EXPECT_TRUE(window->fileCommands().save());
   EXPECT_FALSE(window->isWindowModified());
   EXPECT_THAT(user->told, ElementsAre("overwrite", "overwrite"));
+}
+
+TEST_F(MainWindowTest, KeepsTheOldFileWhenTheUserCancelsASave)
+{
+  auto own = std::make_unique<FakeQuestions>();
+  own->write = file("saved.tkpc");
+  window = std::make_unique<MainWindow>(std::make_shared<PatientFiles>(), std::move(own));
+  window->fileCommands().openFile(file("points.csv"));
+  std::ofstream(file("saved.tkpc")) << "old";
+  createGroup("Europe", {element("Athens")});
+  QTimer cancel;
+  QObject::connect(&cancel, &QTimer::timeout, window.get(), [] {
+    if (auto* const dialog = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget()))
+      QTest::keyClick(dialog, Qt::Key_Escape);
+  });
+  cancel.start(10);
+
+  EXPECT_FALSE(window->fileCommands().save());
+
+  EXPECT_TRUE(window->isWindowModified());
+  std::string content;
+  std::ifstream(file("saved.tkpc")) >> content;
+  EXPECT_EQ(content, "old");
 }
 
 TEST_F(MainWindowTest, ExportsGroupsThatOpenReadsBack)
@@ -216,6 +240,86 @@ TEST_F(MainWindowTest, RemembersFilesThatWereOpened)
 {
   EXPECT_EQ(window->fileCommands().recentFiles().names().size(), 1);
   EXPECT_TRUE(window->fileCommands().recentFiles().names()[0].endsWith("points.csv"));
+}
+
+TEST_F(MainWindowTest, ForgetsARecentFileThatIsGone)
+{
+  auto& files = window->fileCommands();
+  std::filesystem::remove(file("points.csv"));
+
+  Q_EMIT files.recentFiles().chosen(nameOf(file("points.csv")));
+
+  EXPECT_THAT(RecentFiles::names(), IsEmpty());
+  ASSERT_EQ(user->told.size(), 1);
+  EXPECT_THAT(user->told[0].toStdString(), HasSubstr(file("points.csv").string()));
+  EXPECT_THAT(user->told[0].toStdString(), HasSubstr("not there any more"));
+  EXPECT_EQ(window->groups().model().rowCount(), 3) << "the document stays open";
+}
+
+TEST_F(MainWindowTest, KeepsARecentFileThatIsDamagedAndTellsThePlace)
+{
+  user->write = file("saved.tkpc");
+  window->fileCommands().save();
+  std::filesystem::resize_file(file("saved.tkpc"), 60);
+
+  Q_EMIT window->fileCommands().recentFiles().chosen(nameOf(file("saved.tkpc")));
+
+  EXPECT_TRUE(RecentFiles::names().contains(nameOf(file("saved.tkpc"))));
+  ASSERT_EQ(user->told.size(), 1);
+  EXPECT_THAT(user->told[0].toStdString(), HasSubstr(file("saved.tkpc").string()));
+  EXPECT_THAT(user->told[0].toStdString(), HasSubstr("byte"));
+}
+
+TEST_F(MainWindowTest, ExpandsTheGroupsOfAProjectAsTheyWere)
+{
+  createGroup("Europe", {element("Athens")});
+  createGroup("Asia", {element("Cairo")});
+  auto& tree = window->groups().tree();
+  tree.collapseAll();
+  tree.expand(tree.model()->index(1, 0));
+  user->write = file("saved.tkpc");
+  window->fileCommands().save();
+  window->close();
+
+  window = windowWith(user);
+  window->fileCommands().openFile(file("saved.tkpc"));
+
+  auto& reopened = window->groups().tree();
+  EXPECT_FALSE(reopened.isExpanded(reopened.model()->index(0, 0)));
+  EXPECT_TRUE(reopened.isExpanded(reopened.model()->index(1, 0)));
+  EXPECT_FALSE(window->isWindowModified()) << "looking at groups is no change";
+
+  window->fileCommands().openFile(file("points.csv"));
+  window->fileCommands().openFile(file("saved.tkpc"));
+  EXPECT_TRUE(reopened.isExpanded(reopened.model()->index(1, 0)))
+      << "also without leaving the program";
+}
+
+TEST_F(MainWindowTest, KeepsUnsavedWorkWhenTheSystemEndsTheSession)
+{
+  user->write = file("saved.tkpc");
+  window->fileCommands().save();
+  createGroup("Europe", {element("Athens")});
+
+  window->prepareForEnd();
+  EXPECT_TRUE(window->close());
+  EXPECT_THAT(user->told, IsEmpty()) << "there is nobody to ask";
+
+  window = windowWith(user);
+  user->found = Questions::FoundWork::Recover;
+  window->fileCommands().openFile(file("saved.tkpc"));
+  EXPECT_THAT(groups(), ElementsAre("Europe"));
+}
+
+TEST_F(MainWindowTest, AsksAgainWhenTheUserGoesOnAfterAnEndThatWasCalledOff)
+{
+  createGroup("Europe", {element("Athens")});
+  window->prepareForEnd();
+
+  createGroup("Asia", {element("Cairo")});
+
+  EXPECT_FALSE(window->close());
+  EXPECT_THAT(user->told, ElementsAre("unsaved: points.csv"));
 }
 
 TEST_F(MainWindowTest, OpensAFileThatIsDroppedOnIt)
