@@ -146,10 +146,10 @@ Globe PointsView::globe() const
   return m_cloud.isOnSphere() ? Globe::Yes : Globe::No;
 }
 
-/// Few points are large, many are small: together they cover a fortieth of the view.
+/// Few points are large, many are small: together they cover a twentieth of the view.
 int PointsView::pointSize(const QSizeF& viewport) const
 {
-  const auto area = viewport.width() * viewport.height() / 40;
+  const auto area = viewport.width() * viewport.height() / 20;
   const auto count = static_cast<double>((std::max)(m_cloud.entries().size(), std::size_t{1}));
   const auto largest =
       7 * std::sqrt(viewport.width() / (std::max)(width(), 1)); // more on a fine display
