@@ -6,6 +6,7 @@
 #include <QtCore/QLibraryInfo>
 #include <QtCore/QMetaObject>
 #include <QtCore/QTranslator>
+#include <QtGui/QIcon>
 #include <QtWidgets/QApplication>
 
 #include <cstdlib>
@@ -40,6 +41,8 @@ int main(int argc, char* argv[])
   QCoreApplication::setApplicationName(QStringLiteral("point-collections-desktop"));
   QGuiApplication::setApplicationDisplayName(QStringLiteral("Point Collections"));
   QCoreApplication::setApplicationVersion(QStringLiteral(POINT_COLLECTIONS_VERSION));
+  QGuiApplication::setDesktopFileName(QCoreApplication::applicationName());
+  QGuiApplication::setWindowIcon(QIcon::fromTheme(QCoreApplication::applicationName()));
 
   QTranslator textsOfQt; // dialogs and standard buttons
   if (textsOfQt.load(QLocale(), QStringLiteral("qtbase"), QStringLiteral("_"),
