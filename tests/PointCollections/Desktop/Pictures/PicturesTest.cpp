@@ -34,7 +34,7 @@ protected:
   /// Where the drawn picture can be looked at if it is not the one of the documents.
   QString keepDrawn() const
   {
-    const auto file = QDir(QStringLiteral(POINT_COLLECTIONS_PICTURES)).filePath(name);
+    auto file = QDir(QStringLiteral(POINT_COLLECTIONS_PICTURES)).filePath(name);
     write(file);
     return file;
   }
