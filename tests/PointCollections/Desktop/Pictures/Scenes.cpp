@@ -18,13 +18,24 @@ namespace {
 
 using Colours = FixedLook::Colours;
 
-/// While it exists, all texts are German.
+/// While it exists, all texts of the library and of the program are German.
 class German {
 public:
   German()
   {
     QtTranslation::install();
-    const QDir folder(QString::fromUtf8(QtTranslation::folder));
+    for (const auto* const folder : {QtTranslation::folder, ":/point-collections"})
+      install(QDir(QString::fromLatin1(folder)));
+  }
+
+  German(const German&) = delete;
+  German& operator=(const German&) = delete;
+
+  ~German() { Translator::installCatalogue({}); }
+
+private:
+  void install(const QDir& folder)
+  {
     for (const auto& name : folder.entryList({QStringLiteral("*_de.qm")})) {
       auto texts = std::make_unique<QTranslator>();
       if (!texts->load(folder.filePath(name)))
@@ -34,12 +45,6 @@ public:
     }
   }
 
-  German(const German&) = delete;
-  German& operator=(const German&) = delete;
-
-  ~German() { Translator::installCatalogue({}); }
-
-private:
   std::vector<std::unique_ptr<QTranslator>> m_texts; ///< each leaves the application when it goes
 };
 
