@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 # The Debian packages: libtkmservice<major>, libtkmservice-dev and point-collections, with QtModels also
-# libtkmservice-qtmodels<major> and libtkmservice-qtmodels-dev, and packages with debug symbols if the
-# build has them.
+# libtkmservice-qtmodels<major>, libtkmservice-qtmodels-dev and point-collections-desktop, and packages
+# with debug symbols if the build has them.
 
 # tkm_install_compressed(<file> <name> <dir> <part>): the file as <dir>/<name>.gz
 function(tkm_install_compressed file name dir part)
@@ -109,4 +109,20 @@ script.")
     COMPONENT TKMService_Program)
   tkm_install_compressed(packaging/point-collections.1 point-collections.1
     "${CMAKE_INSTALL_MANDIR}/man1" TKMService_Program)
+endif()
+
+if(TKM_BUILD_HOST AND has_qt)
+  list(APPEND CPACK_COMPONENTS_ALL TKMService_Desktop)
+  tkm_debian_package(TKMService_Desktop point-collections-desktop utils
+    "sorts point collections into named groups, in a window"
+    "This package has a program with a window, which shows points in space and
+their groups as a tree with drag and drop.")
+  set(CPACK_DEBIAN_TKMSERVICE_DESKTOP_DEBUGINFO_PACKAGE ON)
+  set(CPACK_DEBIAN_TKMSERVICE_DESKTOP_PACKAGE_DEPENDS
+    "${runtime_package} (>= ${PROJECT_VERSION}), ${qt_package} (>= ${PROJECT_VERSION})")
+  # The icon is an SVG picture; the standard buttons are translated by Qt.
+  set(CPACK_DEBIAN_TKMSERVICE_DESKTOP_PACKAGE_RECOMMENDS "libqt6svg6, qt6-translations-l10n")
+  set(CPACK_DEBIAN_TKMSERVICE_DESKTOP_PACKAGE_SUGGESTS "point-collections")
+  tkm_install_compressed(packaging/desktop/point-collections-desktop.1 point-collections-desktop.1
+    "${CMAKE_INSTALL_MANDIR}/man1" TKMService_Desktop)
 endif()

@@ -2,8 +2,8 @@
 # What is installed where, for find_package() and for pkg-config. Included with TKM_INSTALL.
 #
 # There are parts, which can be installed or packed separately: TKMService_Runtime,
-# TKMService_Development, TKMService_Program, and, if QtModels is built, TKMService_QtModels_Runtime and
-# TKMService_QtModels_Development.
+# TKMService_Development, TKMService_Program, and, if QtModels is built, TKMService_QtModels_Runtime,
+# TKMService_QtModels_Development and TKMService_Desktop.
 include(CMakePackageConfigHelpers)
 include(GNUInstallDirs)
 
@@ -86,10 +86,24 @@ function(tkm_install_pkg_config name component requires)
     DESTINATION "${dir}" COMPONENT ${component})
 endfunction()
 
-# tkm_install_program(<target>)
-function(tkm_install_program target)
+# tkm_install_program(<target> <part>)
+function(tkm_install_program target part)
   tkm_install_run_path(${target} "${CMAKE_INSTALL_FULL_BINDIR}")
-  install(TARGETS ${target} RUNTIME COMPONENT TKMService_Program)
+  install(TARGETS ${target} RUNTIME COMPONENT ${part})
+endfunction()
+
+# tkm_install_desktop_entry(<name> <part>): what a desktop of Linux needs to show the program <name> in its
+# menus, and to open files with it.
+function(tkm_install_desktop_entry name part)
+  set(from "${PROJECT_SOURCE_DIR}/packaging/desktop/${name}")
+  install(FILES "${from}.desktop"
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/applications" COMPONENT ${part})
+  install(FILES "${from}.svg"
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps" COMPONENT ${part})
+  install(FILES "${from}.mime.xml" RENAME ${name}.xml
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/mime/packages" COMPONENT ${part})
+  install(FILES "${from}.metainfo.xml"
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/metainfo" COMPONENT ${part})
 endfunction()
 
 # tkm_install_package(): the files that find_package() reads, for the build tree as well. Call it after

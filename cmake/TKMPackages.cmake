@@ -51,6 +51,10 @@ else()
   if(TKM_BUILD_HOST AND UNIX)
     install(FILES packaging/point-collections.1
       DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT TKMService_Program)
+    if(has_qt)
+      install(FILES packaging/desktop/point-collections-desktop.1
+        DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT TKMService_Desktop)
+    endif()
   endif()
 endif()
 

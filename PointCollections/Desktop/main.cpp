@@ -6,6 +6,7 @@
 
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QMetaObject>
+#include <QtGui/QIcon>
 #include <QtWidgets/QApplication>
 
 #include <cstdlib>
@@ -41,6 +42,8 @@ int run(int argc, char* argv[])
   QCoreApplication::setApplicationName(QStringLiteral("point-collections-desktop"));
   QGuiApplication::setApplicationDisplayName(QStringLiteral("Point Collections"));
   QCoreApplication::setApplicationVersion(QStringLiteral(POINT_COLLECTIONS_VERSION));
+  QGuiApplication::setDesktopFileName(QCoreApplication::applicationName());
+  QGuiApplication::setWindowIcon(QIcon::fromTheme(QCoreApplication::applicationName()));
 
   Languages::instance();
 

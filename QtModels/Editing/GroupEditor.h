@@ -160,10 +160,11 @@ bool GroupEditor<T>::deleteGroups(const QModelIndexList& rows)
 template <class T>
 bool GroupEditor<T>::renameGroup(const QModelIndex& group, const QString& name)
 {
-  if (!faultOfName(group, name).isEmpty())
-    return false;
-  return attempt(
-      [&] { return m_operations.renameGroup(m_model.groupIdAt(group), name.toStdString()); });
+  return attempt([&] {
+    const auto groupId = m_model.groupIdAt(group);
+    return m_nameCheck(groupId, name).isEmpty() &&
+           m_operations.renameGroup(groupId, name.toStdString());
+  });
 }
 
 template <class T>

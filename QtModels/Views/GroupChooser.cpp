@@ -2,6 +2,7 @@
 #include "QtModels/Views/GroupChooser.h"
 
 #include "QtModels/Models/GroupItemModelBase.h"
+#include "QtModels/Translation/LanguageWatcher.h"
 
 #include <QtCore/QEvent>
 #include <QtGui/QKeyEvent>
@@ -24,12 +25,16 @@ GroupChooser::GroupChooser(const GroupItemModelBase& model, QWidget* parent)
       m_groups(new QListWidget(this)),
       m_buttons(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this))
 {
-  setWindowTitle(tr("Move to Group"));
-  m_filter->setPlaceholderText(tr("Find a group"));
-  m_filter->setAccessibleName(tr("Find a group"));
+  const auto nameParts = [this] {
+    setWindowTitle(tr("Move to Group"));
+    m_filter->setPlaceholderText(tr("Find a group"));
+    m_filter->setAccessibleName(tr("Find a group"));
+    m_groups->setAccessibleName(tr("Groups"));
+  };
+  nameParts();
+  connect(LanguageWatcher::instance(), &LanguageWatcher::languageChanged, this, nameParts);
   m_filter->setClearButtonEnabled(true);
   m_filter->installEventFilter(this);
-  m_groups->setAccessibleName(tr("Groups"));
   m_groups->setUniformItemSizes(true);
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(m_filter);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "QtModels/Views/GroupNameEdit.h"
 
+#include "QtModels/Translation/LanguageWatcher.h"
+
 #include <QtGui/QAction>
 #include <QtWidgets/QStyle>
 #include <QtWidgets/QToolTip>
@@ -14,8 +16,14 @@ GroupNameEdit::GroupNameEdit(Check check, QWidget* parent)
       m_check(std::move(check)),
       m_warning(addAction(style()->standardIcon(QStyle::SP_MessageBoxWarning), TrailingPosition))
 {
-  setAccessibleName(tr("Name of the group"));
+  const auto nameIt = [this] { setAccessibleName(tr("Name of the group")); };
+  nameIt();
   m_warning->setVisible(false);
+  connect(LanguageWatcher::instance(), &LanguageWatcher::languageChanged, this, [this, nameIt] {
+    nameIt();
+    if (m_warning->isVisible())
+      showFault();
+  });
   connect(this, &QLineEdit::textEdited, this, &GroupNameEdit::showFault);
 }
 

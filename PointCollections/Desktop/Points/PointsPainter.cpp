@@ -46,10 +46,10 @@ std::optional<std::uint32_t> PointsPainter::elementAt(const QPointF& place, int 
   return element != PixelElements::none ? std::optional(element) : std::nullopt;
 }
 
-/// Few points are large, many are small: together they cover a fortieth of the view.
+/// Few points are large, many are small: together they cover a twentieth of the view.
 int PointsPainter::pointSize(const QSizeF& viewport, qreal factor) const
 {
-  const auto area = viewport.width() * viewport.height() / 40;
+  const auto area = viewport.width() * viewport.height() / 20;
   const auto count = static_cast<double>((std::max)(m_cloud.entries().size(), std::size_t{1}));
   const auto largest = 7 * std::sqrt(factor); // more on a fine display
   return static_cast<int>(std::clamp(std::sqrt(area / count), 1.0, largest));

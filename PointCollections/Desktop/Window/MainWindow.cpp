@@ -66,12 +66,12 @@ void MainWindow::arrange()
   splitter->addWidget(m_groups);
   splitter->addWidget(m_points);
   splitter->setStretchFactor(1, 1);
-  splitter->setSizes({340, 620});
+  splitter->setSizes({300, 620});
   setCentralWidget(splitter);
   addHistoryPanel();
   statusBar()->addPermanentWidget(m_statistics);
   resize(1200, 760);
-  resizeDocks({findChild<QDockWidget*>()}, {240}, Qt::Horizontal);
+  resizeDocks({findChild<QDockWidget*>()}, {280}, Qt::Horizontal);
 }
 
 void MainWindow::addHistoryPanel()

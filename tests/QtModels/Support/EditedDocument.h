@@ -59,7 +59,7 @@ public:
 
 /// A document that a user edits, written as a text: "A[xy] B[] z" is a group A with the elements x
 /// and y, an empty group B, and the ungrouped element z.
-template <class T>
+template <class T, class Provider = OrderedProvider<T>>
 class EditedDocument {
 public:
   explicit EditedDocument(const std::string& text)
@@ -154,7 +154,7 @@ public:
     return result;
   }
 
-  std::shared_ptr<OrderedProvider<T>> provider = std::make_shared<OrderedProvider<T>>();
+  std::shared_ptr<Provider> provider = std::make_shared<Provider>();
   CommandHistory history;
   GroupItemModel<T> model{provider};
   GroupEditor<T>& editor = *new GroupEditor<T>(model, handlerIn<T>(history, provider));

@@ -7,6 +7,7 @@
 #include "QtModels/Views/GroupTreeView.h"
 
 #include "QtModels/Support/EditedDocument.h"
+#include "QtModels/Support/GuideExample.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QRegularExpression>
@@ -39,21 +40,9 @@ public:
 };
 // [the example ends]
 
-QString contentsOf(const QString& file)
-{
-  QFile input(file);
-  EXPECT_TRUE(input.open(QIODevice::ReadOnly)) << file.toStdString();
-  return QString::fromUtf8(input.readAll());
-}
-
 TEST(EditingGuideTest, HasTheExampleThatIsTestedHere)
 {
-  const auto source = contentsOf(TKM_SOURCE_FOLDER "/tests/QtModels/Views/EditingGuideTest.cpp");
-  const QRegularExpression marked("// \\[the example begins\\]\n(.*)// \\[the example ends\\]",
-                                  QRegularExpression::DotMatchesEverythingOption);
-  const auto example = marked.match(source).captured(1);
-  ASSERT_FALSE(example.isEmpty());
-  EXPECT_TRUE(contentsOf(TKM_SOURCE_FOLDER "/docs/qt-editing.md").contains(example));
+  expectGuideToHaveTheExample("docs/qt-editing.md", "tests/QtModels/Views/EditingGuideTest.cpp");
 }
 
 TEST(EditingGuideTest, ShowsAWindowInWhichGroupsAreEdited)
