@@ -4,6 +4,7 @@
 #include "PointCollections/Input/CsvReader.h"
 #include "PointCollections/Input/GroupColumns.h"
 #include "PointCollections/Input/TextInput.h"
+#include "PointCollections/Text/DecimalNumber.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
 #include "PointCollections/Text/Utf8.h"
@@ -11,7 +12,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <system_error>
 #include <unordered_map>
@@ -33,7 +33,7 @@ std::string_view trimmed(std::string_view text)
   return text.substr(start, text.find_last_not_of(" \t") - start + 1);
 }
 
-/// Removes a plus sign, which people write but std::from_chars refuses.
+/// Removes a plus sign, which people write but readDecimalNumber() refuses.
 std::string_view withoutPlus(std::string_view number)
 {
   const bool hasPlus = number.size() > 1 && number[0] == '+' && number[1] != '-';
@@ -48,9 +48,9 @@ std::string quoted(std::string_view field)
 double parseNumber(const CsvReader& csv, const std::string& column, std::string_view field)
 {
   const auto digits = withoutPlus(trimmed(field));
-  const char* end = digits.data() + digits.size();
+  const char* const end = digits.data() + digits.size();
   double value = 0;
-  const auto [stop, error] = std::from_chars(digits.data(), end, value);
+  const auto [stop, error] = readDecimalNumber(digits, value);
   if (error == std::errc::result_out_of_range && stop == end)
     csv.fail(fmt::format("{} is {}, which is out of range; expected at most 1.7e308 and, unless "
                          "it is 0, at least 1e-307",
