@@ -146,7 +146,7 @@ const std::vector<T>& TKGroup<T>::getGroupMembers() const
 template <class T>
 const T& TKGroup<T>::getGroupMemberAtIndex(unsigned long long index) const
 {
-  return index < m_members.size() ? m_members[index] : T::getInvalidId();
+  return index < m_members.size() ? m_members[static_cast<std::size_t>(index)] : T::getInvalidId();
 }
 
 template <class T>

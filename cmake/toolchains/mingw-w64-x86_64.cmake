@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 # Windows programs built on Debian with MinGW-w64 and run under wine. The packages that the project
-# finds with find_package() are made from Debian's sources and headers, see mingw-w64/.
+# finds with find_package() are made from Debian's sources and headers, see ../debian-sources/.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 
@@ -15,5 +15,5 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
-list(PREPEND CMAKE_MODULE_PATH "${CMAKE_CURRENT_LIST_DIR}/mingw-w64")
+list(PREPEND CMAKE_MODULE_PATH "${CMAKE_CURRENT_LIST_DIR}/../debian-sources")
 set(CMAKE_CROSSCOMPILING_EMULATOR "${CMAKE_CURRENT_LIST_DIR}/mingw-w64/wine;${CMAKE_BINARY_DIR}/wine")

@@ -84,7 +84,7 @@ protected:
   std::vector<Groups> states; ///< by position in the history
 
 private:
-  std::size_t number(std::size_t below) { return m_random() % below; }
+  std::size_t number(std::size_t below) { return static_cast<std::size_t>(m_random() % below); }
 
   std::function<void()> nextAction()
   {

@@ -35,7 +35,7 @@ public:
   }
 
   /// 1 to most.
-  std::size_t upTo(std::size_t most) { return m_random() % most + 1; }
+  std::size_t upTo(std::size_t most) { return static_cast<std::size_t>(m_random() % most) + 1; }
 
 private:
   TKGroup<T> group()

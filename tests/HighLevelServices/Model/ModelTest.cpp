@@ -14,6 +14,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <memory>
@@ -65,7 +66,7 @@ TYPED_TEST(CommandsModel, AgreesWithTheCommandsWhateverIsDone)
 {
   const auto firstSeed = setting("TKM_MODEL_SEED", 1);
   const auto sequences = setting("TKM_MODEL_SEQUENCES", 5000);
-  const auto length = setting("TKM_MODEL_LENGTH", 40);
+  const auto length = static_cast<std::size_t>(setting("TKM_MODEL_LENGTH", 40));
 
   for (std::uint64_t seed = firstSeed; seed < firstSeed + sequences; ++seed) {
     auto operations = randomOperations(seed, length);

@@ -66,7 +66,7 @@ public:
 
 private:
   /// 1 to most.
-  std::size_t upTo(std::size_t most) { return m_random() % most + 1; }
+  std::size_t upTo(std::size_t most) { return static_cast<std::size_t>(m_random() % most) + 1; }
 
   std::vector<T> identifiers(std::size_t count)
   {
@@ -90,7 +90,7 @@ Case<T> manyOf(std::size_t count)
   const auto some = [&] {
     std::vector<T> result;
     for (std::size_t i = 0; i < count; ++i)
-      result.push_back(identifiers[random() % count]);
+      result.push_back(identifiers[static_cast<std::size_t>(random() % count)]);
     return result;
   };
   Case<T> result;

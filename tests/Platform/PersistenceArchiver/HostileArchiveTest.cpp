@@ -108,7 +108,8 @@ TEST(HostileArchive, DoesNoHarmWhereverItsBodyEnds)
   const auto table = wordAt(intact, 16);
   for (std::size_t length = bodyStart; length < table; ++length) {
     Bytes archive(intact.begin(), intact.begin() + static_cast<std::ptrdiff_t>(length));
-    archive.insert(archive.end(), intact.begin() + table, intact.end());
+    archive.insert(archive.end(), intact.begin() + static_cast<std::ptrdiff_t>(table),
+                   intact.end());
     setWordAt(archive, 12, static_cast<std::uint32_t>(archive.size()));
     setWordAt(archive, 16, static_cast<std::uint32_t>(length));
     setChecksum(archive);
@@ -147,7 +148,7 @@ struct Wide {
     std::uint32_t found = 0;
     archive >> found;
     if (found != 0)
-      throw ArchiveError(archive.tellg() - 4, "expected 0");
+      throw ArchiveError(static_cast<std::size_t>(archive.tellg() - 4), "expected 0");
     return archive;
   }
 };

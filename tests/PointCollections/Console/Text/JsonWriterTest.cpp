@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <limits>
+#include <string>
 #include <string_view>
 
 namespace Tarvik::PointCollections {
@@ -42,11 +44,12 @@ TEST(Json, ReplacesBytesThatAreNotUtf8)
 
 TEST(Json, WritesNumbersThatAreReadBackAsTheyWere)
 {
+  constexpr auto largest = std::numeric_limits<std::size_t>::max();
   JsonWriter json;
   json.beginArray().value(0.1).value(-1.0).value(1e300).value(1.0 / 3);
-  json.value(std::numeric_limits<std::size_t>::max()).endArray();
+  json.value(largest).endArray();
 
-  EXPECT_EQ(json.text(), "[0.1,-1,1e+300,0.3333333333333333,18446744073709551615]");
+  EXPECT_EQ(json.text(), "[0.1,-1,1e+300,0.3333333333333333," + std::to_string(largest) + "]");
 }
 
 }

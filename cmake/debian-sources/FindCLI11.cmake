@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# CLI11 is headers only, so those of Debian's package libcli11-dev serve for Windows too.
+# CLI11 is headers only, so those of Debian's package libcli11-dev serve for other systems too.
 include(FindPackageHandleStandardArgs)
 include("${CMAKE_CURRENT_LIST_DIR}/DebianHeaders.cmake")
 

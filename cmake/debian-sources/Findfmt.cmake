@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: MIT
-# fmt, compiled from the headers of Debian's package libfmt-dev: the library in it is for Linux.
+# fmt, compiled from the headers of Debian's package libfmt-dev: the library in it is for 64-bit Linux
+# and libstdc++ only.
 include(FindPackageHandleStandardArgs)
 include("${CMAKE_CURRENT_LIST_DIR}/DebianHeaders.cmake")
 
