@@ -44,7 +44,7 @@ Verb openVerb()
           .usage = "open FILE [--discard]",
           .summary = "replace the document with another one",
           .details = "If the name of FILE ends in .tkpc, it is a project, otherwise a text file "
-                     "with points. The history\nstarts anew. If there are unsaved changes, you are "
+                     "with points. The history starts anew. If there are unsaved changes, you are "
                      "asked; a script stops unless --discard is given.",
           .example = "open continents.tkpc",
           .parameters = {{"FILE", ArgumentKind::File}},
