@@ -4,8 +4,10 @@
 #include "PointCollections/Text/Utf8.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <iterator>
+#include <span>
 
 namespace Tarvik::PointCollections {
 namespace {
@@ -21,7 +23,7 @@ struct CharacterRange {
 
 /// The categories Mn, Me and Cf, and the vowels and finals of Hangul: they take no room.
 // clang-format off
-constexpr CharacterRange combining[] = {
+constexpr std::array<CharacterRange, 313> combining = {{
     {0x0300, 0x036F}, {0x0483, 0x0489}, {0x0591, 0x05BD}, {0x05BF, 0x05BF}, {0x05C1, 0x05C2},
     {0x05C4, 0x05C5}, {0x05C7, 0x05C7}, {0x0600, 0x0605}, {0x0610, 0x061A}, {0x061C, 0x061C},
     {0x064B, 0x065F}, {0x0670, 0x0670}, {0x06D6, 0x06DD}, {0x06DF, 0x06E4}, {0x06E7, 0x06E8},
@@ -90,10 +92,10 @@ constexpr CharacterRange combining[] = {
     {0x1DA00, 0x1DA36}, {0x1DA3B, 0x1DA6C}, {0x1DA75, 0x1DA75}, {0x1DA84, 0x1DA84},
     {0x1DA9B, 0x1DAAF}, {0x1E000, 0x1E02A}, {0x1E130, 0x1E136}, {0x1E2AE, 0x1E2AE},
     {0x1E2EC, 0x1E2EF}, {0x1E8D0, 0x1E8D6}, {0x1E944, 0x1E94A}, {0xE0001, 0xE01EF}
-};
+}};
 
 /// East Asian Width W and F.
-constexpr CharacterRange wide[] = {
+constexpr std::array<CharacterRange, 84> wide = {{
     {0x1100, 0x115F}, {0x231A, 0x231B}, {0x2329, 0x232A}, {0x23E9, 0x23EC}, {0x23F0, 0x23F0},
     {0x23F3, 0x23F3}, {0x25FD, 0x25FE}, {0x2614, 0x2615}, {0x2648, 0x2653}, {0x267F, 0x267F},
     {0x2693, 0x2693}, {0x26A1, 0x26A1}, {0x26AA, 0x26AB}, {0x26BD, 0x26BE}, {0x26C4, 0x26C5},
@@ -113,16 +115,15 @@ constexpr CharacterRange wide[] = {
     {0x1F6D0, 0x1F6D2}, {0x1F6D5, 0x1F6DF}, {0x1F6EB, 0x1F6EC}, {0x1F6F4, 0x1F6FC},
     {0x1F7E0, 0x1F7F0}, {0x1F90C, 0x1F93A}, {0x1F93C, 0x1F945}, {0x1F947, 0x1F9FF},
     {0x1FA70, 0x1FAF6}, {0x20000, 0x3134A}
-};
+}};
 // clang-format on
 
-template <std::size_t count>
-bool isIn(const CharacterRange (&ranges)[count], char32_t character)
+bool isIn(std::span<const CharacterRange> ranges, char32_t character)
 {
-  const auto* const after =
-      std::upper_bound(std::begin(ranges), std::end(ranges), character,
+  const auto after =
+      std::upper_bound(ranges.begin(), ranges.end(), character,
                        [](char32_t value, const auto& range) { return value < range.first; });
-  return after != std::begin(ranges) && character <= std::prev(after)->last;
+  return after != ranges.begin() && character <= std::prev(after)->last;
 }
 
 std::size_t widthOfCharacter(char32_t character)
