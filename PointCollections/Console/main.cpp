@@ -140,7 +140,8 @@ void runOnTerminal(Session& session, Transcript& transcript, const Settings& set
     transcript.setColumns(columnsOfTerminal);
     session.columns = columnsOfTerminal;
   }
-  transcript.result(welcome(session) + " Type help for the commands, quit to leave.");
+  transcript.result(wrapped(welcome(session) + " Type help for the commands, quit to leave.",
+                            session.columns ? session.columns() : unlimitedColumns));
   offerUnsavedWork(session, transcript, recovery,
                    findUnsavedWork(session.editor.files(), session.editor.opened().file),
                    questionsTo(*reader, session));

@@ -406,6 +406,12 @@ protected:
   InteractiveUserOfANarrowTerminal() : InteractiveUser({.columns = 40}) {}
 };
 
+TEST_F(InteractiveUserOfANarrowTerminal, IsWelcomedInWholeWords)
+{
+  Terminal terminal(m_points, m_state, {.columns = 40});
+  terminal.typeAndExpect("", "4 elements with 4\r\npoints. Type help", "> ");
+}
+
 TEST_F(InteractiveUserOfANarrowTerminal, ReadsWholeWords)
 {
   m_terminal.typeAndExpect("help add\r", "into a group, or move\r\nthem within it.");
