@@ -5,6 +5,7 @@
 #include "PointCollections/Files/SafeFileWriter.h"
 #include "PointCollections/Files/SideFiles.h"
 #include "PointCollections/Input/TextInput.h"
+#include "PointCollections/Text/Interruption.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
 #include "PointCollections/Text/Utf8.h"
@@ -24,13 +25,13 @@ namespace fs = std::filesystem;
 /// An archive cannot be larger.
 constexpr std::uintmax_t greatestSize = 0xFFFFFFFF;
 
+/// How much is read or written until the user can stop it, in bytes.
+constexpr std::size_t sizeOfPart = std::size_t(1) << 20U;
+
 [[noreturn]] void fail(const fs::path& file, const std::string& message)
 {
   throw UserError(fmt::format("{}: {}", printable(Utf8::fromPath(file)), message));
 }
-
-/// How many bytes are written before the writer looks whether it was cancelled.
-constexpr std::size_t sizeOfPart = std::size_t(1) << 20U;
 
 /// Not the message of Windows itself, which is in the user's language and code page.
 std::string reasonFor(const std::error_code& code)
@@ -92,9 +93,14 @@ std::uintmax_t sizeOf(std::ifstream& stream, const fs::path& file)
 std::vector<std::byte> readFirst(std::ifstream& stream, std::uintmax_t size, const fs::path& file)
 {
   std::vector<std::byte> bytes(static_cast<std::size_t>(size));
-  stream.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(size));
-  if (static_cast<std::uintmax_t>(stream.gcount()) != size)
-    fail(file, "reading the file failed");
+  for (std::span<std::byte> rest = bytes; !rest.empty();) {
+    checkInterruption();
+    const auto part = rest.first(std::min(rest.size(), sizeOfPart));
+    stream.read(reinterpret_cast<char*>(part.data()), static_cast<std::streamsize>(part.size()));
+    if (static_cast<std::size_t>(stream.gcount()) != part.size())
+      fail(file, "reading the file failed");
+    rest = rest.subspan(part.size());
+  }
   return bytes;
 }
 
@@ -145,10 +151,13 @@ public:
     try {
       SafeFileWriter writer(file);
       for (; !bytes.empty() && !cancellation.isCancelled();
-           bytes = bytes.subspan(std::min(bytes.size(), sizeOfPart)))
+           bytes = bytes.subspan(std::min(bytes.size(), sizeOfPart))) {
+        checkInterruption();
         writer.write(bytes.first(std::min(bytes.size(), sizeOfPart)));
+      }
       if (cancellation.isCancelled())
         return std::nullopt;
+      checkInterruption();
       writer.close(); // may take long, too
       if (!cancellation.passPointOfNoReturn())
         return std::nullopt;

@@ -5,6 +5,7 @@
 #include "PointCollections/Editor/Editor.h"
 #include "PointCollections/Selection/Selection.h"
 
+#include <cstddef>
 #include <functional>
 
 namespace Tarvik::PointCollections {
@@ -28,6 +29,9 @@ struct Session {
   /// Asks the user whether unsaved changes may be discarded, and saves them first if the user wants
   /// that. Throws UserError if saving fails. Empty in a script, where nobody can be asked.
   std::function<Confirmation(Session&)> confirmDiscarding = {};
+
+  /// How many columns the terminal has that shows the answers. Empty if there is no terminal.
+  std::function<std::size_t()> columns = {};
 
   /// What the user is to be told after a command; an empty text if nothing. May be empty.
   std::function<std::string()> takeNotice = {};

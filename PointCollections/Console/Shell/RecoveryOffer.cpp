@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Console/Shell/RecoveryOffer.h"
 
+#include "PointCollections/Console/Text/Wrapping.h"
 #include "PointCollections/Text/Quoting.h"
 
 #include <fmt/format.h>
@@ -13,12 +14,18 @@ namespace {
 /// The user's decision; later at the end of the input.
 std::string answerTo(const Question& ask)
 {
-  while (const auto line = ask("Type recover, discard or later: ")) {
+  while (const auto line =
+             ask("Type recover, discard or later: ", {"recover", "discard", "later"})) {
     auto answer = firstWord(*line);
     if (answer == "recover" || answer == "discard" || answer == "later")
       return answer;
   }
   return "later";
+}
+
+void tell(const Session& session, Transcript& transcript, const std::string& text)
+{
+  transcript.result(session.columns ? wrapped(text, session.columns()) : text);
 }
 
 void tellMistakes(Transcript& transcript, const FoundWork& found)
@@ -37,8 +44,9 @@ void offerUnsavedWork(Session& session,
 {
   tellMistakes(transcript, found);
   for (auto& work : found.works) {
-    transcript.result(fmt::format("An earlier run ended without saving its changes to {}: {}.",
-                                  displayName(work.record.opened.title), summaryOf(work)));
+    tell(session, transcript,
+         fmt::format("An earlier run ended without saving its changes to {}: {}.",
+                     displayName(work.record.opened.title), summaryOf(work)));
     const auto answer = answerTo(ask);
     if (answer == "discard")
       work.remove();
@@ -46,7 +54,8 @@ void offerUnsavedWork(Session& session,
       continue;
     session.editor.replaceWithUnsaved(work.record.opened);
     recovery.adopt(std::move(work));
-    transcript.result(fmt::format("Recovered {}. It is not saved yet.", summaryOf(session.editor)));
+    tell(session, transcript,
+         fmt::format("Recovered {}. It is not saved yet.", summaryOf(session.editor)));
     return;
   }
 }

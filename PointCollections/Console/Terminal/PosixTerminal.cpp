@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Console/Terminal/Terminal.h"
 
+#include "PointCollections/Text/Interruption.h"
+
 #include <sys/ioctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -32,9 +34,12 @@ void prepareTerminal()
   std::signal(SIGPIPE, SIG_IGN); // or the program could not warn of unsaved changes
 }
 
-void ignoreInterrupts()
+void catchInterrupts()
 {
-  std::signal(SIGINT, SIG_IGN);
+  struct sigaction action = {};
+  action.sa_handler = [](int) { Interruptible::request(); };
+  action.sa_flags = SA_RESTART; // reading and writing go on
+  sigaction(SIGINT, &action, nullptr);
 }
 
 std::optional<TerminalSize> terminalSize()
