@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Input/PointFile.h"
 
+#include "PointCollections/Input/AlikeNames.h"
 #include "PointCollections/Input/CsvReader.h"
 #include "PointCollections/Input/Encoding.h"
 #include "PointCollections/Input/PointRows.h"
@@ -66,6 +67,8 @@ PointFileContent parsePointFile(std::string_view text,
   }
   content.collections = rows.takeCollections();
   content.groups = rows.groups();
+  if (const auto warning = warningAboutAlikeNames(content.collections); !warning.empty())
+    content.warnings.push_back(name + ": " + warning);
   if (auto warning = rows.warning(); !warning.empty())
     content.warnings.push_back(std::move(warning));
   return content;

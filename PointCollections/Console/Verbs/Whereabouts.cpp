@@ -22,7 +22,7 @@ Tree treeOf(const Session& session,
             const Whereabouts& whereabouts,
             std::size_t mostPoints)
 {
-  Tree tree = {session.style.strong(printable(collection.name))};
+  Tree tree = {session.style.strong(listedName(collection.name))};
   for (auto& place : whereabouts.of(collection))
     tree.branches.push_back({std::move(place)});
   const auto shown = std::min(mostPoints, collection.points.size());

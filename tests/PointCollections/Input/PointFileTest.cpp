@@ -133,6 +133,19 @@ TEST(PointFile, QuotesOnlyTheStartOfALongField)
                 "…\", which is not a number; expected e.g. 12.5");
 }
 
+TEST(PointFile, WarnsOfNamesThatLookTheSame)
+{
+  EXPECT_THAT(
+      contentOfRows("Zürich,1,2,3\nZu\u0308rich,1,2,3\n").warnings,
+      ElementsAre("cities.csv: the names \"Z\\u{FC}rich\" and \"Zu\\u{308}rich\" look the same, "
+                  "but are written differently; they are two elements"));
+  EXPECT_THAT(
+      contentOfRows("a\u200B,1,2,3\na,1,2,3\nb,1,2,3\nb\u200B,1,2,3\n").warnings,
+      ElementsAre("cities.csv: the names \"a\" and \"a\\u{200B}\" look the same, but are "
+                  "written differently; they are two elements; the same goes for 1 more pair"));
+  EXPECT_THAT(contentOfRows("ä,1,2,3\nä,1,2,3\na,1,2,3\n").warnings, IsEmpty());
+}
+
 TEST(PointFile, RefusesARowWithTooFewOrTooManyFields)
 {
   EXPECT_EQ(mistakeInRows("a,1,2\n"), "cities.csv:2: 3 fields; expected 4 (collection,x,y,z)");
