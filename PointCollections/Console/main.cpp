@@ -58,7 +58,8 @@ constexpr auto remarks =
     "when the same file is opened again. After a script, it warns of unsaved changes on\n"
     "standard error; that is not a failure.\n\n"
     "Exit status: 0 success; 1 a command failed or the output could not be written; 2 the\n"
-    "arguments, FILE or the script were not valid.";
+    "arguments, FILE or the script were not valid. If nobody reads the output any more, the\n"
+    "program ends quietly, by the signal SIGPIPE (on Windows, with status 1).";
 
 std::string refuseNegative(std::string number)
 {
@@ -135,7 +136,7 @@ std::unique_ptr<LineReader> makeReader(Session& session, Recovery& recovery)
       isOutputTerminal()
           ? makeEditingReader([&session](auto line) { return complete(session, line); }, wait)
           : nullptr;
-  return reader ? std::move(reader) : makePlainReader(std::cin, std::cout, wait);
+  return reader ? std::move(reader) : makePlainReader(std::cin, terminalOutput(), wait);
 }
 
 void runOnTerminal(Session& session, Transcript& transcript)
@@ -148,7 +149,11 @@ void runOnTerminal(Session& session, Transcript& transcript)
   const auto reader = makeReader(session, recovery);
   if (isOutputTerminal())
     transcript.setViewer(showLongText);
-  transcript.result(welcome(session) + " Type help for the commands, quit to leave.");
+  constexpr auto hint = "Type help for the commands, quit to leave.";
+  transcript.setDialogue(terminalOutput());
+  transcript.result(isOutputTerminal() ? welcome(session) + ' ' + hint : welcome(session));
+  if (!isOutputTerminal())
+    transcript.dialogue(hint);
   tellWarnings(session, transcript);
   offerUnsavedWork(session, transcript, recovery,
                    findUnsavedWork(session.editor.files(), session.editor.opened().file),
@@ -184,12 +189,18 @@ bool runBatch(Session& session, const Settings& settings, Transcript& transcript
   return isFine;
 }
 
-/// @throws std::runtime_error if any output could not be written
+/// Nobody reads the output any more.
+struct OutputAbandoned {};
+
+/// @throws OutputAbandoned, std::runtime_error if any output could not be written
 void requireOutput()
 {
   std::cout.flush();
-  if (!std::cout)
-    throw std::runtime_error("standard output cannot be written");
+  if (std::cout)
+    return;
+  if (isOutputAbandoned())
+    throw OutputAbandoned();
+  throw std::runtime_error("standard output cannot be written");
 }
 
 ExitStatus run(const Settings& settings)
@@ -249,6 +260,9 @@ int main(int argc, char** argv)
   } catch (const UserError& error) {
     std::cerr << "point-collections: " << error.what() << std::endl;
     return BadInput;
+  } catch (const OutputAbandoned&) {
+    endAsAbandoned();
+    return CommandFailed;
   } catch (const std::bad_alloc&) {
     std::fputs("point-collections: there is not enough memory\n", stderr); // needs no memory itself
     return CommandFailed;

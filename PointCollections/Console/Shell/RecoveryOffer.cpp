@@ -37,8 +37,8 @@ void offerUnsavedWork(Session& session,
 {
   tellMistakes(transcript, found);
   for (auto& work : found.works) {
-    transcript.result(fmt::format("An earlier run ended without saving its changes to {}: {}.",
-                                  displayName(work.record.opened.title), summaryOf(work)));
+    transcript.dialogue(fmt::format("An earlier run ended without saving its changes to {}: {}.",
+                                    displayName(work.record.opened.title), summaryOf(work)));
     const auto answer = answerTo(ask);
     if (answer == "discard")
       work.remove();

@@ -78,7 +78,7 @@ private:
 /// @return whether somebody has answered
 bool leaveAtEndOfInput(Session& session, Transcript& transcript)
 {
-  transcript.result("(end of input)");
+  transcript.dialogue("(end of input)");
   const auto confirmation = session.confirmDiscarding(session);
   session.isOver = confirmation != Confirmation::Refused;
   if (confirmation == Confirmation::Missing)

@@ -8,7 +8,7 @@
 namespace Tarvik::PointCollections {
 
 Transcript::Transcript(std::ostream& output, std::ostream& errors, Detail detail, Style style)
-    : m_output(output), m_errors(errors), m_detail(detail), m_style(style)
+    : m_output(output), m_errors(errors), m_dialogue(&output), m_detail(detail), m_style(style)
 {}
 
 void Transcript::comment(std::string_view text)
@@ -33,7 +33,7 @@ void Transcript::command(std::string_view line)
     return;
   startBlock();
   endParagraph();
-  m_output << m_style.strong("> " + printable(abbreviated(line, longestEcho))) << '\n';
+  m_output << m_style.strong("> " + printable(abbreviated(line, longestEcho))) << std::endl;
 }
 
 void Transcript::result(std::string_view text)
@@ -43,6 +43,14 @@ void Transcript::result(std::string_view text)
     m_output << text << '\n';
   m_isEmpty = m_isEmpty && text.empty();
   m_output.flush();
+}
+
+void Transcript::dialogue(std::string_view text)
+{
+  if (m_dialogue == &m_output)
+    result(text);
+  else
+    *m_dialogue << text << std::endl;
 }
 
 void Transcript::error(const std::string& where, std::string_view message, std::string_view detail)

@@ -40,11 +40,13 @@ public:
   /// @param kind   of the terminal, as in TERM
   /// @param rows   of the terminal
   /// @param pager  as in PAGER
+  /// @param output the file that standard output goes to; empty for the terminal
   Terminal(const std::string& file,
            const std::filesystem::path& state,
            const char* kind = "vt100",
            unsigned short rows = 24,
-           const char* pager = "cat")
+           const char* pager = "cat",
+           const std::string& output = {})
   {
     winsize size = {rows, 200, 0, 0};
     m_child = forkpty(&m_terminal, nullptr, nullptr, &size);
@@ -54,6 +56,8 @@ public:
     setenv("PAGER", pager, 1);
     setenv("LC_ALL", "C.UTF-8", 1);
     setenv("XDG_STATE_HOME", state.c_str(), 1);
+    if (!output.empty())
+      dup2(open(output.c_str(), O_WRONLY | O_CREAT, 0600), STDOUT_FILENO);
     execl(POINT_COLLECTIONS_PROGRAM, "point-collections", "--no-color", file.c_str(), nullptr);
     _exit(127);
   }
@@ -216,6 +220,22 @@ protected:
   std::filesystem::path m_state = m_folder.path() / "state";
   Terminal m_terminal;
 };
+
+TEST(ARedirectedOutput, HasResultsButNoPromptsAndQuestions)
+{
+  const TemporaryFolder folder;
+  const auto points = folder.write("points.csv", "collection,x,y,z\na,1,2,3\n").string();
+  const auto output = folder.path() / "output";
+  Terminal terminal(points, folder.path(), "vt100", 24, "cat", output.string());
+
+  terminal.typeAndExpect("", "Type help for the commands, quit to leave.", "> ");
+  terminal.typeAndExpect("create G\r", "*> ", "");
+  terminal.typeAndBeAsked("quit\r", "points.csv has unsaved changes.");
+  EXPECT_EQ(terminal.typeAndLeave("discard\r"), 0);
+
+  EXPECT_EQ(contentOf(output), "Opened points.csv: 1 element with 1 point.\n"
+                               "Created G with 0 elements.\n");
+}
 
 /// On a terminal that cannot move its cursor.
 class InteractiveUserWithoutEditing : public InteractiveUser {
