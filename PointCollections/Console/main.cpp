@@ -113,6 +113,13 @@ OpenedDocument openFirst(Files& files, const Settings& settings)
              : openDocument(files, Utf8::toPath(settings.file));
 }
 
+/// Opens it, and shows on the terminal if that takes long.
+OpenedDocument openShown(Files& files, const Settings& settings, ProgressLine& progress)
+{
+  const ShownWork work(&progress, "Opening " + displayName(settings.file));
+  return openFirst(files, settings);
+}
+
 void tellWarnings(const Session& session, Transcript& transcript)
 {
   for (const auto& warning : session.editor.opened().warnings)
@@ -212,8 +219,10 @@ ExitStatus run(const Settings& settings)
   const auto detail = isInteractive || settings.isQuiet ? Transcript::Detail::ResultsOnly
                                                         : Transcript::Detail::Full;
   const auto files = diskFiles();
-  Session session = {.editor = Editor(openFirst(*files, settings), files),
-                     .style = Style{hasColor}};
+  ProgressLine progress(isErrorTerminal() ? &std::cerr : nullptr);
+  Session session = {.editor = Editor(openShown(*files, settings, progress), files),
+                     .style = Style{hasColor},
+                     .progress = &progress};
   session.editor.setHistoryBudget(static_cast<std::size_t>(
       std::min<std::uint64_t>(settings.historyBudget, CommandHistory::unlimited)));
   Transcript transcript(std::cout, std::cerr, detail, session.style);

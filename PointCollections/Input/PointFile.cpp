@@ -6,6 +6,7 @@
 #include "PointCollections/Input/Encoding.h"
 #include "PointCollections/Input/PointRows.h"
 #include "PointCollections/Input/TextInput.h"
+#include "PointCollections/Text/Progress.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/Utf8.h"
 
@@ -19,6 +20,8 @@
 
 namespace Tarvik::PointCollections {
 namespace {
+
+constexpr std::size_t rowsBetweenTelling = 1000;
 
 /// The names of the columns that are not read.
 std::vector<std::string> ignoredColumns(const TableHeader& header, const PointColumns& columns)
@@ -54,7 +57,8 @@ PointFileContent parsePointFile(std::string_view text,
                                 const TableHeader& header,
                                 const PointColumns& columns)
 {
-  CsvReader csv(checkedUtf8(text, name), name, header.separator);
+  const auto checked = checkedUtf8(text, name);
+  CsvReader csv(checked, name, header.separator);
   PointFileContent content;
   if (header.hasNames) {
     std::vector<std::string> names;
@@ -63,7 +67,9 @@ PointFileContent parsePointFile(std::string_view text,
       content.warnings.push_back(csv.inRow(warningAbout(ignored)));
   }
   PointRows rows(csv, header, columns);
-  while (rows.readRow()) {
+  for (std::size_t row = 1; rows.readRow(); ++row) {
+    if (row % rowsBetweenTelling == 0)
+      Progress::tell(csv.position(), checked.size());
   }
   content.collections = rows.takeCollections();
   content.groups = rows.groups();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "PointCollections/Console/Terminal/ProgressLine.h"
 #include "PointCollections/Console/Text/Style.h"
 #include "PointCollections/Editor/Editor.h"
 #include "PointCollections/Selection/Selection.h"
@@ -28,6 +29,9 @@ struct Session {
   /// Asks the user whether unsaved changes may be discarded, and saves them first if the user wants
   /// that. Throws UserError if saving fails. Empty in a script, where nobody can be asked.
   std::function<Confirmation(Session&)> confirmDiscarding = {};
+
+  /// Shows that a command goes on, if there is a terminal.
+  ProgressLine* progress = nullptr;
 
   /// What the user is to be told after a command; an empty text if nothing. May be empty.
   std::function<std::string()> takeNotice = {};

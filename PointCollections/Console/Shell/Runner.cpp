@@ -40,6 +40,13 @@ bool runAndReport(Transcript& transcript, const std::string& where, Action&& act
   return false;
 }
 
+/// Runs a line, and shows on the terminal if that takes long.
+std::string runShown(Session& session, const std::string& line)
+{
+  const ShownWork work(session.progress, line);
+  return runLine(session, line);
+}
+
 void runScriptLine(Session& session, Transcript& transcript, const std::string& line)
 {
   switch (kindOf(line)) {
@@ -53,7 +60,7 @@ void runScriptLine(Session& session, Transcript& transcript, const std::string& 
     return;
   case LineKind::Command:
     transcript.command(line);
-    transcript.result(runLine(session, line));
+    transcript.result(runShown(session, line));
   }
 }
 
@@ -63,6 +70,7 @@ public:
   QuestionsToUser(Session& session, const Question& ask) : m_session(session)
   {
     session.confirmDiscarding = [ask](Session& asking) {
+      const HiddenWork whileAsking(asking.progress);
       return confirmDiscardingChanges(asking, ask);
     };
   }
@@ -141,7 +149,7 @@ bool runInteractively(Session& session, Transcript& transcript, LineReader& read
     const auto runNext = [&] {
       const auto line = reader.readLine(session.editor.hasUnsavedChanges() ? "*> " : "> ");
       if (line)
-        transcript.result(runLine(session, *line));
+        transcript.result(runShown(session, *line));
       else
         isAnswered = leaveAtEndOfInput(session, transcript);
     };

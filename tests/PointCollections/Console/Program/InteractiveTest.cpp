@@ -6,6 +6,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <pty.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -14,6 +15,7 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <fstream>
 #include <string>
 #include <thread>
 #include <utility>
@@ -235,6 +237,18 @@ TEST(ARedirectedOutput, HasResultsButNoPromptsAndQuestions)
 
   EXPECT_EQ(contentOf(output), "Opened points.csv: 1 element with 1 point.\n"
                                "Created G with 0 elements.\n");
+}
+
+TEST_F(InteractiveUser, SeesThatALongCommandGoesOn)
+{
+  const auto pipe = m_folder.path() / "pipe";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  m_terminal.typeAndExpect("create G\r", "Created G");
+  m_terminal.typeAndExpect("open \"" + pipe.string() + "\" --discard\r", "… 2 s", "");
+
+  std::ofstream(pipe) << "collection,x,y,z\na,1,2,3\n";
+
+  m_terminal.typeAndExpect("", " \rOpened "); // the line is gone
 }
 
 /// On a terminal that cannot move its cursor.
