@@ -6,6 +6,7 @@
 #include "PointCollections/Input/Encoding.h"
 #include "PointCollections/Input/PointRows.h"
 #include "PointCollections/Input/TextInput.h"
+#include "PointCollections/Text/Interruption.h"
 #include "PointCollections/Text/Progress.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/Utf8.h"
@@ -68,8 +69,10 @@ PointFileContent parsePointFile(std::string_view text,
   }
   PointRows rows(csv, header, columns);
   for (std::size_t row = 1; rows.readRow(); ++row) {
-    if (row % rowsBetweenTelling == 0)
-      Progress::tell(csv.position(), checked.size());
+    if (row % rowsBetweenTelling != 0)
+      continue;
+    checkInterruption();
+    Progress::tell(csv.position(), checked.size());
   }
   content.collections = rows.takeCollections();
   content.groups = rows.groups();

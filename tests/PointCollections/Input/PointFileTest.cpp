@@ -3,6 +3,7 @@
 
 #include "PointCollections/Support/Documents.h"
 #include "PointCollections/Support/Files.h"
+#include "PointCollections/Text/Interruption.h"
 
 #include <gmock/gmock.h>
 
@@ -181,6 +182,17 @@ TEST(PointFile, GivesTheLineOfAMistakeAfterNamesWithLineBreaks)
 {
   EXPECT_EQ(mistakeInRows("\"a\nb\",1,2,3\n\nc,1,2,q\n"),
             "cities.csv:5: z is \"q\", which is not a number; expected e.g. 12.5");
+}
+
+TEST(PointFile, IsReadUntilTheUserStopsIt)
+{
+  std::string rows;
+  for (int i = 0; i < 2000; ++i)
+    rows += "a,1,2,3\n";
+  const Interruptible work;
+  Interruptible::request();
+
+  EXPECT_THROW(contentOfRows(rows), Interrupted);
 }
 
 TEST(PointFile, IsReadFromDisk)
