@@ -214,6 +214,22 @@ std::vector<Case> linesToMeasure()
       {"show GROUP", "show \"Group 1\""},
       {"show --ungrouped", "show --ungrouped"},
       {"show --all", "show --all"},
+      {"show --all --json", "show --all --json"},
+      {"show --ungrouped --json", "show --ungrouped --json"},
+      {"find, one", "find 77777"},
+      {"find, a letter of all", "find e"},
+      {"find, nothing", "find nowhere"},
+      {"find --json", "find e --json"},
+      {"where, 1 element", "where" + names(0, 1)},
+      {"where, all elements", "where *"},
+      {"where --json", "where * --json"},
+      {"where, 10000 elements", "where" + scattered()},
+      {"select, 10000 elements", "select" + scattered()},
+      {"select, all elements", "select *"},
+      {"select, a pattern", "select *1*2*"},
+      {"select, members", "select *:*"},
+      {"select, places", "select *:2-5000 :1-5"},
+      {"export", "export large.csv --overwrite"},
       {"create, no elements", "create New", {}, undo},
       {"create, 10 elements", "create New" + names(7, 10, 9999), {}, undo},
       {"create, a group", "create New" + wholeGroup(), {}, undo},
@@ -247,6 +263,7 @@ std::vector<Case> linesToMeasure()
        }(),
        {"undo 30"}},
       {"history, 100 steps", "history", edits(100)},
+      {"history --json", "history --json", edits(100)},
       {"save", "save large.tkpc --overwrite"},
       {"save, once more", "save", {"save large.tkpc"}},
       {"open", "open large.tkpc --discard", {"save large.tkpc"}},
@@ -262,6 +279,7 @@ std::vector<Case> mistakesToMeasure()
       {"an ungrouped element", "remove" + scatteredMembers() + names(95000, 1)},
       {"an element given twice", "create New" + scattered() + names(7, 1)},
       {"a quote never closed", "create New" + scattered() + " \"Place"},
+      {"a pattern of nothing", "select Plaec*"},
       {"names without quotes", "create New Place 000000"},
   };
 }
@@ -275,6 +293,7 @@ std::vector<Case> completionsToMeasure()
       {"a member", "remove "},
       {"a member, after 10000", "remove" + scatteredMembers() + " \"Place 00"},
       {"a group", "show \"Gr"},
+      {"a member to go before", "add \"Group 1\" --before "},
   };
 }
 

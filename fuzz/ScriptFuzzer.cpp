@@ -95,8 +95,9 @@ public:
     m_session.editor.setHistoryBudget(CommandHistory::unlimited);
     if (script.starts_with("## asked"))
       m_session.confirmDiscarding = [this](Session& session) {
-        return confirmDiscardingChanges(
-            session, [this](const std::string& question) { return answerTo(question); });
+        return confirmDiscardingChanges(session, [this](const std::string& question, const auto&) {
+          return answerTo(question);
+        });
       };
     start();
   }

@@ -5,7 +5,9 @@
 #include "PointCollections/Console/Shell/UnsavedChanges.h"
 #include "PointCollections/Console/Terminal/Pager.h"
 #include "PointCollections/Console/Terminal/Terminal.h"
+#include "PointCollections/Console/Text/Wrapping.h"
 #include "PointCollections/Input/TextInput.h"
+#include "PointCollections/Recovery/StateFolder.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
 #include "PointCollections/Text/Utf8.h"
@@ -39,27 +41,28 @@ struct Settings {
   std::uint64_t historyBudget = Editor::historyBudget;
   bool isQuiet = false;
   bool isPlain = false;
+  bool forgetsLines = false;
 };
 
 constexpr auto purpose =
     "Puts point collections into named groups: opens a file of points and runs commands on it.";
 
 constexpr auto remarks =
-    "If the name of FILE ends in .tkpc, it is a project that the command save has written.\n"
-    "Otherwise it is UTF-8 text with the columns collection, x, y and z in any order, with\n"
-    "commas, semicolons or tabs between. Each point collection in it is an element that can\n"
-    "be put into groups. FILE may be a pipe; - is standard input, and so is --script -.\n\n"
-    "Commands come from --command, then from --script. Without either they are read from\n"
-    "standard input; on a terminal with line editing, recall of earlier lines and completion.\n"
-    "The command help explains them. Except on a terminal, the first mistake ends the\n"
-    "program.\n\n"
-    "Changes are only kept by the command save. On a terminal, the program asks before\n"
-    "changes are lost. If it is ended by a signal there, or crashes, it offers to recover them\n"
-    "when the same file is opened again. After a script, it warns of unsaved changes on\n"
-    "standard error; that is not a failure.\n\n"
-    "Exit status: 0 success; 1 a command failed or the output could not be written; 2 the\n"
-    "arguments, FILE or the script were not valid. If nobody reads the output any more, the\n"
-    "program ends quietly, by the signal SIGPIPE (on Windows, with status 1).";
+    "If the name of FILE ends in .tkpc, it is a project that the command save has written. "
+    "Otherwise it is UTF-8 text with the columns collection, x, y and z in any order, with commas, "
+    "semicolons or tabs between. Each point collection in it is an element that can be put into "
+    "groups. FILE may be a pipe; - is standard input, and so is --script -.\n\n"
+    "Commands come from --command, then from --script. Without either they are read from standard "
+    "input; on a terminal with line editing, recall of earlier lines and completion. The command "
+    "help explains them. Except on a terminal, the first mistake ends the program.\n\n"
+    "Changes are only kept by the command save. On a terminal, the program asks before changes are "
+    "lost. If it is ended by a signal there, or crashes, it offers to recover them when the same "
+    "file is opened again. After a script, it warns of unsaved changes on standard error; that is "
+    "not a failure.\n\n"
+    "Exit status: 0 success; 1 a command failed or the output could not be written; 2 the "
+    "arguments, FILE or the script were not valid. If nobody reads the output any more, the "
+    "program "
+    "ends quietly, by the signal SIGPIPE (on Windows, with status 1).";
 
 std::string refuseNegative(std::string number)
 {
@@ -84,6 +87,8 @@ void declare(CLI::App& app, Settings& settings)
       ->type_name("BYTES")
       ->transform(CLI::AsSizeValue(false))
       ->transform(refuseNegative); // runs first; the other one would take -1 for a great number
+  app.add_flag("--no-history", settings.forgetsLines,
+               "Do not keep the lines that are typed for the next time");
   app.add_flag("--quiet", settings.isQuiet, "Print results only: no commands, no comments");
   app.add_flag("--no-color", settings.isPlain,
                "Do not use colours. They are only used on a terminal, and not if the\n"
@@ -131,7 +136,15 @@ std::string welcome(const Session& session)
   return fmt::format("Opened {}.", summaryOf(session.editor));
 }
 
-std::unique_ptr<LineReader> makeReader(Session& session, Recovery& recovery)
+/// The file that keeps the lines of earlier runs; empty if none is to be kept.
+std::filesystem::path historyFile(const Settings& settings)
+{
+  const auto folder = settings.forgetsLines ? std::filesystem::path() : defaultStateFolder();
+  return folder.empty() ? folder : folder / "history";
+}
+
+std::unique_ptr<LineReader>
+makeReader(Session& session, Recovery& recovery, const std::filesystem::path& history)
 {
   const InputWait wait = [&recovery] {
     return waitForInput([&recovery] {
@@ -139,23 +152,33 @@ std::unique_ptr<LineReader> makeReader(Session& session, Recovery& recovery)
       return recovery.dueTime();
     });
   };
-  auto reader =
-      isOutputTerminal()
-          ? makeEditingReader([&session](auto line) { return complete(session, line); }, wait)
-          : nullptr;
+  auto reader = isOutputTerminal()
+                    ? makeEditingReader([&session](auto line) { return complete(session, line); },
+                                        wait, history)
+                    : nullptr;
   return reader ? std::move(reader) : makePlainReader(std::cin, terminalOutput(), wait);
 }
 
-void runOnTerminal(Session& session, Transcript& transcript)
+/// How wide the terminal is now: the user may change that at any time.
+std::size_t columnsOfTerminal()
 {
-  ignoreInterrupts(); // Ctrl-C while a command runs must not lose all work
+  const auto size = terminalSize();
+  return size ? size->columns : unlimitedColumns;
+}
+
+void runOnTerminal(Session& session, Transcript& transcript, const Settings& settings)
+{
+  catchInterrupts(); // Ctrl-C while a command runs must not lose all work
   catchEndSignals();
   Recovery recovery(session.editor);
   const auto subscription = session.editor.history().subscribe([&](auto&) { recovery.changed(); });
   session.takeNotice = [&] { return recovery.takeProblem(); };
-  const auto reader = makeReader(session, recovery);
-  if (isOutputTerminal())
+  const auto reader = makeReader(session, recovery, historyFile(settings));
+  if (isOutputTerminal()) {
     transcript.setViewer(showLongText);
+    transcript.setColumns(columnsOfTerminal);
+    session.columns = columnsOfTerminal;
+  }
   constexpr auto hint = "Type help for the commands, quit to leave.";
   transcript.setDialogue(terminalOutput());
   transcript.result(isOutputTerminal() ? welcome(session) + ' ' + hint : welcome(session));
@@ -164,7 +187,7 @@ void runOnTerminal(Session& session, Transcript& transcript)
   tellWarnings(session, transcript);
   offerUnsavedWork(session, transcript, recovery,
                    findUnsavedWork(session.editor.files(), session.editor.opened().file),
-                   [&](const auto& prompt) { return reader->readLine(prompt); });
+                   questionsTo(*reader, session));
   if (runInteractively(session, transcript, *reader))
     recovery.clear();
   else if (recovery.keep())
@@ -229,7 +252,7 @@ ExitStatus run(const Settings& settings)
 
   bool isFine = true; // mistakes on a terminal are no failure
   if (isInteractive)
-    runOnTerminal(session, transcript);
+    runOnTerminal(session, transcript, settings);
   else
     isFine = runBatch(session, settings, transcript);
   requireOutput();
@@ -244,8 +267,14 @@ int runProgram(std::vector<std::string> arguments)
   try {
     std::reverse(arguments.begin(), arguments.end()); // the order that CLI11 expects
     app.parse(std::move(arguments));
-  } catch (const CLI::Success& helpOrVersion) {
-    app.exit(helpOrVersion);
+  } catch (const CLI::CallForHelp&) {
+    constexpr std::size_t mostColumns = 100;
+    const auto columns = isOutputTerminal() ? columnsOfTerminal() : mostColumns;
+    std::cout << wrapped(app.help(), std::min(columns, mostColumns));
+    requireOutput();
+    return Succeeded;
+  } catch (const CLI::Success& version) {
+    app.exit(version);
     requireOutput();
     return Succeeded;
   } catch (const CLI::ParseError& error) {

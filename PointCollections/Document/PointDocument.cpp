@@ -3,6 +3,7 @@
 
 #include "PointCollections/Document/MoveCollectionsCmd.h"
 #include "PointCollections/Document/Placement.h"
+#include "PointCollections/Text/Interruption.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -26,14 +27,15 @@ PointDocument::PointDocument(Private,
   m_byId.reserve(collections.size());
   m_byName.reserve(collections.size());
   for (std::size_t i = 0; i < collections.size(); ++i) {
+    checkInterruption();
     auto& collection = collections[i];
-    if (m_byId.contains(collection.id) || m_byName.contains(collection.name)) {
+    if (m_byId.find(collection.id) != nullptr || m_byName.contains(collection.name)) {
       if (repeated != nullptr)
         repeated->push_back({i, std::move(collection)});
       continue;
     }
     const auto& kept = m_collections.emplace_back(std::move(collection));
-    m_byId.emplace(kept.id, &kept);
+    m_byId.addLast();
     m_byName.emplace(kept.name, &kept);
     order.push_back(kept.id);
   }
@@ -64,8 +66,7 @@ void PointDocument::setOrder(const std::vector<GUIdentifier>& order)
 
 const PointCollection* PointDocument::find(const GUIdentifier& id) const
 {
-  const auto found = m_byId.find(id);
-  return found != m_byId.end() ? found->second : nullptr;
+  return m_byId.find(id);
 }
 
 const PointCollection* PointDocument::findByName(std::string_view name) const

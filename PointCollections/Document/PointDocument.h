@@ -2,6 +2,7 @@
 #pragma once
 
 #include "GroupHosting/Providers/TKGroupProvider.h"
+#include "PointCollections/Document/CollectionsById.h"
 #include "PointCollections/Document/PointCollection.h"
 
 #include <cstddef>
@@ -73,7 +74,7 @@ public:
 
 private:
   std::vector<PointCollection> m_collections; ///< never changed: the maps point into it
-  std::unordered_map<GUIdentifier, const PointCollection*> m_byId;
+  CollectionsById m_byId = CollectionsById(m_collections);
   std::unordered_map<std::string_view, const PointCollection*> m_byName;
 };
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Editor/GroupEdit.h"
 
+#include "PointCollections/Text/Interruption.h"
 #include "Translator/Translator.h"
 
 #include <algorithm>
@@ -67,11 +68,13 @@ void GroupEdit::execute()
 
 void GroupEdit::undo()
 {
+  checkInterruption(); // of several steps: the history takes back those that are done
   doAllOrNothing([this] { CompactTKGroupCmd::undo(); });
 }
 
 void GroupEdit::redo()
 {
+  checkInterruption();
   doAllOrNothing([this] { CompactTKGroupCmd::redo(); });
 }
 

@@ -6,6 +6,7 @@
 #include "PointCollections/Files/SafeFileWriter.h"
 #include "PointCollections/Files/SideFiles.h"
 #include "PointCollections/Input/TextInput.h"
+#include "PointCollections/Text/Interruption.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
 #include "PointCollections/Text/Utf8.h"
@@ -25,6 +26,9 @@ namespace fs = std::filesystem;
 
 /// An archive cannot be larger.
 constexpr std::uintmax_t greatestSize = 0xFFFFFFFF;
+
+/// How much is read or written until the user can stop it, in bytes.
+constexpr std::size_t atOnce = std::size_t(1) << 20U;
 
 [[noreturn]] void fail(const fs::path& file, const std::string& message)
 {
@@ -81,9 +85,14 @@ std::uintmax_t sizeOf(std::ifstream& stream, const fs::path& file)
 std::vector<std::byte> readFirst(std::ifstream& stream, std::uintmax_t size, const fs::path& file)
 {
   std::vector<std::byte> bytes(static_cast<std::size_t>(size));
-  stream.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(size));
-  if (static_cast<std::uintmax_t>(stream.gcount()) != size)
-    fail(file, "reading the file failed");
+  for (std::span<std::byte> rest = bytes; !rest.empty();) {
+    checkInterruption();
+    const auto part = rest.first(std::min(rest.size(), atOnce));
+    stream.read(reinterpret_cast<char*>(part.data()), static_cast<std::streamsize>(part.size()));
+    if (static_cast<std::size_t>(stream.gcount()) != part.size())
+      fail(file, "reading the file failed");
+    rest = rest.subspan(part.size());
+  }
   return bytes;
 }
 
@@ -128,7 +137,13 @@ public:
   {
     try {
       SafeFileWriter writer(file);
-      writer.write(bytes);
+      for (auto rest = bytes; !rest.empty();) {
+        checkInterruption();
+        const auto part = rest.first(std::min(rest.size(), atOnce));
+        writer.write(part);
+        rest = rest.subspan(part.size());
+      }
+      checkInterruption();
       const auto doubt = writer.commit();
       return doubt
                  ? WriteResult{fmt::format(

@@ -32,7 +32,8 @@ public:
 };
 
 /// Where documents are read and saved: the disk, or something else in tests. Failures are
-/// UserErrors that name the file, or std::bad_alloc when there is not enough memory.
+/// UserErrors that name the file, std::bad_alloc when there is not enough memory, or Interrupted when
+/// the user stops it.
 class Files {
 public:
   Files() = default;

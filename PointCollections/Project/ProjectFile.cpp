@@ -5,6 +5,7 @@
 #include "PersistenceArchiver/ArchiveError.h"
 #include "PersistenceArchiver/ClassRegistration.h"
 #include "PersistenceArchiver/PersistenceArchiver.h"
+#include "PointCollections/Text/Interruption.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
 #include "PointCollections/Text/Utf8.h"
@@ -57,9 +58,10 @@ bool isFinite(const Point& point)
 }
 
 /// Also used for saving: a file that cannot be loaded must not replace one that can.
-/// @throws ArchiveError if the element is invalid in itself
+/// @throws ArchiveError if the element is invalid in itself; Interrupted
 void check(const PointCollection& collection, std::uint64_t position)
 {
+  checkInterruption();
   checkId(collection.id, "an element", position);
   if (collection.name.empty())
     refuse(position, "expected the name of an element, found an empty one");

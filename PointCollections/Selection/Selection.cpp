@@ -3,6 +3,7 @@
 
 #include "PointCollections/Selection/Lookup.h"
 #include "PointCollections/Selection/SelectedLists.h"
+#include "PointCollections/Text/Interruption.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
 #include "PointCollections/Text/Utf8.h"
@@ -25,10 +26,14 @@ using Elements = std::vector<GUIdentifier>;
 /// Elements in the order in which they came first.
 class Union {
 public:
+  explicit Union(const PointDocument& document)
+      : m_document(document), m_isSeen(document.collections().size())
+  {}
+
   /// @return false if the element is there already
   bool add(const GUIdentifier& element)
   {
-    const bool isNew = m_seen.insert(element).second;
+    const bool isNew = isSeenFirst(element);
     if (isNew)
       m_elements.push_back(element);
     return isNew;
@@ -37,8 +42,19 @@ public:
   Elements take() { return std::move(m_elements); }
 
 private:
+  bool isSeenFirst(const GUIdentifier& element)
+  {
+    const auto* collection = m_document.find(element);
+    if (collection == nullptr)
+      return m_strangers.insert(element).second;
+    auto& isSeen = m_isSeen[static_cast<std::size_t>(collection - m_document.collections().data())];
+    return std::exchange(isSeen, char(1)) == 0;
+  }
+
+  const PointDocument& m_document;
   Elements m_elements;
-  std::unordered_set<GUIdentifier> m_seen;
+  std::vector<char> m_isSeen;                   ///< of each element of the document
+  std::unordered_set<GUIdentifier> m_strangers; ///< members of groups that are not in the document
 };
 
 using WordIterator = std::span<const Word>::iterator;
@@ -78,6 +94,13 @@ void checkForUnquotedName(const PointDocument& document, const Word& word)
                                 displayName(word.text), inQuotes(word.text)));
 }
 
+/// Whether the word is a pattern for all elements, like New*.
+bool isPatternOfAll(const Word& word)
+{
+  const auto term = termOf(word);
+  return term.kind == Kind::Pattern && !term.group;
+}
+
 /// The name on a line of a file.
 std::string nameOnLine(std::string_view line)
 {
@@ -103,9 +126,12 @@ std::string_view takeLine(std::string_view& text)
 
 std::vector<GUIdentifier> Selection::elements(std::span<const Word> words) const
 {
-  Union all;
-  std::unordered_set<GUIdentifier> named;
+  if (words.size() == 1 && isPatternOfAll(words.front()))
+    return selectedBy(words.front()); // finds each element once
+  Union all(m_document);
+  Union named(m_document);
   for (auto word = words.begin(); word != words.end(); ++word) {
+    checkInterruption();
     const auto term = termOf(*word);
     const bool isName = term.kind == Kind::Name && !term.group;
     if (isName) {
@@ -114,7 +140,7 @@ std::vector<GUIdentifier> Selection::elements(std::span<const Word> words) const
     }
     for (const auto& element : selectedBy(*word)) {
       all.add(element);
-      if (isName && !named.insert(element).second)
+      if (isName && !named.add(element))
         throw UserError(
             fmt::format("{} is given twice; name each element once", displayName(word->text)));
     }
@@ -156,6 +182,7 @@ std::vector<GUIdentifier> Selection::inFile(const Word& file) const
     rest.remove_prefix(byteOrderMark.size());
   Elements selected;
   for (std::size_t number = 1; !rest.empty(); ++number) {
+    checkInterruption();
     const auto line = takeLine(rest);
     try {
       if (!line.empty())

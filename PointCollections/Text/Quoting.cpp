@@ -84,6 +84,8 @@ bool needsQuotes(std::string_view name)
 
 std::string printable(std::string_view text)
 {
+  if (std::all_of(text.begin(), text.end(), [](char c) { return c >= ' ' && c < '\x7F'; }))
+    return std::string(text); // as most names are
   return escaped(text, "");
 }
 

@@ -6,6 +6,7 @@
 #include "PointCollections/Editor/Editor.h"
 #include "PointCollections/Selection/Selection.h"
 
+#include <cstddef>
 #include <functional>
 
 namespace Tarvik::PointCollections {
@@ -29,6 +30,9 @@ struct Session {
   /// Asks the user whether unsaved changes may be discarded, and saves them first if the user wants
   /// that. Throws UserError if saving fails. Empty in a script, where nobody can be asked.
   std::function<Confirmation(Session&)> confirmDiscarding = {};
+
+  /// How many columns the terminal has that shows the answers. Empty if there is no terminal.
+  std::function<std::size_t()> columns = {};
 
   /// Shows that a command goes on, if there is a terminal.
   ProgressLine* progress = nullptr;

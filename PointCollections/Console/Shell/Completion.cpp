@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <iterator>
 #include <optional>
+#include <set>
 
 namespace Tarvik::PointCollections {
 namespace {
@@ -25,7 +26,9 @@ constexpr auto folderEnds = std::filesystem::path::preferred_separator == '/' ? 
 struct Context {
   const Verb* verb = nullptr;
   Names arguments;
+  Word group; ///< the first argument, if that is one
   Names options;
+  std::set<std::string> choices;       ///< that the options and arguments make
   std::optional<ArgumentKind> awaited; ///< the kind of value, if the last word is an option
 };
 
@@ -38,33 +41,64 @@ const Option* findOption(const Verb& verb, const Word& word)
   return found != verb.options.end() ? &*found : nullptr;
 }
 
+/// The parameter that takes the argument at an index; null if there is none.
+const Parameter* parameterAt(const Verb& verb, std::size_t index)
+{
+  const auto& parameters = verb.parameters;
+  if (index < parameters.size())
+    return &parameters[index];
+  return !parameters.empty() && isOpen(parameters.back().occurrence) ? &parameters.back() : nullptr;
+}
+
 Context contextOf(const std::vector<Word>& words)
 {
   Context context;
   context.verb = &verbNamed(allVerbs(), words.front().text);
   for (auto word = words.begin() + 1; word != words.end(); ++word) {
     const Option* option = context.awaited ? nullptr : findOption(*context.verb, *word);
-    if (option != nullptr)
+    if (option != nullptr) {
       context.options.push_back(option->name);
-    else if (!context.awaited)
+      context.choices.insert(option->choice);
+    } else if (!context.awaited) {
+      if (context.arguments.empty())
+        context.group = *word;
       context.arguments.push_back(word->text);
+      if (const auto* parameter = parameterAt(*context.verb, context.arguments.size() - 1))
+        context.choices.insert(parameter->choice);
+    }
     context.awaited = option != nullptr ? option->value : std::nullopt;
   }
   return context;
+}
+
+bool isChosen(const Context& context, const std::string& choice)
+{
+  return !choice.empty() && context.choices.contains(choice);
 }
 
 std::optional<ArgumentKind> kindExpected(const Context& context)
 {
   if (context.awaited)
     return context.awaited;
-  const auto& parameters = context.verb->parameters;
-  if (parameters.empty())
+  const auto* parameter = parameterAt(*context.verb, context.arguments.size());
+  if (parameter == nullptr)
     return std::nullopt;
-  const std::size_t place = context.arguments.size();
-  if (place < parameters.size())
-    return parameters[place].kind;
-  const auto& last = parameters.back();
-  return isOpen(last.occurrence) ? std::optional(last.kind) : std::nullopt;
+  const bool isOneOfMany = isOpen(parameter->occurrence) && !context.arguments.empty();
+  const bool isExcluded = !isOneOfMany && isChosen(context, parameter->choice);
+  return isExcluded ? std::nullopt : std::optional(parameter->kind);
+}
+
+/// The options that can still be given.
+Names optionsExpected(const Context& context)
+{
+  Names names;
+  for (const Option& option : context.verb->options) {
+    const auto& given = context.options;
+    if (!isChosen(context, option.choice) &&
+        std::find(given.begin(), given.end(), option.name) == given.end())
+      names.push_back(option.name);
+  }
+  return names;
 }
 
 Names without(const Names& names, Names excluded)
@@ -77,9 +111,23 @@ Names without(const Names& names, Names excluded)
   return result;
 }
 
-/// The names in the folder that the start of a path leads to: folders, and files that can be
-/// opened. Hidden ones are listed only if the user has typed the dot.
-Names fileNames(Files& files, const std::string& start)
+bool areFiles(std::optional<ArgumentKind> kind)
+{
+  return kind == ArgumentKind::File || kind == ArgumentKind::ProjectFile ||
+         kind == ArgumentKind::PointFile;
+}
+
+bool isOfKind(const std::filesystem::path& file, ArgumentKind kind)
+{
+  const bool isProject = isProjectName(file);
+  const bool hasPoints = file.extension() == ".csv";
+  return (isProject && kind != ArgumentKind::PointFile) ||
+         (hasPoints && kind != ArgumentKind::ProjectFile);
+}
+
+/// The names in the folder that the start of a path leads to: folders, and files of the kind.
+/// Hidden ones are listed only if the user has typed the dot.
+Names fileNames(Files& files, ArgumentKind kind, const std::string& start)
 {
   const auto folder = start.substr(0, start.find_last_of(folderEnds) + 1);
   const bool showsHidden = start.substr(folder.size()).starts_with('.');
@@ -87,15 +135,32 @@ Names fileNames(Files& files, const std::string& start)
   for (const auto& name : files.namesIn(Utf8::toPath(folder))) {
     if (Utf8::findInvalid(name) != std::string::npos || (name.starts_with('.') && !showsHidden))
       continue;
-    const auto file = Utf8::toPath(name);
-    if (name.ends_with('/') || isProjectName(file) || file.extension() == ".csv")
+    if (name.ends_with('/') || isOfKind(Utf8::toPath(name), kind))
       names.push_back(folder + name);
   }
   std::sort(names.begin(), names.end());
   return names;
 }
 
-Names namesOfKind(Session& session, ArgumentKind kind, const std::string& start)
+/// The names of the members of the group that is the first argument; none if there is no such
+/// group.
+Names namesInGroup(PointDocument& document, const Context& context)
+{
+  Names names;
+  if (context.arguments.empty())
+    return names;
+  const auto& group = groupNamed(document, context.group);
+  for (const auto& member : group.getGroupMembers()) {
+    if (const auto* collection = document.find(member))
+      names.push_back(collection->name);
+  }
+  return names;
+}
+
+Names namesOfKind(Session& session,
+                  const Context& context,
+                  ArgumentKind kind,
+                  const std::string& start)
 {
   switch (kind) {
   case ArgumentKind::Group:
@@ -104,6 +169,8 @@ Names namesOfKind(Session& session, ArgumentKind kind, const std::string& start)
     return elementNames(*session.editor.document());
   case ArgumentKind::Member:
     return memberNames(*session.editor.document());
+  case ArgumentKind::MemberOfGroup:
+    return namesInGroup(*session.editor.document(), context);
   case ArgumentKind::Any: {
     auto names = groupNames(*session.editor.document());
     const auto elements = elementNames(*session.editor.document());
@@ -113,7 +180,9 @@ Names namesOfKind(Session& session, ArgumentKind kind, const std::string& start)
   case ArgumentKind::Verb:
     return namesOf(allVerbs());
   case ArgumentKind::File:
-    return fileNames(session.editor.files(), start);
+  case ArgumentKind::ProjectFile:
+  case ArgumentKind::PointFile:
+    return fileNames(session.editor.files(), kind, start);
   case ArgumentKind::Text:
   case ArgumentKind::Number:
     break;
@@ -125,7 +194,7 @@ Names namesOfKind(Session& session, ArgumentKind kind, const std::string& start)
 Names namesExpected(Session& session, const Context& context, const std::string& start)
 {
   const auto kind = kindExpected(context).value_or(ArgumentKind::Text);
-  const auto names = namesOfKind(session, kind, start);
+  const auto names = namesOfKind(session, context, kind, start);
   return context.awaited ? names : without(names, context.arguments);
 }
 
@@ -198,12 +267,9 @@ Completion completeLine(Session& session, const UnfinishedLine& line)
 
   const Context context = contextOf(line.words);
   if (!context.awaited && !line.last.isQuoted && start.starts_with('-')) {
-    Names options;
-    for (const Option& option : context.verb->options)
-      options.push_back(option.name);
-    return completedWith(startingWith(start, without(options, context.options)), line, Form::Word);
+    return completedWith(startingWith(start, optionsExpected(context)), line, Form::Word);
   }
-  const auto form = kindExpected(context) == ArgumentKind::File ? Form::Path : Form::Name;
+  const auto form = areFiles(kindExpected(context)) ? Form::Path : Form::Name;
   return completedWith(startingWith(start, namesExpected(session, context, start)), line, form);
 }
 
@@ -216,6 +282,25 @@ Completion complete(Session& session, std::string_view line)
   } catch (const UserError&) {
     return {line.size(), {}, {}}; // the line is already wrong; running it says why
   }
+}
+
+Completion
+completeAnswer(Session& session, const std::vector<std::string>& answers, std::string_view line)
+{
+  try {
+    const auto unfinished = splitUnfinished(line);
+    if (unfinished.words.empty())
+      return completedWith(startingWith(unfinished.last.text, answers), unfinished, Form::Word);
+    const auto& word = unfinished.words.front().text;
+    const auto verbs = namesOf(allVerbs());
+    const auto isIn = [&](const Names& names) {
+      return std::find(names.begin(), names.end(), word) != names.end();
+    };
+    if (isIn(answers) && isIn(verbs))
+      return completeLine(session, unfinished);
+  } catch (const UserError&) { // NOLINT(bugprone-empty-catch): the line is already wrong
+  }
+  return {line.size(), {}, {}};
 }
 
 }

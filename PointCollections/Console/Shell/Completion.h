@@ -4,7 +4,9 @@
 #include "PointCollections/Console/Session/Session.h"
 #include "PointCollections/Console/Terminal/LineReader.h"
 
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace Tarvik::PointCollections {
 
@@ -12,9 +14,15 @@ namespace Tarvik::PointCollections {
 /// the verb expects there.
 ///
 /// The candidates are the names that start with the word. If there are none, the case of A to Z is
-/// ignored. Groups and elements that the line already names are left out. Files are candidates if
-/// their names end in .tkpc or .csv; folders always are.
+/// ignored. Only what the verb accepts there is a candidate: not the groups and elements that the
+/// line already names, nor an option that excludes another one of the line. Files are candidates if
+/// their names end in .tkpc or .csv, as the verb wants it; folders always are.
 /// @param line  the part before the cursor; may be any bytes
 Completion complete(Session& session, std::string_view line);
+
+/// Completes the answer to a question: one of the answers. If it is a verb, its arguments are
+/// completed, too.
+Completion
+completeAnswer(Session& session, const std::vector<std::string>& answers, std::string_view line);
 
 }

@@ -2,6 +2,7 @@
 #include "PointCollections/Console/Shell/Interpreter.h"
 
 #include "PointCollections/Console/Shell/AnswerInNeed.h"
+#include "PointCollections/Console/Text/Wrapping.h"
 #include "PointCollections/Console/Verbs/AllVerbs.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
@@ -46,6 +47,15 @@ void addLoss(std::string& answer, Editor& editor)
   }
 }
 
+/// Without memory for that, the answer stays as it is.
+void wrap(std::string& answer, std::size_t columns)
+{
+  try {
+    answer = wrapped(answer, columns);
+  } catch (const std::bad_alloc&) { // NOLINT(bugprone-empty-catch): the terminal breaks the lines
+  }
+}
+
 }
 
 LineKind kindOf(std::string_view line)
@@ -73,6 +83,8 @@ std::string runLine(Session& session, std::string_view line)
   const Verb& verb = verbNamed(allVerbs(), words.front().text);
   auto answer = answerOf(verb, session, std::span(words).subspan(1));
   addLoss(answer, session.editor);
+  if (session.columns && verb.answer == AnswerKind::Message)
+    wrap(answer, session.columns());
   return answer;
 }
 

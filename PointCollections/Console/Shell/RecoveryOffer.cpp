@@ -13,7 +13,8 @@ namespace {
 /// The user's decision; later at the end of the input.
 std::string answerTo(const Question& ask)
 {
-  while (const auto line = ask("Type recover, discard or later: ")) {
+  while (const auto line =
+             ask("Type recover, discard or later: ", {"recover", "discard", "later"})) {
     auto answer = firstWord(*line);
     if (answer == "recover" || answer == "discard" || answer == "later")
       return answer;

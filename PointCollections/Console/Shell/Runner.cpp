@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Console/Shell/Runner.h"
 
+#include "PointCollections/Console/Shell/Completion.h"
 #include "PointCollections/Console/Shell/Interpreter.h"
 #include "PointCollections/Console/Shell/UnsavedChanges.h"
 #include "PointCollections/Input/Encoding.h"
 #include "PointCollections/Input/TextInput.h"
+#include "PointCollections/Text/Interruption.h"
 #include "PointCollections/Text/UserError.h"
 
 #include <fmt/format.h>
@@ -13,6 +15,7 @@
 #include <exception>
 #include <new>
 #include <optional>
+#include <string_view>
 
 namespace Tarvik::PointCollections {
 namespace {
@@ -32,6 +35,8 @@ bool runAndReport(Transcript& transcript, const std::string& where, Action&& act
     return true;
   } catch (const UserError& error) {
     transcript.error(where, error.what());
+  } catch (const Interrupted&) {
+    transcript.error("stopped", "nothing has changed");
   } catch (const std::bad_alloc&) {
     transcript.error(where, "there is not enough memory for this");
   } catch (const std::exception& error) {
@@ -103,6 +108,16 @@ void tellNotice(const Session& session, Transcript& transcript)
 
 }
 
+Question questionsTo(LineReader& reader, Session& session)
+{
+  return [&](const std::string& prompt, const std::vector<std::string>& answers) {
+    auto answer = reader.readAnswer(
+        prompt, [&](std::string_view line) { return completeAnswer(session, answers, line); });
+    Interruptible::forget(); // Ctrl-C at a question drops the answer only
+    return answer;
+  };
+}
+
 bool runCommands(Session& session, Transcript& transcript, const std::vector<std::string>& commands)
 {
   std::size_t number = 0;
@@ -142,12 +157,12 @@ bool runScript(Session& session,
 
 bool runInteractively(Session& session, Transcript& transcript, LineReader& reader)
 {
-  const auto ask = [&reader](const std::string& prompt) { return reader.readLine(prompt); };
-  const QuestionsToUser questions(session, ask);
+  const QuestionsToUser questions(session, questionsTo(reader, session));
   bool isAnswered = true;
   while (canGoOn(session, transcript)) {
     const auto runNext = [&] {
       const auto line = reader.readLine(session.editor.hasUnsavedChanges() ? "*> " : "> ");
+      const Interruptible untilAnswered;
       if (line)
         transcript.result(runShown(session, *line));
       else

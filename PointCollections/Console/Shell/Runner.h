@@ -3,6 +3,7 @@
 
 #include "PointCollections/Console/Session/Session.h"
 #include "PointCollections/Console/Shell/Transcript.h"
+#include "PointCollections/Console/Shell/UnsavedChanges.h"
 #include "PointCollections/Console/Terminal/LineReader.h"
 
 #include <istream>
@@ -27,8 +28,11 @@ bool runScript(Session& session,
                std::istream& script,
                const std::string& name);
 
+/// Questions to the user through the reader. Both must outlive the result.
+Question questionsTo(LineReader& reader, Session& session);
+
 /// Runs the lines that the user types until the input ends. Reports mistakes and goes on. Asks
-/// before unsaved changes are discarded.
+/// before unsaved changes are discarded. The user can stop a line; see Interruptible.
 /// @return false if there are unsaved changes, and the user has not said what to do with them
 bool runInteractively(Session& session, Transcript& transcript, LineReader& reader);
 

@@ -1,11 +1,29 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Console/Shell/Transcript.h"
 
+#include "PointCollections/Console/Text/Wrapping.h"
+#include "PointCollections/Text/Interruption.h"
 #include "PointCollections/Text/Quoting.h"
 
 #include <new>
 
 namespace Tarvik::PointCollections {
+
+namespace {
+
+/// In pieces, so that the rest of a long text can be left out.
+void print(std::ostream& output, std::string_view text, const Style& style)
+{
+  constexpr std::size_t mostAtOnce = 4096;
+  do { // a short answer may tell of a change: it is printed in any case
+    const auto piece = text.substr(0, mostAtOnce);
+    output << piece << std::flush;
+    text.remove_prefix(piece.size());
+  } while (!text.empty() && !Interruptible::isRequested());
+  output << (text.empty() ? "" : style.faint("\n… stopped")) << '\n';
+}
+
+}
 
 Transcript::Transcript(std::ostream& output, std::ostream& errors, Detail detail, Style style)
     : m_output(output), m_errors(errors), m_dialogue(&output), m_detail(detail), m_style(style)
@@ -40,7 +58,7 @@ void Transcript::result(std::string_view text)
 {
   endParagraph();
   if (!text.empty() && !(m_viewer && m_viewer(std::string(text))))
-    m_output << text << '\n';
+    print(m_output, text, m_style);
   m_isEmpty = m_isEmpty && text.empty();
   m_output.flush();
 }
@@ -56,8 +74,25 @@ void Transcript::dialogue(std::string_view text)
 void Transcript::error(const std::string& where, std::string_view message, std::string_view detail)
 {
   m_output.flush();
+  if (m_columns && printWrapped(where, message, detail))
+    return;
   printPlace(where);
   m_errors << ' ' << message << detail << std::endl;
+}
+
+/// @return false if there is not enough memory
+bool Transcript::printWrapped(const std::string& where,
+                              std::string_view message,
+                              std::string_view detail)
+{
+  try {
+    const auto text =
+        m_style.alarming(printable(where) + ":").append(" ").append(message).append(detail);
+    m_errors << wrapped(text, m_columns()) << std::endl;
+    return true;
+  } catch (const std::bad_alloc&) {
+    return false;
+  }
 }
 
 void Transcript::printPlace(const std::string& where)

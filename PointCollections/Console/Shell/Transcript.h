@@ -3,6 +3,7 @@
 
 #include "PointCollections/Console/Text/Style.h"
 
+#include <cstddef>
 #include <functional>
 #include <ostream>
 #include <string>
@@ -37,7 +38,11 @@ public:
   /// Offers each answer to the viewer before it is printed.
   void setViewer(Viewer viewer) { m_viewer = std::move(viewer); }
 
-  /// Prints the answer of a command, unless it is empty.
+  /// Wraps mistakes at so many columns.
+  void setColumns(std::function<std::size_t()> columns) { m_columns = std::move(columns); }
+
+  /// Prints the answer of a command, unless it is empty. Stops where the user asks for it; see
+  /// Interruptible.
   void result(std::string_view text);
 
   /// Sends what dialogue() prints to another stream, which must outlive the transcript.
@@ -56,6 +61,7 @@ public:
   bool isComplete() const;
 
 private:
+  bool printWrapped(const std::string& where, std::string_view message, std::string_view detail);
   void printPlace(const std::string& where);
   void startBlock();
 
@@ -65,6 +71,7 @@ private:
   Detail m_detail;
   Style m_style;
   Viewer m_viewer;
+  std::function<std::size_t()> m_columns;
   bool m_isEmpty = true;
   bool m_isInParagraph = false;
 };

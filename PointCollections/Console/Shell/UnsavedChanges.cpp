@@ -24,7 +24,7 @@ Confirmation confirmDiscardingChanges(Session& session, const Question& ask)
   const auto prompt = fmt::format(
       "{} has unsaved changes. Type {}, discard or cancel: ", displayName(editor.title()),
       editor.projectFile().empty() ? "save FILE" : "save");
-  while (const auto answer = ask(prompt)) {
+  while (const auto answer = ask(prompt, {"save", "discard", "cancel"})) {
     const auto word = firstWord(*answer);
     if (word == "cancel")
       return Confirmation::Refused;

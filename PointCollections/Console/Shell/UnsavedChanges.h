@@ -7,12 +7,15 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 /// Unsaved changes are never lost unnoticed.
 namespace Tarvik::PointCollections {
 
-/// Shows a prompt and returns the line that the user types; nothing at the end of the input.
-using Question = std::function<std::optional<std::string>(const std::string& prompt)>;
+/// Shows a prompt and returns the line that the user types; nothing at the end of the input. The
+/// answers are the words that it can start with.
+using Question = std::function<std::optional<std::string>(const std::string& prompt,
+                                                          const std::vector<std::string>& answers)>;
 
 /// The first word of an answer; empty if it has none.
 std::string firstWord(const std::string& answer);

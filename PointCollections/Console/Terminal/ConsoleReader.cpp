@@ -67,7 +67,8 @@ private:
 }
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param): other readers keep it
-std::unique_ptr<LineReader> makeEditingReader(Completer, InputWait wait)
+std::unique_ptr<LineReader>
+makeEditingReader(Completer, InputWait wait, const std::filesystem::path&)
 {
   return std::make_unique<ConsoleReader>(GetStdHandle(STD_INPUT_HANDLE), std::move(wait));
 }

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "PointCollections/Console/Terminal/LibeditKeys.h"
+#include "PointCollections/Console/Terminal/LineHistory.h"
 #include "PointCollections/Console/Terminal/LineReader.h"
+#include "PointCollections/Console/Text/DisplayWidth.h"
 
 #include "PointCollections/Text/UserError.h"
 #include "PointCollections/Text/Utf8.h"
@@ -14,15 +17,16 @@
 #include <algorithm>
 #include <cerrno>
 #include <clocale>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <string_view>
 #include <utility>
 
 namespace Tarvik::PointCollections {
 namespace {
 
-constexpr int rememberedLines = 1000;
 constexpr std::size_t listedCandidates = 100;
 
 std::size_t terminalWidth()
@@ -32,20 +36,20 @@ std::size_t terminalWidth()
   return isKnown ? size.ws_col : 80;
 }
 
-/// Prints the candidates below the line, in columns.
+/// Prints the candidates below the line, in columns of the same width.
 void list(const std::vector<std::string>& candidates)
 {
   const std::size_t shown = std::min(candidates.size(), listedCandidates);
   std::size_t width = 0;
   for (std::size_t i = 0; i < shown; ++i)
-    width = std::max(width, Utf8::countCharacters(candidates[i]) + 2);
+    width = std::max(width, displayWidth(candidates[i]) + 2);
   const std::size_t columns = std::max<std::size_t>(1, terminalWidth() / width);
 
   std::string text = "\n";
   for (std::size_t i = 0; i < shown; ++i) {
     const bool isRowOver = (i + 1) % columns == 0 || i + 1 == shown;
     text += candidates[i];
-    text += isRowOver ? "\n" : std::string(width - Utf8::countCharacters(candidates[i]), ' ');
+    text += isRowOver ? "\n" : std::string(width - displayWidth(candidates[i]), ' ');
   }
   if (shown < candidates.size())
     text += fmt::format("… and {} more\n", candidates.size() - shown);
@@ -56,10 +60,13 @@ void list(const std::vector<std::string>& candidates)
 /// Asks the terminal to mark pasted text, while this lives. Terminals that cannot do it ignore it.
 class BracketedPaste {
 public:
-  BracketedPaste() { send("\x1b[?2004h"); }
+  BracketedPaste() { start(); }
   BracketedPaste(const BracketedPaste&) = delete;
   BracketedPaste& operator=(const BracketedPaste&) = delete;
-  ~BracketedPaste() { send("\x1b[?2004l"); }
+  ~BracketedPaste() { end(); }
+
+  static void start() { send("\x1b[?2004h"); }
+  static void end() { send("\x1b[?2004l"); }
 
 private:
   static void send(const char* request)
@@ -69,19 +76,40 @@ private:
   }
 };
 
+/// Lets a signal do what it usually does, while this lives.
+class UsualSignal {
+public:
+  explicit UsualSignal(int signal) : m_signal(signal)
+  {
+    struct sigaction usual = {};
+    usual.sa_handler = SIG_DFL;
+    sigaction(signal, &usual, &m_before);
+  }
+  UsualSignal(const UsualSignal&) = delete;
+  UsualSignal& operator=(const UsualSignal&) = delete;
+  ~UsualSignal() { sigaction(m_signal, &m_before, nullptr); }
+
+private:
+  int m_signal;
+  struct sigaction m_before = {};
+};
+
 class LibeditReader : public LineReader {
 public:
-  LibeditReader(Completer completer, InputWait wait)
+  LibeditReader(Completer completer, InputWait wait, const std::filesystem::path& file)
       : m_completer(std::move(completer)),
         m_wait(std::move(wait)),
+        m_file(file),
         m_history(history_init(), &history_end),
         m_line(el_init("point-collections", stdin, stdout, stderr), &el_end)
   {
     if (!isUsable())
       return;
     HistEvent event;
-    history(m_history.get(), &event, H_SETSIZE, rememberedLines);
+    history(m_history.get(), &event, H_SETSIZE, static_cast<int>(LineHistory::mostLines));
     history(m_history.get(), &event, H_SETUNIQUE, 1);
+    for (const auto& earlier : m_file.read())
+      history(m_history.get(), &event, H_ENTER, earlier.c_str());
 
     EditLine* line = m_line.get();
     el_set(line, EL_CLIENTDATA, this);
@@ -98,6 +126,9 @@ public:
     el_set(line, EL_SETTY, "-d", "-isig", nullptr);
     el_wset(line, EL_ADDFN, L"drop-line", L"Drops the line", &LibeditReader::drop);
     el_set(line, EL_BIND, "^C", "drop-line", nullptr);
+    el_wset(line, EL_ADDFN, L"suspend", L"Suspends the program", &LibeditReader::suspend);
+    el_set(line, EL_BIND, "^Z", "suspend", nullptr);
+    bindKeys(line);
     // What the terminal sends before and after a pasted text.
     el_wset(line, EL_ADDFN, L"paste-start", L"Starts a paste", &LibeditReader::startPaste);
     el_wset(line, EL_ADDFN, L"paste-end", L"Ends a paste", &LibeditReader::endPaste);
@@ -109,6 +140,23 @@ public:
 
   std::optional<std::string> readLine(const std::string& promptText) override
   {
+    auto line = read(promptText, m_completer);
+    if (line)
+      remember(*line);
+    return line;
+  }
+
+  std::optional<std::string> readAnswer(const std::string& promptText,
+                                        const Completer& completer) override
+  {
+    return read(promptText, completer);
+  }
+
+private:
+  /// @param completer  must live until this returns
+  std::optional<std::string> read(const std::string& promptText, const Completer& completer)
+  {
+    m_currentCompleter = &completer;
     m_prompt = promptText;
     const BracketedPaste whileTyping;
     el_set(m_line.get(), EL_PREP_TERM, 1); // before the prompt is shown
@@ -123,11 +171,9 @@ public:
     std::string line(text, static_cast<std::size_t>(length));
     if (line.ends_with('\n'))
       line.pop_back();
-    remember(line);
     return line;
   }
 
-private:
   static LibeditReader& readerOf(EditLine* line)
   {
     void* reader = nullptr;
@@ -171,6 +217,21 @@ private:
     return CC_REFRESH;
   }
 
+  /// Stops all programs of the job, as the terminal does on Ctrl-Z. Returns when they go on.
+  static unsigned char suspend(EditLine* line, int)
+  {
+    BracketedPaste::end();
+    el_set(line, EL_PREP_TERM, 0);
+    {
+      const UsualSignal stop(SIGTSTP); // not what libedit does at these signals
+      const UsualSignal goOn(SIGCONT);
+      kill(0, SIGTSTP);
+    }
+    el_set(line, EL_PREP_TERM, 1);
+    BracketedPaste::start();
+    return CC_REDISPLAY;
+  }
+
   static unsigned char complete(EditLine* line, int)
   {
     try {
@@ -186,7 +247,7 @@ private:
   {
     const LineInfo* info = el_line(m_line.get());
     const std::string typed(info->buffer, info->cursor);
-    const Completion completion = m_completer(typed);
+    const Completion completion = (*m_currentCompleter)(typed);
     if (completion.candidates.empty())
       return CC_ERROR;
 
@@ -206,11 +267,17 @@ private:
     if (line.find_first_not_of(" \t") == std::string::npos)
       return;
     HistEvent event;
+    const bool isNew =
+        history(m_history.get(), &event, H_FIRST) != 0 || std::string_view(event.str) != line;
     history(m_history.get(), &event, H_ENTER, line.c_str());
+    if (isNew)
+      m_file.add(line);
   }
 
   Completer m_completer;
+  const Completer* m_currentCompleter = &m_completer;
   InputWait m_wait;
+  LineHistory m_file;
   std::string m_prompt;
   bool m_isPasting = false;
   std::unique_ptr<History, decltype(&history_end)> m_history;
@@ -227,13 +294,14 @@ void useUtf8()
 
 }
 
-std::unique_ptr<LineReader> makeEditingReader(Completer completer, InputWait wait)
+std::unique_ptr<LineReader>
+makeEditingReader(Completer completer, InputWait wait, const std::filesystem::path& history)
 {
   const char* terminal = std::getenv("TERM");
   if (terminal == nullptr || std::strcmp(terminal, "dumb") == 0)
     return nullptr;
   useUtf8();
-  auto reader = std::make_unique<LibeditReader>(std::move(completer), std::move(wait));
+  auto reader = std::make_unique<LibeditReader>(std::move(completer), std::move(wait), history);
   return reader->isUsable() ? std::move(reader) : nullptr;
 }
 

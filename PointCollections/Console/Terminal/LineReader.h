@@ -4,6 +4,7 @@
 #include "PointCollections/Console/Terminal/InputWait.h"
 
 #include <cstddef>
+#include <filesystem>
 #include <functional>
 #include <istream>
 #include <memory>
@@ -37,13 +38,21 @@ public:
   /// input. A terminal can still be read after that.
   /// @throws UserError if the line cannot be read
   virtual std::optional<std::string> readLine(const std::string& prompt) = 0;
+
+  /// The same for the answer to a question, which is not remembered among the lines.
+  /// @param completer  completes the answer; a reader may do without
+  virtual std::optional<std::string> readAnswer(const std::string& prompt,
+                                                const Completer& completer);
 };
 
 /// A reader for the terminal at standard input and output. The user can edit the line, recall
-/// earlier lines with the arrow keys, complete with Tab, and drop the line with Ctrl-C.
-/// @param wait  called before the terminal is read; must not throw
+/// earlier lines with the arrow keys, complete with Tab, drop the line with Ctrl-C and suspend the
+/// program with Ctrl-Z.
+/// @param wait     called before the terminal is read; must not throw
+/// @param history  the file that keeps the lines for later runs; empty for none
 /// @return null if the program is built without line editing, or the terminal does not support it
-std::unique_ptr<LineReader> makeEditingReader(Completer completer, InputWait wait);
+std::unique_ptr<LineReader>
+makeEditingReader(Completer completer, InputWait wait, const std::filesystem::path& history = {});
 
 /// A reader that leaves editing to the terminal. The streams must outlive it.
 /// @param wait  called before a line is read, unless some of it has been read already; may be empty

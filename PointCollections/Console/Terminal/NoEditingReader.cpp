@@ -3,7 +3,7 @@
 
 namespace Tarvik::PointCollections {
 
-std::unique_ptr<LineReader> makeEditingReader(Completer, InputWait)
+std::unique_ptr<LineReader> makeEditingReader(Completer, InputWait, const std::filesystem::path&)
 {
   return nullptr;
 }

@@ -2,7 +2,7 @@
 #include "PointCollections/Console/Terminal/Pager.h"
 
 #include "PointCollections/Console/Terminal/Terminal.h"
-#include "PointCollections/Text/Utf8.h"
+#include "PointCollections/Console/Text/DisplayWidth.h"
 
 #include <algorithm>
 
@@ -13,7 +13,7 @@ std::size_t rowsOf(std::string_view text, std::size_t columns)
   std::size_t rows = 0;
   for (bool isOver = false; !isOver;) {
     const auto end = std::min(text.find('\n'), text.size());
-    const auto characters = std::max<std::size_t>(1, Utf8::countCharacters(text.substr(0, end)));
+    const auto characters = std::max<std::size_t>(1, displayWidth(text.substr(0, end)));
     rows += (characters + columns - 1) / columns;
     isOver = end == text.size();
     text.remove_prefix(isOver ? end : end + 1);

@@ -34,6 +34,11 @@ private:
 
 }
 
+std::optional<std::string> LineReader::readAnswer(const std::string& prompt, const Completer&)
+{
+  return readLine(prompt);
+}
+
 std::unique_ptr<LineReader>
 makePlainReader(std::istream& input, std::ostream& output, InputWait wait)
 {

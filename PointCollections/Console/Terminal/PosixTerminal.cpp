@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Console/Terminal/Terminal.h"
 
+#include "PointCollections/Text/Interruption.h"
+
 #include <poll.h>
 #include <sys/ioctl.h>
 #include <sys/wait.h>
@@ -57,9 +59,12 @@ void prepareTerminal()
   std::signal(SIGPIPE, SIG_IGN); // or the program could not warn of unsaved changes
 }
 
-void ignoreInterrupts()
+void catchInterrupts()
 {
-  std::signal(SIGINT, SIG_IGN);
+  struct sigaction action = {};
+  action.sa_handler = [](int) { Interruptible::request(); };
+  action.sa_flags = SA_RESTART; // reading and writing go on
+  sigaction(SIGINT, &action, nullptr);
 }
 
 std::optional<TerminalSize> terminalSize()

@@ -35,9 +35,9 @@ void endAsAbandoned();
 /// read or written.
 void prepareTerminal();
 
-/// From now on Ctrl-C drops the line that is being typed, if anything, and does not end the
-/// program.
-void ignoreInterrupts();
+/// From now on Ctrl-C does not end the program. It drops the line that is being typed, or stops the
+/// work; see Interruptible.
+void catchInterrupts();
 
 /// The size of a terminal, in characters.
 struct TerminalSize {

@@ -2,6 +2,7 @@
 #include "PointCollections/Console/Terminal/Terminal.h"
 
 #include "PointCollections/Console/Terminal/Utf16.h"
+#include "PointCollections/Text/Interruption.h"
 
 #include <windows.h>
 
@@ -93,14 +94,25 @@ void prepareTerminal()
   enableColors(STD_ERROR_HANDLE);
 }
 
-void ignoreInterrupts()
+void catchInterrupts()
 {
-  SetConsoleCtrlHandler(nullptr, TRUE);
+  const PHANDLER_ROUTINE stopWork = [](DWORD event) -> BOOL {
+    if (event != CTRL_C_EVENT)
+      return FALSE;
+    Interruptible::request();
+    return TRUE;
+  };
+  SetConsoleCtrlHandler(stopWork, TRUE);
 }
 
 std::optional<TerminalSize> terminalSize()
 {
-  return std::nullopt;
+  CONSOLE_SCREEN_BUFFER_INFO info = {};
+  if (GetConsoleScreenBufferInfo(GetStdHandle(STD_OUTPUT_HANDLE), &info) == 0)
+    return std::nullopt;
+  const auto& window = info.srWindow;
+  return TerminalSize{static_cast<std::size_t>(window.Bottom - window.Top + 1),
+                      static_cast<std::size_t>(window.Right - window.Left + 1)};
 }
 
 /// The console scrolls back by itself.

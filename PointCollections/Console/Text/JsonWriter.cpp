@@ -5,9 +5,20 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <iterator>
 
 namespace Tarvik::PointCollections {
+
+namespace {
+
+/// Whether it stands for itself. Most characters of most names do.
+bool isPlain(char c)
+{
+  return c >= ' ' && c < '\x7F' && c != '"' && c != '\\';
+}
+
+}
 
 JsonWriter& JsonWriter::beginObject()
 {
@@ -59,7 +70,9 @@ JsonWriter& JsonWriter::value(std::size_t number)
 
 JsonWriter& JsonWriter::value(double number)
 {
-  return literal(fmt::format("{}", number)); // the shortest text that is read back as this number
+  separate();
+  fmt::format_to(std::back_inserter(m_text), "{}", number); // the shortest that is read back as it
+  return *this;
 }
 
 JsonWriter& JsonWriter::literal(std::string_view text)
@@ -80,6 +93,12 @@ void JsonWriter::appendQuoted(std::string_view text)
 {
   m_text += '"';
   while (!text.empty()) {
+    const auto plain = static_cast<std::size_t>(
+        std::find_if_not(text.begin(), text.end(), isPlain) - text.begin());
+    m_text += text.substr(0, plain);
+    text.remove_prefix(plain);
+    if (text.empty())
+      break;
     const std::size_t length = Utf8::characterLength(text);
     const char first = text[0];
     if (length == 0)

@@ -8,8 +8,9 @@ void drawBranches(const Tree& tree, const std::string& indent, std::string& out)
 {
   for (const Tree& branch : tree.branches) {
     const bool isLast = &branch == &tree.branches.back();
-    out += indent + (isLast ? "└─ " : "├─ ") + branch.label + '\n';
-    drawBranches(branch, indent + (isLast ? "   " : "│  "), out);
+    out.append(indent).append(isLast ? "└─ " : "├─ ").append(branch.label) += '\n';
+    if (!branch.branches.empty())
+      drawBranches(branch, indent + (isLast ? "   " : "│  "), out);
   }
 }
 

@@ -103,16 +103,16 @@ Verb addVerb()
           .usage = "add GROUP [ELEMENT…] [--at N | --before MEMBER | --after MEMBER | --end]",
           .summary = "put elements into a group, or move them within it",
           .details = "They go to the end of the group, in the order given. --at N puts them before "
-                     "the N-th member,\n--before and --after put them beside a member. N counts "
-                     "from 1; the number of members plus 1 means\nthe end. Elements leave the "
+                     "the N-th member, --before and --after put them beside a member. N counts "
+                     "from 1; the number of members plus 1 means the end. Elements leave the "
                      "group that held them. help select explains ELEMENT.",
           .example = "add Europe Berlin \"Isle of Man\" --at 1",
           .parameters = {{"GROUP", ArgumentKind::Group},
                          {"ELEMENT", ArgumentKind::Element, Occurrence::AnyNumber}},
-          .options = {{"--at", ArgumentKind::Number, "N"},
-                      {"--before", ArgumentKind::Element, "MEMBER"},
-                      {"--after", ArgumentKind::Element, "MEMBER"},
-                      {"--end", std::nullopt}},
+          .options = {{"--at", ArgumentKind::Number, "N", "place"},
+                      {"--before", ArgumentKind::MemberOfGroup, "MEMBER", "place"},
+                      {"--after", ArgumentKind::MemberOfGroup, "MEMBER", "place"},
+                      {"--end", std::nullopt, "", "place"}},
           .run = add};
 }
 

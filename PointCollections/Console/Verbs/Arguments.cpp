@@ -38,7 +38,7 @@ const Option& findOption(const Verb& verb, const Word& word)
 void checkQuotes(const Word& word, ArgumentKind kind)
 {
   if (word.isMixed() && kind != ArgumentKind::Element && kind != ArgumentKind::Member &&
-      kind != ArgumentKind::Any)
+      kind != ArgumentKind::MemberOfGroup && kind != ArgumentKind::Any)
     throw UserError(fmt::format("{} has a quote inside; put the whole word in quotes, and a \\ "
                                 "before a quote that belongs to it",
                                 printable(abbreviated(asTyped(word), 60))));

@@ -43,7 +43,7 @@ Verb createVerb()
           .usage = "create NAME [ELEMENT…]",
           .summary = "make a group and move elements into it",
           .details = "The group goes to the end of the list. Elements leave the group that held "
-                     "them. If the name is\ntaken, a number is added to it; an empty name (\"\") "
+                     "them. If the name is taken, a number is added to it; an empty name (\"\") "
                      "means Group.",
           .example = "create Europe Paris \"Isle of Man\"",
           .parameters = {{"NAME", ArgumentKind::Text},

@@ -59,7 +59,7 @@ Verb deleteVerb()
           .usage = "delete GROUP…",
           .summary = "delete groups; their members become ungrouped",
           .details = "Each member goes back to its place in the document's order. undo brings the "
-                     "groups back with\ntheir members.",
+                     "groups back with their members.",
           .example = "delete Asia \"North America\"",
           .parameters = {{"GROUP", ArgumentKind::Group, Occurrence::OnceOrMore}},
           .options = {},

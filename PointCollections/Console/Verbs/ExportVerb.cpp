@@ -44,10 +44,10 @@ Verb exportVerb()
           .usage = "export FILE [--overwrite]",
           .summary = "write points and groups to a text file for other programs",
           .details = "The name of FILE ends in .csv. It has the columns collection, x, y, z, group "
-                     "and place; open reads it\nback with the groups. The document still has to be "
-                     "saved. A file that exists is only replaced\nwith --overwrite.",
+                     "and place; open reads it back with the groups. The document still has to be "
+                     "saved. A file that exists is only replaced with --overwrite.",
           .example = "export continents.csv",
-          .parameters = {{"FILE", ArgumentKind::File}},
+          .parameters = {{"FILE", ArgumentKind::PointFile}},
           .options = {{"--overwrite", std::nullopt}},
           .run = exportPoints};
 }

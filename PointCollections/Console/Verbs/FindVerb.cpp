@@ -67,6 +67,7 @@ std::string drawn(const Session& session, const Finds& finds, const std::string&
         {fmt::format("{} ({}): group @{}", session.style.strong(listedName(group.getName())),
                      group.getGroupMembers().size(), index + 1)});
   }
+  tree.branches.reserve(finds.groups.size() + finds.elements.size());
   const Whereabouts whereabouts(document);
   for (const auto& element : finds.elements) {
     const auto& collection = *document.find(element);
@@ -114,11 +115,12 @@ Verb findVerb()
           .summary = "list the groups and elements that have a text in their names",
           .details =
               "The case of A to Z is ignored. @2 after a name is the place of a group in the "
-              "list of groups. --json\nwrites the same for other programs, with points.",
+              "list of groups. --json writes the same for other programs, with points.",
           .example = "find york",
           .parameters = {{"TEXT", ArgumentKind::Text}},
           .options = {{"--json", std::nullopt}},
-          .run = find};
+          .run = find,
+          .answer = AnswerKind::Table};
 }
 
 }

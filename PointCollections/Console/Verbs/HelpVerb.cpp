@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "PointCollections/Console/Text/Wrapping.h"
 #include "PointCollections/Console/Verbs/EachVerb.h"
 
 #include <fmt/format.h>
@@ -8,13 +9,22 @@
 namespace Tarvik::PointCollections {
 namespace {
 
-std::string helpOn(const Verb& verb, const Style& style)
+/// Text on the whole width of a large window is hard to read.
+std::size_t columnsOf(const Session& session)
 {
-  return fmt::format("{}: {}.\n{}\n\nUsage:    {}\nExample:  {}", style.strong(verb.name),
-                     verb.summary, verb.details, verb.usage, verb.example);
+  constexpr std::size_t mostColumns = 100;
+  return session.columns ? std::min(session.columns(), mostColumns) : mostColumns;
 }
 
-std::string helpOnAll(const std::vector<Verb>& verbs, const Style& style)
+std::string helpOn(const Verb& verb, const Style& style, std::size_t columns)
+{
+  const auto text =
+      fmt::format("{}: {}.\n{}\n\nUsage:    {}\nExample:  {}", style.strong(verb.name),
+                  verb.summary, verb.details, verb.usage, verb.example);
+  return wrapped(text, columns);
+}
+
+std::string helpOnAll(const std::vector<Verb>& verbs, const Style& style, std::size_t columns)
 {
   const auto longest = std::max_element(verbs.begin(), verbs.end(), [](const auto& a, auto& b) {
     return a.name.size() < b.name.size();
@@ -24,10 +34,12 @@ std::string helpOnAll(const std::vector<Verb>& verbs, const Style& style)
     const std::string padding(longest->name.size() - verb.name.size() + 2, ' ');
     list += fmt::format("  {}{}{}\n", style.strong(verb.name), padding, verb.summary);
   }
-  return list +
-         "\nType help and a command to learn more. Put a name with blanks in double quotes; in "
-         "them, write\n\\\" for \" and \\\\ for \\. If groups have the same name, write @2 for the "
-         "second group in the list.";
+  return wrapped(
+      list +
+          "\nType help and a command to learn more. Put a name with blanks in double quotes; in "
+          "them, write \\\" for \" and \\\\ for \\. If groups have the same name, write @2 for the "
+          "second group in the list.",
+      columns);
 }
 
 }
@@ -44,9 +56,11 @@ Verb helpVerb(const std::vector<Verb>& (*verbs)())
           .run =
               [verbs](Session& session, const Arguments& arguments) {
                 return arguments.count() > 0
-                           ? helpOn(verbNamed(verbs(), arguments.at(0).text), session.style)
-                           : helpOnAll(verbs(), session.style);
+                           ? helpOn(verbNamed(verbs(), arguments.at(0).text), session.style,
+                                    columnsOf(session))
+                           : helpOnAll(verbs(), session.style, columnsOf(session));
               },
+          .answer = AnswerKind::Table, // it is wrapped already
           .otherNames = {"?"}};
 }
 

@@ -125,15 +125,16 @@ Verb historyVerb()
           .usage = "history [N] [--json]",
           .summary = "list the steps, with → at the present one",
           .details = "The steps after the mark are undone; redo repeats them. N lists the last N "
-                     "steps before the mark, and\nas many after it. The clean state is the one "
-                     "that was opened or saved last. --json writes the list\nfor other programs. "
+                     "steps before the mark, and as many after it. The clean state is the one "
+                     "that was opened or saved last. --json writes the list for other programs. "
                      "The oldest steps are forgotten when "
-                     "there are more than a thousand, or when\nthey take more memory than the "
+                     "there are more than a thousand, or when they take more memory than the "
                      "option --history-budget allows.",
           .example = "history 10",
           .parameters = {{"N", ArgumentKind::Number, Occurrence::Optionally}},
           .options = {{"--json", std::nullopt}},
-          .run = history};
+          .run = history,
+          .answer = AnswerKind::Table};
 }
 
 }

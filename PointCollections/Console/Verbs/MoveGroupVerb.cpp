@@ -51,11 +51,11 @@ Verb moveGroupVerb()
           .summary = "put groups before or after another one",
           .details =
               "They go next to TARGET in the order given, and keep their members. TARGET may "
-              "be one of them: the\nothers gather around it.",
+              "be one of them: the others gather around it.",
           .example = "move-group Asia \"North America\" --before Europe",
           .parameters = {{"GROUP", ArgumentKind::Group, Occurrence::OnceOrMore}},
-          .options = {{"--before", ArgumentKind::Group, "TARGET"},
-                      {"--after", ArgumentKind::Group, "TARGET"}},
+          .options = {{"--before", ArgumentKind::Group, "TARGET", "place"},
+                      {"--after", ArgumentKind::Group, "TARGET", "place"}},
           .run = moveGroups};
 }
 

@@ -79,12 +79,12 @@ Verb moveVerb()
       .summary = "put elements before or after another one",
       .details =
           "They go next to TARGET in the order given, into the group that holds it. If "
-          "TARGET is ungrouped,\nthey leave their groups and become ungrouped too. "
-          "TARGET may be one of them: the others gather\naround it. help select explains ELEMENT.",
+          "TARGET is ungrouped, they leave their groups and become ungrouped too. "
+          "TARGET may be one of them: the others gather around it. help select explains ELEMENT.",
       .example = "move Berlin \"Isle of Man\" --before Paris",
       .parameters = {{"ELEMENT", ArgumentKind::Element, Occurrence::OnceOrMore}},
-      .options = {{"--before", ArgumentKind::Element, "TARGET"},
-                  {"--after", ArgumentKind::Element, "TARGET"}},
+      .options = {{"--before", ArgumentKind::Element, "TARGET", "place"},
+                  {"--after", ArgumentKind::Element, "TARGET", "place"}},
       .run = moveElements};
 }
 

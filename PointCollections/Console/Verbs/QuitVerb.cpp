@@ -20,8 +20,8 @@ Verb quitVerb()
           .usage = "quit",
           .summary = "leave the program",
           .details = "If there are unsaved changes, you are asked what to do with them. In a "
-                     "script, the lines after\nquit are not read. On a terminal, Ctrl-D does the "
-                     "same;\nexit and q are other names.",
+                     "script, the lines after quit are not read. On a terminal, Ctrl-D does the "
+                     "same; exit and q are other names.",
           .example = "quit",
           .parameters = {},
           .options = {},

@@ -27,7 +27,7 @@ Verb redoVerb()
           .usage = "redo [N]",
           .summary = "repeat the last step that was undone, or the last N steps",
           .details = "N is at most the number of steps that are undone; with a greater N nothing "
-                     "is redone. After a\nnew change there is nothing to redo.",
+                     "is redone. After a new change there is nothing to redo.",
           .example = "redo",
           .parameters = {{"N", ArgumentKind::Number, Occurrence::Optionally}},
           .options = {},

@@ -53,7 +53,7 @@ Verb removeVerb()
           .usage = "remove ELEMENT…",
           .summary = "take elements out of their groups",
           .details = "They become ungrouped, each at its place in the document's order. Groups "
-                     "stay, even empty ones.\nhelp select explains ELEMENT.",
+                     "stay, even empty ones. help select explains ELEMENT.",
           .example = "remove Paris \"Isle of Man\"",
           .parameters = {{"ELEMENT", ArgumentKind::Member, Occurrence::OnceOrMore}},
           .options = {},

@@ -59,12 +59,12 @@ Verb saveVerb()
           .usage = "save [FILE] [--overwrite]",
           .summary = "write elements, groups and order to a project file",
           .details = "The name of FILE ends in .tkpc. Later, save without FILE writes to the same "
-                     "file. Another file\nthat exists, or a file that another program has changed, "
-                     "is only replaced with --overwrite. If\nsaving fails, or another program "
-                     "saves in the file at the same moment, the old file stays as\nit was. The "
+                     "file. Another file that exists, or a file that another program has changed, "
+                     "is only replaced with --overwrite. If saving fails, or another program "
+                     "saves in the file at the same moment, the old file stays as it was. The "
                      "history is not saved.",
           .example = "save continents.tkpc",
-          .parameters = {{"FILE", ArgumentKind::File, Occurrence::Optionally}},
+          .parameters = {{"FILE", ArgumentKind::ProjectFile, Occurrence::Optionally}},
           .options = {{"--overwrite", std::nullopt}},
           .run = save};
 }

@@ -48,7 +48,7 @@ Verb selectVerb()
               "  Europe:2-5  Europe:7-  members by their places; show GROUP --places tells them\n"
               "  :*  :B*  :1-3          the same of the ungrouped elements\n"
               "  @names.txt             all names in a file, one on each line\n"
-              "Quotes take away the meaning of * ? : and @, so \"a*b\" is a name. An element that\n"
+              "Quotes take away the meaning of * ? : and @, so \"a*b\" is a name. An element that "
               "several words select counts once. A word that selects nothing is a mistake.",
           .example = "select Europe:2-5 \"New \"* @names.txt",
           .parameters = {{"ELEMENT", ArgumentKind::Element, Occurrence::OnceOrMore}},

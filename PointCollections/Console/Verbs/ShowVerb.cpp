@@ -184,18 +184,19 @@ Verb showVerb()
           .summary = "draw the groups with their members, and the ungrouped elements",
           .details =
               "If a group has more than 12 members, only the first 11 are shown; likewise of "
-              "the ungrouped\nelements. GROUP shows all members of one group, --ungrouped "
-              "all ungrouped elements, --all everything,\n--groups one line for each group. "
-              "ELEMENT shows the same as where. --places numbers the elements.\n--json writes "
+              "the ungrouped elements. GROUP shows all members of one group, --ungrouped "
+              "all ungrouped elements, --all everything, --groups one line for each group. "
+              "ELEMENT shows the same as where. --places numbers the elements. --json writes "
               "everything for other programs. help select explains ELEMENT.",
           .example = "show Europe",
-          .parameters = {{"GROUP", ArgumentKind::Any, Occurrence::AnyNumber}},
-          .options = {{"--all", std::nullopt},
-                      {"--groups", std::nullopt},
-                      {"--ungrouped", std::nullopt},
+          .parameters = {{"GROUP", ArgumentKind::Any, Occurrence::AnyNumber, "what"}},
+          .options = {{"--all", std::nullopt, "", "what"},
+                      {"--groups", std::nullopt, "", "what"},
+                      {"--ungrouped", std::nullopt, "", "what"},
                       {"--places", std::nullopt},
                       {"--json", std::nullopt}},
           .run = show,
+          .answer = AnswerKind::Table,
           .otherNames = {"ls"}};
 }
 

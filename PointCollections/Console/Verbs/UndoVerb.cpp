@@ -29,7 +29,7 @@ Verb undoVerb()
           .usage = "undo [N]",
           .summary = "take back the last step, or the last N steps",
           .details = fmt::format("N is at most the number of steps that can be undone; with a "
-                                 "greater N nothing is undone.\nThe last {} steps are kept, unless "
+                                 "greater N nothing is undone. The last {} steps are kept, unless "
                                  "they take too much memory: see help history.",
                                  Editor::historyLimit),
           .example = "undo 2",

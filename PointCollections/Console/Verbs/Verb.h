@@ -13,14 +13,17 @@ namespace Tarvik::PointCollections {
 
 /// What an argument is, which decides how it is completed.
 enum class ArgumentKind {
-  Text,    ///< anything new; not completed
-  Number,  ///< not completed
-  Group,   ///< the name of a group
-  Element, ///< the name of an element
-  Member,  ///< the name of an element that is in a group
-  Any,     ///< the name of a group or of an element
-  Verb,    ///< the name of a verb
-  File     ///< the name of a file that the program can open
+  Text,          ///< anything new; not completed
+  Number,        ///< not completed
+  Group,         ///< the name of a group
+  Element,       ///< the name of an element
+  Member,        ///< the name of an element that is in a group
+  MemberOfGroup, ///< the name of a member of the group that is the first argument
+  Any,           ///< the name of a group or of an element
+  Verb,          ///< the name of a verb
+  File,          ///< the name of a file that the program can open
+  ProjectFile,   ///< the name of a project
+  PointFile      ///< the name of a file of points
 };
 
 /// How often an argument is given.
@@ -36,6 +39,7 @@ struct Parameter {
   std::string label; ///< as in the usage: "GROUP"
   ArgumentKind kind = ArgumentKind::Text;
   Occurrence occurrence = Occurrence::Once;
+  std::string choice = {}; ///< as that of an option
 };
 
 /// Whether such a parameter takes all arguments that are left.
@@ -49,6 +53,13 @@ struct Option {
   std::string name;                  ///< with its dashes: "--at"
   std::optional<ArgumentKind> value; ///< the kind of its value; nothing if it takes none
   std::string label = {};            ///< of its value, as in the usage: "N"
+  std::string choice = {}; ///< of several with the same one, only one is accepted; none if empty
+};
+
+/// What the answer of a verb is.
+enum class AnswerKind {
+  Message, ///< sentences; they are wrapped at the width of the terminal
+  Table    ///< its lines stay as they are
 };
 
 /// A command that the user can type, with all that the program knows about it.
@@ -64,6 +75,8 @@ struct Verb {
   /// Runs the command. The arguments fit `parameters` and `options`. Returns what the user reads,
   /// without a line end. Throws UserError, with nothing changed, if the command cannot be done.
   std::function<std::string(Session&, const Arguments&)> run;
+
+  AnswerKind answer = AnswerKind::Message;
 
   /// What else the user may type for the name; not listed by help.
   std::vector<std::string> otherNames = {};

@@ -23,11 +23,12 @@ Verb whereVerb()
           .usage = "where ELEMENT… [--json]",
           .summary = "tell which groups hold elements, at which places, and their points",
           .details = "Of several elements, only the first three points of each are shown. --json "
-                     "writes everything for\nother programs. help select explains ELEMENT.",
+                     "writes everything for other programs. help select explains ELEMENT.",
           .example = "where Berlin",
           .parameters = {{"ELEMENT", ArgumentKind::Element, Occurrence::OnceOrMore}},
           .options = {{"--json", std::nullopt}},
-          .run = where};
+          .run = where,
+          .answer = AnswerKind::Table};
 }
 
 }

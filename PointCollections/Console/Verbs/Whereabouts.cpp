@@ -2,6 +2,7 @@
 #include "PointCollections/Console/Verbs/Whereabouts.h"
 
 #include "PointCollections/Console/Text/Tree.h"
+#include "PointCollections/Text/Interruption.h"
 #include "PointCollections/Text/Quoting.h"
 
 #include <fmt/format.h>
@@ -23,9 +24,11 @@ Tree treeOf(const Session& session,
             std::size_t mostPoints)
 {
   Tree tree = {session.style.strong(listedName(collection.name))};
-  for (auto& place : whereabouts.of(collection))
-    tree.branches.push_back({std::move(place)});
+  auto places = whereabouts.of(collection);
   const auto shown = std::min(mostPoints, collection.points.size());
+  tree.branches.reserve(places.size() + shown + 1);
+  for (auto& place : places)
+    tree.branches.push_back({std::move(place)});
   for (std::size_t i = 0; i < shown; ++i) {
     const auto& [x, y, z] = collection.points[i];
     tree.branches.push_back({fmt::format("({}, {}, {})", x, y, z)});
@@ -83,7 +86,9 @@ std::string describeElements(const Session& session, const std::vector<GUIdentif
   const Whereabouts whereabouts(document);
   const bool isOne = elements.size() == 1;
   Tree tree = {pluralize(elements.size(), "element")};
+  tree.branches.reserve(elements.size());
   for (const auto& element : elements) {
+    checkInterruption();
     if (const auto* collection = document.find(element))
       tree.branches.push_back(
           treeOf(session, *collection, whereabouts, isOne ? unlimited : pointsOfEach));
@@ -101,6 +106,7 @@ void writeElements(JsonWriter& json,
   const Whereabouts whereabouts(document);
   json.beginArray();
   for (const auto& element : elements) {
+    checkInterruption();
     const auto* collection = document.find(element);
     if (collection == nullptr)
       continue;

@@ -35,32 +35,38 @@ std::string pasted(const std::string& text)
   return "\x1B[200~" + text + "\x1B[201~";
 }
 
+/// How the program is started.
+struct Start {
+  const char* kind = "vt100"; ///< of the terminal, as in TERM
+  unsigned short rows = 24;
+  unsigned short columns = 200;
+  const char* pager = "cat";         ///< as in PAGER
+  const char* option = "--no-color"; ///< of the program
+  bool isByHand = false;             ///< by the user, in a shell
+  std::string output = {}; ///< the file that standard output goes to; empty for the terminal
+};
+
 /// The program on a terminal, with a user who types.
 class Terminal {
 public:
   /// @param state  the folder for the state of programs
-  /// @param kind   of the terminal, as in TERM
-  /// @param rows   of the terminal
-  /// @param pager  as in PAGER
-  /// @param output the file that standard output goes to; empty for the terminal
-  Terminal(const std::string& file,
-           const std::filesystem::path& state,
-           const char* kind = "vt100",
-           unsigned short rows = 24,
-           const char* pager = "cat",
-           const std::string& output = {})
+  Terminal(const std::string& file, const std::filesystem::path& state, const Start& start = {})
   {
-    winsize size = {rows, 200, 0, 0};
+    winsize size = {start.rows, start.columns, 0, 0};
     m_child = forkpty(&m_terminal, nullptr, nullptr, &size);
     if (m_child != 0)
       return;
-    setenv("TERM", kind, 1);
-    setenv("PAGER", pager, 1);
+    setenv("TERM", start.kind, 1);
+    setenv("PAGER", start.pager, 1);
+    setenv("PS1", "shell> ", 1);
     setenv("LC_ALL", "C.UTF-8", 1);
     setenv("XDG_STATE_HOME", state.c_str(), 1);
-    if (!output.empty())
-      dup2(open(output.c_str(), O_WRONLY | O_CREAT, 0600), STDOUT_FILENO);
-    execl(POINT_COLLECTIONS_PROGRAM, "point-collections", "--no-color", file.c_str(), nullptr);
+    if (!start.output.empty())
+      dup2(open(start.output.c_str(), O_WRONLY | O_CREAT, 0600), STDOUT_FILENO);
+    if (start.isByHand)
+      execl("/bin/sh", "sh", "-i", nullptr);
+    else
+      execl(POINT_COLLECTIONS_PROGRAM, "point-collections", start.option, file.c_str(), nullptr);
     _exit(127);
   }
   Terminal(const Terminal&) = delete;
@@ -177,10 +183,7 @@ private:
 
 class InteractiveUser : public ::testing::Test {
 protected:
-  explicit InteractiveUser(const char* kind = "vt100",
-                           unsigned short rows = 24,
-                           const char* pager = "cat")
-      : m_terminal(m_points, m_state, kind, rows, pager)
+  explicit InteractiveUser(const Start& start = {}) : m_terminal(m_points, m_state, start)
   {
     m_terminal.typeAndExpect("", "> ");
   }
@@ -195,22 +198,24 @@ protected:
     EXPECT_EQ(m_terminal.typeAndLeave(controlD), 0);
   }
 
+  static bool hasRecoveryFile(const std::filesystem::path& state)
+  {
+    std::error_code ignored;
+    const std::filesystem::directory_iterator entries(state / "point-collections", ignored);
+    return std::any_of(begin(entries), end(entries),
+                       [](const auto& entry) { return entry.path().extension() == ".recovery"; });
+  }
+
   /// Waits until the program has written what is unsaved.
   void waitForRecoveryFile() const
   {
     using namespace std::chrono_literals;
-    const auto folder = m_state / "point-collections";
-    const auto isWritten = [](const auto& entry) {
-      return entry.path().extension() == ".recovery";
-    };
     for (int i = 0; i < 400; ++i) {
-      std::error_code ignored;
-      const std::filesystem::directory_iterator entries(folder, ignored);
-      if (std::any_of(begin(entries), end(entries), isWritten))
+      if (hasRecoveryFile(m_state))
         return;
       std::this_thread::sleep_for(50ms);
     }
-    FAIL() << "no recovery file in " << folder;
+    FAIL() << "no recovery file in " << m_state;
   }
 
   TemporaryFolder m_folder;
@@ -228,7 +233,7 @@ TEST(ARedirectedOutput, HasResultsButNoPromptsAndQuestions)
   const TemporaryFolder folder;
   const auto points = folder.write("points.csv", "collection,x,y,z\na,1,2,3\n").string();
   const auto output = folder.path() / "output";
-  Terminal terminal(points, folder.path(), "vt100", 24, "cat", output.string());
+  Terminal terminal(points, folder.path(), {.output = output.string()});
 
   terminal.typeAndExpect("", "Type help for the commands, quit to leave.", "> ");
   terminal.typeAndExpect("create G\r", "*> ", "");
@@ -254,7 +259,7 @@ TEST_F(InteractiveUser, SeesThatALongCommandGoesOn)
 /// On a terminal that cannot move its cursor.
 class InteractiveUserWithoutEditing : public InteractiveUser {
 protected:
-  InteractiveUserWithoutEditing() : InteractiveUser("dumb") {}
+  InteractiveUserWithoutEditing() : InteractiveUser({.kind = "dumb"}) {}
 };
 
 TEST_F(InteractiveUser, IsToldHowToGetHelp)
@@ -306,7 +311,7 @@ TEST_F(InteractiveUser, PastesTabsAsBlanks)
 /// The pager marks each line.
 class InteractiveUserOfASmallTerminal : public InteractiveUser {
 protected:
-  InteractiveUserOfASmallTerminal() : InteractiveUser("vt100", 5, "sed s/^/paged:/") {}
+  InteractiveUserOfASmallTerminal() : InteractiveUser({.rows = 5, .pager = "sed s/^/paged:/"}) {}
 };
 
 TEST_F(InteractiveUserOfASmallTerminal, ReadsLongAnswersInThePager)
@@ -317,7 +322,9 @@ TEST_F(InteractiveUserOfASmallTerminal, ReadsLongAnswersInThePager)
 
 class InteractiveUserWithoutPager : public InteractiveUser {
 protected:
-  InteractiveUserWithoutPager() : InteractiveUser("vt100", 5, "/no/such/pager 2>/dev/null") {}
+  InteractiveUserWithoutPager()
+      : InteractiveUser({.rows = 5, .pager = "/no/such/pager 2>/dev/null"})
+  {}
 };
 
 TEST_F(InteractiveUserWithoutPager, SeesLongAnswersWhole)
@@ -329,6 +336,129 @@ TEST_F(InteractiveUser, DropsALineWithControlC)
 {
   m_terminal.typeAndExpect("create H", "create H");
   m_terminal.typeAndExpect(std::string(controlC) + "create G\r", "Created G with 0 elements.");
+}
+
+TEST_F(InteractiveUser, GoesToTheStartAndTheEndOfALine)
+{
+  m_terminal.typeAndExpect("create G\r", "Created G with 0 elements.");
+  const std::array<std::array<std::string, 2>, 4> startAndEnd = {
+      {{"\x1B[H", "\x1B[F"}, {"\x1BOH", "\x1BOF"}, {"\x1B[1~", "\x1B[4~"}, {"\x1B[7~", "\x1B[8~"}}};
+  for (const auto& [start, end] : startAndEnd)
+    m_terminal.typeAndExpect("how" + start + "s" + end + " G\r", "G (0)");
+}
+
+TEST_F(InteractiveUser, MovesWordByWord)
+{
+  m_terminal.typeAndExpect("create G\r", "Created G with 0 elements.");
+  const std::array<std::array<std::string, 2>, 4> leftAndRight = {{{"\x1B[1;5D", "\x1B[1;5C"},
+                                                                   {"\x1BOd", "\x1BOc"},
+                                                                   {"\x1B[5D", "\x1B[5C"},
+                                                                   {"\x1B[1;3D", "\x1B[1;3C"}}};
+  for (const auto& [left, right] : leftAndRight)
+    m_terminal.typeAndExpect("how G" + left + left + "s" + right + right + "\r", "G (0)");
+}
+
+TEST_F(InteractiveUser, DeletesTheCharacterAtTheCursor)
+{
+  m_terminal.typeAndExpect("create G\r", "Created G with 0 elements.");
+  m_terminal.typeAndExpect("show GX\x1B[D\x1B[3~\r", "G (0)");
+}
+
+TEST_F(InteractiveUser, FindsEarlierLinesWithWhatIsTyped)
+{
+  m_terminal.typeAndExpect("create G\r", "Created G with 0 elements.");
+  m_terminal.typeAndExpect("show G\r", "G (0)");
+  m_terminal.typeAndExpect("cr\x1B[5~\r", "Created \"G 2\" with 0 elements");
+}
+
+TEST_F(InteractiveUser, IsNotLedIntoThePromptOfTheEditorItself)
+{
+  m_terminal.typeAndExpect("create G\r", "Created G with 0 elements.");
+  m_terminal.typeAndExpect("\x1Bxnonsense" + std::string(controlC) + "show G\r", "G (0)");
+  m_terminal.typeAndExpect("\x1BXnonsense" + std::string(controlC) + "show G\r", "G (0)");
+}
+
+TEST_F(InteractiveUser, RecallsTheLinesOfAnEarlierRun)
+{
+  m_terminal.typeAndExpect("create Kept\r", "Created Kept");
+  m_terminal.typeAndBeAsked("quit\r", "points.csv has unsaved changes.");
+  EXPECT_EQ(m_terminal.typeAndLeave("discard\r"), 0);
+
+  const auto file = m_state / "point-collections" / "history";
+  EXPECT_EQ(contentOf(file), "create Kept\nquit\n");
+  EXPECT_EQ(std::filesystem::status(file).permissions(),
+            std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+  Terminal next(m_points, m_state);
+  next.typeAndExpect("", "> ");
+  next.typeAndExpect(std::string(up) + up + "\r", "Created Kept with 0 elements.");
+}
+
+class InteractiveUserWithoutHistory : public InteractiveUser {
+protected:
+  InteractiveUserWithoutHistory() : InteractiveUser({.option = "--no-history"}) {}
+};
+
+TEST_F(InteractiveUserWithoutHistory, LeavesNoLinesOnTheDisk)
+{
+  m_terminal.typeAndExpect("show\r", "Prague");
+  EXPECT_EQ(m_terminal.typeAndLeave("quit\r"), 0);
+
+  EXPECT_FALSE(std::filesystem::exists(m_state / "point-collections" / "history"));
+}
+
+TEST_F(InteractiveUser, CompletesTheAnswerToAQuestion)
+{
+  m_terminal.typeAndExpect("create G\r", "Created G with 0 elements.");
+  m_terminal.typeAndBeAsked("quit\r", "points.csv has unsaved changes.");
+  EXPECT_EQ(m_terminal.typeAndLeave(std::string("di") + tab + "\r"), 0);
+}
+
+TEST_F(InteractiveUser, SeesWideNamesInColumns)
+{
+  const auto points =
+      m_folder.write("wide.csv", "collection,x,y,z\n東京,1,2,3\n東京都,1,2,3\n").string();
+  Terminal terminal(points, m_state);
+  terminal.typeAndExpect("", "> ");
+  terminal.typeAndExpect(std::string("create G 東") + tab + tab, "東京    東京都");
+}
+
+TEST_F(InteractiveUser, StopsALongAnswerWithControlC)
+{
+  std::string rows = "collection,x,y,z\n";
+  for (int i = 0; i < 20'000; ++i)
+    rows += "element " + std::to_string(i) + ",1,2,3\n";
+  Terminal terminal(m_folder.write("long.csv", rows).string(), m_state);
+  terminal.typeAndExpect("", "> ");
+  terminal.typeAndExpect("show --all\r", "element 10", "");
+  terminal.typeAndExpect(controlC, "… stopped", "> ");
+  terminal.typeAndExpect("create G\r", "Created G with 0 elements.");
+}
+
+class InteractiveUserOfANarrowTerminal : public InteractiveUser {
+protected:
+  InteractiveUserOfANarrowTerminal() : InteractiveUser({.columns = 40}) {}
+};
+
+TEST_F(InteractiveUserOfANarrowTerminal, ReadsWholeWords)
+{
+  m_terminal.typeAndExpect("help add\r", "into a group, or move\r\nthem within it.");
+  m_terminal.typeAndExpect("create G Pari\r", "element named Pari;\r\ndid you mean Paris?");
+  m_terminal.typeAndExpect("create G Paris\r", "Created G with 1 element.");
+  m_terminal.typeAndExpect("create \"North and South\" Paris\r", "with 1 element\r\n(1 from G).");
+}
+
+TEST_F(InteractiveUser, SuspendsTheProgramWithControlZ)
+{
+  Terminal terminal(m_points, m_state, {.isByHand = true});
+  terminal.typeAndExpect("", "shell> ");
+  terminal.typeAndExpect(POINT_COLLECTIONS_PROGRAM " " + m_points + "\r", "Opened points.csv");
+  for (int i = 0; i < 2; ++i) {
+    terminal.typeAndExpect("show Paris\x1A", "Stopped", "shell> ");
+    terminal.typeAndExpect("fg\r", "> show Paris", "");
+    terminal.typeAndExpect("\r", "ungrouped");
+  }
+  terminal.typeAndExpect("quit\r", "shell> ", "");
+  terminal.typeAndLeave("exit\r");
 }
 
 TEST_F(InteractiveUser, LeavesWithControlD)
@@ -411,7 +541,7 @@ TEST_F(InteractiveUser, RecoversWhatASignalHasInterrupted)
     next.typeAndExpect("show G\r", "Paris");
     next.typeAndBeAsked("quit\r", "points.csv has unsaved changes.");
     EXPECT_EQ(next.typeAndLeave("discard\r"), 0);
-    EXPECT_TRUE(std::filesystem::is_empty(state / "point-collections"));
+    EXPECT_FALSE(hasRecoveryFile(state));
   }
 }
 
@@ -424,7 +554,7 @@ TEST_F(InteractiveUser, RecoversWhatAClosedTerminalHasInterrupted)
   next.typeAndExpect("", "An earlier run ended", "recover, discard or later: ");
   next.typeAndExpect("discard\r", "");
   EXPECT_EQ(next.typeAndLeave("quit\r"), 0);
-  EXPECT_TRUE(std::filesystem::is_empty(m_state / "point-collections"));
+  EXPECT_FALSE(hasRecoveryFile(m_state));
 }
 
 TEST_F(InteractiveUser, RecoversAfterACrashWhatWasDoneBeforeARest)
@@ -457,7 +587,7 @@ TEST_F(InteractiveUserWithoutEditing, RecoversWhatASignalHasInterrupted)
   m_terminal.typeAndExpect("create G Paris\r", "Created G with 1 element.");
   EXPECT_EQ(m_terminal.endBy(SIGTERM), SIGTERM);
 
-  Terminal next(m_points, m_state, "dumb");
+  Terminal next(m_points, m_state, {.kind = "dumb"});
   next.typeAndExpect("", "An earlier run ended", "recover, discard or later: ");
 }
 

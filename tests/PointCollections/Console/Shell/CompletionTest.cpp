@@ -96,6 +96,17 @@ TEST_F(CompletionOf, MoreThanOneGroup)
   EXPECT_THAT(candidates("delete Asia "), ElementsAre("Europe", "\"North America\""));
 }
 
+TEST_F(CompletionOf, AMemberOfTheGroupThatIsChanged)
+{
+  run(m_session, {"add Asia \"New York\" Paris", "add Europe Prague"});
+
+  EXPECT_THAT(candidates("add Asia --before "), ElementsAre("\"New York\"", "Paris"));
+  EXPECT_THAT(candidates("add Europe Paris --after "), ElementsAre("Prague"));
+  EXPECT_THAT(candidates("add @2 --after "), IsEmpty());
+  EXPECT_THAT(candidates("add --before "), IsEmpty());
+  EXPECT_THAT(candidates("add Nowhere --before "), IsEmpty());
+}
+
 TEST_F(CompletionOf, WhatIsMovedAndWhere)
 {
   EXPECT_EQ(completed("move Pra"), "move Prague ");
@@ -130,20 +141,23 @@ TEST_F(CompletionOf, LeavesOutElementsThatTheLineNames)
 {
   EXPECT_EQ(completed("add Europe Paris Par"), "add Europe Paris Paramaribo ");
   EXPECT_EQ(completed("add Europe \"New York\" New"), "add Europe \"New York\" \"New Salem\" ");
-  EXPECT_EQ(completed("add Europe Prague --before Pr"), "add Europe Prague --before Prague ");
+  EXPECT_EQ(completed("move Prague --before Pr"), "move Prague --before Prague ");
 }
 
 TEST_F(CompletionOf, AnOption)
 {
   EXPECT_EQ(completed("add Europe --b"), "add Europe --before ");
   EXPECT_THAT(candidates("add Europe -"), ElementsAre("--at", "--before", "--after", "--end"));
-  EXPECT_THAT(candidates("add Europe --end --"), ElementsAre("--at", "--before", "--after"));
+  EXPECT_THAT(candidates("add Europe --end --"), IsEmpty());
+  EXPECT_THAT(candidates("move Prague --before Paris --"), IsEmpty());
+  EXPECT_THAT(candidates("show Europe --"), ElementsAre("--places", "--json"));
+  EXPECT_THAT(candidates("show --all E"), IsEmpty());
   EXPECT_EQ(completed("show --a"), "show --all ");
 }
 
 TEST_F(CompletionOf, TheValueOfAnOption)
 {
-  EXPECT_EQ(completed("add Europe --before Pr"), "add Europe --before Prague ");
+  EXPECT_EQ(completed("move Paris --before Pr"), "move Paris --before Prague ");
   EXPECT_THAT(candidates("add Europe --at "), IsEmpty());
   EXPECT_EQ(completed("add --at 1 Eu"), "add --at 1 Europe ");
 }
@@ -161,7 +175,8 @@ TEST_F(FileCompletion, NamesWhatCanBeOpened)
 
 TEST_F(FileCompletion, NamesWhatCanBeSaved)
 {
-  EXPECT_EQ(completed("save cities.t"), "save cities.tkpc ");
+  EXPECT_EQ(completed("save ci"), "save cities.tkpc ");
+  EXPECT_EQ(completed("export ci"), "export cities.csv ");
   EXPECT_EQ(completed("save --overwrite cities.t"), "save --overwrite cities.tkpc ");
   EXPECT_EQ(completed("save cities.tkpc --"), "save cities.tkpc --overwrite ");
 }
@@ -178,6 +193,18 @@ TEST_F(FileCompletion, GoesOnInFolders)
 TEST_F(FileCompletion, NamesHiddenFilesWhenAskedTo)
 {
   EXPECT_EQ(completed("open .h"), "open .hidden.tkpc ");
+}
+
+TEST_F(FileCompletion, NamesWhatAnAnswerTakes)
+{
+  const auto answered = [&](std::string_view line) {
+    return completeAnswer(m_session, {"save", "discard", "cancel"}, line).candidates;
+  };
+  EXPECT_THAT(answered(""), ElementsAre("save", "discard", "cancel"));
+  EXPECT_THAT(answered("di"), ElementsAre("discard"));
+  EXPECT_THAT(answered("save c"), ElementsAre("cities.tkpc"));
+  EXPECT_THAT(answered("discard c"), IsEmpty());
+  EXPECT_THAT(answered("open c"), IsEmpty());
 }
 
 TEST_F(CompletionOf, NothingWhereAnythingIsAllowed)

@@ -3,6 +3,7 @@
 
 #include "PointCollections/Console/Support/Sessions.h"
 #include "PointCollections/Support/MemoryFiles.h"
+#include "PointCollections/Text/Interruption.h"
 
 #include <gmock/gmock.h>
 
@@ -39,6 +40,15 @@ public:
   FailingCommand() : CommandBase("Fail") {}
   void execute() override {}
   void undo() override { throw std::runtime_error("out of luck"); }
+  void redo() override {}
+};
+
+/// The user presses Ctrl-C while it is undone.
+class SlowCommand : public CommandBase {
+public:
+  SlowCommand() : CommandBase("Be slow") {}
+  void execute() override {}
+  void undo() override { Interruptible::request(); }
   void redo() override {}
 };
 
@@ -219,6 +229,55 @@ TEST_F(Runner, EndsWhenTheUserQuits)
 
   EXPECT_EQ(groupsOf(m_session), "");
   EXPECT_EQ(m_output.str(), "");
+}
+
+TEST_F(Runner, LeavesEverythingAsItWasWhenStepsAreStopped)
+{
+  run(m_session, {"create A a", "create B b"});
+  m_session.editor.history().execute(std::make_shared<SlowCommand>());
+  run(m_session, {"create C"});
+  const auto before = stateOf(m_session);
+  const Interruptible whileRunning;
+
+  EXPECT_THROW(run(m_session, {"undo 4"}), Interrupted);
+
+  EXPECT_TRUE(stateOf(m_session) == before);
+}
+
+/// The user stops the program while it reads a file.
+class ImpatientFiles : public MemoryFiles {
+public:
+  std::vector<std::byte> readBytes(const std::filesystem::path& file) override
+  {
+    Interruptible::request();
+    return MemoryFiles::readBytes(file);
+  }
+};
+
+TEST_F(Runner, KeepsTheDocumentWhenOpeningAnotherOneIsStopped)
+{
+  auto session = sessionOf({"a", "b"}, std::make_shared<ImpatientFiles>());
+  run(session, {"create A a", "save p.tkpc"});
+  const auto before = stateOf(session);
+  const Interruptible whileRunning;
+
+  EXPECT_THROW(run(session, {"open p.tkpc"}), Interrupted);
+
+  EXPECT_TRUE(stateOf(session) == before);
+}
+
+TEST_F(Runner, SaysThatALineWasStopped)
+{
+  Transcript transcript(m_output, m_errors, Transcript::Detail::ResultsOnly);
+  ScriptedReader reader({"undo 2", "create C"});
+  run(m_session, {"create A"});
+  m_session.editor.history().execute(std::make_shared<SlowCommand>());
+
+  runInteractively(m_session, transcript, reader);
+
+  EXPECT_THAT(m_errors.str(), ::testing::StartsWith("stopped: nothing has changed\n"));
+  EXPECT_THAT(m_output.str(), ::testing::HasSubstr("Created C with 0 elements."));
+  EXPECT_EQ(m_session.editor.history().position(), 3U);
 }
 
 }

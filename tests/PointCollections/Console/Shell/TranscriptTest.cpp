@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Console/Shell/Transcript.h"
 
+#include "PointCollections/Text/Interruption.h"
 #include "Support/Allocations.h"
 
 #include <gtest/gtest.h>
@@ -37,6 +38,34 @@ TEST(Transcript, TellsAMistakeWithoutItsPlaceWhenThereIsNoMemoryLeft)
   }
 
   EXPECT_EQ(text.text(), "error: this could not be done: out of luck\n");
+}
+
+TEST(Transcript, LeavesOutTheRestOfALongAnswerThatTheUserStops)
+{
+  std::ostringstream output;
+  std::ostringstream errors;
+  Transcript transcript(output, errors, Transcript::Detail::ResultsOnly);
+  const Interruptible whilePrinting;
+  Interruptible::request();
+
+  transcript.result("Created G with 0 elements.");
+  EXPECT_EQ(output.str(), "Created G with 0 elements.\n");
+
+  transcript.result(std::string(100'000, 'x'));
+  EXPECT_LT(output.str().size(), 10'000U);
+  EXPECT_TRUE(output.str().ends_with("x\n… stopped\n"));
+}
+
+TEST(Transcript, WrapsMistakes)
+{
+  std::ostringstream output;
+  std::ostringstream errors;
+  Transcript transcript(output, errors, Transcript::Detail::ResultsOnly);
+  transcript.setColumns([] { return std::size_t(20); });
+
+  transcript.error("error", "there is no group named G");
+
+  EXPECT_EQ(errors.str(), "error: there is no\ngroup named G\n");
 }
 
 }

@@ -16,8 +16,9 @@ protected:
   /// What the user's one answer leads to; the input ends after it.
   Confirmation confirmationAfter(std::optional<std::string> answer)
   {
-    return confirmDiscardingChanges(
-        m_session, [&answer](const auto&) { return std::exchange(answer, std::nullopt); });
+    return confirmDiscardingChanges(m_session, [&answer](const auto&, const auto&) {
+      return std::exchange(answer, std::nullopt);
+    });
   }
 
   std::string warning()

@@ -18,8 +18,8 @@ public:
   Questions(Session& session, std::deque<std::string> answers) : m_answers(std::move(answers))
   {
     session.confirmDiscarding = [this](Session& asking) {
-      return confirmDiscardingChanges(asking,
-                                      [this](const auto& prompt) { return answer(prompt); });
+      return confirmDiscardingChanges(
+          asking, [this](const auto& prompt, const auto&) { return answer(prompt); });
     };
   }
 

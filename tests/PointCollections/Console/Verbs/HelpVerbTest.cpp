@@ -28,11 +28,23 @@ TEST(Help, ExplainsACommand)
       run(session, {"help quit"}),
       "quit: leave the program.\n"
       "If there are unsaved changes, you are asked what to do with them. In a script, the "
-      "lines after\nquit are not read. On a terminal, Ctrl-D does the same;\nexit and q are other "
+      "lines after quit\nare not read. On a terminal, Ctrl-D does the same; exit and q are other "
       "names.\n"
       "\n"
       "Usage:    quit\n"
       "Example:  quit");
+}
+
+TEST(Help, FitsOnANarrowTerminal)
+{
+  auto session = sessionOf({});
+  session.columns = [] { return std::size_t(30); };
+
+  EXPECT_THAT(run(session, {"help"}), StartsWith("  show        draw the groups\n"
+                                                 "              with their\n"
+                                                 "              members, and the\n"));
+  EXPECT_THAT(run(session, {"help quit"}), HasSubstr("quit: leave the program.\n"
+                                                     "If there are unsaved changes,\n"));
 }
 
 TEST(Help, LeadsFromOtherNamesToTheCommand)

@@ -2,6 +2,7 @@
 // The time of a line grows with the document, not with its square.
 #include "PointCollections/Console/Shell/Completion.h"
 #include "PointCollections/Console/Support/Sessions.h"
+#include "PointCollections/Support/MemoryFiles.h"
 
 #include <gtest/gtest.h>
 
@@ -45,7 +46,7 @@ Session largeSession(std::size_t elements, std::size_t groups)
     list.back().addGroupMembersAtIndex({first, first + members}, -1);
   }
   document->setGroups(list);
-  return {.editor = Editor({document, "large"})};
+  return {.editor = Editor({document, "large"}, std::make_shared<MemoryFiles>())};
 }
 
 /// Makes the line for a document of so many elements.
@@ -97,6 +98,22 @@ TEST(LargeDocument, TakesTimeInProportionToTheElements)
   expectNoSquare([](auto) { return "show --all"; });
   expectNoSquare([](auto) { return "sort"; });
   expectNoSquare([](auto) { return "delete" + groupNames(7); });
+}
+
+TEST(LargeDocument, IsSearchedInTimeInProportionToTheElements)
+{
+  const auto half = [](std::size_t count) { return names(count, 2); };
+  expectNoSquare([](auto) { return "find e"; });
+  expectNoSquare([](auto) { return "find e --json"; });
+  expectNoSquare([](auto) { return "where *"; });
+  expectNoSquare([&](auto count) { return "where --json" + half(count); });
+  expectNoSquare([&](auto count) { return "select *1* *:*" + half(count); });
+  expectNoSquare([](auto) { return "select elemnet*"; });
+  expectNoSquare([](auto) { return "show --all --json"; });
+  expectNoSquare([](auto) { return "export large.csv --overwrite"; });
+  expectNoSquare([](auto) { return "find e"; }, true);
+  expectNoSquare([](auto) { return "select G*:*"; }, true);
+  expectNoSquare([](auto) { return "export large.csv --overwrite"; }, true);
 }
 
 TEST(LargeDocument, TakesTimeInProportionToTheGroups)
