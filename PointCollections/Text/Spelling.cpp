@@ -72,10 +72,10 @@ void appendSyllable(std::u32string& text, char32_t syllable)
 {
   constexpr char32_t vowels = 21;
   constexpr char32_t ends = 28;
-  text += 0x1100 + syllable / (vowels * ends);
-  text += 0x1161 + syllable % (vowels * ends) / ends;
+  text.push_back(0x1100 + syllable / (vowels * ends));
+  text.push_back(0x1161 + syllable % (vowels * ends) / ends);
   if (syllable % ends != 0)
-    text += 0x11A7 + syllable % ends;
+    text.push_back(0x11A7 + syllable % ends);
 }
 
 void appendDecomposed(std::u32string& text, char32_t character)

@@ -142,7 +142,7 @@ private:
       return "\\";
     }
     if (rest[1] == 'x')
-      return std::string(1, readByte(rest));
+      return {readByte(rest)};
     if (rest[1] == 'u')
       return readCharacter(rest);
     constexpr std::string_view codes = "\"\\nrt";
@@ -151,7 +151,7 @@ private:
       fail(m_at,
            R"(an unknown escape; there are \", \\, \n, \r, \t, \x with two digits and \u{...})");
     m_at += 2;
-    return std::string(1, "\"\\\n\r\t"[code]);
+    return {"\"\\\n\r\t"[code]};
   }
 
   char readByte(std::string_view rest)
