@@ -60,7 +60,8 @@ constexpr auto remarks =
     "file is opened again. After a script, it warns of unsaved changes on standard error; that is "
     "not a failure.\n\n"
     "Exit status: 0 success; 1 a command failed or the output could not be written; 2 the "
-    "arguments, FILE or the script were not valid.";
+    "arguments, FILE or the script were not valid. If nobody reads the output any more, the "
+    "program ends quietly, by the signal SIGPIPE (on Windows, with status 1).";
 
 std::string refuseNegative(std::string number)
 {
@@ -116,6 +117,13 @@ OpenedDocument openFirst(Files& files, const Settings& settings)
              : openDocument(files, Utf8::toPath(settings.file));
 }
 
+/// Opens it, and shows on the terminal if that takes long.
+OpenedDocument openShown(Files& files, const Settings& settings, ProgressLine& progress)
+{
+  const ShownWork work(&progress, "Opening " + displayName(settings.file));
+  return openFirst(files, settings);
+}
+
 void tellWarnings(const Session& session, Transcript& transcript)
 {
   for (const auto& warning : session.editor.opened().warnings)
@@ -147,7 +155,7 @@ makeReader(Session& session, Recovery& recovery, const std::filesystem::path& hi
                     ? makeEditingReader([&session](auto line) { return complete(session, line); },
                                         wait, history)
                     : nullptr;
-  return reader ? std::move(reader) : makePlainReader(std::cin, std::cout, wait);
+  return reader ? std::move(reader) : makePlainReader(std::cin, terminalOutput(), wait);
 }
 
 /// How wide the terminal is now: the user may change that at any time.
@@ -170,8 +178,14 @@ void runOnTerminal(Session& session, Transcript& transcript, const Settings& set
     transcript.setColumns(columnsOfTerminal);
     session.columns = columnsOfTerminal;
   }
-  transcript.result(wrapped(welcome(session) + " Type help for the commands, quit to leave.",
-                            session.columns ? session.columns() : unlimitedColumns));
+  const auto fitted = [&](const std::string& text) {
+    return wrapped(text, session.columns ? session.columns() : unlimitedColumns);
+  };
+  const std::string hint = "Type help for the commands, quit to leave.";
+  transcript.setDialogue(terminalOutput());
+  transcript.result(isOutputTerminal() ? fitted(welcome(session) + ' ' + hint) : welcome(session));
+  if (!isOutputTerminal())
+    transcript.dialogue(hint);
   tellWarnings(session, transcript);
   offerUnsavedWork(session, transcript, recovery,
                    findUnsavedWork(session.editor.files(), session.editor.opened().file),
@@ -207,12 +221,18 @@ bool runBatch(Session& session, const Settings& settings, Transcript& transcript
   return isFine;
 }
 
-/// @throws std::runtime_error if any output could not be written
+/// Nobody reads the output any more.
+struct OutputAbandoned {};
+
+/// @throws OutputAbandoned, std::runtime_error if any output could not be written
 void requireOutput()
 {
   std::cout.flush();
-  if (!std::cout)
-    throw std::runtime_error("standard output cannot be written");
+  if (std::cout)
+    return;
+  if (isOutputAbandoned())
+    throw OutputAbandoned();
+  throw std::runtime_error("standard output cannot be written");
 }
 
 ExitStatus run(const Settings& settings)
@@ -224,8 +244,10 @@ ExitStatus run(const Settings& settings)
   const auto detail = isInteractive || settings.isQuiet ? Transcript::Detail::ResultsOnly
                                                         : Transcript::Detail::Full;
   const auto files = diskFiles();
-  Session session = {.editor = Editor(openFirst(*files, settings), files),
-                     .style = Style{hasColor}};
+  ProgressLine progress(isErrorTerminal() ? &std::cerr : nullptr);
+  Session session = {.editor = Editor(openShown(*files, settings, progress), files),
+                     .style = Style{hasColor},
+                     .progress = &progress};
   session.editor.setHistoryBudget(static_cast<std::size_t>(
       std::min<std::uint64_t>(settings.historyBudget, CommandHistory::unlimited)));
   Transcript transcript(std::cout, std::cerr, detail, session.style);
@@ -278,6 +300,9 @@ int main(int argc, char** argv)
   } catch (const UserError& error) {
     std::cerr << "point-collections: " << error.what() << std::endl;
     return BadInput;
+  } catch (const OutputAbandoned&) {
+    endAsAbandoned();
+    return CommandFailed;
   } catch (const std::bad_alloc&) {
     std::fputs("point-collections: there is not enough memory\n", stderr); // needs no memory itself
     return CommandFailed;

@@ -2,6 +2,7 @@
 #include "PointCollections/Files/DiskLock.h"
 #include "PointCollections/Files/Files.h"
 #include "PointCollections/Files/FolderNames.h"
+#include "PointCollections/Files/Pipe.h"
 #include "PointCollections/Files/SafeFileWriter.h"
 #include "PointCollections/Files/SideFiles.h"
 #include "PointCollections/Input/TextInput.h"
@@ -15,6 +16,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <fstream>
+#include <sstream>
 #include <system_error>
 
 namespace Tarvik::PointCollections {
@@ -113,8 +115,11 @@ class DiskFiles : public Files {
 public:
   std::string readText(const fs::path& file) override
   {
-    if (!isPipe(file))
-      refuseDevice(file);
+    if (isPipe(file)) {
+      std::istringstream content(readPipe(file));
+      return PointCollections::readText(content, printable(Utf8::fromPath(file)));
+    }
+    refuseDevice(file);
     return PointCollections::readText(file);
   }
 

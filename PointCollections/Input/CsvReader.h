@@ -33,6 +33,9 @@ public:
   /// The line on which the last row starts, counted from 1.
   std::size_t rowLine() const { return m_rowLine; }
 
+  /// How many bytes have been read.
+  std::size_t position() const { return m_at; }
+
   /// The message with the place of the last row before it: "name:line: message".
   std::string inRow(const std::string& message) const;
 

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Input/PointFile.h"
 
+#include "PointCollections/Input/AlikeNames.h"
 #include "PointCollections/Input/CsvReader.h"
 #include "PointCollections/Input/Encoding.h"
 #include "PointCollections/Input/PointRows.h"
 #include "PointCollections/Input/TextInput.h"
+#include "PointCollections/Text/Interruption.h"
+#include "PointCollections/Text/Progress.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/Utf8.h"
 
@@ -18,6 +21,8 @@
 
 namespace Tarvik::PointCollections {
 namespace {
+
+constexpr std::size_t rowsBetweenTelling = 1000;
 
 /// The names of the columns that are not read.
 std::vector<std::string> ignoredColumns(const TableHeader& header, const PointColumns& columns)
@@ -53,7 +58,8 @@ PointFileContent parsePointFile(std::string_view text,
                                 const TableHeader& header,
                                 const PointColumns& columns)
 {
-  CsvReader csv(checkedUtf8(text, name), name, header.separator);
+  const auto checked = checkedUtf8(text, name);
+  CsvReader csv(checked, name, header.separator);
   PointFileContent content;
   if (header.hasNames) {
     std::vector<std::string> names;
@@ -62,10 +68,16 @@ PointFileContent parsePointFile(std::string_view text,
       content.warnings.push_back(csv.inRow(warningAbout(ignored)));
   }
   PointRows rows(csv, header, columns);
-  while (rows.readRow()) {
+  for (std::size_t row = 1; rows.readRow(); ++row) {
+    if (row % rowsBetweenTelling != 0)
+      continue;
+    checkInterruption();
+    Progress::tell(csv.position(), checked.size());
   }
   content.collections = rows.takeCollections();
   content.groups = rows.groups();
+  if (const auto warning = warningAboutAlikeNames(content.collections); !warning.empty())
+    content.warnings.push_back(name + ": " + warning);
   if (auto warning = rows.warning(); !warning.empty())
     content.warnings.push_back(std::move(warning));
   return content;

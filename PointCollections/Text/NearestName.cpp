@@ -2,6 +2,7 @@
 #include "PointCollections/Text/NearestName.h"
 
 #include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/Spelling.h"
 #include "PointCollections/Text/Utf8.h"
 
 #include <algorithm>
@@ -110,10 +111,20 @@ std::optional<std::string> nearestName(std::string_view word,
   return longer != candidates.end() ? std::optional(*longer) : std::nullopt;
 }
 
+std::optional<std::string> lookalike(std::string_view word,
+                                     const std::vector<std::string>& candidates)
+{
+  const auto found = std::find_if(candidates.begin(), candidates.end(), Lookalikes(word));
+  return found != candidates.end() ? std::optional(*found) : std::nullopt;
+}
+
 std::string suggestion(std::string_view word,
                        const std::vector<std::string>& candidates,
                        std::string_view otherwise)
 {
+  if (const auto same = lookalike(word, candidates))
+    return "; did you mean " + spelledApart(*same, word) +
+           ", which looks the same but is written differently?";
   const auto nearest = nearestName(word, candidates);
   return "; " + (nearest ? "did you mean " + asTyped(*nearest) + '?' : std::string(otherwise));
 }

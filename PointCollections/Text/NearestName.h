@@ -18,7 +18,12 @@ namespace Tarvik::PointCollections {
 std::optional<std::string> nearestName(std::string_view word,
                                        const std::vector<std::string>& candidates);
 
-/// "; did you mean Europe?", or "; " and `otherwise` if no candidate is close.
+/// The first candidate that is not the word, but looks the same: see Lookalikes.
+std::optional<std::string> lookalike(std::string_view word,
+                                     const std::vector<std::string>& candidates);
+
+/// "; did you mean Europe?", with a remark if the candidate looks the same as the word, or "; " and
+/// `otherwise` if no candidate is close.
 std::string suggestion(std::string_view word,
                        const std::vector<std::string>& candidates,
                        std::string_view otherwise);

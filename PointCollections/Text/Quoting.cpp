@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Text/Quoting.h"
 
+#include "PointCollections/Text/Spelling.h"
 #include "PointCollections/Text/Utf8.h"
 
 #include <fmt/format.h>
@@ -12,12 +13,10 @@ namespace {
 
 constexpr std::size_t longestMention = 60;
 
-bool isControl(std::string_view character)
+/// U+0080 to U+009F are controls, too: terminals obey them.
+bool isControl(char32_t character)
 {
-  const auto first = static_cast<unsigned char>(character[0]);
-  if (character.size() == 2) // U+0080 to U+009F: terminals obey them too
-    return first == 0xC2 && static_cast<unsigned char>(character[1]) < 0xA0;
-  return character.size() == 1 && (first < 0x20 || first == 0x7F);
+  return character < 0x20 || (character >= 0x7F && character < 0xA0);
 }
 
 std::string escapedByte(char byte)
@@ -34,6 +33,24 @@ std::string escapedByte(char byte)
   }
 }
 
+std::string escapedBytes(std::string_view bytes)
+{
+  std::string result;
+  for (const char byte : bytes)
+    result += escapedByte(byte);
+  return result;
+}
+
+/// A character that is not ASCII, or a byte that is not UTF-8.
+std::string escapedCharacter(std::string_view character, bool isValid)
+{
+  const auto code = Utf8::decode(character).front();
+  if (!isValid || isControl(code))
+    return escapedBytes(character);
+  return isInvisible(code) ? fmt::format("\\u{{{:X}}}", static_cast<unsigned>(code))
+                           : std::string(character);
+}
+
 /// Escapes what is not safe to print and, with a backslash, the special characters.
 std::string escaped(std::string_view text, std::string_view specials)
 {
@@ -42,13 +59,15 @@ std::string escaped(std::string_view text, std::string_view specials)
   while (!text.empty()) {
     const std::size_t length = Utf8::characterLength(text);
     const auto character = text.substr(0, std::max<std::size_t>(1, length));
-    if (length == 0 || isControl(character)) {
-      for (const char byte : character)
-        result += escapedByte(byte);
+    const char first = character[0];
+    if (length != 1) {
+      result += escapedCharacter(character, length > 0);
+    } else if (isControl(static_cast<unsigned char>(first))) {
+      result += escapedByte(first);
     } else {
-      if (specials.find(character[0]) != std::string_view::npos)
+      if (specials.find(first) != std::string_view::npos)
         result += '\\';
-      result += character;
+      result += first;
     }
     text.remove_prefix(character.size());
   }
@@ -68,6 +87,13 @@ std::string printable(std::string_view text)
   if (std::all_of(text.begin(), text.end(), [](char c) { return c >= ' ' && c < '\x7F'; }))
     return std::string(text); // as most names are
   return escaped(text, "");
+}
+
+std::string listedName(std::string_view name)
+{
+  const bool isPlain = !name.empty() && name[0] != '"' &&
+                       name.find('\\') == std::string_view::npos && printable(name) == name;
+  return isPlain ? std::string(name) : inQuotes(name);
 }
 
 std::string inQuotes(std::string_view name)

@@ -10,8 +10,14 @@
 namespace Tarvik::PointCollections {
 
 /// The text with control characters and bytes that are not UTF-8 written as \n, \r, \t or \x and
-/// two hexadecimal digits. Everything else stays, even backslashes.
+/// two hexadecimal digits, and other characters that isInvisible() knows as \u{200B}. Everything
+/// else stays, even backslashes.
 std::string printable(std::string_view text);
+
+/// The name of an element, group or document in a list: as it is if possible, even with blanks.
+/// Otherwise, or if it has a backslash or starts with a quote, as inQuotes(): so a line break and
+/// the characters \n are not the same.
+std::string listedName(std::string_view name);
 
 /// The name as it is typed in a command: plain if possible, otherwise in double quotes with
 /// backslash escapes.

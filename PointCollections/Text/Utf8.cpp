@@ -91,6 +91,12 @@ std::size_t findInvalid(std::string_view text)
   return std::string_view::npos;
 }
 
+bool isAscii(std::string_view text)
+{
+  return std::all_of(text.begin(), text.end(),
+                     [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
 std::size_t countCharacters(std::string_view text)
 {
   std::size_t count = 0;
@@ -109,6 +115,20 @@ std::u32string decode(std::string_view text)
     text.remove_prefix(std::max<std::size_t>(1, length));
   }
   return result;
+}
+
+std::string encode(char32_t character)
+{
+  if (character < 0x80)
+    return {static_cast<char>(character)};
+  const auto continuation = [](char32_t bits) { return static_cast<char>(0x80U | (bits & 0x3FU)); };
+  if (character < 0x800)
+    return {static_cast<char>(0xC0U | character >> 6U), continuation(character)};
+  if (character < 0x10000)
+    return {static_cast<char>(0xE0U | character >> 12U), continuation(character >> 6U),
+            continuation(character)};
+  return {static_cast<char>(0xF0U | character >> 18U), continuation(character >> 12U),
+          continuation(character >> 6U), continuation(character)};
 }
 
 std::string_view prefix(std::string_view text, std::size_t count)

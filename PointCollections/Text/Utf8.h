@@ -17,11 +17,17 @@ std::size_t characterLength(std::string_view text);
 /// The index of the first byte that is not part of a character; `npos` if there is none.
 std::size_t findInvalid(std::string_view text);
 
+/// Whether all characters are below U+0080.
+bool isAscii(std::string_view text);
+
 /// How many characters the text has; each invalid byte counts as one.
 std::size_t countCharacters(std::string_view text);
 
 /// The characters as numbers; each invalid byte becomes U+FFFD.
 std::u32string decode(std::string_view text);
+
+/// A character, which is not a surrogate and not above U+10FFFF, as text.
+std::string encode(char32_t character);
 
 /// The first `count` characters, or all if there are fewer.
 std::string_view prefix(std::string_view text, std::size_t count);

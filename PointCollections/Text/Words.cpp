@@ -116,7 +116,7 @@ private:
     const std::size_t opening = m_at++;
     std::string text;
     while (m_at < m_line.size() && m_line[m_at] != '"')
-      text += m_line[m_at] == '\\' ? readEscape(opening) : m_line[m_at++];
+      text += m_line[m_at] == '\\' ? readEscape(opening) : std::string(1, m_line[m_at++]);
     if (m_openQuote || isAtEnd()) {
       m_openQuote = opening;
       return text;
@@ -127,25 +127,34 @@ private:
     return text;
   }
 
-  char readEscape(std::size_t opening)
+  std::string readEscape(std::size_t opening)
   {
     const auto rest = m_line.substr(m_at);
-    if (rest.size() < 2 || (rest[1] == 'x' && rest.size() < 4)) {
+    const auto isUnfinished = [&] {
+      if (rest.size() < 2 || (rest[1] == 'x' && rest.size() < 4))
+        return true;
+      return rest[1] == 'u' && (rest.size() == 2 || rest[2] == '{') &&
+             rest.find_first_not_of("0123456789abcdefABCDEF", 3) == npos;
+    };
+    if (isUnfinished()) {
       m_openQuote = opening;
       m_at = m_line.size();
-      return '\\';
+      return "\\";
     }
     if (rest[1] == 'x')
-      return readHexadecimal(rest);
+      return {readByte(rest)};
+    if (rest[1] == 'u')
+      return readCharacter(rest);
     constexpr std::string_view codes = "\"\\nrt";
     const std::size_t code = codes.find(rest[1]);
     if (code == npos)
-      fail(m_at, R"(an unknown escape; there are \", \\, \n, \r, \t and \x with two digits)");
+      fail(m_at,
+           R"(an unknown escape; there are \", \\, \n, \r, \t, \x with two digits and \u{...})");
     m_at += 2;
-    return "\"\\\n\r\t"[code];
+    return {"\"\\\n\r\t"[code]};
   }
 
-  char readHexadecimal(std::string_view rest)
+  char readByte(std::string_view rest)
   {
     unsigned value = 0;
     const char* end = rest.data() + 4;
@@ -153,6 +162,22 @@ private:
       fail(m_at, R"(\x needs two hexadecimal digits, such as \x1B)");
     m_at += 4;
     return static_cast<char>(value);
+  }
+
+  std::string readCharacter(std::string_view rest)
+  {
+    constexpr std::size_t mostDigits = 6;
+    constexpr std::size_t start = 3;
+    const auto digits = rest.substr(0, rest.find('}'));
+    unsigned value = 0;
+    const char* end = digits.data() + digits.size();
+    const bool isNumber = digits.size() > start && digits.size() <= start + mostDigits &&
+                          rest[2] == '{' && digits.size() < rest.size() &&
+                          std::from_chars(digits.data() + start, end, value, 16).ptr == end;
+    if (!isNumber || value > 0x10FFFF || (value >= 0xD800 && value <= 0xDFFF))
+      fail(m_at, R"(\u needs the number of a character in braces, such as \u{200B})");
+    m_at += digits.size() + 1;
+    return Utf8::encode(value);
   }
 
   std::string_view m_line;

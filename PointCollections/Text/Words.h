@@ -14,6 +14,7 @@
 ///     quoted  = `"` *(any character but `"` and `\` / escape) `"`
 ///     mixed   = plain and quoted parts without blanks between them
 ///     escape  = `\"` / `\\` / `\n` / `\r` / `\t` / `\x` two hexadecimal digits
+///             / `\u{` one to six hexadecimal digits `}`
 ///
 /// A mixed word has one of the special characters `*`, `?`, `:` and `@` outside its quotes.
 /// Anywhere else, a quote inside a word is a mistake.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "PointCollections/Console/Terminal/ProgressLine.h"
 #include "PointCollections/Console/Text/Style.h"
 #include "PointCollections/Editor/Editor.h"
 #include "PointCollections/Selection/Selection.h"
@@ -32,6 +33,9 @@ struct Session {
 
   /// How many columns the terminal has that shows the answers. Empty if there is no terminal.
   std::function<std::size_t()> columns = {};
+
+  /// Shows that a command goes on, if there is a terminal.
+  ProgressLine* progress = nullptr;
 
   /// What the user is to be told after a command; an empty text if nothing. May be empty.
   std::function<std::string()> takeNotice = {};

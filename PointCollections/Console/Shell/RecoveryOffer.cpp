@@ -25,7 +25,7 @@ std::string answerTo(const Question& ask)
 
 void tell(const Session& session, Transcript& transcript, const std::string& text)
 {
-  transcript.result(session.columns ? wrapped(text, session.columns()) : text);
+  transcript.dialogue(session.columns ? wrapped(text, session.columns()) : text);
 }
 
 void tellMistakes(Transcript& transcript, const FoundWork& found)

@@ -45,6 +45,13 @@ bool runAndReport(Transcript& transcript, const std::string& where, Action&& act
   return false;
 }
 
+/// Runs a line, and shows on the terminal if that takes long.
+std::string runShown(Session& session, const std::string& line)
+{
+  const ShownWork work(session.progress, line);
+  return runLine(session, line);
+}
+
 void runScriptLine(Session& session, Transcript& transcript, const std::string& line)
 {
   switch (kindOf(line)) {
@@ -58,7 +65,7 @@ void runScriptLine(Session& session, Transcript& transcript, const std::string& 
     return;
   case LineKind::Command:
     transcript.command(line);
-    transcript.result(runLine(session, line));
+    transcript.result(runShown(session, line));
   }
 }
 
@@ -68,6 +75,7 @@ public:
   QuestionsToUser(Session& session, const Question& ask) : m_session(session)
   {
     session.confirmDiscarding = [ask](Session& asking) {
+      const HiddenWork whileAsking(asking.progress);
       return confirmDiscardingChanges(asking, ask);
     };
   }
@@ -83,7 +91,7 @@ private:
 /// @return whether somebody has answered
 bool leaveAtEndOfInput(Session& session, Transcript& transcript)
 {
-  transcript.result("(end of input)");
+  transcript.dialogue("(end of input)");
   const auto confirmation = session.confirmDiscarding(session);
   session.isOver = confirmation != Confirmation::Refused;
   if (confirmation == Confirmation::Missing)
@@ -156,7 +164,7 @@ bool runInteractively(Session& session, Transcript& transcript, LineReader& read
       const auto line = reader.readLine(session.editor.hasUnsavedChanges() ? "*> " : "> ");
       const Interruptible untilAnswered;
       if (line)
-        transcript.result(runLine(session, *line));
+        transcript.result(runShown(session, *line));
       else
         isAnswered = leaveAtEndOfInput(session, transcript);
     };

@@ -26,7 +26,7 @@ void print(std::ostream& output, std::string_view text, const Style& style)
 }
 
 Transcript::Transcript(std::ostream& output, std::ostream& errors, Detail detail, Style style)
-    : m_output(output), m_errors(errors), m_detail(detail), m_style(style)
+    : m_output(output), m_errors(errors), m_dialogue(&output), m_detail(detail), m_style(style)
 {}
 
 void Transcript::comment(std::string_view text)
@@ -51,7 +51,7 @@ void Transcript::command(std::string_view line)
     return;
   startBlock();
   endParagraph();
-  m_output << m_style.strong("> " + printable(abbreviated(line, longestEcho))) << '\n';
+  m_output << m_style.strong("> " + printable(abbreviated(line, longestEcho))) << std::endl;
 }
 
 void Transcript::result(std::string_view text)
@@ -61,6 +61,14 @@ void Transcript::result(std::string_view text)
     print(m_output, text, m_style);
   m_isEmpty = m_isEmpty && text.empty();
   m_output.flush();
+}
+
+void Transcript::dialogue(std::string_view text)
+{
+  if (m_dialogue == &m_output)
+    result(text);
+  else
+    *m_dialogue << text << std::endl;
 }
 
 void Transcript::error(const std::string& where, std::string_view message, std::string_view detail)

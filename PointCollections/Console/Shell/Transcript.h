@@ -45,6 +45,13 @@ public:
   /// Interruptible.
   void result(std::string_view text);
 
+  /// Sends what dialogue() prints to another stream, which must outlive the transcript.
+  void setDialogue(std::ostream& stream) { m_dialogue = &stream; }
+
+  /// Prints a part of a conversation with the user: it belongs on the terminal even if the results
+  /// go into a file.
+  void dialogue(std::string_view text);
+
   /// Prints a mistake. Does so even when there is no memory left, but then without the place.
   /// @param where   the place, such as "cities.pcs:3"
   /// @param detail  printed after the message
@@ -60,6 +67,7 @@ private:
 
   std::ostream& m_output;
   std::ostream& m_errors;
+  std::ostream* m_dialogue;
   Detail m_detail;
   Style m_style;
   Viewer m_viewer;

@@ -3,6 +3,7 @@
 
 #include "PointCollections/Text/Interruption.h"
 
+#include <poll.h>
 #include <sys/ioctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -11,6 +12,8 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
+#include <iostream>
 
 namespace Tarvik::PointCollections {
 
@@ -27,6 +30,28 @@ bool isOutputTerminal()
 bool isErrorTerminal()
 {
   return isatty(STDERR_FILENO) != 0;
+}
+
+std::ostream& terminalOutput()
+{
+  if (isOutputTerminal())
+    return std::cout;
+  if (isErrorTerminal())
+    return std::cerr;
+  static std::ofstream terminal("/dev/tty"); // without a terminal, what is written to it is lost
+  return terminal;
+}
+
+bool isOutputAbandoned()
+{
+  pollfd output = {STDOUT_FILENO, POLLOUT, 0};
+  return poll(&output, 1, 0) == 1 && (output.revents & (POLLERR | POLLHUP)) != 0;
+}
+
+void endAsAbandoned()
+{
+  std::signal(SIGPIPE, SIG_DFL);
+  std::raise(SIGPIPE);
 }
 
 void prepareTerminal()

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -17,6 +18,17 @@ bool isOutputTerminal();
 
 /// Whether standard error is a terminal.
 bool isErrorTerminal();
+
+/// Where prompts and questions go: standard output if it is a terminal, otherwise standard error if
+/// it is one, otherwise the terminal itself. Never into a file.
+std::ostream& terminalOutput();
+
+/// Whether standard output is a pipe that nobody reads any more, as after `| head`.
+bool isOutputAbandoned();
+
+/// Ends the program as a pipe that nobody reads ends others: by the signal SIGPIPE. Returns on
+/// Windows, which has no such signal.
+void endAsAbandoned();
 
 /// Switches the terminal to UTF-8 and colours, and the standard streams to binary, if they are not
 /// already. A closed pipe at the output no longer ends the program. Call this before anything is

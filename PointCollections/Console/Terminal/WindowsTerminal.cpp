@@ -12,6 +12,8 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
+#include <iostream>
 #include <memory>
 #include <new>
 
@@ -62,6 +64,25 @@ bool isErrorTerminal()
 {
   return isConsole(STD_ERROR_HANDLE);
 }
+
+std::ostream& terminalOutput()
+{
+  if (isOutputTerminal())
+    return std::cout;
+  if (isErrorTerminal())
+    return std::cerr;
+  static std::ofstream console("CONOUT$",
+                               std::ios::binary); // without a console, nothing is written
+  return console;
+}
+
+/// A pipe can hardly fail for another reason.
+bool isOutputAbandoned()
+{
+  return !std::cout && GetFileType(GetStdHandle(STD_OUTPUT_HANDLE)) == FILE_TYPE_PIPE;
+}
+
+void endAsAbandoned() {}
 
 void prepareTerminal()
 {

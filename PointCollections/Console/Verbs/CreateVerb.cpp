@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "HighLevelServices/GroupCommands/CreateTKGroupCmd.h"
+#include "PointCollections/Console/Verbs/AlikeGroups.h"
 #include "PointCollections/Console/Verbs/EachVerb.h"
 #include "PointCollections/Console/Verbs/Movement.h"
 #include "PointCollections/Console/Verbs/Subject.h"
@@ -28,9 +29,10 @@ std::string create(Session& session, const Arguments& arguments)
 
   const std::string& given = document.getGroups().back().getName();
   const bool isOther = given != wanted && !wanted.empty();
-  return fmt::format("Created {} with {}{}{}.", displayName(given),
+  return fmt::format("Created {} with {}{}{}{}.", displayName(given),
                      pluralize(elements.size(), "element"), movement,
-                     isOther ? "; the name " + displayName(wanted) + " was taken" : std::string());
+                     isOther ? "; the name " + displayName(wanted) + " was taken" : std::string(),
+                     remarkOnAlikeGroup(document, given));
 }
 
 }

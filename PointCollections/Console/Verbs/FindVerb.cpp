@@ -64,14 +64,14 @@ std::string drawn(const Session& session, const Finds& finds, const std::string&
   for (const auto index : finds.groups) {
     const auto& group = document.getGroups()[index];
     tree.branches.push_back(
-        {fmt::format("{} ({}): group @{}", session.style.strong(printable(group.getName())),
+        {fmt::format("{} ({}): group @{}", session.style.strong(listedName(group.getName())),
                      group.getGroupMembers().size(), index + 1)});
   }
   tree.branches.reserve(finds.groups.size() + finds.elements.size());
   const Whereabouts whereabouts(document);
   for (const auto& element : finds.elements) {
     const auto& collection = *document.find(element);
-    tree.branches.push_back({fmt::format("{}: {}", printable(collection.name),
+    tree.branches.push_back({fmt::format("{}: {}", listedName(collection.name),
                                          fmt::join(whereabouts.of(collection), ", "))});
   }
   auto drawing = drawTree(tree);

@@ -49,12 +49,11 @@ Verb openVerb()
   return {.name = "open",
           .usage = "open FILE [--discard]",
           .summary = "replace the document with another one",
-           .details =
-               "If the name of FILE ends in .tkpc, it is a project, otherwise a text file with "
-               "points. It has the columns collection, x, y and z in any order, and may have group "
-               "and place, with commas, semicolons or tabs between. Other columns are not read. The "
-               "history starts anew. If there are unsaved changes, you are asked; a script stops "
-               "unless --discard is given.",
+          .details = "If the name of FILE ends in .tkpc, it is a project, otherwise a text file "
+                     "with points. It has the columns collection, x, y and z in any order, and may "
+                     "have group and place, with commas, semicolons or tabs between. Other columns "
+                     "are not read. The history starts anew. If there are unsaved changes, you are "
+                     "asked; a script stops unless --discard is given.",
           .example = "open continents.tkpc",
           .parameters = {{"FILE", ArgumentKind::File}},
           .options = {{"--discard", std::nullopt}},

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "HighLevelServices/GroupCommands/RenameTKGroupCmd.h"
+#include "PointCollections/Console/Verbs/AlikeGroups.h"
 #include "PointCollections/Console/Verbs/EachVerb.h"
 #include "PointCollections/Selection/Lookup.h"
 #include "PointCollections/Text/Quoting.h"
@@ -42,7 +43,8 @@ std::string renameGroup(Session& session, const Arguments& arguments)
              return std::make_shared<RenameTKGroupCmd<GUIdentifier>>(provider, id, newName);
            },
        .subject = [&] { return displayName(oldName) + " → " + displayName(newName); }});
-  return fmt::format("Renamed {} to {}.", displayName(oldName), displayName(newName));
+  return fmt::format("Renamed {} to {}{}.", displayName(oldName), displayName(newName),
+                     remarkOnAlikeGroup(document, newName));
 }
 
 }

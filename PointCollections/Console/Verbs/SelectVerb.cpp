@@ -41,6 +41,7 @@ Verb selectVerb()
           .details =
               "Where a command takes ELEMENT, each word can be\n"
               "  Berlin \"Isle of Man\"   names; in quotes if they have blanks\n"
+              "  \"a\\nb\" \"a\\u{200B}\"     in quotes: a line break, a character by its number\n"
               "  B* \"New \"* ?er*        all names that match; ? is one character\n"
               "  Europe:*  @2:*         all members of a group, by its name or its place\n"
               "  Europe:B*  A*:*        those that match; those of all groups that match\n"

@@ -27,7 +27,7 @@ std::string elementLabel(const PointDocument& document, const GUIdentifier& id)
   if (collection == nullptr)
     return "(an element that is not in this document)";
   const std::size_t points = collection->points.size();
-  return printable(collection->name) + (points == 1 ? "" : ", " + pluralize(points, "point"));
+  return listedName(collection->name) + (points == 1 ? "" : ", " + pluralize(points, "point"));
 }
 
 /// How elements are listed.
@@ -56,7 +56,7 @@ Tree section(const Session& session,
 
 std::string nameInTree(const Session& session, const std::string& name)
 {
-  return session.style.strong(name.empty() ? "\"\"" : printable(name));
+  return session.style.strong(listedName(name));
 }
 
 Tree groupSection(const Session& session, const TKGroup<GUIdentifier>& group, Listing listing)
@@ -72,7 +72,7 @@ Tree ungroupedSection(const Session& session, Listing listing)
 std::string titleLine(const Session& session)
 {
   auto& document = *session.editor.document();
-  return fmt::format("{}: {} in {}", session.style.strong(printable(session.editor.title())),
+  return fmt::format("{}: {} in {}", session.style.strong(listedName(session.editor.title())),
                      pluralize(document.order().size(), "element"),
                      pluralize(document.getGroups().size(), "group"));
 }

@@ -23,7 +23,7 @@ Tree treeOf(const Session& session,
             const Whereabouts& whereabouts,
             std::size_t mostPoints)
 {
-  Tree tree = {session.style.strong(printable(collection.name))};
+  Tree tree = {session.style.strong(listedName(collection.name))};
   auto places = whereabouts.of(collection);
   const auto shown = std::min(mostPoints, collection.points.size());
   tree.branches.reserve(places.size() + shown + 1);

@@ -7,6 +7,7 @@
 #include "PointCollections/Files/Files.h"
 #include "PointCollections/Support/Documents.h"
 #include "PointCollections/Support/Files.h"
+#include "PointCollections/Text/Interruption.h"
 #include "Support/Allocations.h"
 
 #include <gmock/gmock.h>
@@ -24,6 +25,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <cstdint>
 #include <fstream>
@@ -473,6 +475,20 @@ TEST_F(PosixFiles, AreReadOnceIfTheyArePipes)
   EXPECT_EQ(opened.file, "");
   EXPECT_TRUE(m_files->isReadOnce(pipe));
   EXPECT_FALSE(m_files->isReadOnce(m_folder.write("file.csv", "")));
+}
+
+TEST_F(PosixFiles, AreNotWaitedForWhenTheUserStopsThat)
+{
+  const auto pipe = m_folder.path() / "pipe.csv";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  const Interruptible work;
+  std::thread user([] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(150));
+    Interruptible::request();
+  });
+
+  EXPECT_THROW(m_files->readText(pipe), Interrupted);
+  user.join();
 }
 
 TEST_F(PosixFiles, AreNotReadWhenNoArchiveIsThatLarge)

@@ -3,6 +3,7 @@
 
 #include "PointCollections/Support/Documents.h"
 #include "PointCollections/Support/Files.h"
+#include "PointCollections/Text/Interruption.h"
 
 #include <gmock/gmock.h>
 
@@ -133,6 +134,19 @@ TEST(PointFile, QuotesOnlyTheStartOfALongField)
                 "…\", which is not a number; expected e.g. 12.5");
 }
 
+TEST(PointFile, WarnsOfNamesThatLookTheSame)
+{
+  EXPECT_THAT(
+      contentOfRows("Zürich,1,2,3\nZu\u0308rich,1,2,3\n").warnings,
+      ElementsAre("cities.csv: the names \"Z\\u{FC}rich\" and \"Zu\\u{308}rich\" look the same, "
+                  "but are written differently; they are two elements"));
+  EXPECT_THAT(
+      contentOfRows("a\u200B,1,2,3\na,1,2,3\nb,1,2,3\nb\u200B,1,2,3\n").warnings,
+      ElementsAre("cities.csv: the names \"a\" and \"a\\u{200B}\" look the same, but are "
+                  "written differently; they are two elements; the same goes for 1 more pair"));
+  EXPECT_THAT(contentOfRows("ä,1,2,3\nä,1,2,3\na,1,2,3\n").warnings, IsEmpty());
+}
+
 TEST(PointFile, RefusesARowWithTooFewOrTooManyFields)
 {
   EXPECT_EQ(mistakeInRows("a,1,2\n"), "cities.csv:2: 3 fields; expected 4 (collection,x,y,z)");
@@ -168,6 +182,17 @@ TEST(PointFile, GivesTheLineOfAMistakeAfterNamesWithLineBreaks)
 {
   EXPECT_EQ(mistakeInRows("\"a\nb\",1,2,3\n\nc,1,2,q\n"),
             "cities.csv:5: z is \"q\", which is not a number; expected e.g. 12.5");
+}
+
+TEST(PointFile, IsReadUntilTheUserStopsIt)
+{
+  std::string rows;
+  for (int i = 0; i < 2000; ++i)
+    rows += "a,1,2,3\n";
+  const Interruptible work;
+  Interruptible::request();
+
+  EXPECT_THROW(contentOfRows(rows), Interrupted);
 }
 
 TEST(PointFile, IsReadFromDisk)

@@ -299,6 +299,18 @@ TEST_F(RecoveryOf, AFileThatIsGoneSaysSo)
                                       "since"));
 }
 
+TEST_F(RecoveryOf, PointsFromAPipeDoesNotMissTheirFile)
+{
+  {
+    EditingProgram program(m_project, m_state);
+    program.editor.replaceDocument(openPoints("collection,x,y,z\na,1,2,3\n", "<stdin>"));
+    program.change("G");
+    program.rest(1min);
+  }
+
+  EXPECT_EQ(find({}).works.at(0).fileSince, FileSince::Same);
+}
+
 TEST_F(RecoveryOf, AnotherDocumentReplacesThatOfTheFirst)
 {
   EditingProgram program(m_project, m_state);

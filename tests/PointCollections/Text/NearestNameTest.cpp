@@ -33,6 +33,17 @@ TEST(NearestName, CountsCharactersRatherThanBytes)
   EXPECT_EQ(nearestName("ü", {"é"}), std::nullopt);
 }
 
+TEST(Suggestion, TellsWhatOnlyLooksTheSame)
+{
+  EXPECT_EQ(suggestion("Zu\u0308rich", cities, "show lists them"),
+            R"(; did you mean "Z\u{FC}rich", which looks the same but is written differently?)");
+  EXPECT_EQ(suggestion("Z\u00FCrich", {"Zurich", "Zu\u0308rich"}, "show lists them"),
+            R"(; did you mean "Zu\u{308}rich", which looks the same but is written differently?)");
+  EXPECT_EQ(suggestion("Rome", {"Rom", "Ro\u200Bme"}, "show lists them"),
+            R"(; did you mean "Ro\u{200B}me", which looks the same but is written differently?)");
+  EXPECT_EQ(suggestion("Rom", cities, "show lists them"), "; did you mean Rome?");
+}
+
 TEST(NearestName, IsTheFirstOfThoseThatAreEquallyClose)
 {
   EXPECT_EQ(nearestName("cat", {"car", "bat"}), "car");

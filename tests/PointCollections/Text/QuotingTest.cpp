@@ -35,6 +35,24 @@ TEST(Quoting, EscapesWhatATerminalWouldObey)
   EXPECT_EQ(printable("\xC2\xA0"), "\xC2\xA0");
 }
 
+TEST(Quoting, EscapesWhatNobodySees)
+{
+  EXPECT_EQ(asTyped("Ber\u200Blin"), R"("Ber\u{200B}lin")");
+  EXPECT_EQ(asTyped("\u202Elin"), R"("\u{202E}lin")");
+  EXPECT_EQ(printable("\uFEFFa\u200Db\u2028\U000E0041"), R"(\u{FEFF}a\u{200D}b\u{2028}\u{E0041})");
+  for (const std::string name : {"Zu\u0308rich", "\u2764\uFE0F", "\u4E2D", "\U0001F600"})
+    EXPECT_EQ(printable(name), name);
+}
+
+TEST(Quoting, ListsNamesAsTheyAreUnlessThatIsAmbiguous)
+{
+  EXPECT_EQ(listedName("Isle of \"Man\""), "Isle of \"Man\"");
+  EXPECT_EQ(listedName("a\nb"), R"("a\nb")");
+  EXPECT_EQ(listedName("a\\nb"), R"("a\\nb")");
+  EXPECT_EQ(listedName("\"a\""), R"("\"a\"")");
+  EXPECT_EQ(listedName(""), "\"\"");
+}
+
 TEST(Quoting, EscapesBytesThatAreNotUtf8)
 {
   EXPECT_EQ(printable("a\xFF\xC3(é"), "a\\xFF\\xC3(é");
@@ -47,8 +65,9 @@ TEST(Quoting, LeavesBackslashesAndQuotesInPrintableText)
 
 TEST(Quoting, CanBeTypedBack)
 {
-  for (const std::string name : {"", "a", "New York", "a\"b", "\\", "\\\"", "a\nb\rc\td", "\x1B",
-                                 "\x7F", "\xC2\x9B", "é ü", "#x", "@2", "--at", " a "})
+  for (const std::string name :
+       {"", "a", "New York", "a\"b", "\\", "\\\"", "a\nb\rc\td", "\x1B", "\x7F", "\xC2\x9B", "é ü",
+        "a\u200Bb", "\u202E", "#x", "@2", "--at", " a "})
     EXPECT_THAT(splitWords(asTyped(name) + ' ' + inQuotes(name)),
                 ElementsAre(Word{name, asTyped(name) != name}, Word{name, true}))
         << name;

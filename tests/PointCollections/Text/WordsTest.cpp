@@ -78,12 +78,25 @@ TEST(Words, KnowWhichOfTheirCharactersAreSpecial)
 
 TEST(Words, RefuseUnknownEscapes)
 {
-  EXPECT_EQ(mistakeInLine(R"("a\q")"),
-            R"(column 3: an unknown escape; there are \", \\, \n, \r, \t and \x with two digits)");
+  EXPECT_EQ(
+      mistakeInLine(R"("a\q")"),
+      R"(column 3: an unknown escape; there are \", \\, \n, \r, \t, \x with two digits and \u{...})");
   EXPECT_EQ(mistakeInLine(R"("\xg0")"),
             R"(column 2: \x needs two hexadecimal digits, such as \x1B)");
   EXPECT_EQ(mistakeInLine(R"("\x1")"),
             R"(column 2: \x needs two hexadecimal digits, such as \x1B)");
+}
+
+TEST(Words, MayHaveCharactersByTheirNumbers)
+{
+  EXPECT_EQ(splitWords(R"("a\u{200b}\u{1F600}\u{61}")").front().text, "a\u200B\U0001F600a");
+  for (const std::string wrong : {R"("\u{}")", R"("\u{D800}")", R"("\u{110000}")", R"("\u200B")",
+                                  R"("\u{0000041}")", R"("\u{4x}")"})
+    EXPECT_EQ(mistakeIn([&] { splitWords(wrong); }),
+              R"(column 2: \u needs the number of a character in braces, such as \u{200B})")
+        << wrong;
+  for (const char* open : {R"("\u)", R"("\u{)", R"("\u{20)"})
+    EXPECT_EQ(mistakeInLine(open), "column 1: this quote is never closed; add a \" after the name");
 }
 
 TEST(Words, RefuseEscapesThatMakeNoText)

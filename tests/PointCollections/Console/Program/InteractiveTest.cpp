@@ -6,6 +6,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <pty.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -14,6 +15,7 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <fstream>
 #include <string>
 #include <thread>
 #include <utility>
@@ -41,6 +43,7 @@ struct Start {
   const char* pager = "cat";         ///< as in PAGER
   const char* option = "--no-color"; ///< of the program
   bool isByHand = false;             ///< by the user, in a shell
+  std::string output = {}; ///< the file that standard output goes to; empty for the terminal
 };
 
 /// The program on a terminal, with a user who types.
@@ -58,6 +61,8 @@ public:
     setenv("PS1", "shell> ", 1);
     setenv("LC_ALL", "C.UTF-8", 1);
     setenv("XDG_STATE_HOME", state.c_str(), 1);
+    if (!start.output.empty())
+      dup2(open(start.output.c_str(), O_WRONLY | O_CREAT, 0600), STDOUT_FILENO);
     if (start.isByHand)
       execl("/bin/sh", "sh", "-i", nullptr);
     else
@@ -222,6 +227,34 @@ protected:
   std::filesystem::path m_state = m_folder.path() / "state";
   Terminal m_terminal;
 };
+
+TEST(ARedirectedOutput, HasResultsButNoPromptsAndQuestions)
+{
+  const TemporaryFolder folder;
+  const auto points = folder.write("points.csv", "collection,x,y,z\na,1,2,3\n").string();
+  const auto output = folder.path() / "output";
+  Terminal terminal(points, folder.path(), {.output = output.string()});
+
+  terminal.typeAndExpect("", "Type help for the commands, quit to leave.", "> ");
+  terminal.typeAndExpect("create G\r", "*> ", "");
+  terminal.typeAndBeAsked("quit\r", "points.csv has unsaved changes.");
+  EXPECT_EQ(terminal.typeAndLeave("discard\r"), 0);
+
+  EXPECT_EQ(contentOf(output), "Opened points.csv: 1 element with 1 point.\n"
+                               "Created G with 0 elements.\n");
+}
+
+TEST_F(InteractiveUser, SeesThatALongCommandGoesOn)
+{
+  const auto pipe = m_folder.path() / "pipe";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  m_terminal.typeAndExpect("create G\r", "Created G");
+  m_terminal.typeAndExpect("open \"" + pipe.string() + "\" --discard\r", "… … ", " s");
+
+  std::ofstream(pipe) << "collection,x,y,z\na,1,2,3\n";
+
+  m_terminal.typeAndExpect("", " \rOpened "); // the line is gone
+}
 
 /// On a terminal that cannot move its cursor.
 class InteractiveUserWithoutEditing : public InteractiveUser {

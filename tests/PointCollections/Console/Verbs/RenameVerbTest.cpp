@@ -32,6 +32,17 @@ TEST_F(Rename, IsOneStep)
   EXPECT_EQ(groupsOf(m_session), "I(b a) H()");
 }
 
+TEST_F(Rename, SaysWhatLooksTheSame)
+{
+  EXPECT_EQ(
+      run(m_session, {"rename G Zürich", "create Zu\u0308rich"}),
+      "Created Zu\u0308rich with 0 elements; the group \"Z\\u{FC}rich\" looks the same, but is "
+      "written differently.");
+  EXPECT_EQ(run(m_session, {"rename H \"Zürich\\u{200B}\""}),
+            "Renamed H to \"Zürich\\u{200B}\"; the group \"Zürich\" looks the same, but is written "
+            "differently.");
+}
+
 TEST_F(Rename, MayChangeTheCaseOrTakeAnElementsName)
 {
   EXPECT_EQ(run(m_session, {"rename G g"}), "Renamed G to g.");

@@ -50,6 +50,21 @@ TEST(Show, CountsPointsUnlessThereIsOne)
                                                 "└─ empty, 0 points");
 }
 
+TEST(Show, TellsALineBreakFromABackslash)
+{
+  auto session = sessionOf({"a\nb", "a\\nb", "\u202Ea", "c d"});
+
+  EXPECT_EQ(run(session, {R"(create "x\ny")", R"(create "x\\ny")", "show"}),
+            "test.csv: 4 elements in 2 groups\n"
+            "├─ \"x\\ny\" (0)\n"
+            "├─ \"x\\\\ny\" (0)\n"
+            "└─ ungrouped (4)\n"
+            "   ├─ \"a\\nb\"\n"
+            "   ├─ \"a\\\\nb\"\n"
+            "   ├─ \"\\u{202E}a\"\n"
+            "   └─ c d");
+}
+
 TEST(Show, AbbreviatesMoreThanTwelveElements)
 {
   auto session = sessionOf({"1", "2", "3", "4", "5", "6", "7", "8", "9", "10", "11", "12", "13"});
@@ -65,7 +80,7 @@ TEST(Show, EscapesNamesThatATerminalWouldObey)
   auto session = sessionOf({"a\nb\x1B[2J"});
 
   EXPECT_EQ(run(session, {R"(create "\x1B" "a\nb\x1B[2J")", "create x", "show @1"}),
-            "\\x1B (1)\n└─ a\\nb\\x1B[2J");
+            "\"\\x1B\" (1)\n└─ \"a\\nb\\x1B[2J\"");
 }
 
 TEST(Show, ShowsMembersThatTheDocumentDoesNotHave)
