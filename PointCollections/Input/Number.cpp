@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Input/Number.h"
 
+#include "PointCollections/Text/DecimalNumber.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -12,7 +14,7 @@ namespace {
 
 using Kind = ParsedNumber::Kind;
 
-/// Removes a plus sign, which people write but std::from_chars refuses.
+/// Removes a plus sign, which people write but readDecimalNumber() refuses.
 std::string_view withoutPlus(std::string_view number)
 {
   const bool hasPlus = number.size() > 1 && number[0] == '+' && number[1] != '-';
@@ -33,7 +35,7 @@ long powerOf(std::string_view exponent)
   return power;
 }
 
-/// Whether a number that is out of range is so because it is close to 0. std::from_chars does not
+/// Whether a number that is out of range is so because it is close to 0. readDecimalNumber() does not
 /// tell, and other functions depend on the user's language.
 bool isCloseToZero(std::string_view number)
 {
@@ -60,7 +62,7 @@ ParsedNumber parseNumber(std::string_view field)
   const auto number = withoutPlus(trimmed(field));
   const char* end = number.data() + number.size();
   double value = 0;
-  const auto [stop, error] = std::from_chars(number.data(), end, value);
+  const auto [stop, error] = readDecimalNumber(number, value);
   if (stop != end || (error != std::errc() && error != std::errc::result_out_of_range))
     return {Kind::NotANumber};
   if (error == std::errc::result_out_of_range)

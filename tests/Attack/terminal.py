@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 """point-collections on a terminal: it goes on after a mistake, and its prompt says when it has answered."""
 
+import fcntl
 import os
 import re
 import select
@@ -27,10 +28,18 @@ class Answer:
         return any(line.startswith("error:") for line in self.text.splitlines())
 
 
-def without_echo(terminal):
+def make_plain(terminal):
+    """Shows what the program writes as it is, and not what is typed."""
     attributes = termios.tcgetattr(terminal)
+    attributes[1] &= ~termios.OPOST
     attributes[3] &= ~termios.ECHO
     termios.tcsetattr(terminal, termios.TCSANOW, attributes)
+
+
+def take_terminal():
+    """Makes standard input the terminal of a new session: prompts are shown there."""
+    os.setsid()
+    fcntl.ioctl(0, termios.TIOCSCTTY, 0)
 
 
 class Terminal:
@@ -38,10 +47,11 @@ class Terminal:
 
     def __init__(self, program, arguments, environment=None, folder=None):
         self.keyboard, inside = os.openpty()
-        without_echo(inside)
+        make_plain(inside)
         self.process = subprocess.Popen(
             [program, *arguments], stdin=inside, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
-            env={**os.environ, "LC_ALL": "C.UTF-8", **(environment or {})}, cwd=folder)
+            env={**os.environ, "LC_ALL": "C.UTF-8", **(environment or {})}, cwd=folder,
+            preexec_fn=take_terminal)
         os.close(inside)
         try:
             self.welcome = self._answer()
@@ -64,16 +74,26 @@ class Terminal:
         return self._answer()
 
     def _answer(self):
-        said = b""
+        output = self.process.stdout.fileno()
+        said = {output: b"", self.keyboard: b""}
         deadline = time.monotonic() + LONGEST_ANSWER_SECONDS
         while True:
-            prompt = PROMPT.search(said)
-            if prompt:
-                return Answer(said[:prompt.start()].decode(errors="replace"), prompt[1] == b"*")
-            ready, _, _ = select.select([self.process.stdout], [], [], max(0, deadline - time.monotonic()))
+            prompt = PROMPT.search(said[self.keyboard])
+            # What was written before the prompt is there by now.
+            ready, _, _ = select.select(list(said), [], [], 0 if prompt else max(0, deadline - time.monotonic()))
+            if prompt and not ready:
+                text = said[output] + said[self.keyboard][:prompt.start()]
+                return Answer(text.decode(errors="replace"), prompt[1] == b"*")
             if not ready:
                 raise Ended("no answer after %d s; so far: %r" % (LONGEST_ANSWER_SECONDS, said))
-            part = os.read(self.process.stdout.fileno(), 65536)
-            if not part:
-                raise Ended("ended with status %d; so far: %r" % (self.process.wait(), said))
-            said += part
+            for source in ready:
+                said[source] += self._read(source, said)
+
+    def _read(self, source, said):
+        try:
+            part = os.read(source, 65536)
+        except OSError:  # from a terminal that nobody has open any more
+            part = b""
+        if not part:
+            raise Ended("ended with status %d; so far: %r" % (self.process.wait(), said))
+        return part

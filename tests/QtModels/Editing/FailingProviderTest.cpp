@@ -43,12 +43,6 @@ public:
     return OrderedProvider<T>::getGroups();
   }
 
-  void setGroups(const std::vector<TKGroup<T>>& groups) override
-  {
-    step();
-    OrderedProvider<T>::setGroups(groups);
-  }
-
   std::string getElementName(const T& element) override
   {
     step();
