@@ -5,7 +5,7 @@
 #include "PointCollections/Desktop/Window/MainWindow.h"
 
 #include <QtCore/QCommandLineParser>
-#include <QtCore/QMetaObject>
+#include <QtCore/QTimer>
 #include <QtGui/QIcon>
 #include <QtWidgets/QApplication>
 
@@ -35,7 +35,7 @@ void begin(MainWindow& window, const QString& file, const QString& picture)
 }
 
 /// @return the exit status
-int run(int argc, char* argv[])
+int run(int argc, char** argv)
 {
   QApplication application(argc, argv);
   QCoreApplication::setOrganizationName(QStringLiteral("TKMService"));
@@ -72,9 +72,12 @@ int run(int argc, char* argv[])
     QCoreApplication::exit(EXIT_SUCCESS);
   });
   // In the event loop, since opening may ask questions.
-  QMetaObject::invokeMethod(
-      &window, [&] { begin(window, parser.positionalArguments().value(0), parser.value(picture)); },
-      Qt::QueuedConnection);
+  QTimer starting;
+  starting.setSingleShot(true);
+  QObject::connect(&starting, &QTimer::timeout, &window, [&] {
+    begin(window, parser.positionalArguments().value(0), parser.value(picture));
+  });
+  starting.start();
   return QApplication::exec();
 }
 

@@ -11,11 +11,6 @@
 namespace Tarvik {
 namespace {
 
-int sizeOf(const std::vector<int>& rows)
-{
-  return static_cast<int>(rows.size());
-}
-
 /// The position of a row among ascending rows, or -1.
 int positionOf(int row, const std::vector<int>& rows)
 {
@@ -255,7 +250,7 @@ int GroupFilterModel::rowCount(const QModelIndex& parent) const
     return sourceModel()->rowCount(sourceParent);
   const bool isElement = sourceParent.isValid() &&
                          (sourceParent.parent().isValid() || !m_rows->isGroup(sourceParent.row()));
-  return isElement ? 0 : sizeOf(m_rows->shownBelow(sourceParent));
+  return isElement ? 0 : static_cast<int>(m_rows->shownBelow(sourceParent).size());
 }
 
 int GroupFilterModel::columnCount(const QModelIndex& parent) const

@@ -45,7 +45,7 @@ constexpr std::array keys = {
     Key{"\\e\\e[C", toWordAfter},   //
 };
 
-void bind(EditLine* line, const std::string& sent, const char* command)
+void bindKey(EditLine* line, const std::string& sent, const char* command)
 {
   el_set(line, EL_BIND, sent.c_str(), command, nullptr);
 }
@@ -55,20 +55,20 @@ void bind(EditLine* line, const std::string& sent, const char* command)
 void bindKeys(EditLine* line)
 {
   for (const auto& [sent, command] : keys)
-    bind(line, sent, command);
+    bindKey(line, sent, command);
   // With Shift (2), Alt (3), Ctrl (5) or several of them: xterm, screen, tmux.
   for (char modifier = '2'; modifier <= '8'; ++modifier) {
     const auto start = std::string("\\e[1;") + modifier;
     const bool hasShiftOnly = modifier == '2';
-    bind(line, start + 'C', hasShiftOnly ? "ed-next-char" : toWordAfter);
-    bind(line, start + 'D', hasShiftOnly ? "ed-prev-char" : toWordBefore);
-    bind(line, start + 'H', toStart);
-    bind(line, start + 'F', toEnd);
-    bind(line, start + 'A', "ed-prev-history");
-    bind(line, start + 'B', "ed-next-history");
-    bind(line, std::string("\\e[3;") + modifier + '~', deleteCharacter);
-    bind(line, std::string("\\e[5;") + modifier + '~', searchBackward);
-    bind(line, std::string("\\e[6;") + modifier + '~', searchForward);
+    bindKey(line, start + 'C', hasShiftOnly ? "ed-next-char" : toWordAfter);
+    bindKey(line, start + 'D', hasShiftOnly ? "ed-prev-char" : toWordBefore);
+    bindKey(line, start + 'H', toStart);
+    bindKey(line, start + 'F', toEnd);
+    bindKey(line, start + 'A', "ed-prev-history");
+    bindKey(line, start + 'B', "ed-next-history");
+    bindKey(line, std::string("\\e[3;") + modifier + '~', deleteCharacter);
+    bindKey(line, std::string("\\e[5;") + modifier + '~', searchBackward);
+    bindKey(line, std::string("\\e[6;") + modifier + '~', searchForward);
   }
   // Its prompt takes every key as text, even Ctrl-C.
   for (const auto* const key : {"\\ex", "\\eX"})
