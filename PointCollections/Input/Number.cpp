@@ -35,8 +35,8 @@ long powerOf(std::string_view exponent)
   return power;
 }
 
-/// Whether a number that is out of range is so because it is close to 0. readDecimalNumber() does not
-/// tell, and other functions depend on the user's language.
+/// Whether a number that is out of range is so because it is close to 0. readDecimalNumber() does
+/// not tell, and other functions depend on the user's language.
 bool isCloseToZero(std::string_view number)
 {
   const auto mantissa = number.substr(0, number.find_first_of("eE"));
