@@ -51,8 +51,8 @@ std::string namesOfGroups(const TKGroupProvider<T>& provider,
   return GroupSubjects::groups(names);
 }
 
-/// Makes a group of the elements.
-/// @param groupId  receives the id of the group when the request has been executed
+/// Makes a group of the elements. Its id is put where groupId points when the request has been
+/// executed.
 template <class T>
 GroupRequest<T> creation(const std::shared_ptr<TKGroupProvider<T>>& provider,
                          const std::vector<T>& members,
@@ -75,8 +75,7 @@ GroupRequest<T> creation(const std::shared_ptr<TKGroupProvider<T>>& provider,
               }};
 }
 
-/// Moves the elements into a group.
-/// @param index  of the member before which they go; -1: to the end
+/// Moves the elements into a group, before the member with the index; -1 means to the end.
 template <class T>
 GroupRequest<T> addition(TKGroupProvider<T>& provider,
                          const std::vector<T>& elements,
