@@ -114,16 +114,17 @@ TEST_F(Program, RefusesToReadTwoThingsFromStandardInput)
 
 TEST_F(Program, WarnsOfWhatItDoesNotRead)
 {
+  const std::string columns = ":1: the file has columns that are not read: land";
+  const std::string tooSmall =
+      ":2: y is \"1e-400\", which is too close to 0 for this program; it is read as 0";
   const auto table = write("table.csv", "collection\tx\ty\tz\tland\na\t1\t1e-400\t3\tD\n");
-  const auto told = table + ":1: the file has columns that are not read: land";
-  const auto tooSmall =
-      table + ":2: y is \"1e-400\", which is too close to 0 for this program; it is read as 0";
+  const auto typedTable = typed("table.csv");
 
   EXPECT_EQ(run({table, "--command", "show"}).errors,
-            "warning: " + told + "\nwarning: " + tooSmall + '\n');
-  EXPECT_EQ(run({m_points, "--quiet", "--command", "open \"" + typed("table.csv") + '"'}).output,
-            "Opened table.csv: 1 element with 1 point.\nWarning: " + told +
-                ".\nWarning: " + tooSmall + ".\n");
+            "warning: " + table + columns + "\nwarning: " + table + tooSmall + '\n');
+  EXPECT_EQ(run({m_points, "--quiet", "--command", "open \"" + typedTable + '"'}).output,
+            "Opened table.csv: 1 element with 1 point.\nWarning: " + typedTable + columns +
+                ".\nWarning: " + typedTable + tooSmall + ".\n");
 }
 
 TEST_F(Program, NamesUtf16)
