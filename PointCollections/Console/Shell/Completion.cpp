@@ -5,6 +5,7 @@
 #include "PointCollections/Console/Verbs/AllVerbs.h"
 #include "PointCollections/Project/ProjectFile.h"
 #include "PointCollections/Selection/Lookup.h"
+#include "PointCollections/Selection/SelectedLists.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
 #include "PointCollections/Text/Utf8.h"
@@ -120,6 +121,8 @@ bool areFiles(std::optional<ArgumentKind> kind)
 bool isOfKind(const std::filesystem::path& file, ArgumentKind kind)
 {
   const bool isProject = isProjectName(file);
+  if (kind == ArgumentKind::NameFile)
+    return !isProject;
   const bool hasPoints = file.extension() == ".csv";
   return (isProject && kind != ArgumentKind::PointFile) ||
          (hasPoints && kind != ArgumentKind::ProjectFile);
@@ -182,6 +185,7 @@ Names namesOfKind(Session& session,
   case ArgumentKind::File:
   case ArgumentKind::ProjectFile:
   case ArgumentKind::PointFile:
+  case ArgumentKind::NameFile:
     return fileNames(session.editor.files(), kind, start);
   case ArgumentKind::Text:
   case ArgumentKind::Number:
@@ -259,7 +263,60 @@ Completion completedWith(const Names& matches, const UnfinishedLine& line, Form 
   return result;
 }
 
-Completion completeLine(Session& session, const UnfinishedLine& line)
+bool areElements(std::optional<ArgumentKind> kind)
+{
+  return kind == ArgumentKind::Element || kind == ArgumentKind::Member;
+}
+
+/// The byte after the first colon outside quotes; npos if there is none.
+std::size_t afterColon(std::string_view typed)
+{
+  bool isQuoted = false;
+  for (std::size_t i = 0; i < typed.size(); ++i) {
+    if (isQuoted && typed[i] == '\\')
+      ++i;
+    else if (typed[i] == '"')
+      isQuoted = !isQuoted;
+    else if (typed[i] == ':' && !isQuoted)
+      return i + 1;
+  }
+  return std::string_view::npos;
+}
+
+/// The names of the elements in the lists that a term looks into.
+/// @param lists  as they are typed: "Europe:", "@2:", "A*:" or ":"
+Names namesInLists(PointDocument& document, std::string_view lists)
+{
+  const auto term = termOf(splitWords(std::string(lists) + '*').front());
+  Names names;
+  for (const auto& list : listsOf(document, term)) {
+    for (const auto& element : *list.elements)
+      names.push_back(document.getElementName(element));
+  }
+  return names;
+}
+
+/// Completes a word that selects elements: the file after "@", or the name after the group.
+/// @param word  as it is typed
+/// @param at    where the word is in its line
+Completion completeTerm(Session& session, std::string_view word, std::size_t at)
+{
+  const auto colon = afterColon(word);
+  const bool isInLists = colon != std::string_view::npos;
+  const bool isFile = !isInLists && word.starts_with('@');
+  if (!isInLists && !isFile)
+    return {at + word.size(), {}, {}};
+  const auto begin = isInLists ? colon : 1;
+  auto rest = splitUnfinished(word.substr(begin));
+  rest.lastAt = at + begin;
+  rest.size += at + begin;
+  const auto names =
+      isInLists ? namesInLists(*session.editor.document(), word.substr(0, colon))
+                : fileNames(session.editor.files(), ArgumentKind::NameFile, rest.last.text);
+  return completedWith(startingWith(rest.last.text, names), rest, isFile ? Form::Path : Form::Name);
+}
+
+Completion completeLine(Session& session, const UnfinishedLine& line, std::string_view text)
 {
   const std::string& start = line.last.text;
   if (line.words.empty())
@@ -269,8 +326,11 @@ Completion completeLine(Session& session, const UnfinishedLine& line)
   if (!context.awaited && !line.last.isQuoted && start.starts_with('-')) {
     return completedWith(startingWith(start, optionsExpected(context)), line, Form::Word);
   }
-  const auto form = areFiles(kindExpected(context)) ? Form::Path : Form::Name;
-  return completedWith(startingWith(start, namesExpected(session, context, start)), line, form);
+  const auto kind = kindExpected(context);
+  const auto matches = startingWith(start, namesExpected(session, context, start));
+  if (matches.empty() && areElements(kind))
+    return completeTerm(session, text.substr(line.lastAt), line.lastAt);
+  return completedWith(matches, line, areFiles(kind) ? Form::Path : Form::Name);
 }
 
 }
@@ -278,7 +338,7 @@ Completion completeLine(Session& session, const UnfinishedLine& line)
 Completion complete(Session& session, std::string_view line)
 {
   try {
-    return completeLine(session, splitUnfinished(line));
+    return completeLine(session, splitUnfinished(line), line);
   } catch (const UserError&) {
     return {line.size(), {}, {}}; // the line is already wrong; running it says why
   }
@@ -297,7 +357,7 @@ completeAnswer(Session& session, const std::vector<std::string>& answers, std::s
       return std::find(names.begin(), names.end(), word) != names.end();
     };
     if (isIn(answers) && isIn(verbs))
-      return completeLine(session, unfinished);
+      return completeLine(session, unfinished, line);
   } catch (const UserError&) { // NOLINT(bugprone-empty-catch): the line is already wrong
   }
   return {line.size(), {}, {}};

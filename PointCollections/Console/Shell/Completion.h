@@ -17,6 +17,9 @@ namespace Tarvik::PointCollections {
 /// ignored. Only what the verb accepts there is a candidate: not the groups and elements that the
 /// line already names, nor an option that excludes another one of the line. Files are candidates if
 /// their names end in .tkpc or .csv, as the verb wants it; folders always are.
+///
+/// Where elements are selected, "Europe:" is completed with the members of that group, ":" with the
+/// ungrouped elements, and "@" with files.
 /// @param line  the part before the cursor; may be any bytes
 Completion complete(Session& session, std::string_view line);
 

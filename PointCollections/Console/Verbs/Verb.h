@@ -23,7 +23,8 @@ enum class ArgumentKind {
   Verb,          ///< the name of a verb
   File,          ///< the name of a file that the program can open
   ProjectFile,   ///< the name of a project
-  PointFile      ///< the name of a file of points
+  PointFile,     ///< the name of a file of points
+  NameFile       ///< the name of a file with names of elements
 };
 
 /// How often an argument is given.

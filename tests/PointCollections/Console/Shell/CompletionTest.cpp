@@ -190,6 +190,37 @@ TEST_F(FileCompletion, GoesOnInFolders)
   EXPECT_THAT(candidates("open none/"), IsEmpty());
 }
 
+TEST_F(CompletionOf, AMemberAfterItsGroup)
+{
+  run(m_session, {"add Asia \"New York\" Paris Prague", "add \"North America\" \"New Salem\""});
+
+  EXPECT_EQ(completed("add Europe Asia:Pa"), "add Europe Asia:Paris ");
+  EXPECT_THAT(candidates("add Europe Asia:P"), ElementsAre("Paris", "Prague"));
+  EXPECT_EQ(completed("add Europe Asia:"), "add Europe Asia:");
+  EXPECT_EQ(completed("remove Asia:Ne"), "remove Asia:\"New York\" ");
+  EXPECT_EQ(completed("select \"North America\":"), "select \"North America\":\"New Salem\" ");
+  EXPECT_EQ(completed("select \"North America\":\"New S"),
+            "select \"North America\":\"New Salem\" ");
+  EXPECT_EQ(completed("select @3:Pa"), "select @3:Paris ");
+  EXPECT_THAT(candidates("select *:New"), ElementsAre("\"New Salem\"", "\"New York\""));
+  EXPECT_THAT(candidates("select None:P"), IsEmpty());
+}
+
+TEST_F(CompletionOf, AnUngroupedElementAfterAColon)
+{
+  run(m_session, {"add Asia Paris Prague"});
+
+  EXPECT_EQ(completed("add Europe :Pa"), "add Europe :Paramaribo ");
+}
+
+TEST_F(FileCompletion, NamesWhatCanHoldNames)
+{
+  EXPECT_EQ(completed("create G @n"), "create G @notes.txt ");
+  EXPECT_EQ(completed("create G @ma"), "create G @maps/");
+  EXPECT_EQ(completed("create G @my"), "create G @my");
+  EXPECT_THAT(candidates("create @n"), IsEmpty());
+}
+
 TEST_F(FileCompletion, NamesHiddenFilesWhenAskedTo)
 {
   EXPECT_EQ(completed("open .h"), "open .hidden.tkpc ");
