@@ -107,7 +107,8 @@ void PointsPainter::paintGlobe(QPainter& painter,
 
 void PointsPainter::paint(QPainter& painter, const Camera& camera, const QPalette& palette)
 {
-  draw(camera, palette.color(QPalette::Highlight).rgb(), painter.device()->devicePixelRatioF());
+  // No group has the colour of texts; many have one like that of selected rows.
+  draw(camera, palette.color(QPalette::Text).rgb(), painter.device()->devicePixelRatioF());
   painter.fillRect(QRectF(QPointF(0, 0), camera.viewport()), palette.base());
   paintGlobe(painter, camera, palette, 1);
   painter.setRenderHint(QPainter::Antialiasing, false);

@@ -28,7 +28,7 @@ public:
   /// @param colours  by element; elements beyond the end are not shown
   void setColours(std::vector<QRgb> colours);
 
-  /// While some are selected, these have the colour of selections, and all others are pale.
+  /// While some are selected, these have the colour of texts, and all others are pale.
   void setSelection(Elements elements);
 
   Globe globe() const { return m_cloud.isOnSphere() ? Globe::Yes : Globe::No; }

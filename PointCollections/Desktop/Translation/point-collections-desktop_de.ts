@@ -302,6 +302,14 @@
         <translation>&amp;Alles zeigen</translation>
     </message>
     <message>
+        <source>&amp;Widen groups</source>
+        <translation>Gruppen &amp;breiter</translation>
+    </message>
+    <message>
+        <source>&amp;Narrow groups</source>
+        <translation>Gruppen &amp;schmaler</translation>
+    </message>
+    <message>
         <source>&amp;Panels</source>
         <translation>&amp;Leisten</translation>
     </message>

@@ -18,6 +18,7 @@
 #include <QtWidgets/QSplitter>
 #include <QtWidgets/QStatusBar>
 
+#include <algorithm>
 #include <utility>
 
 namespace Tarvik::PointCollections {
@@ -25,6 +26,7 @@ namespace {
 
 const auto geometryKey = QStringLiteral("window/geometry");
 const auto stateKey = QStringLiteral("window/state");
+const auto splitterKey = QStringLiteral("window/splitter");
 
 /// The first file of what is dragged into the window; empty if there is none.
 QString droppedFile(const QMimeData& data)
@@ -53,6 +55,7 @@ MainWindow::MainWindow(std::shared_ptr<Files> files, std::unique_ptr<Questions> 
   const QSettings settings;
   restoreGeometry(settings.value(geometryKey).toByteArray());
   restoreState(settings.value(stateKey).toByteArray());
+  m_splitter->restoreState(settings.value(splitterKey).toByteArray());
 }
 
 MainWindow::~MainWindow()
@@ -62,12 +65,13 @@ MainWindow::~MainWindow()
 
 void MainWindow::arrange()
 {
-  auto* const splitter = new QSplitter(this);
-  splitter->addWidget(m_groups);
-  splitter->addWidget(m_points);
-  splitter->setStretchFactor(1, 1);
-  splitter->setSizes({300, 620});
-  setCentralWidget(splitter);
+  m_splitter = new QSplitter(this);
+  m_splitter->setChildrenCollapsible(false);
+  m_splitter->addWidget(m_groups);
+  m_splitter->addWidget(m_points);
+  m_splitter->setStretchFactor(1, 1);
+  m_splitter->setSizes({300, 620});
+  setCentralWidget(m_splitter);
   addHistoryPanel();
   statusBar()->addPermanentWidget(m_statistics);
   resize(1200, 760);
@@ -174,6 +178,12 @@ void MainWindow::showSelectionInTree()
   m_groups->selectElements(elements);
 }
 
+void MainWindow::widenGroups(int pixels)
+{
+  const auto sizes = m_splitter->sizes();
+  m_splitter->setSizes({(std::max)(sizes.at(0) + pixels, 1), (std::max)(sizes.at(1) - pixels, 1)});
+}
+
 void MainWindow::prepareForEnd()
 {
   m_workspace.keepUnsavedWork();
@@ -192,6 +202,7 @@ void MainWindow::rememberWindow() const
   QSettings settings;
   settings.setValue(geometryKey, saveGeometry());
   settings.setValue(stateKey, saveState());
+  settings.setValue(splitterKey, m_splitter->saveState());
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)

@@ -14,6 +14,7 @@
 #include <memory>
 
 class QDockWidget;
+class QSplitter;
 
 namespace Tarvik {
 class HistoryView;
@@ -37,6 +38,10 @@ public:
   FileCommands& fileCommands() { return *m_fileCommands; }
   GroupsPanel& groups() { return *m_groups; }
   PointsView& points() { return *m_points; }
+
+  /// Moves the border between the groups and the points.
+  /// @param pixels  negative for narrower groups. Both sides keep their least width
+  void widenGroups(int pixels);
 
   /// The program is about to end, and the user cannot be asked: keeps the unsaved changes for the
   /// next start. Until the user goes on, closing the window asks nothing.
@@ -71,6 +76,7 @@ private:
   GroupsPanel* m_groups;
   PointsView* m_points;
   QLabel* m_statistics;
+  QSplitter* m_splitter = nullptr;
   QDockWidget* m_historyPanel = nullptr;
   HistoryView* m_history = nullptr;
   bool m_isEnding = false;

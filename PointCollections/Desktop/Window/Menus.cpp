@@ -115,6 +115,12 @@ void Menus::addViewMenu()
       menu->addAction({}, QKeySequence(Qt::CTRL | Qt::Key_0), points, &PointsView::resetCamera);
   bar->addAction(all);
   menu->addSeparator();
+  const auto addStep = [&](Qt::Key key, int pixels) {
+    return menu->addAction({}, QKeySequence(Qt::CTRL | Qt::ALT | key), &m_window,
+                           [this, pixels] { m_window.widenGroups(pixels); });
+  };
+  auto* const wider = addStep(Qt::Key_Right, 40);
+  auto* const narrower = addStep(Qt::Key_Left, -40);
   auto* const panels = menu->addMenu(m_window.createPopupMenu());
   m_texts.keep([=] {
     menu->setTitle(tr("&View"));
@@ -122,6 +128,8 @@ void Menus::addViewMenu()
     turn->setText(tr("&Turn points"));
     select->setText(tr("&Select by rectangle"));
     all->setText(tr("Show &all"));
+    wider->setText(tr("&Widen groups"));
+    narrower->setText(tr("&Narrow groups"));
     panels->setText(tr("&Panels"));
   });
 }

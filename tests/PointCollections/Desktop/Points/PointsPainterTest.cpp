@@ -76,7 +76,7 @@ TEST_F(PointsPainterTest, UsesTheColoursOfAnotherPalette)
   paintedOn(1);
 
   palette.setColor(QPalette::Base, QColor(20, 20, 30));
-  palette.setColor(QPalette::Highlight, QColor(250, 180, 20));
+  palette.setColor(QPalette::Text, QColor(250, 180, 20));
   const auto dark = paintedOn(1);
 
   EXPECT_EQ(dark.pixelColor(2, 2), QColor(20, 20, 30));

@@ -168,7 +168,7 @@ TEST_F(PointsViewTest, DrawsElementsInTheirColoursAndTheSelectionInItsOwn)
 
   view.setSelection({2});
 
-  EXPECT_EQ(colourAt(middle), view.palette().color(QPalette::Highlight));
+  EXPECT_EQ(colourAt(middle), view.palette().color(QPalette::Text));
   EXPECT_NE(colourAt(left), QColor(255, 0, 0)) << "others are pale";
 }
 
@@ -178,7 +178,7 @@ TEST_F(PointsViewTest, IsDrawnAgainInTheColoursOfADarkDesktop)
   view.grab();
   auto dark = view.palette();
   dark.setColor(QPalette::Base, QColor(20, 20, 30));
-  dark.setColor(QPalette::Highlight, QColor(250, 180, 20));
+  dark.setColor(QPalette::Text, QColor(250, 180, 20));
 
   view.setPalette(dark);
 

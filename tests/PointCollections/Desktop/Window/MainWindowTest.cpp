@@ -295,6 +295,34 @@ TEST_F(MainWindowTest, ExpandsTheGroupsOfAProjectAsTheyWere)
       << "also without leaving the program";
 }
 
+TEST_F(MainWindowTest, WidensTheGroupsByKeysAndRemembersIt)
+{
+  const auto width = [this] { return window->groups().width(); };
+  const auto widthBefore = width();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+
+  QTest::keyClick(window.get(), Qt::Key_Right, Qt::ControlModifier | Qt::AltModifier);
+  EXPECT_GT(width(), widthBefore);
+  const auto widthAfter = width();
+  QTest::keyClick(window.get(), Qt::Key_Left, Qt::ControlModifier | Qt::AltModifier);
+  EXPECT_EQ(width(), widthBefore);
+  QTest::keyClick(window.get(), Qt::Key_Right, Qt::ControlModifier | Qt::AltModifier);
+  window->close();
+
+  window = windowWith(user);
+  window->show();
+  EXPECT_EQ(width(), widthAfter);
+}
+
+TEST_F(MainWindowTest, KeepsBothSidesHoweverFarTheirBorderIsMoved)
+{
+  window->widenGroups(100'000);
+  EXPECT_GT(window->points().width(), 50);
+
+  window->widenGroups(-100'000);
+  EXPECT_GT(window->groups().width(), 50);
+}
+
 TEST_F(MainWindowTest, KeepsUnsavedWorkWhenTheSystemEndsTheSession)
 {
   user->write = file("saved.tkpc");
