@@ -118,6 +118,7 @@ void writeProjects(const Folder& folder)
   TKGroup<GUIdentifier> group("Europe");
   group.addGroupMember(document->order().front());
   document->setGroups({group, TKGroup<GUIdentifier>("")});
+  document->setExpandedGroups({group.getId()});
   writeProject(folder, "with-groups", *document);
 }
 

@@ -10,6 +10,8 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace Tarvik::PointCollections {
@@ -72,10 +74,16 @@ public:
   /// The element's name; empty if it is unknown.
   std::string getElementName(const GUIdentifier& element) override;
 
+  /// The groups that the user left expanded in a tree, by their ids. A project keeps them, but they
+  /// are no change that could be undone. There may be ids of groups that are gone.
+  const std::unordered_set<Identifier>& expandedGroups() const noexcept { return m_expandedGroups; }
+  void setExpandedGroups(std::unordered_set<Identifier> ids) { m_expandedGroups = std::move(ids); }
+
 private:
   std::vector<PointCollection> m_collections; ///< never changed: the maps point into it
   CollectionsById m_byId = CollectionsById(m_collections);
   std::unordered_map<std::string_view, const PointCollection*> m_byName;
+  std::unordered_set<Identifier> m_expandedGroups;
 };
 
 }

@@ -151,6 +151,8 @@ void save(PersistenceArchiver& archive, const PointProject& project, unsigned in
     checker.check(group, archive.tellp());
     archive << group;
   }
+  for (const auto& group : document.getGroups())
+    archive << std::uint8_t{document.expandedGroups().contains(group.getId())};
 }
 
 std::shared_ptr<PointDocument> loadCollections(PersistenceArchiver& archive)
@@ -180,10 +182,29 @@ std::vector<TKGroup<GUIdentifier>> loadGroups(PersistenceArchiver& archive)
   return groups;
 }
 
-void load(PersistenceArchiver& archive, PointProject& project, unsigned int /*version*/)
+std::unordered_set<Identifier> loadExpandedGroups(PersistenceArchiver& archive,
+                                                  const std::vector<TKGroup<GUIdentifier>>& groups)
 {
+  std::unordered_set<Identifier> ids;
+  for (const auto& group : groups) {
+    const auto position = archive.tellg();
+    std::uint8_t isExpanded = 0;
+    archive >> isExpanded;
+    if (isExpanded > 1)
+      refuse(position, fmt::format("expected 1 for an expanded group, or 0, found {}", isExpanded));
+    if (isExpanded == 1)
+      ids.insert(group.getId());
+  }
+  return ids;
+}
+
+void load(PersistenceArchiver& archive, PointProject& project, unsigned int version)
+{
+  constexpr unsigned int firstWithExpandedGroups = 2;
   auto document = loadCollections(archive);
   document->setGroups(loadGroups(archive));
+  if (version >= firstWithExpandedGroups)
+    document->setExpandedGroups(loadExpandedGroups(archive, document->getGroups()));
   if (!archive.isAtEnd())
     refuse(archive.tellg(), "expected the end of the project, found more; the archive is damaged");
   project.document = std::move(document);
@@ -191,7 +212,7 @@ void load(PersistenceArchiver& archive, PointProject& project, unsigned int /*ve
 
 const BaseClassRegister* registeredProject()
 {
-  constexpr unsigned int version = 1;
+  constexpr unsigned int version = 2;
   constexpr unsigned int leastSize = 8; // two empty lists
   static const auto* const registered =
       registerClass<PointProject, load, save>("PointProject", version, leastSize);

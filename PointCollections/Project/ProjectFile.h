@@ -12,12 +12,15 @@
 #include <vector>
 
 /// Project files (.tkpc): a whole document in an archive, as one object of the class
-/// "PointProject". Version 1 contains
+/// "PointProject". Version 2 contains
 ///
 ///     number of elements, in the document's order
 ///       id, name, number of points
 ///         x, y, z
 ///     the list of groups
+///     for each group, a byte: 1 if the user left it expanded in a tree, else 0
+///
+/// Version 1 ends after the list of groups.
 ///
 /// Ids are valid and unique. Names are UTF-8 without NUL; the names of elements are unique and not
 /// empty. Coordinates are finite.

@@ -8,6 +8,8 @@
 #include <QtCore/QSettings>
 
 #include <algorithm>
+#include <unordered_set>
+#include <utility>
 
 namespace Tarvik::PointCollections::ExpandedGroups {
 namespace {
@@ -53,13 +55,13 @@ void write(const QList<Entry>& entries)
 
 }
 
-QStringList of(const std::filesystem::path& project)
+std::optional<QStringList> of(const std::filesystem::path& project)
 {
   const auto entries = read();
   const auto found = std::find_if(
       entries.begin(), entries.end(),
       [name = absoluteName(project)](const Entry& entry) { return entry.file == name; });
-  return found != entries.end() ? found->groups : QStringList();
+  return found != entries.end() ? std::optional(found->groups) : std::nullopt;
 }
 
 void remember(const std::filesystem::path& project, const QStringList& ids)
@@ -71,6 +73,24 @@ void remember(const std::filesystem::path& project, const QStringList& ids)
   entries.removeIf([&](const Entry& entry) { return entry.file == name; });
   entries.prepend({name, ids});
   write(entries.mid(0, greatestCount));
+}
+
+QStringList in(const PointDocument& document)
+{
+  QStringList ids;
+  for (const auto& id : document.expandedGroups())
+    ids.append(QString::fromStdString(id.toString()));
+  return ids;
+}
+
+void keepIn(PointDocument& document, const QStringList& ids)
+{
+  std::unordered_set<Identifier> groups;
+  for (const auto& text : ids) {
+    if (const auto id = Identifier::fromString(text.toStdString()))
+      groups.insert(*id);
+  }
+  document.setExpandedGroups(std::move(groups));
 }
 
 }

@@ -221,7 +221,7 @@ std::optional<Editor::SaveResult> FileCommands::saveWithProgress(const std::file
 {
   try {
     const auto written = std::make_shared<std::optional<Editor::SaveResult>>();
-    const std::shared_ptr<Saving> saving = m_workspace.editor().beginSave(file, mayOverwrite);
+    const std::shared_ptr<Saving> saving = m_workspace.beginSave(file, mayOverwrite);
     const auto write = [=](Cancellation& cancellation) { *written = saving->write(cancellation); };
     if (!runWithProgress(&m_window, tr("Saving %1 …").arg(nameOf(file.filename())), write) ||
         !*written)

@@ -108,6 +108,9 @@ void MainWindow::connectParts()
 {
   connect(&m_workspace, &Workspace::aboutToReplaceDocument, this,
           &MainWindow::rememberExpandedGroups);
+  connect(&m_workspace, &Workspace::aboutToSave, this, [this] {
+    ExpandedGroups::keepIn(*m_workspace.editor().document(), m_groups->expandedGroups());
+  });
   connect(&m_workspace, &Workspace::documentReplaced, this, &MainWindow::showDocument);
   connect(&m_workspace, &Workspace::titleChanged, this, &MainWindow::showTitle);
   connect(&m_workspace.history(), &History::changed, this, &MainWindow::showChange);
@@ -133,7 +136,8 @@ void MainWindow::showDocument()
   m_points->setMimeDataMaker(
       [this](const auto&) { return m_groups->editor().dragData(m_groups->selectedRows()); });
   m_colours->setListener([this] { m_points->setColours(m_colours->colours()); });
-  m_groups->setExpandedGroups(ExpandedGroups::of(m_workspace.editor().projectFile()));
+  m_groups->setExpandedGroups(ExpandedGroups::of(m_workspace.editor().projectFile())
+                                  .value_or(ExpandedGroups::in(*document)));
   showChange();
 }
 

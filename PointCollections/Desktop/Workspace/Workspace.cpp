@@ -88,9 +88,16 @@ void Workspace::writeRecovery()
 
 Editor::SaveResult Workspace::saveNow(const std::filesystem::path& file, bool mayOverwrite)
 {
+  Q_EMIT aboutToSave();
   auto result = mayOverwrite ? m_editor.save(file) : m_editor.saveIfSafe(file);
   Q_EMIT titleChanged();
   return result;
+}
+
+std::unique_ptr<Saving> Workspace::beginSave(const std::filesystem::path& file, bool mayOverwrite)
+{
+  Q_EMIT aboutToSave();
+  return m_editor.beginSave(file, mayOverwrite);
 }
 
 void Workspace::finishSave(const Saving& saving)

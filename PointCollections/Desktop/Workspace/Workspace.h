@@ -54,6 +54,9 @@ public:
   /// Saves the document at once, see Editor::save() and Editor::saveIfSafe().
   Editor::SaveResult saveNow(const std::filesystem::path& file, bool mayOverwrite);
 
+  /// Takes the content of the document for another thread to save, see Editor::beginSave().
+  std::unique_ptr<Saving> beginSave(const std::filesystem::path& file, bool mayOverwrite);
+
   /// Takes note of what another thread has saved, see Editor::beginSave().
   void finishSave(const Saving& saving);
 
@@ -69,6 +72,9 @@ Q_SIGNALS:
 
   /// There is another document. The old one may already be gone.
   void documentReplaced();
+
+  /// The document will be saved now, with what belongs to it.
+  void aboutToSave();
 
   /// The document has another name.
   void titleChanged();

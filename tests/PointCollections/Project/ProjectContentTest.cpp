@@ -15,6 +15,7 @@ namespace Tarvik::PointCollections {
 namespace {
 
 using ::testing::AllOf;
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
 
@@ -124,8 +125,11 @@ TEST(ProjectContent, HasNoMoreElementsOrPointsThanItHasBytes)
 TEST(ProjectContent, HasGroupsWithValidIdsAndNamesThatAreText)
 {
   const auto mistakeWithGroups = [](const std::vector<Group>& groups) {
-    return mistakeInBytes(
-        projectWith([&](PersistenceArchiver& archive) { archive << 0U << groups; }));
+    return mistakeInBytes(projectWith([&](PersistenceArchiver& archive) {
+      archive << 0U << groups;
+      for (std::size_t i = 0; i < groups.size(); ++i)
+        archive << std::uint8_t{0};
+    }));
   };
   const Group group("a");
 
@@ -135,6 +139,19 @@ TEST(ProjectContent, HasGroupsWithValidIdsAndNamesThatAreText)
                     HasSubstr(group.getId().toString())));
   EXPECT_THAT(mistakeWithGroups({Group("\xC3")}),
               HasSubstr("expected the name of a group in UTF-8 without NUL, found \"\\xC3\""));
+}
+
+TEST(ProjectContent, SaysOfEachGroupWhetherItIsExpanded)
+{
+  const auto mistakeWith = [](std::uint8_t isExpanded) {
+    return mistakeInBytes(projectWith([&](PersistenceArchiver& archive) {
+      archive << 0U << std::vector{Group("a")} << isExpanded;
+    }));
+  };
+
+  EXPECT_EQ(mistakeWith(0), "no mistake");
+  EXPECT_EQ(mistakeWith(1), "no mistake");
+  EXPECT_THAT(mistakeWith(2), EndsWith("expected 1 for an expanded group, or 0, found 2"));
 }
 
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Project/ProjectFile.h"
 
+#include "PointCollections/Editor/Editor.h"
 #include "PointCollections/Support/Projects.h"
 
 #include <gmock/gmock.h>
@@ -13,6 +14,7 @@ namespace {
 using ::testing::AllOf;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
+using ::testing::UnorderedElementsAre;
 
 TEST(ProjectFile, KeepsEverything)
 {
@@ -48,6 +50,36 @@ TEST(ProjectFile, KeepsManyElements)
   const auto document = PointDocument::create(collections);
 
   EXPECT_EQ(everythingKept(*document), everythingIn(*document));
+}
+
+TEST(ProjectFile, ForgetsThatGroupsWereExpandedThatAreGone)
+{
+  const auto document = smallDocument();
+  document->setExpandedGroups({Identifier(), document->getGroups()[1].getId()});
+
+  const auto loaded = load(saveProject(*document));
+
+  EXPECT_THAT(loaded->expandedGroups(), UnorderedElementsAre(document->getGroups()[1].getId()));
+}
+
+TEST(ProjectFile, OfTheFirstVersionCanStillBeRead)
+{
+  const auto opened = openDocument(*diskFiles(), POINT_COLLECTIONS_GOLDEN "/version-1.tkpc");
+
+  EXPECT_EQ(everythingIn(*opened.document), R"(f7b6e4b6-778f-82c5-b846-0abb4e070001 Athens
+ 4607182418800017408 4611686018427387904 4613937818241073152
+f7b6e4b6-778f-82c5-b846-0abb4e070002 Berlin
+ 4616189618054758400 4617315517961601024 4618441417868443648
+ 4619567317775286272 4620693217682128896 4621256167635550208
+f7b6e4b6-778f-82c5-b846-0abb4e070003 Cairo
+ 13830554455654793216 4602678819172646912 9094988921128908188
+f7b6e4b6778f82c5b8460abb4e070004 Europe
+ f7b6e4b6-778f-82c5-b846-0abb4e070002
+ f7b6e4b6-778f-82c5-b846-0abb4e070001
+f7b6e4b6778f82c5b8460abb4e070005 Größe 都市
+f7b6e4b6778f82c5b8460abb4e070006 Africa
+ f7b6e4b6-778f-82c5-b846-0abb4e070003
+)");
 }
 
 TEST(ProjectFile, IsTheSameForTheSameDocument)

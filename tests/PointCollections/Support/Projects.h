@@ -34,7 +34,8 @@ inline std::string everythingIn(PointDocument& document)
     }
   }
   for (const auto& group : document.getGroups()) {
-    text += group.getId().toString() + ' ' + group.getName() + '\n';
+    const bool isExpanded = document.expandedGroups().contains(group.getId());
+    text += group.getId().toString() + ' ' + group.getName() + (isExpanded ? " expanded\n" : "\n");
     for (const auto& member : group.getGroupMembers())
       text += ' ' + member.toString() + '\n';
   }
@@ -66,6 +67,7 @@ inline std::shared_ptr<PointDocument> smallDocument()
   Group members("first");
   members.addGroupMembersAtIndex({document->order()[2], document->order()[0]}, 0);
   document->setGroups({members, Group("first"), Group("")});
+  document->setExpandedGroups({members.getId()});
   document->setOrder({document->order()[2], document->order()[0], document->order()[1]});
   return document;
 }

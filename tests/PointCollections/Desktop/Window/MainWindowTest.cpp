@@ -295,6 +295,24 @@ TEST_F(MainWindowTest, ExpandsTheGroupsOfAProjectAsTheyWere)
       << "also without leaving the program";
 }
 
+TEST_F(MainWindowTest, SavesTheExpandedGroupsWithTheProject)
+{
+  createGroup("Europe", {element("Athens")});
+  createGroup("Asia", {element("Cairo")});
+  auto& tree = window->groups().tree();
+  tree.collapseAll();
+  tree.expand(tree.model()->index(1, 0));
+  user->write = file("saved.tkpc");
+  window->fileCommands().save();
+
+  std::filesystem::rename(file("saved.tkpc"),
+                          file("sent.tkpc")); // to somebody without the settings
+  window->fileCommands().openFile(file("sent.tkpc"));
+
+  EXPECT_FALSE(tree.isExpanded(tree.model()->index(0, 0)));
+  EXPECT_TRUE(tree.isExpanded(tree.model()->index(1, 0)));
+}
+
 TEST_F(MainWindowTest, WidensTheGroupsByKeysAndRemembersIt)
 {
   const auto width = [this] { return window->groups().width(); };
