@@ -2,6 +2,7 @@
 #include "PointCollections/Desktop/Window/MainWindow.h"
 #include "PointCollections/Desktop/Support/WindowTest.h"
 #include "PointCollections/Desktop/Window/FileNames.h"
+#include "PointCollections/Text/UserError.h"
 
 #include <QtCore/QMimeData>
 #include <QtCore/QTimer>
@@ -61,6 +62,17 @@ public:
 private:
   std::shared_ptr<Files> m_disk = diskFiles();
 };
+
+/// Whether a save in the file has not ended yet.
+bool isLocked(const std::filesystem::path& file)
+{
+  try {
+    diskFiles()->lockForSaving(file);
+    return false;
+  } catch (const UserError&) {
+    return true;
+  }
+}
 
 class MainWindowTest : public WindowTest {};
 
@@ -213,6 +225,7 @@ TEST_F(MainWindowTest, KeepsTheOldFileWhenTheUserCancelsASave)
   std::string content;
   std::ifstream(file("saved.tkpc")) >> content;
   EXPECT_EQ(content, "old");
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !isLocked(file("saved.tkpc")); }));
 }
 
 TEST_F(MainWindowTest, ExportsGroupsThatOpenReadsBack)
