@@ -53,7 +53,7 @@ std::size_t sumOf(std::size_t a, std::size_t b) noexcept
   return sum.value();
 }
 
-bool changedNothing(const CommandBase& command) noexcept
+bool saysThatItChangedNothing(const CommandBase& command) noexcept
 {
   const auto* const entry = dynamic_cast<const HistoryEntry*>(&command);
   return entry != nullptr && answerTo([&] { return entry->hasChangedNothing(); }, false);
@@ -255,6 +255,12 @@ void CommandHistory::setDropsCommandsWithoutChange(bool drops)
 {
   checkNotBusy("setDropsCommandsWithoutChange");
   m_dropsCommandsWithoutChange = drops;
+}
+
+void CommandHistory::setNoChangeFunction(NoChangeFunction function)
+{
+  checkNotBusy("setNoChangeFunction");
+  m_noChangeFunction = std::move(function);
 }
 
 void CommandHistory::setOutOfMemoryHandler(OutOfMemoryHandler handler)
@@ -489,7 +495,10 @@ std::size_t CommandHistory::sizeOf(const CommandBase& command) noexcept
 bool CommandHistory::isToBeDropped(const CommandBase& command) noexcept
 {
   const BusyScope running(m_busyWith, "running");
-  return m_dropsCommandsWithoutChange && changedNothing(command);
+  if (!m_dropsCommandsWithoutChange)
+    return false;
+  return saysThatItChangedNothing(command) ||
+         (m_noChangeFunction && answerTo([&] { return m_noChangeFunction(command); }, false));
 }
 
 /// @return whether the entry is still there, to be redone

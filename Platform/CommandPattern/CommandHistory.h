@@ -55,6 +55,9 @@ public:
   /// How many bytes a command keeps.
   using SizeFunction = std::function<std::size_t(const CommandBase&)>;
 
+  /// Whether the document is the same with and without a command that has been executed.
+  using NoChangeFunction = std::function<bool(const CommandBase&)>;
+
   /// Lets go of memory. Returns whether to try again.
   using OutOfMemoryHandler = std::function<bool(CommandHistory&)>;
 
@@ -165,10 +168,15 @@ public:
   /// Whether commands that changed nothing are dropped; false unless it has been set.
   bool dropsCommandsWithoutChange() const noexcept;
 
-  /// Sets whether commands that changed nothing are dropped: such a command (a HistoryEntry that
-  /// says so) leaves no entry and no unsaved state, and what can be redone stays. Entries are also
-  /// asked after undo() and redo().
+  /// Sets whether commands that changed nothing are dropped: such a command leaves no entry and no
+  /// unsaved state, and what can be redone stays. A HistoryEntry knows whether it is one; for
+  /// others, see setNoChangeFunction(). Entries are also asked after undo() and redo().
   void setDropsCommandsWithoutChange(bool drops);
+
+  /// Sets who is asked whether a command has changed nothing that does not say so itself. An
+  /// exception counts as the answer false.
+  /// @param function  may be empty: such commands are kept then
+  void setNoChangeFunction(NoChangeFunction function);
 
   /// Sets what is called when execute(), keep(), undo(), redo() or jumpTo() fails with
   /// std::bad_alloc. The history is then as it was before the call. If the function returns true,
@@ -242,6 +250,7 @@ private:
   std::size_t m_limit;
   std::size_t m_budget = unlimited;
   SizeFunction m_sizeFunction;
+  NoChangeFunction m_noChangeFunction;
   OutOfMemoryHandler m_outOfMemoryHandler;
   bool m_dropsCommandsWithoutChange = false;
   bool m_isLettingGo = false;

@@ -65,6 +65,7 @@ TEST_F(RunningHistory, RefusesToBeOperatedByACommandThatItRuns)
       {"setOutOfMemoryHandler", [](auto& subject) { subject.setOutOfMemoryHandler(nullptr); }},
       {"setDropsCommandsWithoutChange",
        [](auto& subject) { subject.setDropsCommandsWithoutChange(true); }},
+      {"setNoChangeFunction", [](auto& subject) { subject.setNoChangeFunction(nullptr); }},
       {"keep", [this](auto& subject) { subject.keep(append(document, "X")); }},
       {"releaseOldest", [](auto& subject) { subject.releaseOldest(1); }},
       {"releaseUndone", [](auto& subject) { subject.releaseUndone(); }},

@@ -93,6 +93,39 @@ TEST_F(CommandsWithoutChange, AreDroppedWhenTheyAreUndoneLater)
   EXPECT_EQ(view(history), "* 0>1 | 1>2");
 }
 
+TEST_F(CommandsWithoutChange, AreToldByTheHostIfTheyDoNotSayIt)
+{
+  desk.place = 1;
+  history.setNoChangeFunction(
+      [](const CommandBase& command) { return command.getDescription() == "1>2"; });
+
+  drag(2);
+  EXPECT_EQ(view(history), "* |");
+  drag(3);
+  EXPECT_EQ(view(history), "* 2>3 |");
+  drag(3);
+  EXPECT_EQ(view(history), "* 2>3 |") << "this one says it itself";
+}
+
+TEST_F(CommandsWithoutChange, AreKeptWhenTheHostDoesNotWantToKnow)
+{
+  history.setNoChangeFunction([](const CommandBase&) { return true; });
+  history.setDropsCommandsWithoutChange(false);
+
+  drag(1);
+
+  EXPECT_EQ(view(history), "* 0>1 |");
+}
+
+TEST_F(CommandsWithoutChange, AreKeptWhenTheHostThrows)
+{
+  history.setNoChangeFunction([](const CommandBase&) -> bool { throw std::bad_alloc(); });
+
+  drag(1);
+
+  EXPECT_EQ(view(history), "* 0>1 |");
+}
+
 TEST_F(CommandsWithoutChange, AreDroppedWhenTheyAreRedoneLater)
 {
   history.setDropsCommandsWithoutChange(false);
