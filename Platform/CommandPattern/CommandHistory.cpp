@@ -107,7 +107,7 @@ bool CommandHistory::undo()
   const auto state = m_entries.state();
   retryWhenOutOfMemory([this] { stepBack(); },
                        [&] { return m_entries.state() == state && canUndo(); });
-  m_listeners.tell();
+  tell();
   return true;
 }
 
@@ -119,7 +119,7 @@ bool CommandHistory::redo()
   const auto state = m_entries.state();
   retryWhenOutOfMemory([this] { stepForward(); },
                        [&] { return m_entries.state() == state && canRedo(); });
-  m_listeners.tell();
+  tell();
   return true;
 }
 
@@ -142,7 +142,7 @@ void CommandHistory::jumpTo(std::size_t position)
     return isThere;
   };
   retryWhenOutOfMemory([&] { walkTo(position); }, findAgain);
-  m_listeners.tell();
+  tell();
 }
 
 bool CommandHistory::canUndo() const noexcept
@@ -181,7 +181,7 @@ void CommandHistory::markClean()
   if (isClean())
     return;
   m_entries.markClean();
-  m_listeners.tell();
+  tell();
 }
 
 void CommandHistory::forgetCleanMark()
@@ -190,7 +190,7 @@ void CommandHistory::forgetCleanMark()
   if (!m_entries.cleanPosition())
     return;
   m_entries.forgetCleanMark();
-  m_listeners.tell();
+  tell();
 }
 
 bool CommandHistory::isClean() const noexcept
@@ -217,7 +217,7 @@ void CommandHistory::setLimit(std::size_t limit)
     return;
   m_limit = limit;
   trim();
-  m_listeners.tell();
+  tell();
 }
 
 std::size_t CommandHistory::budget() const noexcept
@@ -232,7 +232,7 @@ void CommandHistory::setBudget(std::size_t bytes)
     return;
   m_budget = bytes;
   trim();
-  m_listeners.tell();
+  tell();
 }
 
 std::size_t CommandHistory::sizeInBytes() const noexcept
@@ -280,7 +280,7 @@ std::size_t CommandHistory::releaseOldest(std::size_t count)
   for (; released < count && m_entries.size() > m_entries.position() + 1; ++released)
     release(m_entries.takeLast());
   if (released > 0)
-    m_listeners.tell();
+    tell();
   return released;
 }
 
@@ -290,7 +290,7 @@ void CommandHistory::releaseUndone()
   if (m_entries.position() == m_entries.size())
     return;
   releaseFrom(m_entries.position());
-  m_listeners.tell();
+  tell();
 }
 
 void CommandHistory::clear()
@@ -301,7 +301,7 @@ void CommandHistory::clear()
   releaseFrom(0);
   m_entries.freeMemory();
   if (!wasEmpty)
-    m_listeners.tell();
+    tell();
 }
 
 void CommandHistory::reset()
@@ -313,7 +313,7 @@ void CommandHistory::reset()
   releaseFrom(0);
   m_entries.freeMemory();
   if (!wasNew)
-    m_listeners.tell();
+    tell();
 }
 
 CommandHistory::Subscription CommandHistory::subscribe(Listener listener)
@@ -336,8 +336,8 @@ bool CommandHistory::commitTransaction(std::size_t number)
 {
   const bool hasCommands = innermostTransaction("commit", number).commands().size() > 0;
   closeTransaction();
-  if (hasCommands && m_transactions.empty())
-    m_listeners.tell();
+  if (m_transactions.empty() && (hasCommands || m_hasToldInTransaction))
+    tell();
   return hasCommands;
 }
 
@@ -346,8 +346,10 @@ void CommandHistory::rollBackTransaction(std::size_t number)
   auto& commands = innermostTransaction("rollBack", number).commands();
   FailureGuard guard([this] {
     closeTransaction();
-    if (m_transactions.empty())
+    if (m_transactions.empty()) {
+      m_hasToldInTransaction = false;
       m_listeners.tellQuietly();
+    }
   });
   while (commands.size() > 0) {
     {
@@ -358,6 +360,8 @@ void CommandHistory::rollBackTransaction(std::size_t number)
   }
   guard.succeed();
   m_transactions.pop_back();
+  if (m_transactions.empty() && m_hasToldInTransaction)
+    tell();
 }
 
 /// What the destructor of a transaction does. Must not be called by a command: that ends the
@@ -401,6 +405,12 @@ void CommandHistory::closeTransaction() noexcept
   releaseFrom(m_entries.position());
   m_entries.append(closed->asOneCommand(), size);
   trim();
+}
+
+void CommandHistory::tell()
+{
+  m_hasToldInTransaction = !m_transactions.empty();
+  m_listeners.tell();
 }
 
 /// Runs the action. If that fails for want of memory, calls the host's handler and tries once more.
@@ -451,7 +461,7 @@ bool CommandHistory::add(std::shared_ptr<CommandBase> command, std::optional<std
   }
   if (isEntry) {
     trim();
-    m_listeners.tell();
+    tell();
   }
   return true;
 }

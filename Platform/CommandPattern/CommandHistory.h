@@ -82,12 +82,13 @@ public:
   /// @return false when the command changed nothing and is therefore not kept, see
   /// setDropsCommandsWithoutChange(); the history is then unchanged
   /// @throws std::invalid_argument when the command is null, and whatever its execute() throws; the
-  /// entries are then unchanged
+  /// entries are then unchanged. What a listener throws, when the command is kept
   bool execute(std::shared_ptr<CommandBase> command,
                std::optional<std::size_t> sizeInBytes = std::nullopt);
 
   /// Like execute(), for a command whose execute() has been called already. When this throws, the
-  /// command is not kept, and undoing it is up to the caller.
+  /// command is not kept, and undoing it is up to the caller. Only if a listener throws, the
+  /// command is kept, see subscribe().
   bool keep(std::shared_ptr<CommandBase> command,
             std::optional<std::size_t> sizeInBytes = std::nullopt);
 
@@ -222,6 +223,8 @@ private:
   OpenTransaction& innermostTransaction(const char* operation, std::size_t number);
   void closeTransaction() noexcept;
 
+  void tell();
+
   template <class Action, class Condition>
   void retryWhenOutOfMemory(Action action, Condition isStillPossible);
   bool letGoOfMemory();
@@ -254,7 +257,8 @@ private:
   OutOfMemoryHandler m_outOfMemoryHandler;
   bool m_dropsCommandsWithoutChange = false;
   bool m_isLettingGo = false;
-  const char* m_busyWith = nullptr; ///< what it does with a command: "running", "releasing"
+  bool m_hasToldInTransaction = false; ///< that nothing can be undone, which ends with it
+  const char* m_busyWith = nullptr;    ///< what it does with a command: "running", "releasing"
   ChangeListeners m_listeners;
 };
 

@@ -13,12 +13,14 @@ namespace Tarvik {
 ///
 /// From construction on, the history executes commands as before, but they belong to the
 /// transaction. commit() makes them one entry. rollBack(), or the destructor, undoes them: the
-/// document and the history are then as they were. The listeners are called once, by commit().
+/// document and the history are then as they were, but for entries that have been released. The
+/// listeners are called once, by commit(); after any other end only if they have been called
+/// meanwhile, since something can be undone again.
 ///
-/// Until the transaction has ended, nothing can be undone, redone or marked clean, and the history
-/// only allows execute(), keep(), releaseOldest() and the setters: other changes throw
-/// std::logic_error. Transactions nest: an inner one becomes one command of the outer one. Inner
-/// ones must end first. The history must outlive its transactions.
+/// Until the transaction has ended, nothing can be undone, redone or marked clean. The history only
+/// allows execute(), keep(), releaseOldest(), releaseUndone(), forgetCleanMark() and the setters:
+/// other changes throw std::logic_error. Transactions nest: an inner one becomes one command of the
+/// outer one. Inner ones must end first. The history must outlive its transactions.
 class TKM_COMMANDPATTERN_API CommandTransaction {
 public:
   /// Starts a transaction. Takes the memory that commit() will need.
@@ -41,7 +43,8 @@ public:
 
   /// Undoes the commands, latest first. When one cannot be undone, it and those before it become an
   /// entry as in commit(), so that nothing is in effect that the history does not know.
-  /// @throws std::logic_error as in commit(), and what the command throws that cannot be undone
+  /// @throws std::logic_error as in commit(), what the command throws that cannot be undone, and
+  /// what a listener throws
   void rollBack();
 
 private:

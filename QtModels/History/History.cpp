@@ -98,9 +98,10 @@ void History::endMacro()
 {
   if (m_macros.empty())
     return;
-  const auto macro = std::move(m_macros.back());
+  auto macro = std::move(m_macros.back());
   m_macros.pop_back();
   attempt(tr("An error occurred at the end of several steps"), [&] { macro->commit(); });
+  macro.reset(); // if that has failed, it rolls back
   tellWhatIsNew();
 }
 
@@ -108,9 +109,10 @@ void History::rollBackMacro()
 {
   if (m_macros.empty())
     return;
-  const auto macro = std::move(m_macros.back());
+  auto macro = std::move(m_macros.back());
   m_macros.pop_back();
   attempt(tr("An error occurred while several steps were undone"), [&] { macro->rollBack(); });
+  macro.reset(); // if an inner transaction is open, this ends both
   tellWhatIsNew();
 }
 

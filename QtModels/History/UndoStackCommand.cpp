@@ -72,8 +72,8 @@ bool UndoStackCommand::mergeWith(const QUndoCommand* other)
 {
   const auto* const later = dynamic_cast<const UndoStackCommand*>(other);
   auto* const entry = dynamic_cast<HistoryEntry*>(m_command.get());
-  if (later == nullptr || entry == nullptr)
-    return false;
+  if (later == nullptr || entry == nullptr || !m_isInEffect || !later->m_isInEffect)
+    return false; // a command that has failed has nothing to take over
   try {
     if (!entry->mergeWith(*later->m_command))
       return false;

@@ -18,8 +18,9 @@ namespace Tarvik {
 ///
 /// The first redo(), which QUndoStack::push() calls, executes the command. No exception gets out. A
 /// command that fails is marked obsolete, and the stack removes it: a failed push() leaves no
-/// entry. When undo() or redo() fails later, the document stays as it was before that call, and the
-/// stack forgets the command; the clean state may be out of reach then.
+/// entry, but what could be redone is gone, as after every push(). When undo() or redo() fails
+/// later, the document stays as it was before that call, and the stack forgets the command; the
+/// clean state may be out of reach then.
 ///
 /// A HistoryEntry is asked what it can do: it may take over the next command, and leaves no entry
 /// when it has changed nothing.

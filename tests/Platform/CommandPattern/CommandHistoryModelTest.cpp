@@ -52,6 +52,7 @@ struct Model {
   std::string exhausting; ///< the call that finds no memory, once
   int releasedOnDemand = 0;
   int told = 0;
+  bool hasToldWhileOpen = false;
 
   int size() const { return static_cast<int>(entries.size()); }
   bool isOpen() const { return !transactions.empty(); }
@@ -95,7 +96,7 @@ struct Model {
             "undo " + lastName(position - 1), [&] { return stepBack() != Gone::Failed; },
             [&] { return position > 0; }))
       return false;
-    ++told;
+    tell();
     return true;
   }
 
@@ -107,7 +108,7 @@ struct Model {
             "redo " + firstName(position), [&] { return stepForward() != Gone::Failed; },
             [&] { return position < size(); }))
       return false;
-    ++told;
+    tell();
     return true;
   }
 
@@ -134,7 +135,7 @@ struct Model {
     if (!arrives)
       retrace(wayBack);
     if (arrives || position != start || size() != sizeAtStart)
-      ++told;
+      tell();
     return arrives;
   }
 
@@ -160,13 +161,15 @@ struct Model {
       takeFirst();
     for (; released < count && size() > position + 1; ++released)
       cutOffAfter(size() - 1);
-    told += released > 0 ? 1 : 0;
+    if (released > 0)
+      tell();
     return released;
   }
 
   void releaseUndone()
   {
-    told += position < size() ? 1 : 0;
+    if (position < size())
+      tell();
     cutOffAfter(position);
   }
 
@@ -177,12 +180,13 @@ struct Model {
     clean = clean == position ? 0 : -1;
     entries.clear();
     position = 0;
-    ++told;
+    tell();
   }
 
   void reset()
   {
-    told += entries.empty() && clean == 0 ? 0 : 1;
+    if (!entries.empty() || clean != 0)
+      tell();
     entries.clear();
     position = 0;
     clean = 0;
@@ -193,7 +197,8 @@ struct Model {
   void commit()
   {
     const bool isKept = close();
-    told += isKept && !isOpen() ? 1 : 0;
+    if (!isOpen() && (isKept || hasToldWhileOpen))
+      tell();
   }
 
   bool rollBack()
@@ -204,12 +209,15 @@ struct Model {
       if (std::any_of(names.begin(), names.end(),
                       [&](const auto& name) { return failing == "undo " + name; })) {
         close();
-        told += isOpen() ? 0 : 1;
+        if (!isOpen())
+          tell();
         return false;
       }
       place = steps.back().from;
     }
     transactions.pop_back();
+    if (!isOpen() && hasToldWhileOpen)
+      tell();
     return true;
   }
 
@@ -235,9 +243,16 @@ private:
     return traits.size > 0 ? static_cast<int>(traits.size) : 5;
   }
 
+  void tell()
+  {
+    ++told;
+    hasToldWhileOpen = isOpen();
+  }
+
   void change(int& variable, int value)
   {
-    told += variable == value ? 0 : 1;
+    if (variable != value)
+      tell();
     variable = value;
   }
 
@@ -267,7 +282,7 @@ private:
     append(entries, std::move(step), clean != position);
     position = size();
     trim();
-    ++told;
+    tell();
   }
 
   static void append(Steps& steps, Step step, bool mayMerge)

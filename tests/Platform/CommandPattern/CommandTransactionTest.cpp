@@ -203,6 +203,33 @@ TEST_F(Transaction, LetsNothingBeUndoneOrMarkedWhileItIsOpen)
   EXPECT_EQ(view(history), "* A | B");
 }
 
+TEST_F(Transaction, TellsAtItsEndThatSomethingCanBeUndoneAgain)
+{
+  execute("A B C");
+  std::vector<bool> canUndo;
+  const auto watching =
+      history.subscribe([&](const auto& told) { canUndo.push_back(told.canUndo()); });
+  {
+    CommandTransaction rolledBack(history);
+    history.releaseOldest(1);
+    rolledBack.rollBack();
+  }
+  EXPECT_EQ(canUndo, (std::vector{false, true}));
+
+  canUndo.clear();
+  {
+    CommandTransaction withoutCommands(history);
+    const CommandTransaction abandoned(history);
+    history.setBudget(5000);
+    history.setLimit(50);
+  }
+  EXPECT_EQ(canUndo, (std::vector{false, false, true}));
+
+  canUndo.clear();
+  CommandTransaction(history).rollBack();
+  EXPECT_EQ(canUndo, std::vector<bool>()) << "nobody was told that nothing could be undone";
+}
+
 TEST_F(Transaction, SaysThatItIsOpen)
 {
   execute("A");

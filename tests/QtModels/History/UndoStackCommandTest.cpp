@@ -122,6 +122,20 @@ TEST_P(UndoStackCommandTest, LeavesNoEntryWhenItFails)
   EXPECT_THAT(messages, ElementsAre(::testing::StartsWith("An error occurred in \"Type a\": ")));
 }
 
+TEST_P(UndoStackCommandTest, IsNotTakenOverWhenItFails)
+{
+  stack.push(made(std::make_shared<TypingCommand>(document, "a", "Type")));
+  const auto failing = std::make_shared<TypingCommand>(document, "b", "Type");
+  failing->failNext(GetParam());
+
+  stack.push(made(failing));
+
+  EXPECT_EQ(document, "a");
+  EXPECT_EQ(stack.count(), 1);
+  stack.undo();
+  EXPECT_EQ(document, "");
+}
+
 TEST_P(UndoStackCommandTest, IsForgottenWhenUndoFails)
 {
   const auto command = typing("b");
