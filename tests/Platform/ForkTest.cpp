@@ -102,10 +102,13 @@ void useTranslator()
   static_cast<void>(Translator::translate("Context", "Text", nullptr, -1));
 }
 
+// The iterators of these checks take locks of the C++ library, which a fork() leaves taken.
+#if !defined(_GLIBCXX_DEBUG)
 TEST(ForkedChild, CanUseArchivesWhateverItsParentsThreadsDid)
 {
   EXPECT_EQ(endedChildren(useRegistry), children);
 }
+#endif
 
 TEST(ForkedChild, CanTranslateWhateverItsParentsThreadsDid)
 {
