@@ -174,7 +174,9 @@ void runOnTerminal(Session& session, Transcript& transcript, const Settings& set
   session.takeNotice = [&] { return recovery.takeProblem(); };
   const auto reader = makeReader(session, recovery, historyFile(settings));
   if (isOutputTerminal()) {
-    transcript.setViewer(showLongText);
+    transcript.setViewer([&recovery](const std::string& text) {
+      return showLongText(text, [&recovery] { recovery.keep(); });
+    });
     transcript.setColumns(columnsOfTerminal);
     session.columns = columnsOfTerminal;
   }
@@ -187,15 +189,18 @@ void runOnTerminal(Session& session, Transcript& transcript, const Settings& set
   if (!isOutputTerminal())
     transcript.dialogue(hint);
   tellWarnings(session, transcript);
-  offerUnsavedWork(session, transcript, recovery,
-                   findUnsavedWork(session.editor.files(), session.editor.opened().file),
-                   questionsTo(*reader, session));
+  session.hasOpened = [&] {
+    offerUnsavedWork(session, transcript, recovery,
+                     findUnsavedWork(session.editor.files(), session.editor.opened().file),
+                     questionsTo(*reader, session));
+  };
+  session.keepUnsavedChanges = [&] { return recovery.keep(); };
+  session.hasOpened();
   if (runInteractively(session, transcript, *reader))
     recovery.clear();
-  else if (recovery.keep())
-    transcript.error(displayName(session.editor.title()),
-                     "the changes are kept for now; open the file again to recover them");
   session.takeNotice = nullptr;
+  session.hasOpened = nullptr;
+  session.keepUnsavedChanges = nullptr;
   endAsAsked();
 }
 
@@ -209,8 +214,11 @@ bool runBatch(Session& session, const Settings& settings, Transcript& transcript
   if (!settings.isQuiet)
     transcript.result(welcome(session));
   tellWarnings(session, transcript);
-  tellOfUnsavedWork(session, transcript,
-                    findUnsavedWork(session.editor.files(), session.editor.opened().file));
+  session.hasOpened = [&] {
+    tellOfUnsavedWork(session, transcript,
+                      findUnsavedWork(session.editor.files(), session.editor.opened().file));
+  };
+  session.hasOpened();
   const auto runRest = [&] {
     if (readsInput)
       return runScript(session, transcript, std::cin, nameOfStandardInput);

@@ -108,7 +108,9 @@ std::vector<std::byte> readFirst(std::ifstream& stream, std::uintmax_t size, con
 
 std::string nameOf(const fs::path& folder)
 {
-  return folder.empty() ? "of this program" : printable(Utf8::fromPath(folder));
+  std::error_code error;
+  const auto shown = folder.empty() ? fs::current_path(error) : folder;
+  return printable(Utf8::fromPath(error ? fs::path(".") : shown));
 }
 
 class DiskFiles : public Files {

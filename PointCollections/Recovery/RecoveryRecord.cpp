@@ -13,6 +13,7 @@
 
 #include <cstdint>
 #include <new>
+#include <system_error>
 #include <utility>
 
 namespace Tarvik::PointCollections {
@@ -64,6 +65,14 @@ void PointRecovery::serialization_register(void* out)
 /// The class must be registered before the first archive is opened.
 [[maybe_unused]] const auto* const recoveryIsRegistered = registeredRecovery();
 
+/// The path from the root; as it is if the system cannot tell. Other programs run in other folders.
+std::filesystem::path fromRoot(const std::filesystem::path& file)
+{
+  std::error_code error;
+  auto path = file.empty() ? file : std::filesystem::absolute(file, error);
+  return error ? file : path;
+}
+
 PointRecovery recordIn(std::span<const std::byte> bytes)
 {
   PersistenceArchiver archive(bytes);
@@ -80,7 +89,7 @@ std::vector<std::byte> saveRecovery(const RecoveryRecord& record)
   const auto project = saveProject(*opened.document);
   PersistenceArchiver archive;
   archive << PointRecovery{
-      Utf8::fromPath(opened.file),
+      Utf8::fromPath(fromRoot(opened.file)),
       opened.title,
       !opened.projectFile.empty(),
       opened.fileSize,

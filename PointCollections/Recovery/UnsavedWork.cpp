@@ -29,6 +29,17 @@ FileSince whatHappenedTo(const OpenedDocument& opened, Files& files)
   }
 }
 
+/// The user may have opened the document by another path, or moved it together with its work: what
+/// is recovered is saved where the user has found it.
+void belongTo(OpenedDocument& opened, const std::filesystem::path& file)
+{
+  if (file.empty())
+    return;
+  opened.file = file;
+  if (!opened.projectFile.empty())
+    opened.projectFile = file;
+}
+
 std::string afterwards(FileSince since)
 {
   switch (since) {
@@ -54,6 +65,7 @@ FoundWork findUnsavedWork(Files& files,
       try {
         auto record =
             loadRecovery(files.readBytes(each.path()), printable(Utf8::fromPath(each.path())));
+        belongTo(record.opened, file);
         const auto since = whatHappenedTo(record.opened, files);
         found.works.push_back({std::move(each), std::move(record), since});
       } catch (const UserError& error) {

@@ -31,6 +31,14 @@ struct Session {
   /// that. Throws UserError if saving fails. Empty in a script, where nobody can be asked.
   std::function<Confirmation(Session&)> confirmDiscarding = {};
 
+  /// Called after another document has been opened: tells of unsaved work on it, or offers it. May
+  /// be empty.
+  std::function<void()> hasOpened = {};
+
+  /// Keeps unsaved changes for the next start of the program. Returns whether it could. May be
+  /// empty.
+  std::function<bool()> keepUnsavedChanges = {};
+
   /// How many columns the terminal has that shows the answers. Empty if there is no terminal.
   std::function<std::size_t()> columns = {};
 

@@ -52,6 +52,15 @@ std::string runShown(Session& session, const std::string& line)
   return runLine(session, line);
 }
 
+/// Runs a command, and tells its answer.
+void runCommand(Session& session, Transcript& transcript, const std::string& line)
+{
+  const auto documentBefore = session.editor.document();
+  transcript.result(runShown(session, line));
+  if (session.editor.document() != documentBefore && session.hasOpened)
+    session.hasOpened();
+}
+
 void runScriptLine(Session& session, Transcript& transcript, const std::string& line)
 {
   switch (kindOf(line)) {
@@ -65,7 +74,7 @@ void runScriptLine(Session& session, Transcript& transcript, const std::string& 
     return;
   case LineKind::Command:
     transcript.command(line);
-    transcript.result(runShown(session, line));
+    runCommand(session, transcript, line);
   }
 }
 
@@ -164,7 +173,7 @@ bool runInteractively(Session& session, Transcript& transcript, LineReader& read
       const auto line = reader.readLine(session.editor.hasUnsavedChanges() ? "*> " : "> ");
       const Interruptible untilAnswered;
       if (line)
-        transcript.result(runShown(session, *line));
+        runCommand(session, transcript, *line);
       else
         isAnswered = leaveAtEndOfInput(session, transcript);
     };

@@ -39,8 +39,12 @@ Confirmation confirmDiscardingChanges(Session& session, const Question& ask)
 void warnOfUnsavedChanges(const Session& session, Transcript& transcript)
 {
   const auto& editor = session.editor;
-  if (editor.hasUnsavedChanges())
-    transcript.error(displayName(editor.title()), "the changes are not saved; save keeps them");
+  if (!editor.hasUnsavedChanges())
+    return;
+  const bool areKept = session.keepUnsavedChanges && session.keepUnsavedChanges();
+  transcript.error(displayName(editor.title()),
+                   areKept ? "the changes are kept for now; open the file again to recover them"
+                           : "the changes are not saved; save keeps them");
 }
 
 }

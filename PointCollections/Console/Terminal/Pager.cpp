@@ -21,13 +21,16 @@ std::size_t rowsOf(std::string_view text, std::size_t columns)
   return rows;
 }
 
-bool showLongText(const std::string& text)
+bool showLongText(const std::string& text, const std::function<void()>& beforeReading)
 {
   const auto size = terminalSize();
   if (!size || size->columns == 0)
     return false;
   const bool fits = rowsOf(text, size->columns) < size->rows; // the prompt takes the last row
-  return !fits && showInPager(text);
+  if (fits)
+    return false;
+  beforeReading();
+  return showInPager(text);
 }
 
 }

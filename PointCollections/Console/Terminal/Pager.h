@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -12,7 +13,8 @@ std::size_t rowsOf(std::string_view text, std::size_t columns);
 
 /// Shows a text that does not fit on the terminal in the user's pager, and returns when the user
 /// leaves it.
+/// @param beforeReading  called before the pager is shown, since the user may read for a long time
 /// @return false if the text fits, or there is no pager; nothing has been shown then
-bool showLongText(const std::string& text);
+bool showLongText(const std::string& text, const std::function<void()>& beforeReading);
 
 }

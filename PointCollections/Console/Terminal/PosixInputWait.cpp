@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Console/Terminal/InputWait.h"
 
+#include "PointCollections/Text/Interruption.h"
+
 #include <fcntl.h>
 #include <poll.h>
 #include <unistd.h>
@@ -22,6 +24,7 @@ void noteEndSignal(int signal)
 {
   const int error = errno;
   endSignal = signal;
+  Interruptible::request(); // a command may wait for a pipe for ever
   static_cast<void>(write(wakeUp[1], "", 1) == 1);
   errno = error;
 }

@@ -31,9 +31,11 @@ std::string exportPoints(Session& session, const Arguments& arguments)
   if (!arguments.has("--overwrite") && files.exists(file))
     throw UserError(fmt::format("{} exists already; add --overwrite to replace it", name));
   const auto text = pointFileOf(document);
-  files.write(file, std::as_bytes(std::span(text)));
-  return fmt::format("Exported {} in {} to {}.", pluralize(document.order().size(), "element"),
-                     pluralize(document.getGroups().size(), "group"), name);
+  const auto lock = files.lockForSaving(file);
+  const auto warning = files.write(file, std::as_bytes(std::span(text))).warning;
+  return fmt::format("Exported {} in {} to {}.{}{}", pluralize(document.order().size(), "element"),
+                     pluralize(document.getGroups().size(), "group"), name,
+                     warning.empty() ? "" : "\n", warning);
 }
 
 }

@@ -282,6 +282,7 @@ bool FileCommands::write(const std::filesystem::path& file, std::vector<std::byt
   const auto result = std::make_shared<std::optional<WriteResult>>();
   const auto work = [result, file, bytes = std::move(bytes),
                      files = m_workspace.files()](Cancellation& cancellation) {
+    const auto lock = files->lockForSaving(file);
     *result = files->writeUnlessCancelled(file, bytes, cancellation);
   };
   if (!runWithProgress(&m_window, tr("Writing %1 …").arg(nameOf(file.filename())), work) ||

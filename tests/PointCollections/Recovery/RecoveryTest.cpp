@@ -299,6 +299,48 @@ TEST_F(RecoveryOf, AFileThatIsGoneSaysSo)
                                       "since"));
 }
 
+TEST_F(RecoveryOf, AProjectIsSavedWhereTheUserHasFoundIt)
+{
+  const auto folderBefore = fs::current_path();
+  fs::current_path(m_project.parent_path());
+  {
+    EditingProgram program(m_project.filename(), m_state);
+    program.change("G");
+    program.recovery.keep(program.now);
+  }
+  fs::current_path(folderBefore);
+
+  const auto asTyped = find(m_project);
+  ASSERT_EQ(asTyped.works.size(), 1U);
+  EXPECT_EQ(asTyped.works[0].fileSince, FileSince::Same);
+  EXPECT_EQ(asTyped.works[0].record.opened.projectFile, m_project);
+  EXPECT_EQ(asTyped.works[0].record.opened.file, m_project);
+}
+
+TEST_F(RecoveryOf, AProjectIsMovedWithIt)
+{
+  {
+    EditingProgram program(m_project, m_state);
+    program.change("G");
+    program.recovery.keep(program.now);
+  }
+  fs::rename(m_project.parent_path(), m_folder.path() / "elsewhere");
+
+  const auto moved = m_folder.path() / "elsewhere" / "p.tkpc";
+  const auto found = find(moved);
+  ASSERT_EQ(found.works.size(), 1U);
+  EXPECT_EQ(found.works[0].fileSince, FileSince::Same);
+  EXPECT_EQ(found.works[0].record.opened.projectFile, moved);
+}
+
+TEST_F(RecoveryOf, APathIsKeptFromTheRoot)
+{
+  const auto document = documentOf({"a"});
+  const RecoveryRecord record = {{.document = document, .title = "a", .file = "a.csv"}, {}};
+
+  EXPECT_EQ(loadRecovery(saveRecovery(record), "r").opened.file, fs::absolute("a.csv"));
+}
+
 TEST_F(RecoveryOf, PointsFromAPipeDoesNotMissTheirFile)
 {
   {

@@ -320,6 +320,16 @@ TEST_F(InteractiveUserOfASmallTerminal, ReadsLongAnswersInThePager)
   m_terminal.typeAndExpect("create G\r", "\x1B[?2004lCreated G with 0 elements.");
 }
 
+TEST_F(InteractiveUserOfASmallTerminal, LosesNothingByACrashWhileReading)
+{
+  m_terminal.typeAndExpect("create G Paris\r", "Created G with 1 element.");
+  m_terminal.typeAndExpect("show --all\r", "paged:");
+
+  EXPECT_EQ(m_terminal.endBy(SIGKILL), SIGKILL);
+
+  EXPECT_TRUE(hasRecoveryFile(m_state));
+}
+
 class InteractiveUserWithoutPager : public InteractiveUser {
 protected:
   InteractiveUserWithoutPager()
@@ -549,6 +559,32 @@ TEST_F(InteractiveUser, RecoversWhatASignalHasInterrupted)
     EXPECT_EQ(next.typeAndLeave("discard\r"), 0);
     EXPECT_FALSE(hasRecoveryFile(state));
   }
+}
+
+TEST_F(InteractiveUser, IsNotKeptByAPipeThatNobodyWrites)
+{
+  const auto pipe = m_folder.path() / "pipe";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  m_terminal.typeAndExpect("create G Paris\r", "Created G with 1 element.");
+  m_terminal.typeAndExpect("select @\"" + pipe.string() + "\"\r", "pipe", "");
+
+  EXPECT_EQ(m_terminal.endBy(SIGTERM), SIGTERM);
+
+  EXPECT_TRUE(hasRecoveryFile(m_state));
+}
+
+TEST_F(InteractiveUser, IsOfferedUnsavedWorkByOpenToo)
+{
+  m_terminal.typeAndExpect("create G Paris\r", "Created G with 1 element.");
+  EXPECT_EQ(m_terminal.endBy(SIGTERM), SIGTERM);
+
+  const auto other = m_folder.write("other.csv", "collection,x,y,z\na,1,2,3\n").string();
+  Terminal next(other, m_state);
+  next.typeAndExpect("", "> ");
+  next.typeAndExpect("open \"" + m_points + "\"\r", "Opened points.csv",
+                     "recover, discard or later: ");
+  next.typeAndExpect("recover\r", "Recovered points.csv");
+  next.typeAndExpect("show G\r", "Paris");
 }
 
 TEST_F(InteractiveUser, RecoversWhatAClosedTerminalHasInterrupted)

@@ -50,6 +50,21 @@ TEST_F(Export, ReplacesAFileOnlyIfAsked)
   EXPECT_TRUE(m_files->contents["x.csv"].starts_with("collection,"));
 }
 
+TEST_F(Export, WarnsAsTheFilesDo)
+{
+  m_files->warning = "The disk is slow.";
+
+  EXPECT_EQ(run(m_session, {"export x.csv"}),
+            "Exported 3 elements in 0 groups to x.csv.\nThe disk is slow.");
+}
+
+TEST_F(Export, WaitsForNobodyWhoWritesTheSameFile)
+{
+  m_files->isBeingSaved = true;
+
+  EXPECT_EQ(mistake(m_session, "export x.csv"), "x.csv: process 7 saves in this file; try again");
+}
+
 TEST_F(Export, RefusesWhatTheFileCouldNotTell)
 {
   auto& document = *m_session.editor.document();
