@@ -66,7 +66,8 @@ public:
   const std::vector<T>& elements() const;
 
   /// Replaces the host's elements, or their order. Groups keep their members, whether these are
-  /// elements of the host or not. When it throws, nothing has changed.
+  /// elements of the host or not. Takes time that grows with all elements: hand over many at once.
+  /// When it throws, nothing has changed.
   /// @param elements  in the new order; of equal ones, only the first counts
   void setElements(const std::vector<T>& elements);
 

@@ -35,7 +35,8 @@ public:
   /// Moves the elements in the rows to the end of the group.
   virtual bool addToGroup(const QModelIndexList& rows, const QModelIndex& group) = 0;
 
-  /// Takes the members in the rows out of their groups.
+  /// Takes the elements in the rows out of their groups. As with all commands, one that several
+  /// groups hold leaves the first of them, also if the row is in another one.
   virtual bool removeFromGroups(const QModelIndexList& rows) = 0;
 
   /// Moves the groups in the rows next to a group, or the elements in the rows next to a member or
