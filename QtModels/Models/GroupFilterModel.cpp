@@ -28,12 +28,16 @@ GroupFilterModel::~GroupFilterModel() = default;
 
 void GroupFilterModel::setSourceModel(QAbstractItemModel* source)
 {
+  if (source == sourceModel())
+    return; // the base would not connect again what is disconnected below
   beginResetModel();
   if (sourceModel())
     sourceModel()->disconnect(this);
   if (source)
     connectTo(source); // before the base, which tells headers after each change of the source
   QAbstractProxyModel::setSourceModel(source);
+  if (source)
+    connectDestroyed(source); // after the base, which forgets the source when it is destroyed
   m_rows->setSource(source);
   endResetModel();
   Q_EMIT matchesChanged();
@@ -52,6 +56,12 @@ void GroupFilterModel::connectTo(const QAbstractItemModel* source)
     endResetModel();
     Q_EMIT matchesChanged();
   });
+}
+
+/// Views ask for columns as soon as they are told of the reset, when the source is no model any
+/// more.
+void GroupFilterModel::connectDestroyed(const QAbstractItemModel* source)
+{
   connect(source, &QObject::destroyed, this, [this] {
     beginResetModel();
     m_rows->setSource(nullptr);

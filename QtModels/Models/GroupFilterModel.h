@@ -71,6 +71,7 @@ private:
   void connectTo(const QAbstractItemModel* source);
   void connectRows(const QAbstractItemModel* source);
   void connectLayout(const QAbstractItemModel* source);
+  void connectDestroyed(const QAbstractItemModel* source);
   void beginLayout(const Parents& sourceParents = {}, Hint hint = NoLayoutChangeHint);
   void endLayout(const Parents& sourceParents = {}, Hint hint = NoLayoutChangeHint);
   void showMatches();

@@ -13,6 +13,8 @@
 #include <QtCore/QPersistentModelIndex>
 #include <QtTest/QAbstractItemModelTester>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QHeaderView>
+#include <QtWidgets/QScrollBar>
 #include <QtWidgets/QTreeView>
 
 #include <gmock/gmock.h>
@@ -158,6 +160,35 @@ TYPED_TEST(GroupFilter, ShowsNothingWhenTheSourceIsDestroyed)
   this->model.reset();
 
   EXPECT_EQ(this->filter.rowCount(), 0);
+}
+
+TYPED_TEST(GroupFilter, ForgetsADestroyedSourceBeforeViewsAskAgain)
+{
+  for (const QString text : {"", "a"}) {
+    auto source = std::make_unique<GroupItemModel<TypeParam>>(this->provider);
+    this->filter.setSourceModel(source.get());
+    this->filter.setSourceModel(source.get()); // once more, which must not change anything
+    this->filter.setFilterText(text);
+    QTreeView view;
+    view.setModel(&this->filter);
+    new TreeViewState(&view);
+    view.resize(200, 30);
+    view.expandAll();
+    view.show();
+    QApplication::processEvents();
+    view.verticalScrollBar()->setValue(1);
+    view.selectAll();
+    std::vector<const QAbstractItemModel*> sources;
+    QObject::connect(&this->filter, &QAbstractItemModel::modelReset, &view,
+                     [&] { sources.push_back(this->filter.sourceModel()); });
+
+    source.reset();
+    QApplication::processEvents();
+
+    EXPECT_THAT(sources, ElementsAre(nullptr));
+    EXPECT_EQ(view.header()->count(), 0);
+    EXPECT_FALSE(view.indexAt({0, 0}).isValid());
+  }
 }
 
 /// What a filter must show, found by looking at each name.
