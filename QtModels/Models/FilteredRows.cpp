@@ -58,6 +58,12 @@ bool FilteredRows::isGroup(int row) const
   return static_cast<std::size_t>(row) < m_groups.size();
 }
 
+int FilteredRows::shownGroups() const
+{
+  const auto end = std::lower_bound(m_top.shown.begin(), m_top.shown.end(), groups());
+  return static_cast<int>(end - m_top.shown.begin());
+}
+
 int FilteredRows::matchingGroups() const
 {
   return static_cast<int>(std::count_if(m_top.matching.begin(), m_top.matching.end(),

@@ -42,6 +42,9 @@ public:
   /// How many groups there are.
   int groups() const { return static_cast<int>(m_groups.size()); }
 
+  /// How many groups are shown. They come before the other shown rows.
+  int shownGroups() const;
+
   /// How many groups have names that contain the text.
   int matchingGroups() const;
 

@@ -174,6 +174,34 @@ int GroupFilterModel::matchingElements() const
   return elements;
 }
 
+/// The base drops above the next row that is shown. When that is an element below hidden ones,
+/// groups cannot go there, and go to the end of the groups instead.
+bool GroupFilterModel::canDropMimeData(const QMimeData* data,
+                                       Qt::DropAction action,
+                                       int row,
+                                       int column,
+                                       const QModelIndex& parent) const
+{
+  return QAbstractProxyModel::canDropMimeData(data, action, row, column, parent) ||
+         (isEndOfGroups(row, parent) &&
+          sourceModel()->canDropMimeData(data, action, m_rows->groups(), column, {}));
+}
+
+bool GroupFilterModel::dropMimeData(
+    const QMimeData* data, Qt::DropAction action, int row, int column, const QModelIndex& parent)
+{
+  if (QAbstractProxyModel::canDropMimeData(data, action, row, column, parent))
+    return QAbstractProxyModel::dropMimeData(data, action, row, column, parent);
+  return isEndOfGroups(row, parent) &&
+         sourceModel()->dropMimeData(data, action, m_rows->groups(), column, {});
+}
+
+/// Whether a place is right below the last group that a text leaves.
+bool GroupFilterModel::isEndOfGroups(int row, const QModelIndex& parent) const
+{
+  return isFiltering() && sourceModel() && !parent.isValid() && row == m_rows->shownGroups();
+}
+
 /// Begins a change of the layout. The source must not have changed yet.
 void GroupFilterModel::beginLayout(const Parents& sourceParents, Hint hint)
 {

@@ -57,6 +57,22 @@ public:
   QModelIndex mapToSource(const QModelIndex& proxyIndex) const override;
   QModelIndex mapFromSource(const QModelIndex& sourceIndex) const override;
 
+  /// @name Drag and drop
+  /// As in the source, above the next row that is shown. Groups that are dropped below the last
+  /// shown group go to the end of all groups.
+  /// @{
+  bool canDropMimeData(const QMimeData* data,
+                       Qt::DropAction action,
+                       int row,
+                       int column,
+                       const QModelIndex& parent) const override;
+  bool dropMimeData(const QMimeData* data,
+                    Qt::DropAction action,
+                    int row,
+                    int column,
+                    const QModelIndex& parent) override;
+  /// @}
+
 Q_SIGNALS:
   /// There is another text.
   void filterTextChanged(const QString& text);
@@ -73,6 +89,7 @@ private:
   void connectRows(const QAbstractItemModel* source);
   void connectLayout(const QAbstractItemModel* source);
   void connectDestroyed(const QAbstractItemModel* source);
+  bool isEndOfGroups(int row, const QModelIndex& parent) const;
   void beginLayout(const Parents& sourceParents = {}, Hint hint = NoLayoutChangeHint);
   void endLayout(const Parents& sourceParents = {}, Hint hint = NoLayoutChangeHint);
   void showMatches();
