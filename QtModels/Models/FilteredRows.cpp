@@ -43,9 +43,9 @@ void FilteredRows::setPattern(const QString& pattern)
 {
   const auto before = std::exchange(m_pattern, pattern);
   if (before.isEmpty() || pattern.isEmpty())
-    readAll();
-  else
-    filter(pattern.contains(before));
+    return readAll();
+  forgetMatches(pattern.contains(before));
+  filter();
 }
 
 const std::vector<int>& FilteredRows::shownBelow(const QModelIndex& parent) const
@@ -56,6 +56,12 @@ const std::vector<int>& FilteredRows::shownBelow(const QModelIndex& parent) cons
 bool FilteredRows::isGroup(int row) const
 {
   return static_cast<std::size_t>(row) < m_groups.size();
+}
+
+int FilteredRows::shownGroups() const
+{
+  const auto end = std::lower_bound(m_top.shown.begin(), m_top.shown.end(), groups());
+  return static_cast<int>(end - m_top.shown.begin());
 }
 
 int FilteredRows::matchingGroups() const
@@ -103,19 +109,16 @@ void FilteredRows::readAgain(const Parents& parents)
 bool FilteredRows::readNamesAgain(const QModelIndex& first, const QModelIndex& last)
 {
   bool isChanged = false;
-  auto& names = rowsOf(first.parent()).names;
+  auto& rows = rowsOf(first.parent());
   for (int row = first.row(); row <= last.row(); ++row) {
     auto name = nameAt(row, first.parent());
-    auto& known = names[static_cast<std::size_t>(row)];
+    auto& known = rows.names[static_cast<std::size_t>(row)];
     isChanged = isChanged || name != known;
     known = std::move(name);
   }
+  if (isChanged)
+    rows.matches = Matches::Unknown;
   return isChanged;
-}
-
-void FilteredRows::filter()
-{
-  filter(false);
 }
 
 auto FilteredRows::rowsOf(const QModelIndex& parent) -> Rows&
@@ -148,7 +151,7 @@ void FilteredRows::readAll()
   auto all = readRange({}, 0, m_source->rowCount() - 1);
   m_top.names = std::move(all.names);
   m_groups = std::move(all.groups);
-  filter(false);
+  filter();
 }
 
 auto FilteredRows::readRange(const QModelIndex& parent, int first, int last) const -> TakenRows
@@ -167,7 +170,9 @@ auto FilteredRows::readRange(const QModelIndex& parent, int first, int last) con
 auto FilteredRows::takeRange(const QModelIndex& parent, int first, int last) -> TakenRows
 {
   TakenRows result;
-  result.names = taken(rowsOf(parent).names, first, last);
+  auto& rows = rowsOf(parent);
+  rows.matches = Matches::Unknown;
+  result.names = taken(rows.names, first, last);
   if (!parent.isValid() && isGroup(first))
     result.groups = taken(m_groups, first, (std::min)(last, static_cast<int>(m_groups.size()) - 1));
   return result;
@@ -176,49 +181,76 @@ auto FilteredRows::takeRange(const QModelIndex& parent, int first, int last) -> 
 void FilteredRows::putRange(const QModelIndex& parent, int row, TakenRows rows)
 {
   const auto position = static_cast<std::size_t>(row);
-  ShownLists::insert(rowsOf(parent).names, position, std::move(rows.names));
+  auto& list = rowsOf(parent);
+  list.matches = Matches::Unknown;
+  ShownLists::insert(list.names, position, std::move(rows.names));
   if (!rows.groups.empty())
     ShownLists::insert(m_groups, position, std::move(rows.groups));
 }
 
-/// Finds out which rows are shown.
-/// @param narrows  whether only rows that matched before can match
-void FilteredRows::filter(bool narrows)
+/// Lets filter() search all lists, for another text.
+/// @param narrows  whether only rows that match now can match it
+void FilteredRows::forgetMatches(bool narrows)
 {
-  findMatches(m_top, narrows);
+  const auto forget = [narrows](Rows& rows) {
+    if (!narrows)
+      rows.matches = Matches::Unknown;
+    else if (rows.matches == Matches::Known)
+      rows.matches = Matches::TooMany;
+  };
+  forget(m_top);
+  for (const auto& group : m_groups)
+    forget(*group);
+}
+
+void FilteredRows::filter()
+{
+  findMatches(m_top);
   m_top.shown.clear();
   auto next = m_top.matching.begin();
-  for (int row = 0; row < static_cast<int>(m_groups.size()); ++row) {
+  for (int row = 0; row < groups(); ++row) {
     auto& group = *m_groups[static_cast<std::size_t>(row)];
-    findMatches(group, narrows);
     const bool matchesItself = next != m_top.matching.end() && *next == row;
-    if (matchesItself) {
+    if (matchesItself)
       ++next;
-      group.shown.resize(group.names.size());
-      std::iota(group.shown.begin(), group.shown.end(), 0);
-    } else {
-      group.shown = group.matching;
-    }
+    showMembers(group, matchesItself);
     if (matchesItself || !group.matching.empty())
       m_top.shown.push_back(row);
   }
   m_top.shown.insert(m_top.shown.end(), next, m_top.matching.end());
 }
 
-void FilteredRows::findMatches(Rows& rows, bool narrows) const
+/// Finds out which members of a group are shown, unless that is known.
+/// @param isWhole  whether all of them are
+void FilteredRows::showMembers(Rows& group, bool isWhole) const
+{
+  if (group.matches == Matches::Known && group.isWhole == isWhole)
+    return;
+  findMatches(group);
+  group.isWhole = isWhole;
+  if (!isWhole) {
+    group.shown = group.matching;
+    return;
+  }
+  group.shown.resize(group.names.size());
+  std::iota(group.shown.begin(), group.shown.end(), 0);
+}
+
+void FilteredRows::findMatches(Rows& rows) const
 {
   const auto contains = [&](int row) {
     return rows.names[static_cast<std::size_t>(row)].contains(m_pattern);
   };
-  if (narrows) {
+  if (rows.matches == Matches::TooMany)
     std::erase_if(rows.matching, [&](int row) { return !contains(row); });
-    return;
+  if (rows.matches == Matches::Unknown) {
+    rows.matching.clear();
+    for (int row = 0; row < static_cast<int>(rows.names.size()); ++row) {
+      if (contains(row))
+        rows.matching.push_back(row);
+    }
   }
-  rows.matching.clear();
-  for (int row = 0; row < static_cast<int>(rows.names.size()); ++row) {
-    if (contains(row))
-      rows.matching.push_back(row);
-  }
+  rows.matches = Matches::Known;
 }
 
 }

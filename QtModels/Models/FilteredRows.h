@@ -39,6 +39,12 @@ public:
   /// Whether the top row is a group.
   bool isGroup(int row) const;
 
+  /// How many groups there are.
+  int groups() const { return static_cast<int>(m_groups.size()); }
+
+  /// How many groups are shown. They come before the other shown rows.
+  int shownGroups() const;
+
   /// How many groups have names that contain the text.
   int matchingGroups() const;
 
@@ -61,15 +67,24 @@ public:
   /// @return whether any name is another one
   bool readNamesAgain(const QModelIndex& first, const QModelIndex& last);
 
-  /// Finds out which rows are shown.
+  /// Finds out which rows are shown. Searches only lists that have changed.
   void filter();
 
 private:
+  /// What is known of the rows that match.
+  enum class Matches {
+    Known,
+    TooMany, ///< some that are known may not match any more
+    Unknown
+  };
+
   /// The rows below one row, or the top rows.
   struct Rows {
     std::vector<QString> names; ///< case-folded
     std::vector<int> matching;  ///< those with names that contain the text, ascending
     std::vector<int> shown;     ///< those that are not hidden, ascending
+    Matches matches = Matches::Unknown;
+    bool isWhole = false; ///< whether all are shown because the group itself matches
   };
 
   /// Names that go from one place to another.
@@ -85,8 +100,9 @@ private:
   TakenRows readRange(const QModelIndex& parent, int first, int last) const;
   TakenRows takeRange(const QModelIndex& parent, int first, int last);
   void putRange(const QModelIndex& parent, int row, TakenRows rows);
-  void filter(bool narrows);
-  void findMatches(Rows& rows, bool narrows) const;
+  void forgetMatches(bool narrows);
+  void showMembers(Rows& group, bool isWhole) const;
+  void findMatches(Rows& rows) const;
 
   const QAbstractItemModel* m_source = nullptr;
   QString m_pattern;

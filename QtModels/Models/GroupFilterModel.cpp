@@ -28,12 +28,16 @@ GroupFilterModel::~GroupFilterModel() = default;
 
 void GroupFilterModel::setSourceModel(QAbstractItemModel* source)
 {
+  if (source == sourceModel())
+    return; // the base would not connect again what is disconnected below
   beginResetModel();
   if (sourceModel())
     sourceModel()->disconnect(this);
   if (source)
     connectTo(source); // before the base, which tells headers after each change of the source
   QAbstractProxyModel::setSourceModel(source);
+  if (source)
+    connectDestroyed(source); // after the base, which forgets the source when it is destroyed
   m_rows->setSource(source);
   endResetModel();
   Q_EMIT matchesChanged();
@@ -52,6 +56,12 @@ void GroupFilterModel::connectTo(const QAbstractItemModel* source)
     endResetModel();
     Q_EMIT matchesChanged();
   });
+}
+
+/// Views ask for columns as soon as they are told of the reset, when the source is no model any
+/// more.
+void GroupFilterModel::connectDestroyed(const QAbstractItemModel* source)
+{
   connect(source, &QObject::destroyed, this, [this] {
     beginResetModel();
     m_rows->setSource(nullptr);
@@ -162,6 +172,34 @@ int GroupFilterModel::matchingElements() const
   for (int group = 0; group < groups; ++group)
     elements += rowCount(index(group, 0));
   return elements;
+}
+
+/// The base drops above the next row that is shown. When that is an element below hidden ones,
+/// groups cannot go there, and go to the end of the groups instead.
+bool GroupFilterModel::canDropMimeData(const QMimeData* data,
+                                       Qt::DropAction action,
+                                       int row,
+                                       int column,
+                                       const QModelIndex& parent) const
+{
+  return QAbstractProxyModel::canDropMimeData(data, action, row, column, parent) ||
+         (isEndOfGroups(row, parent) &&
+          sourceModel()->canDropMimeData(data, action, m_rows->groups(), column, {}));
+}
+
+bool GroupFilterModel::dropMimeData(
+    const QMimeData* data, Qt::DropAction action, int row, int column, const QModelIndex& parent)
+{
+  if (QAbstractProxyModel::canDropMimeData(data, action, row, column, parent))
+    return QAbstractProxyModel::dropMimeData(data, action, row, column, parent);
+  return isEndOfGroups(row, parent) &&
+         sourceModel()->dropMimeData(data, action, m_rows->groups(), column, {});
+}
+
+/// Whether a place is right below the last group that a text leaves.
+bool GroupFilterModel::isEndOfGroups(int row, const QModelIndex& parent) const
+{
+  return isFiltering() && sourceModel() && !parent.isValid() && row == m_rows->shownGroups();
 }
 
 /// Begins a change of the layout. The source must not have changed yet.

@@ -22,7 +22,8 @@ class FilteredRows;
 /// as they are. With a text, each of them is told as one change of the layout.
 ///
 /// Names are kept from the first text on, until there is none. A text that continues the one before
-/// is searched for only in the names that matched.
+/// is searched for only in the names that matched. When the source changes, only the lists that
+/// change are searched.
 class TKM_QTMODELS_API GroupFilterModel : public QAbstractProxyModel {
   Q_OBJECT
   Q_PROPERTY(QString filterText READ filterText WRITE setFilterText NOTIFY filterTextChanged)
@@ -56,6 +57,22 @@ public:
   QModelIndex mapToSource(const QModelIndex& proxyIndex) const override;
   QModelIndex mapFromSource(const QModelIndex& sourceIndex) const override;
 
+  /// @name Drag and drop
+  /// As in the source, above the next row that is shown. Groups that are dropped below the last
+  /// shown group go to the end of all groups.
+  /// @{
+  bool canDropMimeData(const QMimeData* data,
+                       Qt::DropAction action,
+                       int row,
+                       int column,
+                       const QModelIndex& parent) const override;
+  bool dropMimeData(const QMimeData* data,
+                    Qt::DropAction action,
+                    int row,
+                    int column,
+                    const QModelIndex& parent) override;
+  /// @}
+
 Q_SIGNALS:
   /// There is another text.
   void filterTextChanged(const QString& text);
@@ -71,6 +88,8 @@ private:
   void connectTo(const QAbstractItemModel* source);
   void connectRows(const QAbstractItemModel* source);
   void connectLayout(const QAbstractItemModel* source);
+  void connectDestroyed(const QAbstractItemModel* source);
+  bool isEndOfGroups(int row, const QModelIndex& parent) const;
   void beginLayout(const Parents& sourceParents = {}, Hint hint = NoLayoutChangeHint);
   void endLayout(const Parents& sourceParents = {}, Hint hint = NoLayoutChangeHint);
   void showMatches();

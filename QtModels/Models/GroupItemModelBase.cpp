@@ -3,6 +3,8 @@
 
 #include "QtModels/Editing/GroupDragData.h"
 #include "QtModels/Editing/GroupEditorBase.h"
+#include "QtModels/Support/CurrentException.h"
+
 #include <utility>
 
 namespace Tarvik {
@@ -157,8 +159,9 @@ void GroupItemModelBase::tellFailure(const std::exception_ptr& exception) const 
   try {
     try {
       std::rethrow_exception(exception);
-    } catch (const std::exception& error) {
-      Q_EMIT failed(tr("A group or an element cannot be shown: %1").arg(error.what()));
+    } catch (...) {
+      Q_EMIT failed(
+          tr("A group or an element cannot be shown: %1").arg(messageOfCurrentException()));
     }
   } catch (...) { // NOLINT(bugprone-empty-catch): there is nothing left that could be told
   }

@@ -6,6 +6,8 @@
 
 #include <QtCore/QItemSelectionModel>
 
+#include <algorithm>
+
 namespace Tarvik {
 namespace {
 
@@ -67,6 +69,27 @@ QModelIndexList SelectedRows::indexes(const QItemSelectionModel* selection)
       rows.append(rowAt(range, row));
   }
   return rows;
+}
+
+QItemSelection SelectedRows::selectionOf(QModelIndexList rows)
+{
+  std::sort(rows.begin(), rows.end(), [](const QModelIndex& a, const QModelIndex& b) {
+    const auto parentOfA = a.parent();
+    const auto parentOfB = b.parent();
+    return parentOfA != parentOfB ? parentOfA < parentOfB : a.row() < b.row();
+  });
+  QItemSelection selection;
+  for (auto begin = rows.cbegin(); begin != rows.cend();) {
+    const auto isGap = [](const QModelIndex& above, const QModelIndex& below) {
+      return below.row() != above.row() + 1 || below.parent() != above.parent();
+    };
+    const auto last = std::adjacent_find(begin, rows.cend(), isGap);
+    const auto& bottom = last != rows.cend() ? *last : rows.constLast();
+    const int lastColumn = bottom.model()->columnCount(bottom.parent()) - 1;
+    selection.append(QItemSelectionRange(*begin, bottom.siblingAtColumn(lastColumn)));
+    begin = last != rows.cend() ? last + 1 : last;
+  }
+  return selection;
 }
 
 }

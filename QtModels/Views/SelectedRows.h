@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QtCore/QItemSelection>
 #include <QtCore/QModelIndex>
 
 class QItemSelectionModel;
@@ -28,6 +29,11 @@ struct SelectedRows {
 
   /// The rows themselves, as indexes of the first column, in the order of the ranges.
   static QModelIndexList indexes(const QItemSelectionModel* selection);
+
+  /// A selection of whole rows, with as few ranges as possible: selection models are slow with many
+  /// of them.
+  /// @param rows  in any order, each once; of the first column
+  static QItemSelection selectionOf(QModelIndexList rows);
 };
 
 }

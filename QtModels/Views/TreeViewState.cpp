@@ -2,9 +2,9 @@
 #include "QtModels/Views/TreeViewState.h"
 
 #include "QtModels/Models/GroupItemModelBase.h"
+#include "QtModels/Views/SelectedRows.h"
 
 #include <QtCore/QAbstractItemModel>
-#include <QtCore/QItemSelection>
 #include <QtCore/QItemSelectionModel>
 #include <QtCore/QScopedValueRollback>
 #include <QtWidgets/QScrollBar>
@@ -137,7 +137,7 @@ void TreeViewState::rememberBeforeReset()
   m_top = top != m_rows.cend() ? nameOf(top->index) : RowName();
   m_current = nameOf(m_view->currentIndex());
   m_selected.clear();
-  const auto selected = m_view->selectionModel()->selectedRows();
+  const auto selected = SelectedRows::indexes(m_view->selectionModel());
   for (const auto& index : selected)
     m_selected.insert(nameOf(index));
 }
@@ -210,17 +210,17 @@ void TreeViewState::restoreSelection()
       names.insert(name);
   }
   const auto indexes = find(names);
-  QItemSelection selection;
+  QModelIndexList selected;
   for (const auto& name : std::as_const(m_selected)) {
     const auto index = indexes.value(name);
     if (index.isValid())
-      selection.select(index, index);
+      selected.append(index);
   }
   const bool hasAutoScroll = m_view->hasAutoScroll();
   m_view->setAutoScroll(false); // it would expand the group of the current row
   auto* const selectionModel = m_view->selectionModel();
   selectionModel->setCurrentIndex(indexes.value(m_current), QItemSelectionModel::NoUpdate);
-  selectionModel->select(selection,
+  selectionModel->select(SelectedRows::selectionOf(std::move(selected)),
                          QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
   m_view->setAutoScroll(hasAutoScroll);
   if (!m_top.isEmpty())

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Drops with the data of drags, as views do them.
 
+#include "QtModels/Models/GroupFilterModel.h"
 #include "QtModels/Support/EditedDocument.h"
+#include "QtModels/Support/ShownRows.h"
 
 #include <QtCore/QMimeData>
 #include <QtCore/QSortFilterProxyModel>
@@ -201,6 +203,63 @@ TYPED_TEST(GroupDropTest, WorksThroughAFilter)
   ASSERT_EQ(filter.rowCount(groupA), 1);
   EXPECT_TRUE(filter.dropMimeData(data.get(), Qt::MoveAction, 0, 0, groupA)); // above b
   EXPECT_EQ(document.text(), "A[adbc] B[b] C[] ");
+}
+
+/// Shows what has an "a" in its name: two groups and an element. One group and two elements between
+/// them are hidden.
+template <class T>
+class DropIntoFilterTest : public GroupDropTest<T> {
+protected:
+  DropIntoFilterTest()
+  {
+    filter.setSourceModel(&document.model);
+    filter.setFilterText("a");
+  }
+
+  bool drop(const std::string& rows, int row)
+  {
+    return this->dropIn(filter, document, document.rows(rows), row, QModelIndex());
+  }
+
+  EditedDocument<T> document{"A[x] A[y] H[z] cda"};
+  GroupFilterModel filter;
+};
+TYPED_TEST_SUITE(DropIntoFilterTest, ElementIdentifiers, KindName);
+
+TYPED_TEST(DropIntoFilterTest, PutsAGroupBelowTheLastShownOneAtTheEndOfTheGroups)
+{
+  ASSERT_EQ(textsOf(this->filter), Texts({"A", "- x", "A", "- y", "a"}));
+
+  EXPECT_TRUE(this->drop("A", 2));
+
+  EXPECT_EQ(this->document.text(), "A[y] H[z] A[x] cda");
+}
+
+TYPED_TEST(DropIntoFilterTest, PutsAGroupAboveTheElementsWhenNoGroupIsShown)
+{
+  this->filter.setFilterText("d");
+  ASSERT_EQ(textsOf(this->filter), Texts({"d"}));
+
+  EXPECT_TRUE(this->drop("A", 0));
+
+  EXPECT_EQ(this->document.text(), "A[y] H[z] A[x] cda");
+}
+
+TYPED_TEST(DropIntoFilterTest, PutsAnElementAboveTheShownOne)
+{
+  EXPECT_TRUE(this->drop("x", 2));
+  EXPECT_EQ(this->document.text(), "A[] A[y] H[z] cdxa");
+}
+
+TYPED_TEST(DropIntoFilterTest, RefusesWhatCannotGoThere)
+{
+  EditedDocument<TypeParam> other("A[a] ");
+  EXPECT_FALSE(this->dropIn(this->filter, other, other.rows("A"), 2, QModelIndex()));
+  EXPECT_FALSE(this->drop("x", 1)) << "an element between groups";
+  EXPECT_FALSE(this->dropIn(this->filter, this->document, this->document.rows("A"), 1,
+                            this->filter.index(1, 0)))
+      << "a group into a group";
+  EXPECT_EQ(this->document.text(), "A[x] A[y] H[z] cda");
 }
 
 TYPED_TEST(GroupDropTest, ReportsAFailureOfTheHandler)

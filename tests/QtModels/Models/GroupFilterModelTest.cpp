@@ -10,9 +10,12 @@
 #include "QtModels/Views/TreeViewState.h"
 #include "Support/Groups.h"
 
+#include <QtCore/QElapsedTimer>
 #include <QtCore/QPersistentModelIndex>
 #include <QtTest/QAbstractItemModelTester>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QHeaderView>
+#include <QtWidgets/QScrollBar>
 #include <QtWidgets/QTreeView>
 
 #include <gmock/gmock.h>
@@ -22,6 +25,7 @@
 #include <cstddef>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace Tarvik {
@@ -160,6 +164,92 @@ TYPED_TEST(GroupFilter, ShowsNothingWhenTheSourceIsDestroyed)
   EXPECT_EQ(this->filter.rowCount(), 0);
 }
 
+TYPED_TEST(GroupFilter, ForgetsADestroyedSourceBeforeViewsAskAgain)
+{
+  for (const QString text : {"", "a"}) {
+    auto source = std::make_unique<GroupItemModel<TypeParam>>(this->provider);
+    this->filter.setSourceModel(source.get());
+    this->filter.setSourceModel(source.get()); // once more, which must not change anything
+    this->filter.setFilterText(text);
+    QTreeView view;
+    view.setModel(&this->filter);
+    new TreeViewState(&view);
+    view.resize(200, 30);
+    view.expandAll();
+    view.show();
+    QApplication::processEvents();
+    view.verticalScrollBar()->setValue(1);
+    view.selectAll();
+    std::vector<const QAbstractItemModel*> sources;
+    QObject::connect(&this->filter, &QAbstractItemModel::modelReset, &view,
+                     [&] { sources.push_back(this->filter.sourceModel()); });
+
+    source.reset();
+    QApplication::processEvents();
+
+    EXPECT_THAT(sources, ElementsAre(nullptr));
+    EXPECT_EQ(view.header()->count(), 0);
+    EXPECT_FALSE(view.indexAt({0, 0}).isValid());
+  }
+}
+
+/// Rows whose names are texts with their numbers, and can be changed one by one.
+class ManyNames {
+public:
+  ManyNames(std::size_t groupCount, std::size_t membersPerGroup)
+  {
+    std::vector<TKGroup<Identifier>> groups(groupCount);
+    std::vector<Identifier> elements;
+    for (auto& group : groups) {
+      setMembers(group, std::vector<Identifier>(membersPerGroup));
+      elements.insert(elements.end(), group.getGroupMembers().begin(),
+                      group.getGroupMembers().end());
+    }
+    provider->setElements(elements);
+    provider->setGroups(groups);
+    model.setRowData([this](const QModelIndex& index, int role) {
+      return role == Qt::DisplayRole ? nameOf(index) : QVariant();
+    });
+  }
+
+  /// Gives a member another name.
+  void rename(const QModelIndex& member)
+  {
+    ++m_renamed;
+    Q_EMIT model.dataChanged(member, member);
+  }
+
+  std::shared_ptr<TestProvider<Identifier>> provider = std::make_shared<TestProvider<Identifier>>();
+  GroupItemModel<Identifier> model{provider};
+
+private:
+  QVariant nameOf(const QModelIndex& index) const
+  {
+    return QStringLiteral("the element with the number %1 of %2").arg(index.row()).arg(m_renamed);
+  }
+
+  int m_renamed = 0;
+};
+
+TEST(GroupFilterOfManyNames, SearchesOnlyTheListThatChanges)
+{
+  ManyNames names(100, 1000);
+  GroupFilterModel filter;
+  filter.setSourceModel(&names.model);
+  QElapsedTimer timer;
+  timer.start();
+  filter.setFilterText("number 123 of");
+  const auto timeForAllNames = timer.restart();
+  ASSERT_EQ(filter.matchingElements(), 100);
+
+  const auto group = names.model.index(50, 0);
+  for (int i = 0; i < 500; ++i)
+    names.rename(names.model.index(i, 0, group));
+
+  EXPECT_LT(timer.elapsed(), 3 * timeForAllNames)
+      << "milliseconds: all names are searched each time";
+}
+
 /// What a filter must show, found by looking at each name.
 std::vector<std::string> filtered(const QAbstractItemModel& model, const QString& text)
 {
@@ -180,6 +270,16 @@ std::vector<std::string> filtered(const QAbstractItemModel& model, const QString
     texts.insert(texts.end(), members.begin(), members.end());
   }
   return texts;
+}
+
+template <class T>
+void renameSomeElements(RandomChanges<T>& changes, GroupItemModel<T>& model)
+{
+  std::vector<std::pair<T, std::string>> names;
+  for (const T& element : changes.pool())
+    names.emplace_back(element, std::to_string(changes.number(100)));
+  changes.provider->nameElements(names);
+  model.allElementsChanged();
 }
 
 template <class T>
@@ -206,6 +306,8 @@ TYPED_TEST(GroupFilterWalk, FollowsRandomChangesOfSourceAndText)
       SCOPED_TRACE("seed " + std::to_string(seed) + ", change " + std::to_string(change));
       if (changes.number(4) == 0)
         filter.setFilterText(texts[changes.number(texts.size())]);
+      if (changes.number(8) == 0)
+        renameSomeElements(changes, model);
       changes.changeSomething();
       ASSERT_EQ(changes.provider->takeListenerFailure(), nullptr);
       ASSERT_EQ(textsOf(filter), filtered(model, filter.filterText()));

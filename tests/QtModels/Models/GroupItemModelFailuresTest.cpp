@@ -5,6 +5,7 @@
 #include "QtModels/Models/GroupItemModel.h"
 #include "QtModels/Support/RecordedSignals.h"
 #include "QtModels/Support/ShownRows.h"
+#include "QtModels/Support/TextCommand.h"
 #include "Support/Allocations.h"
 #include "Support/Groups.h"
 
@@ -116,21 +117,34 @@ TYPED_TEST(GroupItemModelFailures, DoNotRepeatAChangeThatWaitsToBeTold)
 template <class T>
 class NamelessProvider : public TKGroupProvider<T> {
 public:
-  std::string getElementName(const T&) override { throw std::runtime_error("no name"); }
+  explicit NamelessProvider(Failure failure) : m_failure(failure) {}
+
+  std::string getElementName(const T&) override
+  {
+    failWith(m_failure);
+    return {};
+  }
+
+private:
+  Failure m_failure;
 };
 
 TYPED_TEST(GroupItemModelFailures, OfNamesAreToldAndLeaveTheRowEmpty)
 {
-  const auto provider = std::make_shared<NamelessProvider<TypeParam>>();
-  provider->setElements(this->ids);
-  const GroupItemModel<TypeParam> model(provider);
-  QString message;
-  QObject::connect(&model, &GroupItemModelBase::failed, &model,
-                   [&](const QString& text) { message = text; });
+  for (const auto& [failure, text] : {std::pair(Failure::Error, "the disk is full"),
+                                      std::pair(Failure::OutOfMemory, "there is not enough memory"),
+                                      std::pair(Failure::Unknown, "the cause is unknown")}) {
+    const auto provider = std::make_shared<NamelessProvider<TypeParam>>(failure);
+    provider->setElements(this->ids);
+    const GroupItemModel<TypeParam> model(provider);
+    QString message;
+    QObject::connect(&model, &GroupItemModelBase::failed, &model,
+                     [&](const QString& told) { message = told; });
 
-  EXPECT_FALSE(model.index(0, 0).data().isValid());
+    EXPECT_FALSE(model.index(0, 0).data().isValid());
 
-  EXPECT_TRUE(message.contains("no name")) << message.toStdString();
+    EXPECT_TRUE(message.contains(text)) << text << ", but: " << message.toStdString();
+  }
 }
 
 }

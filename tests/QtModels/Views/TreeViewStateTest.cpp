@@ -9,6 +9,7 @@
 #include "QtModels/Models/GroupItemModel.h"
 
 #include <QtCore/QElapsedTimer>
+#include <QtCore/QItemSelection>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QTreeView>
@@ -17,6 +18,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <numeric>
 #include <string>
 #include <utility>
 #include <vector>
@@ -240,6 +242,29 @@ TEST_F(TreeViewStateTest, ExpandsTenThousandGroupsAtOnceAndSelectsNothing)
   EXPECT_LT(timer.elapsed(), 10'000) << "milliseconds: rows are laid out each time";
   EXPECT_TRUE(view->isExpanded(groupRow(9'999)));
   EXPECT_FALSE(view->selectionModel()->hasSelection());
+}
+
+TEST_F(TreeViewStateTest, KeepsTwentyThousandSelectedRowsOverAReset)
+{
+  show(5'000);
+  view->expandAll();
+  view->selectAll();
+  view->selectionModel()->select(QItemSelection(memberRow(1, 7), memberRow(1, 7)),
+                                 QItemSelectionModel::Deselect | QItemSelectionModel::Rows);
+  QElapsedTimer timer;
+  timer.start();
+
+  model->reload();
+  QApplication::processEvents();
+
+  EXPECT_LT(timer.elapsed(), 20'000) << "milliseconds: each row is compared with each range";
+  const auto ranges = view->selectionModel()->selection();
+  EXPECT_EQ(ranges.size(), 5'002) << "the groups, the members of each, and one gap";
+  const auto rows = std::accumulate(
+      ranges.begin(), ranges.end(), 0,
+      [](int sum, const QItemSelectionRange& range) { return sum + range.height(); });
+  EXPECT_EQ(rows, 19'999);
+  EXPECT_FALSE(view->selectionModel()->isSelected(memberRow(1, 7)));
 }
 
 }
