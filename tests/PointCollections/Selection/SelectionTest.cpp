@@ -139,6 +139,18 @@ TEST_F(ASelection, RefusesAFileWithAMistake)
                            "file");
 }
 
+TEST_F(ASelection, RefusesAFileThatIsNotUtf8)
+{
+  m_files.contents["latin.txt"] = "Rome\r\n\nS\xE3o Paulo\n";
+  m_files.contents["utf16.txt"] = std::string("\xFF\xFER\0o\0m\0e\0", 10);
+  m_files.contents["unmarked.txt"] = std::string("R\0o\0m\0e\0\n\0", 10);
+
+  EXPECT_EQ(mistake("@latin.txt"),
+            "latin.txt:3: the byte \\xE3 is not UTF-8; save the file as UTF-8");
+  EXPECT_EQ(mistake("@utf16.txt"), "utf16.txt: this text is in UTF-16; save it as UTF-8");
+  EXPECT_EQ(mistake("@unmarked.txt"), "unmarked.txt: this text is in UTF-16; save it as UTF-8");
+}
+
 TEST_F(ASelection, SuggestsAPatternWhenNothingMatches)
 {
   EXPECT_EQ(mistake("Pariss*"), "nothing matches Pariss*; did you mean Paris*?");
