@@ -48,6 +48,9 @@ public:
   /// The position of the quote that the last word left open.
   std::optional<std::size_t> openQuote() const { return m_openQuote; }
 
+  /// The escape that the last word left unfinished; empty if it did not.
+  std::string_view openEscape() const { return m_openEscape; }
+
   /// Reads a word: its plain and quoted parts, one after the other.
   Word readWord()
   {
@@ -138,8 +141,9 @@ private:
     };
     if (isUnfinished()) {
       m_openQuote = opening;
+      m_openEscape = rest;
       m_at = m_line.size();
-      return "\\";
+      return "";
     }
     if (rest[1] == 'x')
       return {readByte(rest)};
@@ -183,6 +187,7 @@ private:
   std::string_view m_line;
   std::size_t m_at = 0;
   std::optional<std::size_t> m_openQuote;
+  std::string_view m_openEscape;
 };
 
 }
@@ -260,6 +265,7 @@ UnfinishedLine splitUnfinished(std::string_view line)
       result.words.push_back(std::move(word));
     }
   }
+  result.openEscape = scanner.openEscape();
   return result;
 }
 
