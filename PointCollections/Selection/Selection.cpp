@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Selection/Selection.h"
 
+#include "PointCollections/Input/Encoding.h"
 #include "PointCollections/Selection/Lookup.h"
 #include "PointCollections/Selection/SelectedLists.h"
 #include "PointCollections/Text/Interruption.h"
@@ -175,11 +176,9 @@ std::vector<GUIdentifier> Selection::selectedBy(const Word& word) const
 
 std::vector<GUIdentifier> Selection::inFile(const Word& file) const
 {
-  constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+  const auto name = printable(file.text);
   const auto content = m_files.readText(Utf8::toPath(file.text));
-  std::string_view rest = content;
-  if (rest.starts_with(byteOrderMark))
-    rest.remove_prefix(byteOrderMark.size());
+  auto rest = checkedUtf8(content, name);
   Elements selected;
   for (std::size_t number = 1; !rest.empty(); ++number) {
     checkInterruption();
@@ -188,7 +187,7 @@ std::vector<GUIdentifier> Selection::inFile(const Word& file) const
       if (!line.empty())
         selected.push_back(elementNamed(m_document, {nameOnLine(line), true}));
     } catch (const UserError& error) {
-      throw UserError(fmt::format("{}:{}: {}", printable(file.text), number, error.what()));
+      throw UserError(fmt::format("{}:{}: {}", name, number, error.what()));
     }
   }
   if (selected.empty())

@@ -20,7 +20,8 @@ namespace Tarvik::PointCollections {
 /// nothing.
 ///
 /// A file has one name on each line, exactly as it is; empty lines are skipped. A line that starts
-/// with a quote is read as a quoted word: so a name may have line breaks or start with a quote.
+/// with a quote is read as a quoted word: so a name may have line breaks or start with a quote. The
+/// file must be UTF-8, with or without a byte order mark.
 class Selection {
 public:
   /// Both must outlive the selection.

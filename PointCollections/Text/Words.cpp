@@ -48,6 +48,9 @@ public:
   /// The position of the quote that the last word left open.
   std::optional<std::size_t> openQuote() const { return m_openQuote; }
 
+  /// The escape that the last word left unfinished; empty if it did not.
+  std::string_view openEscape() const { return m_openEscape; }
+
   /// Reads a word: its plain and quoted parts, one after the other.
   Word readWord()
   {
@@ -138,8 +141,9 @@ private:
     };
     if (isUnfinished()) {
       m_openQuote = opening;
+      m_openEscape = rest;
       m_at = m_line.size();
-      return "\\";
+      return "";
     }
     if (rest[1] == 'x')
       return {readByte(rest)};
@@ -183,6 +187,7 @@ private:
   std::string_view m_line;
   std::size_t m_at = 0;
   std::optional<std::size_t> m_openQuote;
+  std::string_view m_openEscape;
 };
 
 }
@@ -212,6 +217,9 @@ Word Word::part(std::size_t begin, std::size_t end) const
     if (first < last)
       result.quotedParts.push_back({first - begin, last - begin});
   }
+  if (begin == end) // an empty quoted part there is an empty quoted word
+    result.isQuoted = isQuoted || std::find(quotedParts.begin(), quotedParts.end(),
+                                            TextRange{begin, end}) != quotedParts.end();
   const bool isWhole = result.quotedParts == std::vector<TextRange>{{0, result.text.size()}};
   if (isWhole && !result.text.empty())
     result = {std::move(result.text), true};
@@ -260,6 +268,7 @@ UnfinishedLine splitUnfinished(std::string_view line)
       result.words.push_back(std::move(word));
     }
   }
+  result.openEscape = scanner.openEscape();
   return result;
 }
 

@@ -62,9 +62,12 @@ struct UnfinishedLine {
   Word last;               ///< the word being typed; empty after a blank
   std::size_t lastAt = 0;  ///< the byte at which the last word starts, quote included
   std::size_t size = 0;    ///< of the whole line, in bytes
+  std::string openEscape =
+      {}; ///< the start of an escape at the end, such as `\u{FE`; not in `last`
 };
 
-/// Splits a line that is not complete yet. The quote of the last word may be open.
+/// Splits a line that is not complete yet. The quote of the last word, and an escape in it, may be
+/// open.
 /// @throws UserError as splitWords() does, except for the open quote
 UnfinishedLine splitUnfinished(std::string_view line);
 

@@ -216,6 +216,20 @@ Names startingWith(const std::string& start, const Names& names)
   return result;
 }
 
+/// The names that start with the last word of the line. An escape that is half typed stands for any
+/// character that is written so.
+Names matchesFor(const UnfinishedLine& line, const Names& names)
+{
+  if (line.openEscape.empty())
+    return startingWith(line.last.text, names);
+  auto start = inQuotes(line.last.text);
+  start.replace(start.size() - 1, 1, line.openEscape);
+  Names result;
+  std::copy_if(names.begin(), names.end(), std::back_inserter(result),
+               [&start](const auto& name) { return inQuotes(name).starts_with(start); });
+  return result;
+}
+
 std::string_view commonStart(const Names& names)
 {
   std::string_view common = names.front();
@@ -250,7 +264,8 @@ Completion completedWith(const Names& matches, const UnfinishedLine& line, Form 
   for (const auto& match : matches)
     result.candidates.push_back(areNames ? asTyped(match) : match);
   const auto common = commonStart(matches);
-  if (common.size() < line.last.text.size()) { // they differ in the case of letters
+  const bool endsBefore = common.size() < line.last.text.size(); // they differ in case
+  if (endsBefore || (!line.openEscape.empty() && common == line.last.text)) {
     result.from = line.size;
     return result;
   }
@@ -265,7 +280,8 @@ Completion completedWith(const Names& matches, const UnfinishedLine& line, Form 
 
 bool areElements(std::optional<ArgumentKind> kind)
 {
-  return kind == ArgumentKind::Element || kind == ArgumentKind::Member;
+  return kind == ArgumentKind::Element || kind == ArgumentKind::Member ||
+         kind == ArgumentKind::MemberOfGroup || kind == ArgumentKind::Any;
 }
 
 /// The byte after the first colon outside quotes; npos if there is none.
@@ -299,7 +315,9 @@ Names namesInLists(PointDocument& document, std::string_view lists)
 /// Completes a word that selects elements: the file after "@", or the name after the group.
 /// @param word  as it is typed
 /// @param at    where the word is in its line
-Completion completeTerm(Session& session, std::string_view word, std::size_t at)
+/// @param accepted  the elements that the verb accepts; null for all
+Completion
+completeTerm(Session& session, std::string_view word, std::size_t at, const Names* accepted)
 {
   const auto colon = afterColon(word);
   const bool isInLists = colon != std::string_view::npos;
@@ -310,10 +328,12 @@ Completion completeTerm(Session& session, std::string_view word, std::size_t at)
   auto rest = splitUnfinished(word.substr(begin));
   rest.lastAt = at + begin;
   rest.size += at + begin;
-  const auto names =
-      isInLists ? namesInLists(*session.editor.document(), word.substr(0, colon))
-                : fileNames(session.editor.files(), ArgumentKind::NameFile, rest.last.text);
-  return completedWith(startingWith(rest.last.text, names), rest, isFile ? Form::Path : Form::Name);
+  auto names = isInLists
+                   ? namesInLists(*session.editor.document(), word.substr(0, colon))
+                   : fileNames(session.editor.files(), ArgumentKind::NameFile, rest.last.text);
+  if (isInLists && accepted != nullptr)
+    names = without(names, without(names, *accepted));
+  return completedWith(matchesFor(rest, names), rest, isFile ? Form::Path : Form::Name);
 }
 
 Completion completeLine(Session& session, const UnfinishedLine& line, std::string_view text)
@@ -327,9 +347,11 @@ Completion completeLine(Session& session, const UnfinishedLine& line, std::strin
     return completedWith(startingWith(start, optionsExpected(context)), line, Form::Word);
   }
   const auto kind = kindExpected(context);
-  const auto matches = startingWith(start, namesExpected(session, context, start));
+  const auto names = namesExpected(session, context, start);
+  const auto matches = matchesFor(line, names);
   if (matches.empty() && areElements(kind))
-    return completeTerm(session, text.substr(line.lastAt), line.lastAt);
+    return completeTerm(session, text.substr(line.lastAt), line.lastAt,
+                        kind == ArgumentKind::MemberOfGroup ? &names : nullptr);
   return completedWith(matches, line, areFiles(kind) ? Form::Path : Form::Name);
 }
 

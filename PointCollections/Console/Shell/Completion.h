@@ -19,7 +19,8 @@ namespace Tarvik::PointCollections {
 /// their names end in .tkpc or .csv, as the verb wants it; folders always are.
 ///
 /// Where elements are selected, "Europe:" is completed with the members of that group, ":" with the
-/// ungrouped elements, and "@" with files.
+/// ungrouped elements, and "@" with files. An escape that is half typed is completed, too; what is
+/// typed never goes away.
 /// @param line  the part before the cursor; may be any bytes
 Completion complete(Session& session, std::string_view line);
 

@@ -18,6 +18,14 @@ bool isPlain(char c)
   return c >= ' ' && c < '\x7F' && c != '"' && c != '\\';
 }
 
+/// Whether it is written by its number: a control, which a terminal may obey, or the end of a line
+/// or a paragraph. JSON itself asks for those below U+0020 only.
+bool isEscaped(char32_t character)
+{
+  return character < 0x20 || (character >= 0x7F && character < 0xA0) || character == 0x2028 ||
+         character == 0x2029;
+}
+
 }
 
 JsonWriter& JsonWriter::beginObject()
@@ -100,16 +108,17 @@ void JsonWriter::appendQuoted(std::string_view text)
     if (text.empty())
       break;
     const std::size_t length = Utf8::characterLength(text);
-    const char first = text[0];
+    const auto character = text.substr(0, std::max<std::size_t>(1, length));
+    const auto code = Utf8::decode(character).front();
     if (length == 0)
       m_text += "\xEF\xBF\xBD";
-    else if (first == '"' || first == '\\')
-      (m_text += '\\') += first;
-    else if (length == 1 && (static_cast<unsigned char>(first) < 0x20 || first == 0x7F))
-      fmt::format_to(std::back_inserter(m_text), "\\u{:04x}", static_cast<unsigned>(first));
+    else if (code == '"' || code == '\\')
+      (m_text += '\\') += character;
+    else if (isEscaped(code))
+      fmt::format_to(std::back_inserter(m_text), "\\u{:04x}", static_cast<unsigned>(code));
     else
-      m_text += text.substr(0, length);
-    text.remove_prefix(length == 0 ? 1 : length);
+      m_text += character;
+    text.remove_prefix(character.size());
   }
   m_text += '"';
 }

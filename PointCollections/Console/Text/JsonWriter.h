@@ -11,7 +11,8 @@ namespace Tarvik::PointCollections {
 /// Writes JSON (RFC 8259) on one line, for other programs.
 ///
 /// Begin and end objects and arrays in pairs. In an object, call key() before each value. Bytes of
-/// a text that are not UTF-8 become U+FFFD, so the result is always valid.
+/// a text that are not UTF-8 become U+FFFD, so the result is always valid. Control characters,
+/// which a terminal may obey, and all ends of lines and paragraphs are written by their numbers.
 class JsonWriter {
 public:
   JsonWriter& beginObject();

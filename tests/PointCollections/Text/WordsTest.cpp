@@ -147,5 +147,15 @@ TEST(Words, AreSplitWhileAQuoteIsOpen)
   EXPECT_EQ(splitUnfinished("add \"New York\"").last, (Word{"New York", true}));
 }
 
+TEST(Words, AreSplitWhileAnEscapeIsHalfTyped)
+{
+  for (const std::string escape : {"\\", "\\x", "\\x2", "\\u", "\\u{", "\\u{FE"}) {
+    const auto line = splitUnfinished("add \"New" + escape);
+    EXPECT_EQ(line.last, (Word{"New", true}));
+    EXPECT_EQ(line.openEscape, escape);
+  }
+  EXPECT_EQ(splitUnfinished(R"(add "New\n)").openEscape, "");
+}
+
 }
 }

@@ -206,6 +206,19 @@ TEST_F(CompletionOf, AMemberAfterItsGroup)
   EXPECT_THAT(candidates("select None:P"), IsEmpty());
 }
 
+TEST_F(CompletionOf, AMemberAfterItsGroupWhereverOneIsTaken)
+{
+  run(m_session, {"add Asia \"New York\" Paris Prague", "add Europe Paramaribo"});
+
+  EXPECT_EQ(completed("show Asia:Pa"), "show Asia:Paris ");
+  EXPECT_EQ(completed("show Paris Asia:N"), "show Paris Asia:\"New York\" ");
+  EXPECT_THAT(candidates("show Europe:"), ElementsAre("Paramaribo"));
+  EXPECT_THAT(candidates("show --all Europe:"), IsEmpty());
+  EXPECT_EQ(completed("add Asia Zürich --before Asia:Pa"), "add Asia Zürich --before Asia:Paris ");
+  EXPECT_EQ(completed("add Europe --after *:P"), "add Europe --after *:Paramaribo ");
+  EXPECT_THAT(candidates("add Europe --after Asia:"), IsEmpty());
+}
+
 TEST_F(CompletionOf, AnUngroupedElementAfterAColon)
 {
   run(m_session, {"add Asia Paris Prague"});
@@ -217,6 +230,7 @@ TEST_F(FileCompletion, NamesWhatCanHoldNames)
 {
   EXPECT_EQ(completed("create G @n"), "create G @notes.txt ");
   EXPECT_EQ(completed("create G @ma"), "create G @maps/");
+  EXPECT_EQ(completed("show @no"), "show @notes.txt ");
   EXPECT_EQ(completed("create G @my"), "create G @my");
   EXPECT_THAT(candidates("create @n"), IsEmpty());
 }
@@ -262,6 +276,34 @@ TEST_F(CompletionOf, KeepsWhatIsTypedWhenNamesDifferInCaseOnly)
   EXPECT_EQ(completed("add \"EU"), "add \"EU");
   EXPECT_THAT(candidates("add EU"), ElementsAre("Europe", "eUROPA"));
   EXPECT_EQ(completed("create A PAR"), "create A Par");
+}
+
+class CompletionOfAnEscape : public ::testing::Test {
+protected:
+  std::string completed(const std::string& line)
+  {
+    const auto completion = complete(m_session, line);
+    return completion.candidates.empty() ? line : line.substr(0, completion.from) + completion.text;
+  }
+
+  Session m_session =
+      sessionOf({"\\folder", "a\u200B1", "a\u200B2", "a\uFEFF", "b\u200B", "b\uFEFF", "c\u200B"});
+};
+
+TEST_F(CompletionOfAnEscape, GoesOnWithWhatIsTyped)
+{
+  EXPECT_EQ(completed(R"(where "\)"), R"(where "\\folder" )");
+  EXPECT_EQ(completed(R"(where "a\u{F)"), R"(where "a\u{FEFF}" )");
+  EXPECT_EQ(completed(R"(where "a\u)"), R"(where "a\u)");
+  EXPECT_EQ(completed(R"(where "a\u{2)"), R"(where "a\u{200B})");
+  EXPECT_EQ(completed(R"(where :"c\u{200B)"), R"(where :"c\u{200B}" )");
+}
+
+TEST_F(CompletionOfAnEscape, KeepsWhatNoNameGoesOnWith)
+{
+  for (const std::string line :
+       {R"(where "\u{FE)", R"(where "\x)", R"(where "b\u{)", R"(where "a\x4)"})
+    EXPECT_EQ(completed(line), line);
 }
 
 TEST_F(CompletionOf, KeepsAnOpenQuoteWhenNamesHaveNothingInCommon)

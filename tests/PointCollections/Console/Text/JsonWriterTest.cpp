@@ -34,6 +34,13 @@ TEST(Json, EscapesWhatANameMayHave)
   EXPECT_EQ(asJson("Größe 都市 🌍"), "\"Größe 都市 🌍\"");
 }
 
+TEST(Json, EscapesWhatATerminalMayObeyAndAllEndsOfLines)
+{
+  EXPECT_EQ(asJson("a\u0080\u0085\u009B\u009F"), R"("a\u0080\u0085\u009b\u009f")");
+  EXPECT_EQ(asJson("\u2028\u2029"), R"("\u2028\u2029")");
+  EXPECT_EQ(asJson("\u00A0\u2027\u202F"), "\"\u00A0\u2027\u202F\"");
+}
+
 TEST(Json, ReplacesBytesThatAreNotUtf8)
 {
   EXPECT_EQ(asJson("a\xFF"
