@@ -13,7 +13,7 @@
 namespace Tarvik::ShownLists {
 
 /// The steps of one list, to be done all in one pass. One by one, each step would shift the rest of
-/// the list, which takes minutes for a hundred thousand steps in a million entries.
+/// the list: with a hundred thousand steps in a million entries, users would wait for a minute.
 ///
 /// The result is the same because of the order of steps in a GroupsChange:
 ///

@@ -97,11 +97,11 @@ TYPED_TEST(GroupItemModelManySteps, AreFollowedWhenMembersLeaveMoveAndCome)
   std::mt19937 random(1); // NOLINT: the same in every run
   auto members = this->oneIn(2);
   this->provider->setGroups({this->groupOf(members)});
-  for (int i = 0; i < 1'000; ++i) {
+  for (std::size_t i = 0; i < 1'000; ++i) {
     members.erase(members.begin() + static_cast<std::ptrdiff_t>(random() % members.size()));
     std::swap(members[random() % members.size()], members[random() % members.size()]);
     members.insert(members.begin() + static_cast<std::ptrdiff_t>(random() % members.size()),
-                   this->elements[static_cast<std::size_t>(2 * i + 1)]);
+                   this->elements[2 * i + 1]);
   }
 
   auto groups = this->provider->copyOfGroups();
