@@ -46,7 +46,9 @@ using ElementListStep =
     std::variant<ElementsRemoved<T>, ElementsMoved, ElementsReordered, ElementsInserted<T>>;
 
 /// A change of a provider: few steps, which a view can apply one by one. The two lists do not
-/// depend on each other.
+/// depend on each other. GroupListDifference::steps() says in which order the steps of groups come.
+/// In the same way, ungrouped elements first leave, from the last to the first; then those that
+/// stay move or get one new order; then others come, from the first to the last.
 template <class T>
 struct GroupsChange {
   std::vector<GroupListStep<T>> groups;      ///< from the old list of groups to the new one

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "GroupHosting/Providers/GroupsChange.h"
-#include "QtModels/Models/ShownGroups.h"
+#include "HighLevelServices/GroupCommands/ElementTable.h"
 
 #include <cstddef>
 #include <utility>
@@ -11,60 +11,57 @@
 
 namespace Tarvik::ShownLists {
 
-/// Calls one function of an editor for each kind of step. For the editor, a list of elements is a
-/// group, or null for the ungrouped elements.
+/// Calls one function of an editor for each kind of step. For the editor, a list of elements is the
+/// position of a group, or GroupLists::nowhere for the ungrouped elements.
 template <class T, class Editor>
 class StepCalls {
 public:
-  StepCalls(ShownGroups<T>& shown, Editor& editor) : m_shown(shown), m_editor(editor) {}
+  explicit StepCalls(Editor& editor) : m_editor(editor) {}
 
   void operator()(const GroupsRemoved<T>& step) { m_editor.removeGroups(step); }
   void operator()(const GroupsMoved& step) { m_editor.moveGroups(step); }
   void operator()(const GroupsReordered& step) { m_editor.reorderGroups(step); }
   void operator()(const GroupsInserted<T>& step) { m_editor.insertGroups(step); }
-  void operator()(const GroupRenamed& step) { m_editor.rename(groupAt(step.group), step.after); }
+  void operator()(const GroupRenamed& step) { m_editor.rename(step.group, step.after); }
   void operator()(const MembersRemoved<T>& step)
   {
-    m_editor.remove(&groupAt(step.group), step.position, step.members);
+    m_editor.remove(step.group, step.position, step.members);
   }
   void operator()(const MembersMoved& step)
   {
-    m_editor.move(&groupAt(step.group), step.from, step.count, step.to);
+    m_editor.move(step.group, step.from, step.count, step.to);
   }
-  void operator()(const MembersReordered& step)
-  {
-    m_editor.reorder(&groupAt(step.group), step.order);
-  }
+  void operator()(const MembersReordered& step) { m_editor.reorder(step.group, step.order); }
   void operator()(const MembersInserted<T>& step)
   {
-    m_editor.insert(&groupAt(step.group), step.position, step.members);
+    m_editor.insert(step.group, step.position, step.members);
   }
   void operator()(const ElementsRemoved<T>& step)
   {
-    m_editor.remove(nullptr, step.position, step.elements);
+    m_editor.remove(GroupLists::nowhere, step.position, step.elements);
   }
   void operator()(const ElementsMoved& step)
   {
-    m_editor.move(nullptr, step.from, step.count, step.to);
+    m_editor.move(GroupLists::nowhere, step.from, step.count, step.to);
   }
-  void operator()(const ElementsReordered& step) { m_editor.reorder(nullptr, step.order); }
+  void operator()(const ElementsReordered& step)
+  {
+    m_editor.reorder(GroupLists::nowhere, step.order);
+  }
   void operator()(const ElementsInserted<T>& step)
   {
-    m_editor.insert(nullptr, step.position, step.elements);
+    m_editor.insert(GroupLists::nowhere, step.position, step.elements);
   }
 
 private:
-  ShownGroup<T>& groupAt(std::size_t position) { return *m_shown.groups[position]; }
-
-  ShownGroups<T>& m_shown;
   Editor& m_editor;
 };
 
 /// Does all steps of a change with an editor.
 template <class T, class Editor>
-void doSteps(const GroupsChange<T>& change, ShownGroups<T>& shown, Editor& editor)
+void doSteps(const GroupsChange<T>& change, Editor& editor)
 {
-  StepCalls<T, Editor> calls(shown, editor);
+  StepCalls<T, Editor> calls(editor);
   for (const auto& step : change.groups)
     std::visit(calls, step);
   for (const auto& step : change.ungrouped)

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "GroupHosting/Differences/ListEdit.h"
 #include "HighLevelServices/GroupCommands/Search.h"
+#include "QtModels/Models/KeptRuns.h"
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdint>
 #include <functional>
 #include <iterator>
 #include <optional>
-#include <utility>
 #include <vector>
 
 namespace Tarvik::ShownLists {
@@ -17,9 +17,10 @@ namespace Tarvik::ShownLists {
 /// Where some rows of elements are after a change. An element that leaves one list and comes into
 /// another one is the same row.
 ///
-/// Call follow() for each row, start(), then one function for each step of the change, finish(),
-/// and placeOf() for each row. Time grows with the rows and the steps, and with the elements only
-/// of lists that have such rows.
+/// Call follow() for each row and start(); then came() and rearranged() for the lists that change,
+/// once for each list; then finish(), and placeOf() for each row. Time is n log n in the rows and
+/// the pieces of the lists that have such rows. If rows have left, all elements that came are
+/// searched for them.
 /// @tparam List  what a list is called: a pointer
 template <class T, class List>
 class FollowedRows {
@@ -37,10 +38,16 @@ public:
   void follow(const Place& place) { m_rows.push_back({place, place}); }
   void start();
 
-  void inserted(List list, std::size_t position, const std::vector<T>& elements);
-  void removed(List list, std::size_t position, const std::vector<T>& elements);
-  void moved(List list, std::size_t from, std::size_t count, std::size_t to);
-  void reordered(List list, const std::vector<std::uint32_t>& order);
+  /// Elements come into a list.
+  /// @param position  of the first of them, after the change
+  /// @param elements  must live and stay as they are until finish()
+  void came(List list, std::size_t position, const std::vector<T>& elements);
+
+  /// The elements of a list stay, leave, or go to other places in it.
+  /// @param elements  of the list, before
+  /// @param pieces    the list after, from runs of the list before
+  void rearranged(List list, const std::vector<T>& elements, const GroupLists::Pieces& pieces);
+
   void finish();
 
   /// Where a row is that was there; nothing if it is gone.
@@ -63,8 +70,7 @@ private:
     return a.list != b.list ? std::less<List>()(a.list, b.list) : a.position < b.position;
   }
 
-  template <class Change>
-  void changePositions(List list, Change change);
+  void leave(Row& row, const T& element);
 
   std::vector<Row> m_rows; ///< sorted by their place before
   std::vector<std::size_t> m_leaving;
@@ -82,71 +88,40 @@ void FollowedRows<T, List>::start()
                m_rows.end());
 }
 
-/// Calls `change(row, position)` for each row that is still in its list.
 template <class T, class List>
-template <class Change>
-void FollowedRows<T, List>::changePositions(List list, Change change)
+void FollowedRows<T, List>::came(List list, std::size_t position, const std::vector<T>& elements)
+{
+  m_arrivals.push_back({{list, position}, &elements});
+}
+
+template <class T, class List>
+void FollowedRows<T, List>::rearranged(List list,
+                                       const std::vector<T>& elements,
+                                       const GroupLists::Pieces& pieces)
 {
   auto row = std::lower_bound(
       m_rows.begin(), m_rows.end(), Place{list, 0},
       [](const Row& each, const Place& place) { return isBefore(each.before, place); });
+  if (row == m_rows.end() || row->before.list != list)
+    return;
+  const KeptRuns kept(pieces);
   for (; row != m_rows.end() && row->before.list == list; ++row) {
-    if (row->now)
-      change(*row, row->now->position);
+    if (!row->now)
+      continue;
+    auto& position = row->now->position;
+    if (const auto newPosition = kept.newPositionOf(position))
+      position = *newPosition;
+    else
+      leave(*row, elements[position]);
   }
 }
 
 template <class T, class List>
-void FollowedRows<T, List>::inserted(List list,
-                                     std::size_t position,
-                                     const std::vector<T>& elements)
+void FollowedRows<T, List>::leave(Row& row, const T& element)
 {
-  m_arrivals.push_back({{list, position}, &elements});
-  changePositions(list, [&](Row&, std::size_t& row) {
-    if (row >= position)
-      row += elements.size();
-  });
-}
-
-template <class T, class List>
-void FollowedRows<T, List>::removed(List list, std::size_t position, const std::vector<T>& elements)
-{
-  changePositions(list, [&](Row& each, std::size_t& row) {
-    if (row >= position + elements.size()) {
-      row -= elements.size();
-    } else if (row >= position) {
-      m_leavingElements.push_back(elements[row - position]);
-      m_leaving.push_back(static_cast<std::size_t>(&each - m_rows.data()));
-      each.now.reset();
-    }
-  });
-}
-
-template <class T, class List>
-void FollowedRows<T, List>::moved(List list, std::size_t from, std::size_t count, std::size_t to)
-{
-  changePositions(list, [&](Row&, std::size_t& row) {
-    if (row >= from && row < from + count)
-      row = row - from + to;
-    else if (row >= from + count && row < to + count)
-      row -= count;
-    else if (row >= to && row < from)
-      row += count;
-  });
-}
-
-template <class T, class List>
-void FollowedRows<T, List>::reordered(List list, const std::vector<std::uint32_t>& order)
-{
-  std::vector<std::size_t> newPositions;
-  changePositions(list, [&](Row&, std::size_t& row) {
-    if (newPositions.empty()) {
-      newPositions.resize(order.size());
-      for (std::size_t i = 0; i < order.size(); ++i)
-        newPositions[order[i]] = i;
-    }
-    row = newPositions[row];
-  });
+  m_leavingElements.push_back(element);
+  m_leaving.push_back(static_cast<std::size_t>(&row - m_rows.data()));
+  row.now.reset();
 }
 
 /// Finds the rows that left among the elements that came.

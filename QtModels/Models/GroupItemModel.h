@@ -167,7 +167,7 @@ void GroupItemModel<T>::followSteps(const GroupsChange<T>& change)
   if (passage)
     update.pass(*passage);
   else
-    ShownLists::doSteps(change, m_shown, update);
+    ShownLists::doSteps(change, update);
   for (const int row : ShownLists::rowsWithOtherCounts(change))
     tellCounts(row, row);
 }
@@ -176,7 +176,7 @@ template <class T>
 void GroupItemModel<T>::followAtOnce(const GroupsChange<T>& change)
 {
   ShownLists::LayoutUpdate<T> update(*this);
-  ShownLists::doSteps(change, m_shown, update);
+  ShownLists::doSteps(change, update);
   update.finish();
   const auto renamed = ShownLists::renamedRows(change);
   if (!renamed.empty())

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "GroupHosting/Providers/GroupsChange.h"
+#include "QtModels/Models/CollectedSteps.h"
 #include "QtModels/Models/FollowedRows.h"
 #include "QtModels/Models/ShownGroups.h"
 
@@ -11,7 +12,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <iterator>
 #include <optional>
 #include <string>
 #include <utility>
@@ -26,6 +26,10 @@ namespace ShownLists {
 
 /// Changes what a model shows, and tells it as one change of the layout. Persistent indexes follow
 /// their groups and elements.
+///
+/// Steps wait until there is one of another list, and are then done in one pass: see
+/// CollectedSteps. So a list is walked through once, however many steps it has. All steps of a list
+/// must come together, in the order of a GroupsChange.
 template <class T>
 class LayoutUpdate {
 public:
@@ -39,11 +43,11 @@ public:
   void moveGroups(const GroupsMoved& step);
   void reorderGroups(const GroupsReordered& step);
   void insertGroups(const GroupsInserted<T>& step);
-  void rename(ShownGroup<T>& group, const std::string& name);
-  void remove(ShownGroup<T>* list, std::size_t position, const std::vector<T>& elements);
-  void move(ShownGroup<T>* list, std::size_t from, std::size_t count, std::size_t to);
-  void reorder(ShownGroup<T>* list, const std::vector<std::uint32_t>& order);
-  void insert(ShownGroup<T>* list, std::size_t position, const std::vector<T>& elements);
+  void rename(std::size_t group, const std::string& name);
+  void remove(std::size_t list, std::size_t position, const std::vector<T>& elements);
+  void move(std::size_t list, std::size_t from, std::size_t count, std::size_t to);
+  void reorder(std::size_t list, const std::vector<std::uint32_t>& order);
+  void insert(std::size_t list, std::size_t position, const std::vector<T>& elements);
 
   /// Tells the model's views. Nothing may be changed after it. What was inserted must still exist.
   void finish();
@@ -51,6 +55,8 @@ public:
 private:
   using Rows = FollowedRows<T, const ShownGroup<T>*>;
   using Place = typename Rows::Place;
+  using Groups = typename ShownGroups<T>::Groups;
+  using GroupPointer = typename Groups::value_type;
 
   /// What a persistent index shows: a group, or an element at a place.
   struct Target {
@@ -58,11 +64,28 @@ private:
     Place place;
   };
 
-  std::vector<T>& elementsOf(ShownGroup<T>* list)
-  {
-    return list ? list->members : m_shown.ungrouped;
-  }
+  /// Steps of one list that are not done yet.
+  template <class Entry>
+  struct Waiting {
+    CollectedSteps steps;
+    std::vector<Entry> coming;
+  };
+
   void begin();
+  Waiting<GroupPointer>& waitingOfGroups();
+  Waiting<T>& waitingOf(std::size_t list);
+  void doWaitingSteps();
+  void doSteps(Waiting<GroupPointer>& waiting);
+  void doSteps(Waiting<T>& waiting);
+  ShownGroup<T>* groupAt(std::size_t list) const
+  {
+    return list == GroupLists::nowhere ? nullptr : m_shown.groups[list].get();
+  }
+  std::vector<T>& elementsOf(std::size_t list)
+  {
+    auto* const group = groupAt(list);
+    return group ? group->members : m_shown.ungrouped;
+  }
   Target targetOf(const QModelIndex& index) const;
   QModelIndex indexOf(const Target& target, int column) const;
 
@@ -73,7 +96,10 @@ private:
   QModelIndexList m_persistent;
   std::vector<Target> m_targets; ///< of the persistent indexes
   Rows m_rows;
-  typename ShownGroups<T>::Groups m_removed; ///< kept: persistent indexes refer to them
+  std::optional<Waiting<GroupPointer>> m_waitingOfGroups; ///< if set, nothing else waits
+  std::optional<Waiting<T>> m_waitingOfList;
+  std::size_t m_list = GroupLists::nowhere; ///< whose steps wait
+  std::vector<Groups> m_removed;            ///< kept, with gaps: persistent indexes refer to them
 };
 
 template <class T>
@@ -129,6 +155,7 @@ QModelIndex LayoutUpdate<T>::indexOf(const Target& target, int column) const
 template <class T>
 void LayoutUpdate<T>::finish()
 {
+  doWaitingSteps();
   m_shown.number(0);
   m_rows.finish();
   QModelIndexList now;
@@ -142,74 +169,124 @@ void LayoutUpdate<T>::finish()
 template <class T>
 void LayoutUpdate<T>::removeGroups(const GroupsRemoved<T>& step)
 {
-  makeRoom(m_removed, step.groups.size());
-  const auto count = step.groups.size();
-  for (std::size_t i = 0; i < count; ++i) {
-    auto& group = m_shown.groups[step.position + i];
-    m_rows.removed(group.get(), 0, group->members);
-    group->row = -1;
-    m_removed.push_back(std::move(group));
-  }
-  ShownLists::remove(m_shown.groups, step.position, count);
+  waitingOfGroups().steps.remove(step.position, step.groups.size());
 }
 
 template <class T>
 void LayoutUpdate<T>::moveGroups(const GroupsMoved& step)
 {
-  ShownLists::move(m_shown.groups, step.from, step.count, step.to);
+  waitingOfGroups().steps.move(step.from, step.count, step.to);
 }
 
 template <class T>
 void LayoutUpdate<T>::reorderGroups(const GroupsReordered& step)
 {
-  ShownLists::reorder(m_shown.groups, step.order);
+  waitingOfGroups().steps.reorder(step.order);
 }
 
 template <class T>
 void LayoutUpdate<T>::insertGroups(const GroupsInserted<T>& step)
 {
+  auto& waiting = waitingOfGroups();
   auto groups = shown(step.groups);
   for (std::size_t i = 0; i < groups.size(); ++i)
-    m_rows.inserted(groups[i].get(), 0, step.groups[i].getGroupMembers());
-  ShownLists::insert(m_shown.groups, step.position, std::move(groups));
+    m_rows.came(groups[i].get(), 0, step.groups[i].getGroupMembers());
+  waiting.steps.insert(step.position, groups.size());
+  ShownLists::insert(waiting.coming, waiting.coming.size(), std::move(groups));
 }
 
 template <class T>
-void LayoutUpdate<T>::rename(ShownGroup<T>& group, const std::string& name)
+void LayoutUpdate<T>::rename(std::size_t group, const std::string& name)
 {
-  group.name = name;
+  doWaitingSteps();
+  m_shown.groups[group]->name = name;
 }
 
 template <class T>
-void LayoutUpdate<T>::remove(ShownGroup<T>* list,
-                             std::size_t position,
-                             const std::vector<T>& elements)
+void LayoutUpdate<T>::remove(std::size_t list, std::size_t position, const std::vector<T>& elements)
 {
-  m_rows.removed(list, position, elements);
-  ShownLists::remove(elementsOf(list), position, elements.size());
+  waitingOf(list).steps.remove(position, elements.size());
 }
 
 template <class T>
-void LayoutUpdate<T>::move(ShownGroup<T>* list, std::size_t from, std::size_t count, std::size_t to)
+void LayoutUpdate<T>::move(std::size_t list, std::size_t from, std::size_t count, std::size_t to)
 {
-  m_rows.moved(list, from, count, to);
-  ShownLists::move(elementsOf(list), from, count, to);
+  waitingOf(list).steps.move(from, count, to);
 }
 
 template <class T>
-void LayoutUpdate<T>::reorder(ShownGroup<T>* list, const std::vector<std::uint32_t>& order)
+void LayoutUpdate<T>::reorder(std::size_t list, const std::vector<std::uint32_t>& order)
 {
-  m_rows.reordered(list, order);
-  ShownLists::reorder(elementsOf(list), order);
+  waitingOf(list).steps.reorder(order);
 }
 
 template <class T>
-void LayoutUpdate<T>::insert(ShownGroup<T>* list,
-                             std::size_t position,
-                             const std::vector<T>& elements)
+void LayoutUpdate<T>::insert(std::size_t list, std::size_t position, const std::vector<T>& elements)
 {
-  m_rows.inserted(list, position, elements);
-  ShownLists::insert(elementsOf(list), position, elements);
+  auto& waiting = waitingOf(list);
+  waiting.steps.insert(position, elements.size());
+  waiting.coming.insert(waiting.coming.end(), elements.begin(), elements.end());
+  m_rows.came(groupAt(list), position, elements);
+}
+
+/// For a step of the list of groups. Others must be done before it.
+template <class T>
+auto LayoutUpdate<T>::waitingOfGroups() -> Waiting<GroupPointer>&
+{
+  if (!m_waitingOfGroups) {
+    doWaitingSteps();
+    m_waitingOfGroups.emplace(CollectedSteps(m_shown.groups.size()), Groups());
+  }
+  return *m_waitingOfGroups;
+}
+
+/// For a step of a list of elements. Others must be done before it.
+template <class T>
+auto LayoutUpdate<T>::waitingOf(std::size_t list) -> Waiting<T>&
+{
+  if (!m_waitingOfList || m_list != list) {
+    doWaitingSteps();
+    m_list = list;
+    m_waitingOfList.emplace(CollectedSteps(elementsOf(list).size()), std::vector<T>());
+  }
+  return *m_waitingOfList;
+}
+
+template <class T>
+void LayoutUpdate<T>::doWaitingSteps()
+{
+  if (m_waitingOfGroups)
+    doSteps(*m_waitingOfGroups);
+  if (m_waitingOfList)
+    doSteps(*m_waitingOfList);
+  m_waitingOfGroups.reset();
+  m_waitingOfList.reset();
+}
+
+template <class T>
+void LayoutUpdate<T>::doSteps(Waiting<GroupPointer>& waiting)
+{
+  auto& groups = m_removed.emplace_back();
+  groups = rebuilt(m_shown.groups, waiting.steps.pieces(), waiting.coming);
+  groups.swap(m_shown.groups);
+  for (const auto& removed : groups) {
+    if (!removed)
+      continue; // it is shown
+    m_rows.rearranged(removed.get(), removed->members, {});
+    removed->row = -1;
+  }
+}
+
+template <class T>
+void LayoutUpdate<T>::doSteps(Waiting<T>& waiting)
+{
+  auto& elements = elementsOf(m_list);
+  const auto pieces = waiting.steps.pieces();
+  m_rows.rearranged(groupAt(m_list), elements, pieces);
+  if (waiting.steps.onlyRemove())
+    keepOnly(elements, pieces);
+  else
+    elements = rebuilt(elements, pieces, waiting.coming);
 }
 
 }

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "GroupHosting/Differences/ListEdit.h"
 #include "GroupHosting/Providers/TKGroupProvider.h"
 #include "HighLevelServices/Groups/TKGroup.h"
 #include "Identifier/Identifier.h"
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdint>
 #include <iterator>
 #include <memory>
 #include <string>
@@ -101,15 +101,42 @@ void move(std::vector<Entry>& list, std::size_t from, std::size_t count, std::si
     std::rotate(at(list, to), at(list, from), at(list, from + count));
 }
 
-/// @param order  by new position: the old one
+/// Takes entries out of a list; the others stay in their order.
+/// @param pieces  the runs that stay, ascending
 template <class Entry>
-void reorder(std::vector<Entry>& list, const std::vector<std::uint32_t>& order)
+void keepOnly(std::vector<Entry>& list, const GroupLists::Pieces& pieces)
 {
-  std::vector<Entry> reordered;
-  reordered.reserve(order.size());
-  for (const auto position : order)
-    reordered.push_back(std::move(list[position]));
-  list.swap(reordered);
+  auto end = list.begin();
+  for (const auto& run : pieces.runs()) {
+    const auto first = at(list, run.position);
+    const auto last = at(list, run.position + run.count);
+    end = first == end ? last : std::move(first, last, end);
+  }
+  list.erase(end, list.end());
+}
+
+/// A list of entries that are moved out of another one, and of those that come.
+/// @param pieces  runs of the other list; what comes is at nowhere
+/// @param coming  in their order
+template <class Entry>
+std::vector<Entry>
+rebuilt(std::vector<Entry>& list, const GroupLists::Pieces& pieces, std::vector<Entry>& coming)
+{
+  std::vector<Entry> result;
+  result.reserve(pieces.size());
+  const auto append = [&result](auto first, std::size_t count) {
+    const auto last = first + static_cast<std::ptrdiff_t>(count);
+    result.insert(result.end(), std::make_move_iterator(first), std::make_move_iterator(last));
+    return last;
+  };
+  auto next = coming.begin();
+  for (const auto& run : pieces.runs()) {
+    if (run.position == GroupLists::nowhere)
+      next = append(next, run.count);
+    else
+      append(at(list, run.position), run.count);
+  }
+  return result;
 }
 
 }

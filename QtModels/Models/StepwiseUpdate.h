@@ -30,31 +30,28 @@ public:
   void moveGroups(const GroupsMoved& step);
   void reorderGroups(const GroupsReordered& step);
   void insertGroups(const GroupsInserted<T>& step);
-  void rename(ShownGroup<T>& group, const std::string& name);
-  void remove(ShownGroup<T>* list, std::size_t position, const std::vector<T>& elements);
-  void move(ShownGroup<T>* list, std::size_t from, std::size_t count, std::size_t to);
-  void reorder(ShownGroup<T>* list, const std::vector<std::uint32_t>& order);
-  void insert(ShownGroup<T>* list, std::size_t position, const std::vector<T>& elements);
+  void rename(std::size_t group, const std::string& name);
+  void remove(std::size_t list, std::size_t position, const std::vector<T>& elements);
+  void move(std::size_t list, std::size_t from, std::size_t count, std::size_t to);
+  void reorder(std::size_t list, const std::vector<std::uint32_t>& order);
+  void insert(std::size_t list, std::size_t position, const std::vector<T>& elements);
   void pass(const Passage& passage);
 
 private:
-  ShownGroup<T>* listAt(std::size_t position) const
+  static bool isGroup(std::size_t list) { return list != GroupLists::nowhere; }
+  std::vector<T>& elementsOf(std::size_t list)
   {
-    return position == GroupLists::nowhere ? nullptr : m_shown.groups[position].get();
+    return isGroup(list) ? m_shown.groups[list]->members : m_shown.ungrouped;
   }
-  std::vector<T>& elementsOf(ShownGroup<T>* list)
+  QModelIndex indexOf(std::size_t list) const
   {
-    return list ? list->members : m_shown.ungrouped;
-  }
-  QModelIndex indexOf(const ShownGroup<T>* list) const
-  {
-    return list ? m_model.index(list->row, 0) : QModelIndex();
+    return isGroup(list) ? m_model.index(static_cast<int>(list), 0) : QModelIndex();
   }
 
   /// The row of a position in a list.
-  int rowOf(const ShownGroup<T>* list, std::size_t position) const
+  int rowOf(std::size_t list, std::size_t position) const
   {
-    return static_cast<int>(list ? position : m_shown.groups.size() + position);
+    return static_cast<int>(isGroup(list) ? position : m_shown.groups.size() + position);
   }
 
   GroupItemModel<T>& m_model;
@@ -108,14 +105,14 @@ void StepwiseUpdate<T>::insertGroups(const GroupsInserted<T>& step)
 }
 
 template <class T>
-void StepwiseUpdate<T>::rename(ShownGroup<T>& group, const std::string& name)
+void StepwiseUpdate<T>::rename(std::size_t group, const std::string& name)
 {
-  group.name = name;
-  m_model.tellNames(group.row, group.row);
+  m_shown.groups[group]->name = name;
+  m_model.tellNames(static_cast<int>(group), static_cast<int>(group));
 }
 
 template <class T>
-void StepwiseUpdate<T>::remove(ShownGroup<T>* list,
+void StepwiseUpdate<T>::remove(std::size_t list,
                                std::size_t position,
                                const std::vector<T>& elements)
 {
@@ -126,10 +123,7 @@ void StepwiseUpdate<T>::remove(ShownGroup<T>* list,
 }
 
 template <class T>
-void StepwiseUpdate<T>::move(ShownGroup<T>* list,
-                             std::size_t from,
-                             std::size_t count,
-                             std::size_t to)
+void StepwiseUpdate<T>::move(std::size_t list, std::size_t from, std::size_t count, std::size_t to)
 {
   const auto parent = indexOf(list);
   m_model.beginMoveRows(parent, rowOf(list, from), rowOf(list, from + count - 1), parent,
@@ -139,7 +133,7 @@ void StepwiseUpdate<T>::move(ShownGroup<T>* list,
 }
 
 template <class T>
-void StepwiseUpdate<T>::reorder(ShownGroup<T>* list, const std::vector<std::uint32_t>& order)
+void StepwiseUpdate<T>::reorder(std::size_t list, const std::vector<std::uint32_t>& order)
 {
   LayoutUpdate<T> update(m_model, {QPersistentModelIndex(indexOf(list))},
                          QAbstractItemModel::VerticalSortHint);
@@ -148,7 +142,7 @@ void StepwiseUpdate<T>::reorder(ShownGroup<T>* list, const std::vector<std::uint
 }
 
 template <class T>
-void StepwiseUpdate<T>::insert(ShownGroup<T>* list,
+void StepwiseUpdate<T>::insert(std::size_t list,
                                std::size_t position,
                                const std::vector<T>& elements)
 {
@@ -163,14 +157,12 @@ void StepwiseUpdate<T>::insert(ShownGroup<T>* list,
 template <class T>
 void StepwiseUpdate<T>::pass(const Passage& passage)
 {
-  auto* const fromList = listAt(passage.fromList);
-  auto* const toList = listAt(passage.toList);
-  auto& from = elementsOf(fromList);
-  auto& to = elementsOf(toList);
+  auto& from = elementsOf(passage.fromList);
+  auto& to = elementsOf(passage.toList);
   makeRoom(to, passage.count);
-  m_model.beginMoveRows(indexOf(fromList), rowOf(fromList, passage.from),
-                        rowOf(fromList, passage.from + passage.count - 1), indexOf(toList),
-                        rowOf(toList, passage.to));
+  m_model.beginMoveRows(indexOf(passage.fromList), rowOf(passage.fromList, passage.from),
+                        rowOf(passage.fromList, passage.from + passage.count - 1),
+                        indexOf(passage.toList), rowOf(passage.toList, passage.to));
   to.insert(at(to, passage.to), at(from, passage.from), at(from, passage.from + passage.count));
   ShownLists::remove(from, passage.from, passage.count);
   m_model.endMoveRows();

@@ -48,6 +48,7 @@ void expectToShow(const GroupItemModel<T>& model, TKGroupProvider<T>& provider)
     ASSERT_EQ(model.groupIdAt(row), groups[i].getId());
     ASSERT_EQ(row.data().toString().toStdString(), groups[i].getName());
     std::vector<T> members;
+    members.reserve(groups[i].getGroupMembers().size());
     for (int member = 0; member < model.rowCount(row); ++member)
       members.push_back(*model.elementAt(model.index(member, 0, row)));
     ASSERT_EQ(members, groups[i].getGroupMembers());
