@@ -6,6 +6,15 @@
 
 namespace Tarvik::PointCollections {
 
+bool mayHaveRepeatedMembers(PointDocument& document)
+{
+  const auto& groups = document.getGroups();
+  const auto members = std::accumulate(
+      groups.begin(), groups.end(), std::size_t(0),
+      [](auto sum, const auto& group) { return sum + group.getGroupMembers().size(); });
+  return members > document.order().size() - document.ungroupedElements().size();
+}
+
 Memberships::Memberships(PointDocument& document)
     : m_document(document), m_ends(document.collections().size())
 {

@@ -15,6 +15,10 @@ struct Membership {
   std::size_t place; ///< among its members
 };
 
+/// Whether a member may be in several groups, or twice in one. Takes time that grows with the
+/// number of groups only, and so cannot tell such members from those that are not in the document.
+bool mayHaveRepeatedMembers(PointDocument& document);
+
 /// Which groups hold the elements of a document, at which places. PointDocument::holderOf() tells
 /// the first group only, and no place.
 class Memberships {

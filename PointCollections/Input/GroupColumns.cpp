@@ -32,16 +32,17 @@ void GroupColumns::declare(const std::string& group)
   declared.isDeclared = true;
 }
 
-void GroupColumns::add(const CsvReader& csv,
+bool GroupColumns::add(const CsvReader& csv,
                        const GUIdentifier& element,
                        const std::string& group,
                        const std::string& place)
 {
   auto& holder = groupNamed(group);
   if (place.empty()) {
-    if (holder.otherSet.insert(element).second)
+    const bool isNew = holder.otherSet.insert(element).second;
+    if (isNew)
       holder.others.push_back(element);
-    return;
+    return isNew;
   }
   const auto number = parsePlace(csv, place);
   const auto [found, isNew] = holder.placed.try_emplace(number, element);
@@ -49,6 +50,7 @@ void GroupColumns::add(const CsvReader& csv,
     csv.fail(
         fmt::format("another element has the place {} in {}; expected a free place, or nothing",
                     number, displayName(group)));
+  return isNew;
 }
 
 std::vector<TKGroup<GUIdentifier>> GroupColumns::groups() const

@@ -22,8 +22,9 @@ public:
 
   /// Puts an element into a group. An empty place means after all members that have one; the same
   /// row again changes nothing.
+  /// @return whether the group has one more member
   /// @throws UserError if the place is no whole number from 1 up, or another element has it
-  void add(const CsvReader& csv,
+  bool add(const CsvReader& csv,
            const GUIdentifier& element,
            const std::string& group,
            const std::string& place);

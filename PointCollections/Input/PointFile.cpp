@@ -51,6 +51,15 @@ std::string warningAbout(const std::vector<std::string>& ignored)
   return fmt::format("the file has columns that are not read: {}", names);
 }
 
+/// What the user is told about elements that are in several places.
+std::string warningAboutRepeatedMembers(std::size_t count)
+{
+  const bool isOne = count == 1;
+  return fmt::format("{} {} in more than one group, or twice in one; commands take {} out of the "
+                     "first place only",
+                     pluralize(count, "element"), isOne ? "is" : "are", isOne ? "it" : "them");
+}
+
 }
 
 PointFileContent parsePointFile(std::string_view text,
@@ -78,6 +87,8 @@ PointFileContent parsePointFile(std::string_view text,
   content.groups = rows.groups();
   if (const auto warning = warningAboutAlikeNames(content.collections); !warning.empty())
     content.warnings.push_back(name + ": " + warning);
+  if (rows.repeatedMembers() > 0)
+    content.warnings.push_back(name + ": " + warningAboutRepeatedMembers(rows.repeatedMembers()));
   if (auto warning = rows.warning(); !warning.empty())
     content.warnings.push_back(std::move(warning));
   return content;

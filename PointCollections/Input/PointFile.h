@@ -33,9 +33,11 @@
 ///     ,,,,Asia,
 ///
 /// Each row then puts its collection into a group, at a place in it that counts from 1; without a
-/// place, after all members that have one. A collection may have a row for each of several groups.
-/// A row without coordinates adds no point. A row with a group only adds the group: groups that
-/// have such a row come first, in the order of these rows, and then the others.
+/// place, after all members that have one. A collection may have a row for each of several groups,
+/// or several places in one; a warning tells how many do, because commands take an element out of
+/// the first of its places only. A row without coordinates adds no point. A row with a group only
+/// adds the group: groups that have such a row come first, in the order of these rows, and then the
+/// others.
 namespace Tarvik::PointCollections {
 
 /// What is in a file of points.

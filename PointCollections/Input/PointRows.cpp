@@ -137,7 +137,12 @@ void PointRows::addToGroup(const PointCollection& collection)
   const auto& group = field(m_columns.group);
   if (group.empty())
     m_csv.fail("a place without a group; expected the name of the group, too");
-  m_groups.add(m_csv, collection.id, group, std::string(trimmed(field(m_columns.place))));
+  if (!m_groups.add(m_csv, collection.id, group, std::string(trimmed(field(m_columns.place)))))
+    return;
+  m_placesInGroups.resize(m_collections.size());
+  auto& places = m_placesInGroups[static_cast<std::size_t>(&collection - m_collections.data())];
+  if (places < 2 && ++places == 2)
+    ++m_repeatedMembers;
 }
 
 }

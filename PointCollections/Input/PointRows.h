@@ -34,6 +34,9 @@ public:
 
   std::vector<TKGroup<GUIdentifier>> groups() const { return m_groups.groups(); }
 
+  /// How many elements are in more than one group, or twice in one.
+  std::size_t repeatedMembers() const { return m_repeatedMembers; }
+
   /// About numbers that are too close to 0, in one line; empty if there are none.
   std::string warning() const;
 
@@ -51,6 +54,8 @@ private:
   std::vector<PointCollection> m_collections;
   std::unordered_map<std::string, std::size_t> m_places; ///< of collections, by name
   GroupColumns m_groups;
+  std::vector<unsigned char> m_placesInGroups; ///< of each collection; 2 for two or more
+  std::size_t m_repeatedMembers = 0;
   std::string m_firstVanished;
   std::size_t m_vanished = 0;
 };

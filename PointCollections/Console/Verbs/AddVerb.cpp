@@ -78,13 +78,14 @@ std::string add(Session& session, const Arguments& arguments)
   if (elements.empty())
     return fmt::format("Nothing to add; {} stays as it is.", name);
 
+  const auto id = group.getId();
   const auto movement = describeMovement(document, elements, &group);
   auto subject = subjectOf(document, elements) + " → " + name;
   const bool hasChanged = session.editor.execute(
       {.context = "AddToTKGroupCmd",
        .text = "Add to Group",
        .makeCommand =
-           [&, id = group.getId()](auto provider) {
+           [&](auto provider) {
              auto command = std::make_shared<AddToTKGroupCmd<GUIdentifier>>(provider, elements, id);
              command->setInsertIndex(index);
              return command;
@@ -92,7 +93,8 @@ std::string add(Session& session, const Arguments& arguments)
        .subject = [&] { return subject; }});
   if (!hasChanged)
     return "Nothing to add; this is the order already.";
-  return fmt::format("Added {} to {}{}.", pluralize(elements.size(), "element"), name, movement);
+  return fmt::format("Added {} to {}{}{}.", pluralize(elements.size(), "element"), name, movement,
+                     remarkOnOtherPlaces(document, elements, document.findGroup(id)));
 }
 
 }
@@ -105,7 +107,8 @@ Verb addVerb()
           .details = "They go to the end of the group, in the order given. --at N puts them before "
                      "the N-th member, --before and --after put them beside a member. N counts "
                      "from 1; the number of members plus 1 means the end. Elements leave the "
-                     "group that held them. help select explains ELEMENT.",
+                     "group that held them; one that is in several groups leaves only the first. "
+                     "help select explains ELEMENT.",
           .example = "add Europe Berlin \"Isle of Man\" --at 1",
           .parameters = {{"GROUP", ArgumentKind::Group},
                          {"ELEMENT", ArgumentKind::Element, Occurrence::AnyNumber}},

@@ -28,9 +28,10 @@ std::string create(Session& session, const Arguments& arguments)
                           .subject = [&] { return subjectOf(document.getGroups().back()); }});
 
   const std::string& given = document.getGroups().back().getName();
+  const auto otherPlaces = remarkOnOtherPlaces(document, elements, &document.getGroups().back());
   const bool isOther = given != wanted && !wanted.empty();
-  return fmt::format("Created {} with {}{}{}{}.", displayName(given),
-                     pluralize(elements.size(), "element"), movement,
+  return fmt::format("Created {} with {}{}{}{}{}.", displayName(given),
+                     pluralize(elements.size(), "element"), movement, otherPlaces,
                      isOther ? "; the name " + displayName(wanted) + " was taken" : std::string(),
                      remarkOnAlikeGroup(document, given));
 }
@@ -43,7 +44,8 @@ Verb createVerb()
           .usage = "create NAME [ELEMENT…]",
           .summary = "make a group and move elements into it",
           .details = "The group goes to the end of the list. Elements leave the group that held "
-                     "them. If the name is taken, a number is added to it; an empty name (\"\") "
+                     "them; one that is in several groups leaves only the first. If the name is "
+                     "taken, a number is added to it; an empty name (\"\") "
                      "means Group.",
           .example = "create Europe Paris \"Isle of Man\"",
           .parameters = {{"NAME", ArgumentKind::Text},

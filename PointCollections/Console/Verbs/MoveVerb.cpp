@@ -65,8 +65,9 @@ std::string moveElements(Session& session, const Arguments& arguments)
            group == nullptr ? MoveCollectionsCmd::bytesFor(elements.size()) : std::size_t(0)});
   if (!hasChanged)
     return nothingToMove;
-  return fmt::format("Moved {} {} {}{}{}.", pluralize(elements.size(), "element"), side, name,
-                     place, movement);
+  return fmt::format("Moved {} {} {}{}{}{}.", pluralize(elements.size(), "element"), side, name,
+                     place, movement,
+                     remarkOnOtherPlaces(document, elements, document.holderOf(target)));
 }
 
 }
@@ -80,6 +81,7 @@ Verb moveVerb()
       .details =
           "They go next to TARGET in the order given, into the group that holds it. If "
           "TARGET is ungrouped, they leave their groups and become ungrouped too. "
+          "One that is in several groups leaves only the first. "
           "TARGET may be one of them: the others gather around it. help select explains ELEMENT.",
       .example = "move Berlin \"Isle of Man\" --before Paris",
       .parameters = {{"ELEMENT", ArgumentKind::Element, Occurrence::OnceOrMore}},

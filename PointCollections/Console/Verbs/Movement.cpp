@@ -1,15 +1,41 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Console/Verbs/Movement.h"
 
+#include "PointCollections/Document/Memberships.h"
 #include "PointCollections/Text/Quoting.h"
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <map>
 #include <numeric>
+#include <set>
 #include <span>
 
 namespace Tarvik::PointCollections {
+namespace {
+
+/// Where an element is besides its place in the target: "A is still in H".
+std::string otherPlacesOf(PointDocument& document,
+                          const PointCollection& collection,
+                          std::span<const Membership> memberships,
+                          const TKGroup<GUIdentifier>* target)
+{
+  const auto& groups = document.getGroups();
+  std::set<const TKGroup<GUIdentifier>*> others;
+  for (const auto& membership : memberships)
+    others.insert(&groups[membership.group]);
+  others.erase(target);
+  const auto name = displayName(collection.name);
+  if (others.empty())
+    return fmt::format("{} is in {} more than once", name, displayName(target->getName()));
+  return fmt::format("{} is still in {}", name,
+                     others.size() == 1
+                         ? displayName((*others.begin())->getName())
+                         : pluralize(others.size(), target != nullptr ? "other group" : "group"));
+}
+
+}
 
 std::vector<Origin> originsOf(PointDocument& document, const std::vector<GUIdentifier>& elements)
 {
@@ -48,6 +74,36 @@ std::string describeMovement(PointDocument& document,
     words += fmt::format(", {} from {}", countElements(std::span(origins).subspan(named)),
                          pluralize(origins.size() - named, "more group"));
   return words.empty() ? words : " (" + words + ')';
+}
+
+std::string remarkOnOtherPlaces(PointDocument& document,
+                                const std::vector<GUIdentifier>& elements,
+                                const TKGroup<GUIdentifier>* target)
+{
+  const bool mayBeElsewhere =
+      target != nullptr ? mayHaveRepeatedMembers(document)
+                        : std::any_of(elements.begin(), elements.end(), [&](const auto& element) {
+                            return document.isGrouped(element);
+                          });
+  if (!mayBeElsewhere)
+    return {};
+
+  const Memberships all(document);
+  const std::size_t expected = target != nullptr ? 1 : 0;
+  std::string first;
+  std::size_t count = 0;
+  for (const auto& element : elements) {
+    const auto* collection = document.find(element);
+    if (collection == nullptr || all.of(*collection).size() <= expected)
+      continue;
+    if (count++ == 0)
+      first = otherPlacesOf(document, *collection, all.of(*collection), target);
+  }
+  if (count == 0)
+    return {};
+  return "; " + (count == 1 ? first
+                            : fmt::format("{} are still in {}", pluralize(count, "element"),
+                                          target != nullptr ? "other places" : "groups"));
 }
 
 }

@@ -42,7 +42,8 @@ std::string removeElements(Session& session, const Arguments& arguments)
                                     provider, elements);
                               },
                           .subject = [&] { return subjectOf(document, elements); }});
-  return fmt::format("Removed {}{}.", pluralize(elements.size(), "element"), source);
+  return fmt::format("Removed {}{}{}.", pluralize(elements.size(), "element"), source,
+                     remarkOnOtherPlaces(document, elements, nullptr));
 }
 
 }
@@ -52,7 +53,8 @@ Verb removeVerb()
   return {.name = "remove",
           .usage = "remove ELEMENT…",
           .summary = "take elements out of their groups",
-          .details = "They become ungrouped, each at its place in the document's order. Groups "
+          .details = "They become ungrouped, each at its place in the document's order. One that "
+                     "is in several groups leaves only the first, whichever was named. Groups "
                      "stay, even empty ones. help select explains ELEMENT.",
           .example = "remove Paris \"Isle of Man\"",
           .parameters = {{"ELEMENT", ArgumentKind::Member, Occurrence::OnceOrMore}},

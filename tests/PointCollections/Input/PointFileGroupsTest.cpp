@@ -10,6 +10,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace Tarvik::PointCollections {
 namespace {
@@ -50,6 +51,23 @@ TEST(GroupsInAFileOfPoints, ComeFirstIfTheyAreDeclared)
 TEST(GroupsInAFileOfPoints, MayShareAnElementAndHaveItTwice)
 {
   EXPECT_EQ(groupsOf(*read("a,1,2,3,G,1\na,,,,H,1\na,,,,G,2\n")), "G(a a) H(a)");
+}
+
+TEST(GroupsInAFileOfPoints, GiveAWarningIfAnElementIsInSeveralPlaces)
+{
+  const auto warnings = [](std::string_view rows) {
+    return parsePointFile(header + std::string(rows), "cities.csv").warnings;
+  };
+  const std::vector<std::string> one = {"cities.csv: 1 element is in more than one group, or twice "
+                                        "in one; commands take it out of the "
+                                        "first place only"};
+  const std::vector<std::string> two = {"cities.csv: 2 elements are in more than one group, or "
+                                        "twice in one; commands take them out of "
+                                        "the first place only"};
+
+  EXPECT_EQ(warnings("a,1,2,3,G,1\na,,,,H,1\na,,,,I,\nb,1,2,3,G,2\n"), one);
+  EXPECT_EQ(warnings("a,1,2,3,G,1\nb,1,2,3,G,2\na,,,,G,3\nc,1,2,3,,\nb,1,2,3,H,\n"), two);
+  EXPECT_TRUE(warnings("a,1,2,3,G,1\na,4,5,6,G,1\nb,1,2,3,H,\nb,4,5,6,H,\n").empty());
 }
 
 TEST(GroupsInAFileOfPoints, MayHoldElementsWithoutPoints)
