@@ -14,16 +14,18 @@ namespace Tarvik::PointCollections {
 /// else stays, even backslashes.
 std::string printable(std::string_view text);
 
-/// The name of an element, group or document in a list: as it is if possible, even with blanks.
-/// Otherwise, or if it has a backslash or starts with a quote, as inQuotes(): so a line break and
-/// the characters \n are not the same.
+/// The name of an element, group or document in a list: as it is if possible, even with blanks in
+/// it. Otherwise as inQuotes(); also if it has a backslash or starts with a quote, so that a line
+/// break differs from the characters \n, and if it starts or ends with a blank, or has two in a
+/// row.
 std::string listedName(std::string_view name);
 
 /// The name as it is typed in a command: plain if possible, otherwise in double quotes with
 /// backslash escapes.
 std::string asTyped(std::string_view name);
 
-/// As asTyped(), but always in double quotes.
+/// As asTyped(), but always in double quotes. Blanks that isOtherBlank() knows are written by their
+/// numbers, as in "New\u{A0}York".
 std::string inQuotes(std::string_view name);
 
 /// As asTyped(), for messages: a name longer than 60 characters is cut and ends in "…".

@@ -35,12 +35,6 @@ bool isShapeSelector(char32_t character)
          (character >= 0xE0100 && character <= 0xE01EF);
 }
 
-bool isBlank(char32_t character)
-{
-  return character == 0xA0 || (character >= 0x2000 && character <= 0x200A) || character == 0x202F ||
-         character == 0x205F || character == 0x3000;
-}
-
 /// The last row of a table with three columns whose first one is not above the character; npos if
 /// there is none.
 std::size_t findRow(std::u32string_view table, char32_t character)
@@ -136,6 +130,12 @@ bool isInvisible(char32_t character)
   });
 }
 
+bool isOtherBlank(char32_t character)
+{
+  return character == 0xA0 || (character >= 0x2000 && character <= 0x200A) || character == 0x202F ||
+         character == 0x205F || character == 0x3000;
+}
+
 std::u32string decomposed(std::string_view text)
 {
   std::u32string result;
@@ -151,7 +151,7 @@ std::u32string appearanceOf(std::string_view text)
   std::erase_if(appearance, [](char32_t character) {
     return character >= 0x80 && (isInvisible(character) || isShapeSelector(character));
   });
-  std::replace_if(appearance.begin(), appearance.end(), isBlank, U' ');
+  std::replace_if(appearance.begin(), appearance.end(), isOtherBlank, U' ');
   return appearance;
 }
 

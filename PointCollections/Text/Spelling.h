@@ -13,6 +13,9 @@ namespace Tarvik::PointCollections {
 /// characters, and neither are those that choose between the shapes of one.
 bool isInvisible(char32_t character);
 
+/// Whether the character looks like a blank, but is another one, such as a no-break space.
+bool isOtherBlank(char32_t character);
+
 /// The canonical decomposition of a text (NFD): ü becomes a u and two dots.
 std::u32string decomposed(std::string_view text);
 

@@ -53,6 +53,17 @@ TEST(Quoting, ListsNamesAsTheyAreUnlessThatIsAmbiguous)
   EXPECT_EQ(listedName(""), "\"\"");
 }
 
+TEST(Quoting, ShowsBlanksThatCannotBeToldApart)
+{
+  EXPECT_EQ(listedName("New York"), "New York");
+  EXPECT_EQ(listedName("Berlin "), R"("Berlin ")");
+  EXPECT_EQ(listedName(" Berlin"), R"(" Berlin")");
+  EXPECT_EQ(listedName("New  York"), R"("New  York")");
+  EXPECT_EQ(listedName("New\u00A0York"), R"("New\u{A0}York")");
+  EXPECT_EQ(asTyped("a\u2003b\u3000c"), R"("a\u{2003}b\u{3000}c")");
+  EXPECT_EQ(displayName("\u202F"), R"("\u{202F}")");
+}
+
 TEST(Quoting, EscapesBytesThatAreNotUtf8)
 {
   EXPECT_EQ(printable("a\xFF\xC3(é"), "a\\xFF\\xC3(é");
@@ -67,7 +78,7 @@ TEST(Quoting, CanBeTypedBack)
 {
   for (const std::string name :
        {"", "a", "New York", "a\"b", "\\", "\\\"", "a\nb\rc\td", "\x1B", "\x7F", "\xC2\x9B", "é ü",
-        "a\u200Bb", "\u202E", "#x", "@2", "--at", " a "})
+        "a\u200Bb", "\u202E", "a\u00A0b", "#x", "@2", "--at", " a "})
     EXPECT_THAT(splitWords(asTyped(name) + ' ' + inQuotes(name)),
                 ElementsAre(Word{name, asTyped(name) != name}, Word{name, true}))
         << name;
