@@ -55,10 +55,11 @@ std::string placeOf(const std::vector<ElementList>& lists)
 Elements atPlaces(const std::vector<ElementList>& lists, const SelectionTerm& term)
 {
   const auto size = lists.front().elements->size();
-  const auto last = term.last == SelectionTerm::toTheEnd ? term.first : term.last;
-  if (lists.size() == 1 && last > size)
-    throw UserError(fmt::format("there is no element at place {}{}; the last place is {}", last,
-                                lists.front().place, size));
+  const auto [first, last] = typedPlaces(term.what);
+  if (lists.size() == 1 && (term.first > size || (!last.text.empty() && term.last > size)))
+    throw UserError(fmt::format("there is no element at place {}{}; the last place is {}",
+                                shownWord(last.text.empty() ? first : last), lists.front().place,
+                                size));
   Elements result;
   for (const auto& list : lists) {
     const auto begin = std::min(term.first - 1, list.elements->size());
@@ -67,7 +68,8 @@ Elements atPlaces(const std::vector<ElementList>& lists, const SelectionTerm& te
                   list.elements->begin() + static_cast<std::ptrdiff_t>(end));
   }
   if (result.empty())
-    throw UserError(fmt::format("there is no element at place {}{}", term.first, placeOf(lists)));
+    throw UserError(
+        fmt::format("there is no element at place {}{}", shownWord(first), placeOf(lists)));
   return result;
 }
 
@@ -120,7 +122,7 @@ std::vector<ElementList> listsOf(PointDocument& document, const SelectionTerm& t
 {
   if (!term.group)
     return {{&document.order(), ""}};
-  if (term.group->text.empty())
+  if (term.group->text.empty() && !term.group->isQuoted)
     return {{&document.ungroupedElements(), " among the ungrouped elements"}};
   if (Pattern::isPattern(*term.group))
     return groupsMatching(document, *term.group);

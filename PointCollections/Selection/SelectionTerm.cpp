@@ -44,17 +44,14 @@ bool startsWithPlace(const Word& word)
 
 SelectionTerm placesIn(SelectionTerm term)
 {
-  const Word range = term.what;
-  const auto dash = range.text.find('-');
+  const auto [first, last] = typedPlaces(term.what);
   term.kind = Kind::Places;
-  term.first = positiveNumber(range.part(0, std::min(dash, range.text.size())), "the first place");
-  if (dash == npos)
-    term.last = term.first;
-  else if (dash + 1 < range.text.size())
-    term.last = positiveNumber(range.part(dash + 1, range.text.size()), "the last place");
+  term.first = positiveNumber(first, "the first place");
+  if (!last.text.empty())
+    term.last = positiveNumber(last, "the last place");
   if (term.last < term.first)
-    throw UserError(fmt::format("the places {} are backwards; write {}-{}", shownWord(range),
-                                term.last, term.first));
+    throw UserError(fmt::format("the places {} are backwards; write {}-{}", shownWord(term.what),
+                                shownWord(last), shownWord(first)));
   return term;
 }
 
@@ -81,6 +78,14 @@ Kind kindOfName(const Word& word)
   return Kind::Pattern;
 }
 
+}
+
+TypedPlaces typedPlaces(const Word& range)
+{
+  const auto size = range.text.size();
+  const auto dash = std::min(range.text.find('-'), size);
+  const auto first = range.part(0, dash);
+  return {first, dash == size ? first : range.part(dash + 1, size)};
 }
 
 SelectionTerm termOf(const Word& word)

@@ -10,7 +10,8 @@
 /// One word of a selection, taken apart.
 ///
 ///     term   = name / pattern / [group] `:` which / `@` file
-///     group  = name / pattern / `@` place           of groups; without it, the ungrouped elements
+///     group  = name / pattern / `@` place           of groups; without it, the ungrouped elements;
+///                                                   `""` is a group without a name
 ///     which  = name / pattern / place [`-` [place]]
 ///     place  = a whole number from 1 up
 ///
@@ -30,11 +31,21 @@ struct SelectionTerm {
   static constexpr auto toTheEnd = std::numeric_limits<std::size_t>::max();
 
   Kind kind = Kind::Name;
-  std::optional<Word> group; ///< whose members; an empty word for the ungrouped elements
+  std::optional<Word> group; ///< whose members; empty for the ungrouped elements, but empty and
+                             ///< quoted for a group without a name
   Word what;                 ///< the name, the pattern or the file
   std::size_t first = 1;     ///< a place, counted from 1
   std::size_t last = toTheEnd;
 };
+
+/// The places as they are typed: `2-5` is 2 and 5, `2` is 2 twice, and `2-` is 2 and nothing.
+struct TypedPlaces {
+  Word first;
+  Word last;
+};
+
+/// @param range  what a term of the kind Places selects
+TypedPlaces typedPlaces(const Word& range);
 
 /// @throws UserError if the word has special characters but breaks the grammar above
 SelectionTerm termOf(const Word& word);

@@ -217,6 +217,9 @@ Word Word::part(std::size_t begin, std::size_t end) const
     if (first < last)
       result.quotedParts.push_back({first - begin, last - begin});
   }
+  if (begin == end) // an empty quoted part there is an empty quoted word
+    result.isQuoted = isQuoted || std::find(quotedParts.begin(), quotedParts.end(),
+                                            TextRange{begin, end}) != quotedParts.end();
   const bool isWhole = result.quotedParts == std::vector<TextRange>{{0, result.text.size()}};
   if (isWhole && !result.text.empty())
     result = {std::move(result.text), true};

@@ -49,7 +49,8 @@ Verb selectVerb()
               "  :*  :B*  :1-3          the same of the ungrouped elements\n"
               "  @names.txt             all names in a file, one on each line\n"
               "Quotes take away the meaning of * ? : and @, so \"a*b\" is a name. An element that "
-              "several words select counts once. A word that selects nothing is a mistake.",
+              "several words select counts once. A word that selects nothing is a mistake, and so "
+              "is a name that is typed twice.",
           .example = "select Europe:2-5 \"New \"* @names.txt",
           .parameters = {{"ELEMENT", ArgumentKind::Element, Occurrence::OnceOrMore}},
           .options = {},

@@ -90,6 +90,16 @@ TEST_F(ASelection, TakesUngroupedElements)
   EXPECT_EQ(select(":*"), "Lima, New York, a*b, x:y, 3-5, @home, \"q\"");
 }
 
+TEST_F(ASelection, TellsAGroupWithoutANameFromTheUngroupedElements)
+{
+  EXPECT_EQ(mistake("\"\":*"), "there is no group named \"\"; show lists the groups");
+  m_document->setGroups({group("", {"Oslo", "Rome"})});
+
+  EXPECT_EQ(select("\"\":*"), "Oslo, Rome");
+  EXPECT_EQ(select("\"\":2"), "Rome");
+  EXPECT_EQ(select(":B*"), "Bangkok, Berlin, Bern");
+}
+
 TEST_F(ASelection, TakesPlaces)
 {
   EXPECT_EQ(select("Europe:2"), "Berlin");
@@ -178,7 +188,13 @@ TEST_F(ASelection, RefusesPlacesThatMakeNoSense)
   EXPECT_EQ(mistake("Europe:0"), "the first place is 0; expected a whole number from 1 up");
   EXPECT_EQ(mistake("Europe:3-2"), "the places 3-2 are backwards; write 2-3");
   EXPECT_EQ(mistake("Europe:99999999999999999999"),
-            "there is no element at place 18446744073709551615 in Europe; the last place is 4");
+            "there is no element at place 99999999999999999999 in Europe; the last place is 4");
+  EXPECT_EQ(mistake("Europe:2-99999999999999999999"),
+            "there is no element at place 99999999999999999999 in Europe; the last place is 4");
+  EXPECT_EQ(mistake(":99999999999999999999-7"),
+            "the places 99999999999999999999-7 are backwards; write 7-99999999999999999999");
+  EXPECT_EQ(mistake("*:99999999999999999999-"),
+            "there is no element at place 99999999999999999999 in 4 groups");
   EXPECT_EQ(mistake("Europe:"), "Europe: lacks what is after the colon; write Europe:* for all "
                                 "members, or Europe:1-3 for the first three");
 }
