@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 namespace Tarvik::PointCollections {
 namespace {
 
@@ -21,6 +24,7 @@ protected:
   {
     TKGroup<GUIdentifier> result(name);
     std::vector<GUIdentifier> members;
+    members.reserve(names.size());
     for (const auto& each : names)
       members.push_back(m_session.editor.document()->findByName(each)->id);
     result.addGroupMembersAtIndex(members, -1);
