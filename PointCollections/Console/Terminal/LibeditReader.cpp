@@ -2,6 +2,7 @@
 #include "PointCollections/Console/Terminal/LibeditKeys.h"
 #include "PointCollections/Console/Terminal/LineHistory.h"
 #include "PointCollections/Console/Terminal/LineReader.h"
+#include "PointCollections/Console/Terminal/Terminal.h"
 #include "PointCollections/Console/Text/DisplayWidth.h"
 
 #include "PointCollections/Text/UserError.h"
@@ -247,7 +248,8 @@ private:
   {
     const LineInfo* info = el_line(m_line.get());
     const std::string typed(info->buffer, info->cursor);
-    const Completion completion = (*m_currentCompleter)(typed);
+    Completion completion;
+    doWithoutSignals([&] { completion = (*m_currentCompleter)(typed); });
     if (completion.candidates.empty())
       return CC_ERROR;
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Console/Terminal/InputWait.h"
 
+#include "PointCollections/Console/Terminal/Terminal.h"
 #include "PointCollections/Text/Interruption.h"
 
 #include <fcntl.h>
@@ -72,7 +73,9 @@ bool waitForInput(const IdleAction& action)
 {
   std::array<pollfd, 2> watched = {pollfd{STDIN_FILENO, POLLIN, 0}, pollfd{wakeUp[0], POLLIN, 0}};
   while (!isAskedToEnd()) {
-    const int limit = timeUntil(action());
+    std::optional<std::chrono::steady_clock::time_point> next;
+    doWithoutSignals([&] { next = action(); }); // libedit's handlers allocate memory, as this does
+    const int limit = timeUntil(next);
     const int ready = poll(watched.data(), watched.size(), limit);
     if (isAskedToEnd())
       break;

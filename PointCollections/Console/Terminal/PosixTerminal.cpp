@@ -16,6 +16,26 @@
 #include <iostream>
 
 namespace Tarvik::PointCollections {
+namespace {
+
+/// Holds back the signals for this thread while it lives.
+class SignalsHeldBack {
+public:
+  SignalsHeldBack()
+  {
+    sigset_t all;
+    sigfillset(&all);
+    pthread_sigmask(SIG_BLOCK, &all, &m_before);
+  }
+  SignalsHeldBack(const SignalsHeldBack&) = delete;
+  SignalsHeldBack& operator=(const SignalsHeldBack&) = delete;
+  ~SignalsHeldBack() { pthread_sigmask(SIG_SETMASK, &m_before, nullptr); }
+
+private:
+  sigset_t m_before = {};
+};
+
+}
 
 bool isInputTerminal()
 {
@@ -65,6 +85,12 @@ void catchInterrupts()
   action.sa_handler = [](int) { Interruptible::request(); };
   action.sa_flags = SA_RESTART; // reading and writing go on
   sigaction(SIGINT, &action, nullptr);
+}
+
+void doWithoutSignals(const std::function<void()>& work)
+{
+  const SignalsHeldBack whileWorking;
+  work();
 }
 
 std::optional<TerminalSize> terminalSize()

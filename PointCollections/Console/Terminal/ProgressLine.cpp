@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Console/Terminal/ProgressLine.h"
 
+#include "PointCollections/Console/Terminal/Terminal.h"
 #include "PointCollections/Text/Progress.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/Utf8.h"
@@ -17,7 +18,8 @@ ProgressLine::ProgressLine(std::ostream* terminal) : m_terminal(terminal)
   if (m_terminal == nullptr)
     return;
   try {
-    m_thread = std::thread([this] { run(); });
+    // Libedit's signal handlers end the program if they run on another thread than its own.
+    doWithoutSignals([this] { m_thread = std::thread([this] { run(); }); });
   } catch (const std::system_error&) {
     m_terminal = nullptr; // the work is more important than the line
   }

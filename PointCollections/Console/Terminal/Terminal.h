@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <ostream>
 #include <string>
@@ -38,6 +39,11 @@ void prepareTerminal();
 /// From now on Ctrl-C does not end the program. It drops the line that is being typed, or stops the
 /// work; see Interruptible.
 void catchInterrupts();
+
+/// Does work during which no signal is handled on this thread. Signals that come meanwhile are
+/// handled afterwards, or at once on another thread. A thread that the work starts never handles
+/// any. Just does the work on Windows, where handlers run on threads of their own.
+void doWithoutSignals(const std::function<void()>& work);
 
 /// The size of a terminal, in characters.
 struct TerminalSize {

@@ -105,6 +105,11 @@ void catchInterrupts()
   SetConsoleCtrlHandler(stopWork, TRUE);
 }
 
+void doWithoutSignals(const std::function<void()>& work)
+{
+  work();
+}
+
 std::optional<TerminalSize> terminalSize()
 {
   CONSOLE_SCREEN_BUFFER_INFO info = {};

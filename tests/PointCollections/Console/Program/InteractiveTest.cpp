@@ -15,10 +15,12 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <cstring>
 #include <fstream>
 #include <string>
 #include <thread>
 #include <utility>
+#include <vector>
 
 namespace Tarvik::PointCollections {
 namespace {
@@ -137,6 +139,23 @@ public:
   {
     close(std::exchange(m_terminal, -1));
     return waitForSignal();
+  }
+
+  /// For each thread of the program but the first, the signals that it holds back, as in proc(5).
+  std::vector<std::string> signalsHeldBackByOtherThreads() const
+  {
+    std::vector<std::string> masks;
+    const auto program = std::filesystem::path("/proc") / std::to_string(m_child);
+    for (const auto& thread : std::filesystem::directory_iterator(program / "task")) {
+      if (thread.path().filename() == program.filename())
+        continue;
+      std::ifstream status(thread.path() / "status");
+      std::string line;
+      while (std::getline(status, line))
+        if (line.starts_with("SigBlk:"))
+          masks.push_back(line.substr(line.find('\t') + 1));
+    }
+    return masks;
   }
 
   /// Sends the program a signal.
@@ -585,6 +604,19 @@ TEST_F(InteractiveUser, IsOfferedUnsavedWorkByOpenToo)
                      "recover, discard or later: ");
   next.typeAndExpect("recover\r", "Recovered points.csv");
   next.typeAndExpect("show G\r", "Paris");
+}
+
+// Libedit's signal handlers only work on the thread that reads.
+TEST_F(InteractiveUser, IsInterruptedOnTheFirstThreadOnly)
+{
+  const auto masks = m_terminal.signalsHeldBackByOtherThreads();
+
+  ASSERT_FALSE(masks.empty()) << "the progress line has a thread";
+  for (const auto& mask : masks) {
+    const auto signals = std::stoull(mask, nullptr, 16);
+    for (const int signal : {SIGHUP, SIGINT, SIGTERM, SIGTSTP, SIGCONT, SIGWINCH})
+      EXPECT_NE(signals >> (signal - 1) & 1, 0U) << strsignal(signal) << " in " << mask;
+  }
 }
 
 TEST_F(InteractiveUser, RecoversWhatAClosedTerminalHasInterrupted)
