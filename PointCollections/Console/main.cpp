@@ -195,7 +195,7 @@ void runOnTerminal(Session& session, Transcript& transcript, const Settings& set
                      questionsTo(*reader, session));
   };
   session.keepUnsavedChanges = [&] { return recovery.keep(); };
-  session.hasOpened();
+  tellHasOpened(session, transcript);
   if (runInteractively(session, transcript, *reader))
     recovery.clear();
   session.takeNotice = nullptr;
@@ -218,7 +218,7 @@ bool runBatch(Session& session, const Settings& settings, Transcript& transcript
     tellOfUnsavedWork(session, transcript,
                       findUnsavedWork(session.editor.files(), session.editor.opened().file));
   };
-  session.hasOpened();
+  tellHasOpened(session, transcript);
   const auto runRest = [&] {
     if (readsInput)
       return runScript(session, transcript, std::cin, nameOfStandardInput);

@@ -57,8 +57,8 @@ void runCommand(Session& session, Transcript& transcript, const std::string& lin
 {
   const auto documentBefore = session.editor.document();
   transcript.result(runShown(session, line));
-  if (session.editor.document() != documentBefore && session.hasOpened)
-    session.hasOpened();
+  if (session.editor.document() != documentBefore)
+    tellHasOpened(session, transcript);
 }
 
 void runScriptLine(Session& session, Transcript& transcript, const std::string& line)
@@ -115,6 +115,17 @@ void tellNotice(const Session& session, Transcript& transcript)
     transcript.error("warning", notice);
 }
 
+}
+
+void tellHasOpened(const Session& session, Transcript& transcript)
+{
+  try {
+    if (session.hasOpened)
+      session.hasOpened();
+  } catch (const std::bad_alloc&) {
+    transcript.error("warning", "there is not enough memory to look for unsaved work of an earlier "
+                                "run; open the file again to find it");
+  }
 }
 
 Question questionsTo(LineReader& reader, Session& session)

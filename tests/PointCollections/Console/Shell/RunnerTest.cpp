@@ -67,6 +67,17 @@ protected:
   std::ostringstream m_errors;
 };
 
+TEST_F(Runner, GoesOnIfMemoryDoesNotSufficeToLookForUnsavedWork)
+{
+  m_files->contents["p.csv"] = "collection,x,y,z\nc,1,2,3\n";
+  m_session.hasOpened = [] { throw std::bad_alloc(); };
+
+  EXPECT_TRUE(runText("open p.csv\nshow\n", Transcript::Detail::ResultsOnly)) << m_errors.str();
+
+  EXPECT_THAT(m_output.str(), ::testing::HasSubstr("1 element in 0 groups"));
+  EXPECT_THAT(m_errors.str(), ::testing::StartsWith("warning: there is not enough memory"));
+}
+
 TEST_F(Runner, EchoesCommandsAndSetsThemApart)
 {
   EXPECT_TRUE(runText("create G a\n\n\nundo\n"));
