@@ -107,7 +107,7 @@ bool CommandHistory::undo()
   const auto state = m_entries.state();
   retryWhenOutOfMemory([this] { stepBack(); },
                        [&] { return m_entries.state() == state && canUndo(); });
-  tell();
+  m_listeners.tell();
   return true;
 }
 
@@ -119,7 +119,7 @@ bool CommandHistory::redo()
   const auto state = m_entries.state();
   retryWhenOutOfMemory([this] { stepForward(); },
                        [&] { return m_entries.state() == state && canRedo(); });
-  tell();
+  m_listeners.tell();
   return true;
 }
 
@@ -142,7 +142,7 @@ void CommandHistory::jumpTo(std::size_t position)
     return isThere;
   };
   retryWhenOutOfMemory([&] { walkTo(position); }, findAgain);
-  tell();
+  m_listeners.tell();
 }
 
 bool CommandHistory::canUndo() const noexcept
@@ -181,7 +181,7 @@ void CommandHistory::markClean()
   if (isClean())
     return;
   m_entries.markClean();
-  tell();
+  m_listeners.tell();
 }
 
 void CommandHistory::forgetCleanMark()
@@ -190,7 +190,7 @@ void CommandHistory::forgetCleanMark()
   if (!m_entries.cleanPosition())
     return;
   m_entries.forgetCleanMark();
-  tell();
+  m_listeners.tell();
 }
 
 bool CommandHistory::isClean() const noexcept
@@ -217,7 +217,7 @@ void CommandHistory::setLimit(std::size_t limit)
     return;
   m_limit = limit;
   trim();
-  tell();
+  m_listeners.tell();
 }
 
 std::size_t CommandHistory::budget() const noexcept
@@ -232,7 +232,7 @@ void CommandHistory::setBudget(std::size_t bytes)
     return;
   m_budget = bytes;
   trim();
-  tell();
+  m_listeners.tell();
 }
 
 std::size_t CommandHistory::sizeInBytes() const noexcept
@@ -280,7 +280,7 @@ std::size_t CommandHistory::releaseOldest(std::size_t count)
   for (; released < count && m_entries.size() > m_entries.position() + 1; ++released)
     release(m_entries.takeLast());
   if (released > 0)
-    tell();
+    m_listeners.tell();
   return released;
 }
 
@@ -290,7 +290,7 @@ void CommandHistory::releaseUndone()
   if (m_entries.position() == m_entries.size())
     return;
   releaseFrom(m_entries.position());
-  tell();
+  m_listeners.tell();
 }
 
 void CommandHistory::clear()
@@ -301,7 +301,7 @@ void CommandHistory::clear()
   releaseFrom(0);
   m_entries.freeMemory();
   if (!wasEmpty)
-    tell();
+    m_listeners.tell();
 }
 
 void CommandHistory::reset()
@@ -313,7 +313,7 @@ void CommandHistory::reset()
   releaseFrom(0);
   m_entries.freeMemory();
   if (!wasNew)
-    tell();
+    m_listeners.tell();
 }
 
 CommandHistory::Subscription CommandHistory::subscribe(Listener listener)
@@ -336,8 +336,8 @@ bool CommandHistory::commitTransaction(std::size_t number)
 {
   const bool hasCommands = innermostTransaction("commit", number).commands().size() > 0;
   closeTransaction();
-  if (m_transactions.empty() && (hasCommands || m_hasToldInTransaction))
-    tell();
+  if (m_transactions.empty())
+    m_listeners.tell();
   return hasCommands;
 }
 
@@ -346,10 +346,8 @@ void CommandHistory::rollBackTransaction(std::size_t number)
   auto& commands = innermostTransaction("rollBack", number).commands();
   FailureGuard guard([this] {
     closeTransaction();
-    if (m_transactions.empty()) {
-      m_hasToldInTransaction = false;
+    if (m_transactions.empty())
       m_listeners.tellQuietly();
-    }
   });
   while (commands.size() > 0) {
     {
@@ -360,8 +358,8 @@ void CommandHistory::rollBackTransaction(std::size_t number)
   }
   guard.succeed();
   m_transactions.pop_back();
-  if (m_transactions.empty() && m_hasToldInTransaction)
-    tell();
+  if (m_transactions.empty())
+    m_listeners.tell();
 }
 
 /// What the destructor of a transaction does. Must not be called by a command: that ends the
@@ -405,12 +403,6 @@ void CommandHistory::closeTransaction() noexcept
   releaseFrom(m_entries.position());
   m_entries.append(closed->asOneCommand(), size);
   trim();
-}
-
-void CommandHistory::tell()
-{
-  m_hasToldInTransaction = !m_transactions.empty();
-  m_listeners.tell();
 }
 
 /// Runs the action. If that fails for want of memory, calls the host's handler and tries once more.
@@ -461,7 +453,7 @@ bool CommandHistory::add(std::shared_ptr<CommandBase> command, std::optional<std
   }
   if (isEntry) {
     trim();
-    tell();
+    m_listeners.tell();
   }
   return true;
 }

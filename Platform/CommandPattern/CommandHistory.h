@@ -46,7 +46,8 @@ class OpenTransaction;
 /// the provider.
 class TKM_COMMANDPATTERN_API CommandHistory {
 public:
-  /// Called after every change of entries, position, clean mark, limit or budget.
+  /// Called after every change of entries, position, clean mark, limit or budget, and after the
+  /// outermost transaction, even if it was rolled back: something can be undone again.
   using Listener = std::function<void(const CommandHistory&)>;
 
   /// Keeps a listener subscribed until it is destroyed. May outlive the history.
@@ -170,11 +171,11 @@ public:
   bool dropsCommandsWithoutChange() const noexcept;
 
   /// Sets whether commands that changed nothing are dropped: such a command leaves no entry and no
-  /// unsaved state, and what can be redone stays. A HistoryEntry knows whether it is one; for
-  /// others, see setNoChangeFunction(). Entries are also asked after undo() and redo().
+  /// unsaved state, and what can be redone stays. A HistoryEntry says whether it is one; for
+  /// those that do not, see setNoChangeFunction(). Entries are also asked after undo() and redo().
   void setDropsCommandsWithoutChange(bool drops);
 
-  /// Sets who is asked whether a command has changed nothing that does not say so itself. An
+  /// Sets who is asked whether a command has changed nothing if it does not say so itself. An
   /// exception counts as the answer false.
   /// @param function  may be empty: such commands are kept then
   void setNoChangeFunction(NoChangeFunction function);
@@ -223,8 +224,6 @@ private:
   OpenTransaction& innermostTransaction(const char* operation, std::size_t number);
   void closeTransaction() noexcept;
 
-  void tell();
-
   template <class Action, class Condition>
   void retryWhenOutOfMemory(Action action, Condition isStillPossible);
   bool letGoOfMemory();
@@ -257,8 +256,7 @@ private:
   OutOfMemoryHandler m_outOfMemoryHandler;
   bool m_dropsCommandsWithoutChange = false;
   bool m_isLettingGo = false;
-  bool m_hasToldInTransaction = false; ///< that nothing can be undone, which ends with it
-  const char* m_busyWith = nullptr;    ///< what it does with a command: "running", "releasing"
+  const char* m_busyWith = nullptr; ///< what it does with a command: "running", "releasing"
   ChangeListeners m_listeners;
 };
 

@@ -14,8 +14,7 @@ namespace Tarvik {
 /// From construction on, the history executes commands as before, but they belong to the
 /// transaction. commit() makes them one entry. rollBack(), or the destructor, undoes them: the
 /// document and the history are then as they were, but for entries that have been released. The
-/// listeners are called once, by commit(); after any other end only if they have been called
-/// meanwhile, since something can be undone again.
+/// listeners are called once, when the outermost transaction has ended, whatever its end.
 ///
 /// Until the transaction has ended, nothing can be undone, redone or marked clean. The history only
 /// allows execute(), keep(), releaseOldest(), releaseUndone(), forgetCleanMark() and the setters:

@@ -267,7 +267,8 @@ void History::follow()
       now.count == before.count && now.position == before.position && now.last == before.last;
   const bool isAboutMarks = now.cleanPosition != before.cleanPosition ||
                             now.limit != before.limit || now.budget != before.budget;
-  // When nothing is different at all, the last entry has taken another command over.
+  // When nothing is different at all, the last entry has taken another command over, or a
+  // transaction has left none.
   const bool hasOtherState = !isSameEntry || !isAboutMarks;
 
   Q_EMIT changed();

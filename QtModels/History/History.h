@@ -161,7 +161,8 @@ Q_SIGNALS:
   /// Any change. Sent before the other signals, but not when the language changes.
   void changed();
 
-  /// A command has changed the document, or there are other entries.
+  /// A command has changed the document, or there are other entries. Also sent after a macro or
+  /// transaction that leaves no entry.
   void indexChanged(int index);
 
   /// isClean() is another one.

@@ -108,17 +108,18 @@ void FilteredRows::readAgain(const Parents& parents)
 
 bool FilteredRows::readNamesAgain(const QModelIndex& first, const QModelIndex& last)
 {
-  bool isChanged = false;
+  bool doOthersMatch = false;
   auto& rows = rowsOf(first.parent());
   for (int row = first.row(); row <= last.row(); ++row) {
     auto name = nameAt(row, first.parent());
     auto& known = rows.names[static_cast<std::size_t>(row)];
-    isChanged = isChanged || name != known;
+    doOthersMatch =
+        doOthersMatch || (name != known && name.contains(m_pattern) != known.contains(m_pattern));
     known = std::move(name);
   }
-  if (isChanged)
+  if (doOthersMatch)
     rows.matches = Matches::Unknown;
-  return isChanged;
+  return doOthersMatch;
 }
 
 auto FilteredRows::rowsOf(const QModelIndex& parent) -> Rows&

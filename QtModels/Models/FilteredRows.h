@@ -64,10 +64,10 @@ public:
   void readAgain(const Parents& parents);
 
   /// Reads the names of the rows from first to last.
-  /// @return whether any name is another one
+  /// @return whether other rows match
   bool readNamesAgain(const QModelIndex& first, const QModelIndex& last);
 
-  /// Finds out which rows are shown. Searches only lists that have changed.
+  /// Finds out which rows are shown. Searches only lists that have changed or been read again.
   void filter();
 
 private:

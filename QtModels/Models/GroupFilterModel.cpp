@@ -66,6 +66,7 @@ void GroupFilterModel::connectDestroyed(const QAbstractItemModel* source)
     beginResetModel();
     m_rows->setSource(nullptr);
     endResetModel();
+    Q_EMIT matchesChanged();
   });
 }
 

@@ -22,8 +22,8 @@ class FilteredRows;
 /// as they are. With a text, each of them is told as one change of the layout.
 ///
 /// Names are kept from the first text on, until there is none. A text that continues the one before
-/// is searched for only in the names that matched. When the source changes, only the lists that
-/// change are searched.
+/// is searched for only in the names that matched. When rows of single lists of the source change,
+/// only these lists are searched; after a change of its whole layout, all names are read again.
 class TKM_QTMODELS_API GroupFilterModel : public QAbstractProxyModel {
   Q_OBJECT
   Q_PROPERTY(QString filterText READ filterText WRITE setFilterText NOTIFY filterTextChanged)

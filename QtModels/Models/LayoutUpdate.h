@@ -38,6 +38,12 @@ public:
       GroupItemModel<T>& model,
       const QList<QPersistentModelIndex>& parents = {},
       QAbstractItemModel::LayoutChangeHint hint = QAbstractItemModel::NoLayoutChangeHint);
+  LayoutUpdate(const LayoutUpdate&) = delete;
+  LayoutUpdate& operator=(const LayoutUpdate&) = delete;
+
+  /// If the update has failed, leaves the model empty and its persistent indexes invalid: it must
+  /// be reset then.
+  ~LayoutUpdate();
 
   void removeGroups(const GroupsRemoved<T>& step);
   void moveGroups(const GroupsMoved& step);
@@ -94,12 +100,14 @@ private:
   QList<QPersistentModelIndex> m_parents;
   QAbstractItemModel::LayoutChangeHint m_hint;
   QModelIndexList m_persistent;
-  std::vector<Target> m_targets; ///< of the persistent indexes
+  QModelIndexList m_persistentNow; ///< where they are after the update: nowhere, until finish()
+  std::vector<Target> m_targets;   ///< of the persistent indexes
   Rows m_rows;
   std::optional<Waiting<GroupPointer>> m_waitingOfGroups; ///< if set, nothing else waits
   std::optional<Waiting<T>> m_waitingOfList;
   std::size_t m_list = GroupLists::nowhere; ///< whose steps wait
   std::vector<Groups> m_removed;            ///< kept, with gaps: persistent indexes refer to them
+  bool m_isFinished = false;
 };
 
 template <class T>
@@ -117,6 +125,7 @@ void LayoutUpdate<T>::begin()
 {
   Q_EMIT m_model.layoutAboutToBeChanged(m_parents, m_hint);
   m_persistent = m_model.persistentIndexList();
+  m_persistentNow.resize(m_persistent.size()); // an update that fails needs no memory
   m_targets.reserve(static_cast<std::size_t>(m_persistent.size()));
   for (const auto& index : std::as_const(m_persistent)) {
     m_targets.push_back(targetOf(index));
@@ -158,12 +167,25 @@ void LayoutUpdate<T>::finish()
   doWaitingSteps();
   m_shown.number(0);
   m_rows.finish();
-  QModelIndexList now;
-  now.reserve(m_persistent.size());
-  for (std::size_t i = 0; i < m_targets.size(); ++i)
-    now.append(indexOf(m_targets[i], m_persistent[static_cast<qsizetype>(i)].column()));
-  m_model.changePersistentIndexList(m_persistent, now);
+  for (qsizetype i = 0; i < m_persistent.size(); ++i)
+    m_persistentNow[i] = indexOf(m_targets[static_cast<std::size_t>(i)], m_persistent[i].column());
+  m_model.changePersistentIndexList(m_persistent, m_persistentNow);
+  m_isFinished = true;
   Q_EMIT m_model.layoutChanged(m_parents, m_hint);
+}
+
+template <class T>
+LayoutUpdate<T>::~LayoutUpdate()
+{
+  if (m_isFinished)
+    return;
+  const auto gone = std::exchange(m_shown, {}); // until no persistent index refers to it
+  m_persistentNow.fill(QModelIndex());
+  try {
+    m_model.changePersistentIndexList(m_persistent, m_persistentNow);
+    Q_EMIT m_model.layoutChanged(m_parents, m_hint);
+  } catch (...) { // NOLINT(bugprone-empty-catch): a reset follows, which tells everything
+  }
 }
 
 template <class T>

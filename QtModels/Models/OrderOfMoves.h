@@ -30,7 +30,8 @@ public:
   /// @param to    its position after the move
   void move(std::size_t from, std::size_t count, std::size_t to)
   {
-    constexpr std::size_t tooMany = 2'000; // walking through them takes as long as a new order
+    constexpr std::size_t tooMany =
+        2'000; // beyond it, walking costs more than a new order now and then
     if (m_runs.size() > tooMany)
       putIntoOrder();
     const auto first = cutAt((std::min)(from, to));

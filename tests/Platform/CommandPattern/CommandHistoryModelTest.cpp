@@ -52,7 +52,6 @@ struct Model {
   std::string exhausting; ///< the call that finds no memory, once
   int releasedOnDemand = 0;
   int told = 0;
-  bool hasToldWhileOpen = false;
 
   int size() const { return static_cast<int>(entries.size()); }
   bool isOpen() const { return !transactions.empty(); }
@@ -196,8 +195,8 @@ struct Model {
 
   void commit()
   {
-    const bool isKept = close();
-    if (!isOpen() && (isKept || hasToldWhileOpen))
+    close();
+    if (!isOpen())
       tell();
   }
 
@@ -216,7 +215,7 @@ struct Model {
       place = steps.back().from;
     }
     transactions.pop_back();
-    if (!isOpen() && hasToldWhileOpen)
+    if (!isOpen())
       tell();
     return true;
   }
@@ -243,11 +242,7 @@ private:
     return traits.size > 0 ? static_cast<int>(traits.size) : 5;
   }
 
-  void tell()
-  {
-    ++told;
-    hasToldWhileOpen = isOpen();
-  }
+  void tell() { ++told; }
 
   void change(int& variable, int value)
   {
@@ -301,12 +296,12 @@ private:
       steps.pop_back();
   }
 
-  bool close()
+  void close()
   {
     const auto steps = std::move(transactions.back());
     transactions.pop_back();
     if (steps.empty())
-      return false;
+      return;
     Step macro{.from = steps.front().from,
                .to = steps.back().to,
                .traits = {},
@@ -321,13 +316,12 @@ private:
     }
     if (isOpen()) {
       transactions.back().push_back(macro);
-      return true;
+      return;
     }
     cutOffAfter(position);
     entries.push_back(macro);
     ++position;
     trim();
-    return true;
   }
 
   bool fails(const std::string& operation, int index) const

@@ -152,7 +152,7 @@ TEST_F(HistoryTest, CannotUndoWhileAMacroIsOpen)
   history.beginMacro("Type More");
   EXPECT_THAT(sent.take(), ElementsAre("canUndo false", "undoText "));
   history.endMacro();
-  EXPECT_THAT(sent.take(), ElementsAre("canUndo true", "undoText Type a"));
+  EXPECT_THAT(sent.take(), ElementsAre("index 1", "canUndo true", "undoText Type a"));
   EXPECT_EQ(history.count(), 1) << "a macro without commands leaves no entry";
 }
 
@@ -167,6 +167,22 @@ TEST_F(HistoryTest, TakesAMacroBack)
   EXPECT_EQ(document, "a");
   EXPECT_EQ(history.count(), 1);
   EXPECT_TRUE(history.canUndo());
+}
+
+TEST_F(HistoryTest, EnablesUndoAgainAfterATransactionAroundAMacro)
+{
+  history.push(typing("a"));
+  QAction* const undo = history.createUndoAction(&history);
+  {
+    CommandTransaction around(history.commands());
+    history.beginMacro("Type More");
+    history.push(typing("b"));
+    history.endMacro();
+    EXPECT_FALSE(undo->isEnabled());
+  }
+
+  EXPECT_EQ(document, "a");
+  EXPECT_TRUE(undo->isEnabled());
 }
 
 TEST_F(HistoryTest, TakesAnOpenMacroBackWhenItIsDestroyed)

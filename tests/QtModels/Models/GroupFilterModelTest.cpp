@@ -139,6 +139,24 @@ TYPED_TEST(GroupFilter, FollowsNewNames)
   EXPECT_THAT(textsOf(this->filter), ElementsAre("Oslo", "- Joann"));
 }
 
+TYPED_TEST(GroupFilter, KeepsItsLayoutWhenTheSameRowsMatchUnderNewNames)
+{
+  this->filter.setFilterText("ann");
+  this->provider->nameElements({{this->ids[0], "Pia"}, {this->ids[2], "Joann"}});
+  int isTold = 0;
+  QObject::connect(&this->filter, &GroupFilterModel::matchesChanged, [&] { ++isTold; });
+  const RecordedSignals recorded(this->filter);
+
+  this->model->elementsChanged({this->ids[0], this->ids[2]});
+
+  EXPECT_THAT(recorded.texts(), ElementsAre("Rome: rows 0 to 0 change"));
+  EXPECT_EQ(isTold, 0);
+  EXPECT_THAT(textsOf(this->filter), ElementsAre("Rome", "- Joann"));
+
+  this->filter.setFilterText("joann");
+  EXPECT_THAT(textsOf(this->filter), ElementsAre("Rome", "- Joann"));
+}
+
 TYPED_TEST(GroupFilter, AsksForNoNameAgainWhileTheUserTypes)
 {
   this->filter.setFilterText("a");
@@ -158,10 +176,14 @@ TYPED_TEST(GroupFilter, AsksForNoNameAgainWhileTheUserTypes)
 TYPED_TEST(GroupFilter, ShowsNothingWhenTheSourceIsDestroyed)
 {
   this->filter.setFilterText("a");
+  std::vector<int> matches;
+  QObject::connect(&this->filter, &GroupFilterModel::matchesChanged,
+                   [&] { matches.push_back(this->filter.matchingElements()); });
 
   this->model.reset();
 
   EXPECT_EQ(this->filter.rowCount(), 0);
+  EXPECT_THAT(matches, ElementsAre(0));
 }
 
 TYPED_TEST(GroupFilter, ForgetsADestroyedSourceBeforeViewsAskAgain)
