@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Recovery/Recovery.h"
 
+#include "PointCollections/Text/Interruption.h"
 #include "PointCollections/Text/Quoting.h"
 
 #include <fmt/format.h>
@@ -82,6 +83,7 @@ void Recovery::write(Time now) noexcept
 {
   const auto start = Clock::now();
   try {
+    const Uninterruptible untilWritten; // the end of the program may be near
     writeSomewhere();
     m_firstChange.reset();
     m_problem.clear();

@@ -36,8 +36,16 @@ void belongTo(OpenedDocument& opened, const std::filesystem::path& file)
   if (file.empty())
     return;
   opened.file = file;
+  opened.title = Utf8::fromPath(file.filename());
   if (!opened.projectFile.empty())
     opened.projectFile = file;
+}
+
+/// Whether the work is on another file: the names of recovery files ignore upper and lower case.
+bool belongsToAnother(const OpenedDocument& opened, const std::filesystem::path& file, Files& files)
+{
+  return !file.empty() && opened.file.filename() != file.filename() && files.exists(opened.file) &&
+         !files.areSame(opened.file, file);
 }
 
 std::string afterwards(FileSince since)
@@ -65,6 +73,8 @@ FoundWork findUnsavedWork(Files& files,
       try {
         auto record =
             loadRecovery(files.readBytes(each.path()), printable(Utf8::fromPath(each.path())));
+        if (belongsToAnother(record.opened, file, files))
+          continue;
         belongTo(record.opened, file);
         const auto since = whatHappenedTo(record.opened, files);
         found.works.push_back({std::move(each), std::move(record), since});

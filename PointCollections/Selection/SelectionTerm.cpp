@@ -28,11 +28,7 @@ bool isNumber(std::string_view text)
 
 bool arePlaces(const Word& word)
 {
-  const std::string_view text = word.text;
-  const auto dash = std::min(text.find('-'), text.size());
-  const auto last = text.substr(std::min(dash + 1, text.size()));
-  return !word.isQuoted && !word.isMixed() && isNumber(text.substr(0, dash)) &&
-         (last.empty() || isNumber(last));
+  return !word.isQuoted && !word.isMixed() && readsAsPlaces(word.text);
 }
 
 /// Whether the word starts with a group that is given by its place: `@2:`.
@@ -86,6 +82,13 @@ TypedPlaces typedPlaces(const Word& range)
   const auto dash = std::min(range.text.find('-'), size);
   const auto first = range.part(0, dash);
   return {first, dash == size ? first : range.part(dash + 1, size)};
+}
+
+bool readsAsPlaces(std::string_view text)
+{
+  const auto dash = std::min(text.find('-'), text.size());
+  const auto last = text.substr(std::min(dash + 1, text.size()));
+  return isNumber(text.substr(0, dash)) && (last.empty() || isNumber(last));
 }
 
 SelectionTerm termOf(const Word& word)

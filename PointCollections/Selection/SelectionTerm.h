@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <limits>
 #include <optional>
+#include <string_view>
 
 /// One word of a selection, taken apart.
 ///
@@ -46,6 +47,9 @@ struct TypedPlaces {
 
 /// @param range  what a term of the kind Places selects
 TypedPlaces typedPlaces(const Word& range);
+
+/// Whether a word without quotes is places after a colon, and not a name: `2`, `2-5` or `2-`.
+bool readsAsPlaces(std::string_view text);
 
 /// @throws UserError if the word has special characters but breaks the grammar above
 SelectionTerm termOf(const Word& word);

@@ -38,6 +38,13 @@ void Interruptible::forget() noexcept
   isWanted = false;
 }
 
+Uninterruptible::Uninterruptible() noexcept : m_wasPossible(isPossible.exchange(false)) {}
+
+Uninterruptible::~Uninterruptible()
+{
+  isPossible = m_wasPossible;
+}
+
 void checkInterruption()
 {
   if (!Interruptible::isRequested())

@@ -32,6 +32,19 @@ public:
   static void forget() noexcept;
 };
 
+/// While it lives, work cannot be stopped that should otherwise be, such as the rescue of unsaved
+/// changes. Requests that come meanwhile count afterwards.
+class Uninterruptible {
+public:
+  Uninterruptible() noexcept;
+  Uninterruptible(const Uninterruptible&) = delete;
+  Uninterruptible& operator=(const Uninterruptible&) = delete;
+  ~Uninterruptible();
+
+private:
+  bool m_wasPossible;
+};
+
 /// Call this often in work that can take long, while everything can still be left as it was.
 /// @throws Interrupted if Interruptible::isRequested(), but only once for each Interruptible: what
 ///         has been done can be taken back then

@@ -6,6 +6,7 @@
 #include "PointCollections/Project/ProjectFile.h"
 #include "PointCollections/Selection/Lookup.h"
 #include "PointCollections/Selection/SelectedLists.h"
+#include "PointCollections/Selection/SelectionTerm.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
 #include "PointCollections/Text/Utf8.h"
@@ -250,38 +251,52 @@ std::string unfinished(std::string_view start, bool isQuoted)
 }
 
 enum class Form {
-  Word, ///< never in quotes
-  Name, ///< in quotes if it needs them
-  Path  ///< like Name, but one that ends in a slash can go on
+  Word,       ///< never in quotes
+  Name,       ///< in quotes if it needs them
+  NameInTerm, ///< like Name, but also in quotes if it reads as places
+  Path,       ///< like Name, but one that ends in a slash can go on
+  PathInTerm  ///< both
 };
+
+std::string typedAs(Form form, const std::string& text)
+{
+  const bool isInTerm = form == Form::NameInTerm || form == Form::PathInTerm;
+  if (isInTerm && readsAsPlaces(text))
+    return inQuotes(text);
+  return form == Form::Word ? text : asTyped(text);
+}
 
 Completion completedWith(const Names& matches, const UnfinishedLine& line, Form form)
 {
-  const bool areNames = form != Form::Word;
   Completion result = {line.lastAt, {}, {}};
   if (matches.empty())
     return result;
   for (const auto& match : matches)
-    result.candidates.push_back(areNames ? asTyped(match) : match);
+    result.candidates.push_back(typedAs(form, match));
   const auto common = commonStart(matches);
   const bool endsBefore = common.size() < line.last.text.size(); // they differ in case
   if (endsBefore || (!line.openEscape.empty() && common == line.last.text)) {
     result.from = line.size;
     return result;
   }
-  if (matches.size() == 1 && !(form == Form::Path && common.ends_with('/')))
+  const bool arePaths = form == Form::Path || form == Form::PathInTerm;
+  if (matches.size() == 1 && !(arePaths && common.ends_with('/')))
     result.text = result.candidates.front() + ' ';
   else if (!common.empty())
-    result.text = areNames ? unfinished(common, line.last.isQuoted) : std::string(common);
+    result.text = form == Form::Word ? std::string(common) : unfinished(common, line.last.isQuoted);
   else if (line.last.isQuoted)
     result.text = '"';
   return result;
 }
 
+bool areMembers(std::optional<ArgumentKind> kind)
+{
+  return kind == ArgumentKind::Member || kind == ArgumentKind::MemberOfGroup;
+}
+
 bool areElements(std::optional<ArgumentKind> kind)
 {
-  return kind == ArgumentKind::Element || kind == ArgumentKind::Member ||
-         kind == ArgumentKind::MemberOfGroup || kind == ArgumentKind::Any;
+  return kind == ArgumentKind::Element || areMembers(kind) || kind == ArgumentKind::Any;
 }
 
 /// The byte after the first colon outside quotes; npos if there is none.
@@ -304,12 +319,14 @@ std::size_t afterColon(std::string_view typed)
 Names namesInLists(PointDocument& document, std::string_view lists)
 {
   const auto term = termOf(splitWords(std::string(lists) + '*').front());
-  Names names;
+  std::set<std::string> names; // an element may be in several lists
   for (const auto& list : listsOf(document, term)) {
-    for (const auto& element : *list.elements)
-      names.push_back(document.getElementName(element));
+    for (const auto& element : *list.elements) {
+      if (const auto* collection = document.find(element))
+        names.insert(collection->name);
+    }
   }
-  return names;
+  return {names.begin(), names.end()};
 }
 
 /// Completes a word that selects elements: the file after "@", or the name after the group.
@@ -333,7 +350,7 @@ completeTerm(Session& session, std::string_view word, std::size_t at, const Name
                    : fileNames(session.editor.files(), ArgumentKind::NameFile, rest.last.text);
   if (isInLists && accepted != nullptr)
     names = without(names, without(names, *accepted));
-  return completedWith(matchesFor(rest, names), rest, isFile ? Form::Path : Form::Name);
+  return completedWith(matchesFor(rest, names), rest, isFile ? Form::PathInTerm : Form::NameInTerm);
 }
 
 Completion completeLine(Session& session, const UnfinishedLine& line, std::string_view text)
@@ -351,7 +368,7 @@ Completion completeLine(Session& session, const UnfinishedLine& line, std::strin
   const auto matches = matchesFor(line, names);
   if (matches.empty() && areElements(kind))
     return completeTerm(session, text.substr(line.lastAt), line.lastAt,
-                        kind == ArgumentKind::MemberOfGroup ? &names : nullptr);
+                        areMembers(kind) ? &names : nullptr);
   return completedWith(matches, line, areFiles(kind) ? Form::Path : Form::Name);
 }
 

@@ -4,6 +4,7 @@
 #include "PointCollections/Console/Shell/Completion.h"
 #include "PointCollections/Console/Shell/Interpreter.h"
 #include "PointCollections/Console/Shell/UnsavedChanges.h"
+#include "PointCollections/Console/Terminal/InputWait.h"
 #include "PointCollections/Input/Encoding.h"
 #include "PointCollections/Input/TextInput.h"
 #include "PointCollections/Text/Interruption.h"
@@ -55,9 +56,9 @@ std::string runShown(Session& session, const std::string& line)
 /// Runs a command, and tells its answer.
 void runCommand(Session& session, Transcript& transcript, const std::string& line)
 {
-  const auto documentBefore = session.editor.document();
+  const auto* const documentBefore = session.editor.document().get();
   transcript.result(runShown(session, line));
-  if (session.editor.document() != documentBefore)
+  if (session.editor.document().get() != documentBefore)
     tellHasOpened(session, transcript);
 }
 
@@ -108,6 +109,13 @@ bool leaveAtEndOfInput(Session& session, Transcript& transcript)
   return confirmation != Confirmation::Missing;
 }
 
+/// The signal may have come before the work: it must not wait for a pipe then, for example.
+void stopWorkIfAskedToEnd()
+{
+  if (isAskedToEnd())
+    Interruptible::request();
+}
+
 void tellNotice(const Session& session, Transcript& transcript)
 {
   const auto notice = session.takeNotice ? session.takeNotice() : std::string();
@@ -125,6 +133,10 @@ void tellHasOpened(const Session& session, Transcript& transcript)
   } catch (const std::bad_alloc&) {
     transcript.error("warning", "there is not enough memory to look for unsaved work of an earlier "
                                 "run; open the file again to find it");
+  } catch (const Interrupted&) {
+    transcript.error("warning",
+                     "the search for unsaved work of an earlier run was stopped; open the "
+                     "file again to find it");
   }
 }
 
@@ -134,6 +146,7 @@ Question questionsTo(LineReader& reader, Session& session)
     auto answer = reader.readAnswer(
         prompt, [&](std::string_view line) { return completeAnswer(session, answers, line); });
     Interruptible::forget(); // Ctrl-C at a question drops the answer only
+    stopWorkIfAskedToEnd();
     return answer;
   };
 }
@@ -183,6 +196,7 @@ bool runInteractively(Session& session, Transcript& transcript, LineReader& read
     const auto runNext = [&] {
       const auto line = reader.readLine(session.editor.hasUnsavedChanges() ? "*> " : "> ");
       const Interruptible untilAnswered;
+      stopWorkIfAskedToEnd();
       if (line)
         runCommand(session, transcript, *line);
       else

@@ -28,8 +28,8 @@ bool runScript(Session& session,
                std::istream& script,
                const std::string& name);
 
-/// Calls Session::hasOpened, if it is set. If there is not enough memory for it, warns the user: the
-/// document is open.
+/// Calls Session::hasOpened, if it is set. If there is not enough memory for it, or the user stops
+/// it, prints a warning: the document is open.
 void tellHasOpened(const Session& session, Transcript& transcript);
 
 /// Questions to the user through the reader. Both must outlive the result.

@@ -260,7 +260,7 @@ private:
       return CC_ERROR;
     if (!isStuck)
       return CC_REFRESH;
-    list(completion.candidates);
+    doWithoutSignals([&] { list(completion.candidates); });
     return CC_REDISPLAY;
   }
 

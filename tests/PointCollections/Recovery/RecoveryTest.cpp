@@ -4,6 +4,7 @@
 #include "PointCollections/Support/Documents.h"
 #include "PointCollections/Support/Edits.h"
 #include "PointCollections/Support/Files.h"
+#include "PointCollections/Text/Interruption.h"
 
 #include <gmock/gmock.h>
 
@@ -332,6 +333,53 @@ TEST_F(RecoveryOf, AProjectIsMovedWithIt)
   EXPECT_EQ(found.works[0].fileSince, FileSince::Same);
   EXPECT_EQ(found.works[0].record.opened.projectFile, moved);
 }
+
+TEST_F(RecoveryOf, AProgramThatIsToldToStopIsWrittenAllTheSame)
+{
+  {
+    EditingProgram program(m_project, m_state);
+    program.change("G");
+    const Interruptible work;
+    Interruptible::request();
+
+    EXPECT_TRUE(program.recovery.keep(program.now));
+    EXPECT_TRUE(Interruptible::isRequested()) << "the work itself still stops";
+  }
+
+  EXPECT_THAT(foundFor(m_project), ::testing::ElementsAre("G()"));
+}
+
+#if !defined(_WIN32) // names of files do not ignore upper and lower case
+TEST_F(RecoveryOf, AProjectIsNotOfferedForOneWithAlmostTheSameName)
+{
+  const auto other = m_project.parent_path() / "P.tkpc";
+  fs::copy(m_project, other);
+  {
+    EditingProgram program(m_project, m_state);
+    program.change("G");
+    program.recovery.keep(program.now);
+  }
+
+  EXPECT_THAT(foundFor(other), IsEmpty());
+  EXPECT_THAT(foundFor(m_project), ::testing::ElementsAre("G()"));
+}
+
+TEST_F(RecoveryOf, ALinkedProjectHasTheNameOfTheLink)
+{
+  const auto link = m_folder.path() / "link.tkpc";
+  fs::create_symlink(m_project, link);
+  {
+    EditingProgram program(m_project, m_state);
+    program.change("G");
+    program.recovery.keep(program.now);
+  }
+
+  const auto found = find(link);
+  ASSERT_EQ(found.works.size(), 1U);
+  EXPECT_EQ(found.works[0].record.opened.title, "link.tkpc");
+  EXPECT_EQ(found.works[0].record.opened.projectFile, link);
+}
+#endif
 
 TEST_F(RecoveryOf, APathIsKeptFromTheRoot)
 {

@@ -585,9 +585,26 @@ TEST_F(InteractiveUser, IsNotKeptByAPipeThatNobodyWrites)
   const auto pipe = m_folder.path() / "pipe";
   ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
   m_terminal.typeAndExpect("create G Paris\r", "Created G with 1 element.");
-  m_terminal.typeAndExpect("select @\"" + pipe.string() + "\"\r", "pipe", "");
+  m_terminal.typeAndExpect("select @\"" + pipe.string() + "\"\r", "pipe", "1 s");
 
   EXPECT_EQ(m_terminal.endBy(SIGTERM), SIGTERM);
+
+  EXPECT_TRUE(hasRecoveryFile(m_state));
+}
+
+// When a window is closed, the shell tells its programs, and so does the system.
+TEST_F(InteractiveUser, RecoversWhatSeveralSignalsHaveInterrupted)
+{
+  std::string points = "collection,x,y,z\n";
+  for (int i = 0; i < 30'000; ++i)
+    points += "element " + std::to_string(i) + ",1,2,3\n";
+  Terminal interrupted(m_folder.write("many.csv", points).string(), m_state);
+  interrupted.typeAndExpect("", "> ");
+  interrupted.typeAndExpect("create G *\r", "Created G with 30000 elements.");
+  interrupted.send(SIGTERM);
+  interrupted.typeAndExpect("", "(end of input)", "");
+
+  EXPECT_NE(interrupted.endBy(SIGHUP), 0);
 
   EXPECT_TRUE(hasRecoveryFile(m_state));
 }

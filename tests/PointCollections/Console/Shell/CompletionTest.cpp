@@ -41,8 +41,9 @@ protected:
 class FileCompletion : public CompletionOf {
 protected:
   FileCompletion()
-      : CompletionOf(filesNamed({"cities.csv", "cities.tkpc", "notes.txt", "maps/old maps/a.tkpc",
-                                 "maps/new.TKPC", ".hidden.tkpc", "\xFF.tkpc", "my plan.tkpc"}))
+      : CompletionOf(
+            filesNamed({"cities.csv", "cities.tkpc", "notes.txt", "2", "maps/old maps/a.tkpc",
+                        "maps/new.TKPC", ".hidden.tkpc", "\xFF.tkpc", "my plan.tkpc"}))
   {}
 
 private:
@@ -224,6 +225,37 @@ TEST_F(CompletionOf, AnUngroupedElementAfterAColon)
   run(m_session, {"add Asia Paris Prague"});
 
   EXPECT_EQ(completed("add Europe :Pa"), "add Europe :Paramaribo ");
+  EXPECT_THAT(candidates("remove :Pa"), IsEmpty()) << "it is in no group";
+}
+
+TEST_F(CompletionOf, AMemberOfSeveralGroupsOnce)
+{
+  run(m_session, {"add Europe Prague"});
+  auto groups = m_session.editor.document()->getGroups();
+  groups[2].addGroupMember(groups[0].getGroupMembers().front());
+  m_session.editor.document()->setGroups(groups);
+
+  EXPECT_EQ(completed("select *:Pr"), "select *:Prague ");
+}
+
+TEST_F(CompletionOf, NoMemberThatTheDocumentDoesNotHave)
+{
+  auto groups = m_session.editor.document()->getGroups();
+  groups[0].addGroupMember(GUIdentifier());
+  m_session.editor.document()->setGroups(groups);
+
+  EXPECT_THAT(candidates("select Europe:"), IsEmpty());
+}
+
+TEST(CompletionAfterAColon, PutsNamesInQuotesThatReadAsPlaces)
+{
+  auto session = sessionOf({"5", "2-5", "2-", "x-1"});
+  run(session, {"create Europe 5 2-5 2- x-1"});
+  const auto candidates = [&](std::string_view line) { return complete(session, line).candidates; };
+
+  EXPECT_THAT(candidates("select Europe:"), ElementsAre("\"2-\"", "\"2-5\"", "\"5\"", "x-1"));
+  EXPECT_EQ(complete(session, "select Europe:5").text, "\"5\" ");
+  EXPECT_THAT(candidates("select "), ::testing::Contains("5")) << "it is a name there";
 }
 
 TEST_F(FileCompletion, NamesWhatCanHoldNames)
@@ -231,6 +263,7 @@ TEST_F(FileCompletion, NamesWhatCanHoldNames)
   EXPECT_EQ(completed("create G @n"), "create G @notes.txt ");
   EXPECT_EQ(completed("create G @ma"), "create G @maps/");
   EXPECT_EQ(completed("show @no"), "show @notes.txt ");
+  EXPECT_EQ(completed("show @2"), "show @\"2\" ") << "@2 is the second group";
   EXPECT_EQ(completed("create G @my"), "create G @my");
   EXPECT_THAT(candidates("create @n"), IsEmpty());
 }

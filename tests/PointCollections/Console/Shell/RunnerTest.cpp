@@ -78,6 +78,17 @@ TEST_F(Runner, GoesOnIfMemoryDoesNotSufficeToLookForUnsavedWork)
   EXPECT_THAT(m_errors.str(), ::testing::StartsWith("warning: there is not enough memory"));
 }
 
+TEST_F(Runner, GoesOnIfTheUserStopsTheSearchForUnsavedWork)
+{
+  m_files->contents["p.csv"] = "collection,x,y,z\nc,1,2,3\n";
+  m_session.hasOpened = [] { throw Interrupted(); };
+
+  EXPECT_TRUE(runText("open p.csv\nshow\n", Transcript::Detail::ResultsOnly));
+
+  EXPECT_THAT(m_output.str(), ::testing::HasSubstr("1 element in 0 groups"));
+  EXPECT_THAT(m_errors.str(), ::testing::HasSubstr("the search for unsaved work"));
+}
+
 TEST_F(Runner, EchoesCommandsAndSetsThemApart)
 {
   EXPECT_TRUE(runText("create G a\n\n\nundo\n"));
