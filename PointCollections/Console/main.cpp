@@ -63,11 +63,15 @@ constexpr auto remarks =
     "arguments, FILE or the script were not valid. If nobody reads the output any more, the "
     "program ends quietly, by the signal SIGPIPE (on Windows, with status 1).";
 
-std::string refuseNegative(std::string number)
+/// Lets a whole number pass, and a unit that CLI11 checks.
+std::string refuseOtherThanSize(std::string size)
 {
-  if (number.starts_with('-'))
-    throw CLI::ValidationError(number + " is less than nothing; expected a size such as 256M");
-  return number;
+  const bool isWhole =
+      size.find_first_not_of("0123456789") != 0 && size.find_first_of(".,+-") == std::string::npos;
+  if (!isWhole)
+    throw CLI::ValidationError(printable(size) +
+                               " is not a size; expected a whole number such as 256M or 2G");
+  return size;
 }
 
 void declare(CLI::App& app, Settings& settings)
@@ -85,7 +89,7 @@ void declare(CLI::App& app, Settings& settings)
                  "The oldest ones are forgotten; the last one is always kept")
       ->type_name("BYTES")
       ->transform(CLI::AsSizeValue(false))
-      ->transform(refuseNegative); // runs first; the other one would take -1 for a great number
+      ->transform(refuseOtherThanSize); // runs first; the other one takes -1 for a great number
   app.add_flag("--no-history", settings.forgetsLines,
                "Do not keep the lines that are typed for the next time");
   app.add_flag("--quiet", settings.isQuiet, "Print results only: no commands, no comments");

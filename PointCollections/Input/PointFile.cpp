@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Input/PointFile.h"
 
+#include "GeneralServices/StringUtility.h"
 #include "PointCollections/Input/AlikeNames.h"
 #include "PointCollections/Input/CsvReader.h"
 #include "PointCollections/Input/Encoding.h"
@@ -60,6 +61,11 @@ std::string warningAboutRepeatedMembers(std::size_t count)
                      pluralize(count, "element"), isOne ? "is" : "are", isOne ? "it" : "them");
 }
 
+}
+
+bool isPointsName(const std::filesystem::path& file)
+{
+  return StringUtility::toLower(Utf8::fromPath(file.extension())) == ".csv";
 }
 
 PointFileContent parsePointFile(std::string_view text,

@@ -40,6 +40,9 @@
 /// others.
 namespace Tarvik::PointCollections {
 
+/// Whether the name ends in .csv, in upper or lower case.
+bool isPointsName(const std::filesystem::path& file);
+
 /// What is in a file of points.
 struct PointFileContent {
   std::vector<PointCollection> collections; ///< in the order of their first rows, with new ids

@@ -257,7 +257,7 @@ auto LayoutUpdate<T>::waitingOfGroups() -> Waiting<GroupPointer>&
 {
   if (!m_waitingOfGroups) {
     doWaitingSteps();
-    m_waitingOfGroups.emplace(CollectedSteps(m_shown.groups.size()), Groups());
+    m_waitingOfGroups = {CollectedSteps(m_shown.groups.size()), {}};
   }
   return *m_waitingOfGroups;
 }
@@ -269,7 +269,7 @@ auto LayoutUpdate<T>::waitingOf(std::size_t list) -> Waiting<T>&
   if (!m_waitingOfList || m_list != list) {
     doWaitingSteps();
     m_list = list;
-    m_waitingOfList.emplace(CollectedSteps(elementsOf(list).size()), std::vector<T>());
+    m_waitingOfList = {CollectedSteps(elementsOf(list).size()), {}};
   }
   return *m_waitingOfList;
 }

@@ -3,6 +3,7 @@
 
 #include "GeneralServices/StringUtility.h"
 #include "PointCollections/Console/Verbs/AllVerbs.h"
+#include "PointCollections/Input/PointFile.h"
 #include "PointCollections/Project/ProjectFile.h"
 #include "PointCollections/Selection/Lookup.h"
 #include "PointCollections/Selection/SelectedLists.h"
@@ -124,9 +125,8 @@ bool isOfKind(const std::filesystem::path& file, ArgumentKind kind)
   const bool isProject = isProjectName(file);
   if (kind == ArgumentKind::NameFile)
     return !isProject;
-  const bool hasPoints = file.extension() == ".csv";
   return (isProject && kind != ArgumentKind::PointFile) ||
-         (hasPoints && kind != ArgumentKind::ProjectFile);
+         (isPointsName(file) && kind != ArgumentKind::ProjectFile);
 }
 
 /// The names in the folder that the start of a path leads to: folders, and files of the kind.

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Console/Verbs/EachVerb.h"
+#include "PointCollections/Input/PointFile.h"
 #include "PointCollections/Input/PointFileWriter.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
@@ -15,7 +16,7 @@ namespace {
 std::filesystem::path fileToWrite(const Word& word)
 {
   auto file = Utf8::toPath(word.text);
-  if (file.extension() != ".csv")
+  if (!isPointsName(file))
     throw UserError(fmt::format("{} is not the name of a file of points; expected one that ends in "
                                 ".csv",
                                 displayName(word.text)));

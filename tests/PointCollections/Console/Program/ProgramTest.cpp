@@ -100,6 +100,14 @@ TEST_F(Program, ReadsTheScriptFromStandardInput)
   EXPECT_THAT(outcome.errors, StartsWith("<stdin>:2: "));
 }
 
+TEST_F(Program, RefusesASizeThatIsNoWholeNumber)
+{
+  for (const std::string size : {"1.5M", "-1", "M"}) {
+    EXPECT_THAT(run({m_points, "--history-budget=" + size}).errors,
+                HasSubstr(size + " is not a size; expected a whole number such as 256M or 2G"));
+  }
+}
+
 TEST_F(Program, RefusesToReadTwoThingsFromStandardInput)
 {
   EXPECT_EQ(run({"-"}, "collection,x,y,z\n").errors,

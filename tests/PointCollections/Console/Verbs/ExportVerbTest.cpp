@@ -50,6 +50,13 @@ TEST_F(Export, ReplacesAFileOnlyIfAsked)
   EXPECT_TRUE(m_files->contents["x.csv"].starts_with("collection,"));
 }
 
+TEST_F(Export, TakesTheExtensionInCapitalLetters)
+{
+  run(m_session, {"export X.CSV"});
+
+  EXPECT_TRUE(m_files->contents.contains("X.CSV"));
+}
+
 TEST_F(Export, WarnsAsTheFilesDo)
 {
   m_files->warning = "The disk is slow.";
