@@ -87,8 +87,12 @@ std::uintmax_t sizeOf(std::ifstream& stream, const fs::path& file)
   stream.seekg(0, std::ios::end);
   const auto size = static_cast<std::streamoff>(stream.tellg());
   stream.seekg(0);
-  if (!stream || size < 0)
+  // Linux says 0 for files that it makes up while somebody reads, such as those in /proc.
+  const bool isKnown =
+      stream && (size > 0 || (size == 0 && stream.peek() == std::ifstream::traits_type::eof()));
+  if (!isKnown)
     fail(file, "the size of this file cannot be found out");
+  stream.clear(); // from the end of an empty file
   return static_cast<std::uintmax_t>(size);
 }
 
