@@ -2,6 +2,7 @@
 #include "PointCollections/Console/Terminal/LineReader.h"
 #include "PointCollections/Input/TextInput.h"
 
+#include <cstdio>
 #include <utility>
 
 namespace Tarvik::PointCollections {
@@ -17,8 +18,10 @@ public:
   {
     if (m_input.bad())
       return std::nullopt; // reading has failed before, and nothing more will come
-    if (m_input.eof())
-      m_input.clear(); // a terminal goes on after the end of the input
+    if (m_input.eof()) {   // a terminal goes on after it
+      m_input.clear();
+      std::clearerr(stdin); // libc++ reads from there, which remembers the end as well
+    }
     m_output << prompt << std::flush;
     const bool hasMore = m_input.rdbuf()->in_avail() > 0;
     if (m_wait && !hasMore && !m_wait())
