@@ -193,17 +193,17 @@ void runOnTerminal(Session& session, Transcript& transcript, const Settings& set
   if (!isOutputTerminal())
     transcript.dialogue(hint);
   tellWarnings(session, transcript);
-  session.hasOpened = [&] {
+  session.lookForUnsavedWork = [&] {
     offerUnsavedWork(session, transcript, recovery,
                      findUnsavedWork(session.editor.files(), session.editor.opened().file),
                      questionsTo(*reader, session));
   };
   session.keepUnsavedChanges = [&] { return recovery.keep(); };
-  tellHasOpened(session, transcript);
+  lookForUnsavedWork(session, transcript);
   if (runInteractively(session, transcript, *reader))
     recovery.clear();
   session.takeNotice = nullptr;
-  session.hasOpened = nullptr;
+  session.lookForUnsavedWork = nullptr;
   session.keepUnsavedChanges = nullptr;
   endAsAsked();
 }
@@ -218,11 +218,11 @@ bool runBatch(Session& session, const Settings& settings, Transcript& transcript
   if (!settings.isQuiet)
     transcript.result(welcome(session));
   tellWarnings(session, transcript);
-  session.hasOpened = [&] {
+  session.lookForUnsavedWork = [&] {
     tellOfUnsavedWork(session, transcript,
                       findUnsavedWork(session.editor.files(), session.editor.opened().file));
   };
-  tellHasOpened(session, transcript);
+  lookForUnsavedWork(session, transcript);
   const auto runRest = [&] {
     if (readsInput)
       return runScript(session, transcript, std::cin, nameOfStandardInput);

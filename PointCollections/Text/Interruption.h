@@ -32,8 +32,8 @@ public:
   static void forget() noexcept;
 };
 
-/// While it lives, work cannot be stopped that should otherwise be, such as the rescue of unsaved
-/// changes. Requests that come meanwhile count afterwards.
+/// While it lives, an Interruptible around it cannot be stopped, for the rescue of unsaved changes
+/// for example. Requests that come meanwhile count afterwards.
 class Uninterruptible {
 public:
   Uninterruptible() noexcept;

@@ -17,11 +17,11 @@ namespace Tarvik::ShownLists {
 ///
 /// The result is the same because of the order of steps in a GroupsChange:
 ///
-/// - Entries leave first, from the last to the first. Those that have left already were behind, so
-///   the position of each step is the one in the old list.
+/// - Entries leave first, from the last to the first. Those that have left already came after it,
+///   so the position of each step is the one in the old list.
 /// - Then the entries that are kept move, or get one new order.
-/// - Entries come at the end, from the first to the last. Those that come later will be behind, so
-///   the position of each step is the one in the new list.
+/// - Entries come at the end, from the first to the last. Those that come later will be after it,
+///   so the position of each step is the one in the new list.
 class CollectedSteps {
 public:
   /// @param size  of the list before the steps

@@ -31,9 +31,9 @@ struct Session {
   /// that. Throws UserError if saving fails. Empty in a script, where nobody can be asked.
   std::function<Confirmation(Session&)> confirmDiscarding = {};
 
-  /// Called after another document has been opened: tells of unsaved work on it, or offers it. May
-  /// be empty.
-  std::function<void()> hasOpened = {};
+  /// Tells of unsaved work that an earlier run has left on the document, or offers it. Called after
+  /// a document has been opened. May be empty.
+  std::function<void()> lookForUnsavedWork = {};
 
   /// Keeps unsaved changes for the next start of the program. Returns whether it could. May be
   /// empty.

@@ -59,7 +59,7 @@ void runCommand(Session& session, Transcript& transcript, const std::string& lin
   const auto* const documentBefore = session.editor.document().get();
   transcript.result(runShown(session, line));
   if (session.editor.document().get() != documentBefore)
-    tellHasOpened(session, transcript);
+    lookForUnsavedWork(session, transcript);
 }
 
 void runScriptLine(Session& session, Transcript& transcript, const std::string& line)
@@ -125,11 +125,11 @@ void tellNotice(const Session& session, Transcript& transcript)
 
 }
 
-void tellHasOpened(const Session& session, Transcript& transcript)
+void lookForUnsavedWork(const Session& session, Transcript& transcript)
 {
   try {
-    if (session.hasOpened)
-      session.hasOpened();
+    if (session.lookForUnsavedWork)
+      session.lookForUnsavedWork();
   } catch (const std::bad_alloc&) {
     transcript.error("warning", "there is not enough memory to look for unsaved work of an earlier "
                                 "run; open the file again to find it");

@@ -28,9 +28,9 @@ bool runScript(Session& session,
                std::istream& script,
                const std::string& name);
 
-/// Calls Session::hasOpened, if it is set. If there is not enough memory for it, or the user stops
-/// it, prints a warning: the document is open.
-void tellHasOpened(const Session& session, Transcript& transcript);
+/// Calls Session::lookForUnsavedWork, if it is set. If there is not enough memory for it, or the
+/// user stops it, prints a warning: the document is open.
+void lookForUnsavedWork(const Session& session, Transcript& transcript);
 
 /// Questions to the user through the reader. Both must outlive the result.
 Question questionsTo(LineReader& reader, Session& session);

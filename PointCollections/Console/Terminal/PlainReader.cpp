@@ -18,9 +18,10 @@ public:
   {
     if (m_input.bad())
       return std::nullopt; // reading has failed before, and nothing more will come
-    if (m_input.eof()) {   // a terminal goes on after it
+    // A terminal goes on after the end of the input. Libc++ reads from stdin, which remembers it.
+    if (m_input.eof()) {
       m_input.clear();
-      std::clearerr(stdin); // libc++ reads from there, which remembers the end as well
+      std::clearerr(stdin);
     }
     m_output << prompt << std::flush;
     const bool hasMore = m_input.rdbuf()->in_avail() > 0;

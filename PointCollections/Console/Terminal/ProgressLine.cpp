@@ -18,7 +18,7 @@ ProgressLine::ProgressLine(std::ostream* terminal) : m_terminal(terminal)
   if (m_terminal == nullptr)
     return;
   try {
-    // Libedit's signal handlers end the program if they run on another thread than its own.
+    // Libedit's signal handlers crash on a thread that does not read.
     doWithoutSignals([this] { m_thread = std::thread([this] { run(); }); });
   } catch (const std::system_error&) {
     m_terminal = nullptr; // the work is more important than the line

@@ -54,6 +54,14 @@ protected:
     m_folder.write("work/points.csv", "collection,x,y,z\na,1,2,3\n");
   }
 
+  /// A program makes the group G and ends without saving.
+  void leaveUnsaved(const fs::path& file) const
+  {
+    EditingProgram program(file, m_state);
+    program.change("G");
+    program.recovery.keep(program.now);
+  }
+
   /// What a program finds that starts now: the groups of each work.
   std::vector<std::string> foundFor(const fs::path& file) const
   {
@@ -304,11 +312,7 @@ TEST_F(RecoveryOf, AProjectIsSavedWhereTheUserHasFoundIt)
 {
   const auto folderBefore = fs::current_path();
   fs::current_path(m_project.parent_path());
-  {
-    EditingProgram program(m_project.filename(), m_state);
-    program.change("G");
-    program.recovery.keep(program.now);
-  }
+  leaveUnsaved(m_project.filename());
   fs::current_path(folderBefore);
 
   const auto asTyped = find(m_project);
@@ -320,11 +324,7 @@ TEST_F(RecoveryOf, AProjectIsSavedWhereTheUserHasFoundIt)
 
 TEST_F(RecoveryOf, AProjectIsMovedWithIt)
 {
-  {
-    EditingProgram program(m_project, m_state);
-    program.change("G");
-    program.recovery.keep(program.now);
-  }
+  leaveUnsaved(m_project);
   fs::rename(m_project.parent_path(), m_folder.path() / "elsewhere");
 
   const auto moved = m_folder.path() / "elsewhere" / "p.tkpc";
@@ -354,11 +354,7 @@ TEST_F(RecoveryOf, AProjectIsNotOfferedForOneWithAlmostTheSameName)
 {
   const auto other = m_project.parent_path() / "P.tkpc";
   fs::copy(m_project, other);
-  {
-    EditingProgram program(m_project, m_state);
-    program.change("G");
-    program.recovery.keep(program.now);
-  }
+  leaveUnsaved(m_project);
 
   EXPECT_THAT(foundFor(other), IsEmpty());
   EXPECT_THAT(foundFor(m_project), ::testing::ElementsAre("G()"));
@@ -368,11 +364,7 @@ TEST_F(RecoveryOf, ALinkedProjectHasTheNameOfTheLink)
 {
   const auto link = m_folder.path() / "link.tkpc";
   fs::create_symlink(m_project, link);
-  {
-    EditingProgram program(m_project, m_state);
-    program.change("G");
-    program.recovery.keep(program.now);
-  }
+  leaveUnsaved(m_project);
 
   const auto found = find(link);
   ASSERT_EQ(found.works.size(), 1U);

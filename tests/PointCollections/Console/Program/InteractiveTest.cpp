@@ -37,6 +37,15 @@ std::string pasted(const std::string& text)
   return "\x1B[200~" + text + "\x1B[201~";
 }
 
+/// A file of points with so many elements: "element 0" and so on.
+std::string tableOf(int elements)
+{
+  std::string table = "collection,x,y,z\n";
+  for (int i = 0; i < elements; ++i)
+    table += "element " + std::to_string(i) + ",1,2,3\n";
+  return table;
+}
+
 /// How the program is started.
 struct Start {
   const char* kind = "vt100"; ///< of the terminal, as in TERM
@@ -453,10 +462,7 @@ TEST_F(InteractiveUser, SeesWideNamesInColumns)
 
 TEST_F(InteractiveUser, StopsALongAnswerWithControlC)
 {
-  std::string rows = "collection,x,y,z\n";
-  for (int i = 0; i < 20'000; ++i)
-    rows += "element " + std::to_string(i) + ",1,2,3\n";
-  Terminal terminal(m_folder.write("long.csv", rows).string(), m_state);
+  Terminal terminal(m_folder.write("long.csv", tableOf(20'000)).string(), m_state);
   terminal.typeAndExpect("", "> ");
   terminal.typeAndExpect("show --all\r", "element 10", "");
   terminal.typeAndExpect(controlC, "… stopped", "> ");
@@ -595,10 +601,7 @@ TEST_F(InteractiveUser, IsNotKeptByAPipeThatNobodyWrites)
 // When a window is closed, the shell tells its programs, and so does the system.
 TEST_F(InteractiveUser, RecoversWhatSeveralSignalsHaveInterrupted)
 {
-  std::string points = "collection,x,y,z\n";
-  for (int i = 0; i < 30'000; ++i)
-    points += "element " + std::to_string(i) + ",1,2,3\n";
-  Terminal interrupted(m_folder.write("many.csv", points).string(), m_state);
+  Terminal interrupted(m_folder.write("many.csv", tableOf(30'000)).string(), m_state);
   interrupted.typeAndExpect("", "> ");
   interrupted.typeAndExpect("create G *\r", "Created G with 30000 elements.");
   interrupted.send(SIGTERM);

@@ -70,7 +70,7 @@ protected:
 TEST_F(Runner, GoesOnIfMemoryDoesNotSufficeToLookForUnsavedWork)
 {
   m_files->contents["p.csv"] = "collection,x,y,z\nc,1,2,3\n";
-  m_session.hasOpened = [] { throw std::bad_alloc(); };
+  m_session.lookForUnsavedWork = [] { throw std::bad_alloc(); };
 
   EXPECT_TRUE(runText("open p.csv\nshow\n", Transcript::Detail::ResultsOnly)) << m_errors.str();
 
@@ -81,7 +81,7 @@ TEST_F(Runner, GoesOnIfMemoryDoesNotSufficeToLookForUnsavedWork)
 TEST_F(Runner, GoesOnIfTheUserStopsTheSearchForUnsavedWork)
 {
   m_files->contents["p.csv"] = "collection,x,y,z\nc,1,2,3\n";
-  m_session.hasOpened = [] { throw Interrupted(); };
+  m_session.lookForUnsavedWork = [] { throw Interrupted(); };
 
   EXPECT_TRUE(runText("open p.csv\nshow\n", Transcript::Detail::ResultsOnly));
 
