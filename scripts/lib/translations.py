@@ -110,20 +110,33 @@ def run_xgettext(root, files, keywords):
     return list(polib.pofile(result.stdout)) if result.stdout else []
 
 
+def ends_statement(line):
+    return not line or line.endswith((";", "{", "}", "},"))
+
+
+def begins_element(line):
+    """Whether it begins with a field or a row in braces."""
+    return re.match(r"\{|\.\w+ =", line) is not None
+
+
 def comment_above(lines, number):
-    """What a comment tells translators right above the statement that has the line of this number."""
-    row = number - 2
-    while row >= 0 and not lines[row].lstrip().startswith("//"):
-        line = lines[row].strip()
-        if not line or line.endswith((";", "{", "}", "},")):
+    """What a comment tells translators right above the line of this number, or above the statement or the
+    row of a table that the line belongs to. Between arguments, a comment is for the next text only."""
+    lines = [line.strip() for line in lines[:number]]
+    row, has_passed_text = number - 1, False
+    while row > 0:
+        start = row
+        while start > 0 and lines[start - 1].startswith("//"):
+            start -= 1
+        is_between = start > 0 and not ends_statement(lines[start - 1])
+        comment = " ".join(line.lstrip("/").strip() for line in lines[start:row])
+        if FOR_TRANSLATORS in comment and not (is_between and has_passed_text):
+            return comment.partition(FOR_TRANSLATORS)[2].strip()
+        if begins_element(lines[row]) or not is_between:
             return None
-        row -= 1
-    comment = []
-    while row >= 0 and lines[row].lstrip().startswith("//"):
-        comment.insert(0, lines[row].strip().lstrip("/").strip())
-        row -= 1
-    _, is_there, told = " ".join(comment).partition(FOR_TRANSLATORS)
-    return told.strip() if is_there else None
+        row = start - 1
+        has_passed_text |= re.search(r"translat\w+\(.", lines[row]) is not None
+    return None
 
 
 def plain_texts(root):

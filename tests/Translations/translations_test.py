@@ -124,12 +124,28 @@ class Finding(Tree):
                 {translatable("first")},
                 // For translators: second
                 {translatable("second")},
-                {translatable("third")}};''')
+                {translatable("third"),
+                 translatable("fourth")}};
+            auto verb = {.name = translatable("fifth"),
+                         // For translators: sixth
+                         .summary =
+                             translatable("sixth"),
+                         .details = translatable("seventh")};
+            auto d = f(translated("eighth"),
+                       // For translators: ninth
+                       translated("ninth"),
+                       translated("tenth"));
+            // For translators: both
+            return isOne ? translated(
+                               "eleventh")
+                         : translated("twelfth");''')
 
         comments = {text: entry.comment for (_, text), entry in self.entries().items()}
 
         self.assertEqual(comments, {", moved": 'follows a name, as in "Europe, moved".', "none": "", "neither": "",
-                                    "first": "", "second": "second", "third": "", "Group": ""})
+                                    "first": "", "second": "second", "third": "", "fourth": "", "fifth": "",
+                                    "sixth": "sixth", "seventh": "", "eighth": "", "ninth": "ninth", "tenth": "",
+                                    "eleventh": "both", "twelfth": "both", "Group": ""})
 
     def test_a_text_in_several_files_is_one_entry(self):
         self.write("PointCollections/B.cpp", '// For translators: b\nauto a = translated("Both");')
