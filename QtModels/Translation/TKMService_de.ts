@@ -26,6 +26,20 @@
         <comment>group and number of elements</comment>
         <translation>%1 (%2)</translation>
     </message>
+    <message numerus="yes">
+        <source>%n elements</source>
+        <translation>
+            <numerusform>%n Element</numerusform>
+            <numerusform>%n Elemente</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n groups</source>
+        <translation>
+            <numerusform>%n Gruppe</numerusform>
+            <numerusform>%n Gruppen</numerusform>
+        </translation>
+    </message>
     <message>
         <source>%1 → %2</source>
         <comment>what goes into a group</comment>
