@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,12 @@ struct TranscribedRun {
   std::string script;
   std::string language; ///< empty for English
 };
+
+/// For messages.
+void PrintTo(const TranscribedRun& run, std::ostream* stream)
+{
+  *stream << run.script << (run.language.empty() ? "" : " in ") << run.language;
+}
 
 /// The files in a folder that have this ending, without it.
 std::vector<std::string> namesIn(const std::filesystem::path& folder, const std::string& ending)
