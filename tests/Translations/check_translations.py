@@ -292,7 +292,7 @@ def complaints(root):
     for file in files:
         translation = polib.pofile(str(file), encoding="utf-8")
         for complaint in complaints_about_file(template, translation, file.stem, typed_words):
-            yield f"{file.relative_to(root)}: {complaint}"
+            yield f"{file.relative_to(root)}: {complaint}".replace("\n", "\\n")
 
 
 def main(root):

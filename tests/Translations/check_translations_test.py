@@ -249,6 +249,13 @@ class Trees(unittest.TestCase):
                          ['translations/de.po: "Title" of MainWindow is missing',
                           'translations/ja.po: "Title" of MainWindow is missing'])
 
+    def test_a_mistake_is_told_in_one_line(self):
+        self.write("translations/de.po", str(file_of([*texts_of_the_library(), entry(WINDOW, "Title", "Titel"),
+                                                      entry(WINDOW, "two\nlines", "zwei\nZeilen")])))
+
+        self.assertEqual(list(checker.complaints(self.root)),
+                         ['translations/de.po: "two\\nlines" of MainWindow is not in the template'])
+
     def test_there_has_to_be_a_translation(self):
         self.assertEqual(list(checker.complaints(self.root)),
                          [f"{self.root}/translations: there are no translations"])
