@@ -27,7 +27,8 @@ int checkedIndex(std::size_t index)
 int indexOfPlace(const TKGroup<GUIdentifier>& group, const Word& word)
 {
   const std::size_t members = group.getGroupMembers().size();
-  const std::size_t place = positiveNumber(word, "the place after --at");
+  const std::size_t place = positiveNumber(
+      word, translatable("the place after --at is {}; expected a whole number from 1 up"));
   if (place > members + 1)
     throw UserError(fmt::format("--at {} is after the end; {} has {}, so N is from 1 to {}",
                                 word.text, displayName(group.getName()),

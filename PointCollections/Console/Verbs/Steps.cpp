@@ -21,7 +21,11 @@ std::string quoted(const std::string& step)
 std::size_t stepsAsked(const Arguments& arguments, std::size_t available, const std::string& verb)
 {
   const std::size_t steps =
-      arguments.count() > 0 ? positiveNumber(arguments.at(0), "the number of steps") : 1;
+      arguments.count() > 0
+          ? positiveNumber(
+                arguments.at(0),
+                translatable("the number of steps is {}; expected a whole number from 1 up"))
+          : 1;
   if (available == 0)
     throw UserError(fmt::format("there is nothing to {}", verb));
   if (steps > available)
