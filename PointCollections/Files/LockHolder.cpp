@@ -27,7 +27,7 @@ std::string shownHolder(std::string_view text)
 {
   if (text.empty()) // For translators: as the subject of "{} saves in this file at this moment"
     return translated("another program");
-  const auto shown = printable(abbreviated(text, longestHolder));
+  auto shown = printable(abbreviated(text, longestHolder));
   const auto start = std::min(beforeNumber.size(), shown.size());
   const auto end = std::min(shown.find_first_not_of("0123456789", start), shown.size());
   const auto rest = std::string_view(shown).substr(end);

@@ -2,10 +2,10 @@
 #include "PointCollections/Console/Terminal/ProgressLine.h"
 
 #include "PointCollections/Console/Terminal/Terminal.h"
+#include "PointCollections/Console/Text/DisplayWidth.h"
 #include "PointCollections/Text/Progress.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/Translated.h"
-#include "PointCollections/Text/Utf8.h"
 
 #include <new>
 #include <system_error>
@@ -101,7 +101,7 @@ void ProgressLine::show(Clock::duration waited)
                         : translated("{} … {} s", m_what, seconds);
   clear();
   *m_terminal << text << std::flush;
-  m_width = Utf8::countCharacters(text);
+  m_width = displayWidth(text);
 }
 
 /// Overwrites the line with blanks: not every terminal knows how to erase.
