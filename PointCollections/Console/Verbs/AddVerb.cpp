@@ -33,8 +33,8 @@ std::string countOfMembers(std::size_t number)
 int indexOfPlace(const TKGroup<GUIdentifier>& group, const Word& word)
 {
   const std::size_t members = group.getGroupMembers().size();
-  // For translators: the start of "{} is {}; expected a whole number from 1 up".
-  const std::size_t place = positiveNumber(word, translated("the place after --at"));
+  const std::size_t place = positiveNumber(
+      word, translatable("the place after --at is {}; expected a whole number from 1 up"));
   if (place > members + 1) {
     // For translators: {2} is "3 members".
     throw UserError(translated("--at {} is after the end; {} has {}, so N is from 1 to {}",

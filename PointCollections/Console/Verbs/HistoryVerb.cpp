@@ -81,8 +81,9 @@ StateRange statesAsked(const CommandHistory& history, const Arguments& arguments
   const auto steps = history.entries().size();
   if (arguments.count() == 0)
     return {0, steps};
-  // For translators: the start of "{} is {}; expected a whole number from 1 up".
-  const auto count = positiveNumber(arguments.at(0), translated("the number of steps"));
+  const auto count =
+      positiveNumber(arguments.at(0),
+                     translatable("the number of steps is {}; expected a whole number from 1 up"));
   const auto present = history.position();
   return {count > present ? 0 : present - count + 1,
           count > steps - present ? steps : present + count};

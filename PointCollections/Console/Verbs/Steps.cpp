@@ -57,11 +57,12 @@ std::string report(StepDirection direction,
 
 std::size_t stepsAsked(const Arguments& arguments, std::size_t available, StepDirection direction)
 {
-  std::size_t steps = 1;
-  if (arguments.count() > 0) {
-    // For translators: the start of "{} is {}; expected a whole number from 1 up".
-    steps = positiveNumber(arguments.at(0), translated("the number of steps"));
-  }
+  const std::size_t steps =
+      arguments.count() > 0
+          ? positiveNumber(
+                arguments.at(0),
+                translatable("the number of steps is {}; expected a whole number from 1 up"))
+          : 1;
   if (available == 0)
     throw UserError(nothingToDo(direction));
   if (steps > available)
