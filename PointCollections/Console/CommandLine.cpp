@@ -10,6 +10,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <regex>
 #include <sstream>
 #include <string_view>
 #include <utility>
@@ -53,12 +54,11 @@ std::string translatedRemarks()
   return text;
 }
 
-/// Lets a whole number pass, and a unit that CLI11 checks.
+/// Lets a whole number pass, and a unit that CLI11 knows.
 std::string refuseOtherThanSize(std::string size)
 {
-  const bool isWhole =
-      size.find_first_not_of("0123456789") != 0 && size.find_first_of(".,+-") == std::string::npos;
-  if (!isWhole)
+  static const std::regex wholeSize("[0-9]+ *([kmgtpe]i?)?b?", std::regex::icase);
+  if (!std::regex_match(size, wholeSize))
     throw CLI::ValidationError(translated(
         "{} is not a size; expected a whole number such as 256M or 2G", printable(size)));
   return size;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Console/Language.h"
 
+#include "PointCollections/Text/Lists.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/Translated.h"
 #include "PointCollections/Text/UserError.h"
@@ -12,7 +13,6 @@
 #include <fmt/format.h>
 
 #include <string_view>
-#include <vector>
 
 namespace Tarvik::PointCollections {
 namespace {
@@ -23,14 +23,26 @@ bool isEnglish(std::string_view language)
          language == "C" || language == "POSIX";
 }
 
+void use(const std::optional<MoCatalogue>& catalogue)
+{
+  if (catalogue)
+    Translator::installCatalogue(*catalogue);
+}
+
+void useEnvironment(const CatalogueFolder& folder)
+{
+  use(folder.load(UserLanguages::wanted()));
+}
+
 void requireTranslations(const CatalogueFolder& folder, const std::string& language)
 {
   if (folder.find(language) || isEnglish(language))
     return;
+  useEnvironment(folder); // for the error
   auto known = folder.languages();
   known.emplace_back("en");
-  throw UserError(fmt::format("--language: there are no texts in {}; expected one of {}",
-                              displayName(language), fmt::join(known, ", ")));
+  throw UserError(translated("--language: there are no texts in {}; expected one of {}",
+                             displayName(language), listed(known)));
 }
 
 }
@@ -38,12 +50,13 @@ void requireTranslations(const CatalogueFolder& folder, const std::string& langu
 std::string chooseLanguage(const std::optional<std::string>& language)
 {
   const auto folder = CatalogueFolder::ofThisProject();
-  if (language)
-    requireTranslations(folder, *language);
   try {
-    if (const auto catalogue =
-            folder.load(language ? std::vector{*language} : UserLanguages::wanted()))
-      Translator::installCatalogue(*catalogue);
+    if (language) {
+      requireTranslations(folder, *language);
+      use(folder.load({*language}));
+    } else {
+      useEnvironment(folder);
+    }
     return {};
   } catch (const CatalogueError& error) {
     return fmt::format("{}; texts are in English. Install the program again", error.what());
