@@ -3,7 +3,11 @@
 
 #include "QtModels/Support/ShownView.h"
 
+#include <QtWidgets/QApplication>
+
 #include <gtest/gtest.h>
+
+#include <cstdlib>
 
 namespace Tarvik {
 namespace {
@@ -46,6 +50,36 @@ TEST(GroupNameDelegateTest, SaysWhyANameIsRefusedWhileItIsTyped)
   QTest::keyClick(renaming.nameEdit(), Qt::Key_Backspace);
   QTest::keyClick(renaming.nameEdit(), Qt::Key_Backspace);
   EXPECT_EQ(renaming.nameEdit()->accessibleDescription(), "A group needs a name.");
+}
+
+/// The hint that is on the screen.
+QRect hint()
+{
+  for (const auto* const window : QApplication::topLevelWidgets()) {
+    if (window->isVisible() && window->inherits("QTipLabel"))
+      return window->geometry();
+  }
+  return {};
+}
+
+TEST(GroupNameDelegateTest, SaysItWhereTheNameBeginsInBothDirections)
+{
+  constexpr int aLittle = 20;
+  for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+    Renaming renaming;
+    renaming.view.setLayoutDirection(direction);
+    renaming.view.resize(700, 300);
+    renaming.view.move(0, 0);
+    QCoreApplication::processEvents();
+    renaming.type("B");
+
+    const auto& edit = *renaming.nameEdit();
+    const auto left = edit.mapToGlobal(edit.rect().topLeft()).x();
+    const auto distance = direction == Qt::LeftToRight ? hint().left() - left
+                                                       : hint().right() - (left + edit.width());
+    EXPECT_LE(std::abs(distance), aLittle) << direction;
+    EXPECT_GT(hint().top(), edit.mapToGlobal(edit.rect().topLeft()).y());
+  }
 }
 
 TEST(GroupNameDelegateTest, StaysOpenWithANameThatIsRefused)
