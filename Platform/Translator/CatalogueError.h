@@ -4,18 +4,17 @@
 #include "PlatformExport.h"
 
 #include <stdexcept>
-#include <string>
 
 namespace Tarvik {
 
-/// A file or block of memory is not a catalogue that can be used. what() says where, and what was
-/// expected there.
+/// A file, or what is in memory, cannot be used as a catalogue of translations. what() says where,
+/// and what was expected there; in English, in UTF-8.
 class TKM_TRANSLATOR_API CatalogueError : public std::runtime_error {
 public:
-  /// @param message  in English, in UTF-8
-  explicit CatalogueError(const std::string& message);
-  CatalogueError(const CatalogueError&);
-  CatalogueError& operator=(const CatalogueError&);
+  using std::runtime_error::runtime_error;
+
+  CatalogueError(const CatalogueError& other) noexcept;
+  CatalogueError& operator=(const CatalogueError& other) noexcept;
   ~CatalogueError() override;
 };
 

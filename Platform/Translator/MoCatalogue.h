@@ -17,15 +17,17 @@ namespace Tarvik {
 ///     Translator::installCatalogue(MoCatalogue::fromFile("share/locale/de/LC_MESSAGES/TKMService.mo"));
 ///
 /// In the file, the context of a text is its msgctxt; a text with a disambiguation has the msgctxt
-/// "context|disambiguation". A file is checked as a whole when it is read: afterwards, looking a text
-/// up cannot fail. Copies share what was read; all operations may be called from any thread.
+/// "context|disambiguation". A file is checked as a whole when it is read: afterwards, looking a
+/// text up fails for want of memory only. Copies share what was read; all operations may be called
+/// from any thread.
 class TKM_TRANSLATOR_API MoCatalogue {
 public:
   /// The most bytes that a file may have.
   static constexpr std::size_t greatestSize = std::size_t(64) << 20U;
 
-  /// Reads a catalogue from the bytes of a file. Its words may be in either byte order, its texts are
-  /// in UTF-8. Strings that depend on the system, which revision 1 of the format has, are left out.
+  /// Reads a catalogue from the bytes of a file. Its words may be in either byte order, its texts
+  /// are in UTF-8. Strings that depend on the system, which revision 1 of the format has, are left
+  /// out.
   /// @param bytes  the whole file
   /// @param name   what errors call it
   /// @throws CatalogueError if anything in it is not as it has to be
@@ -39,11 +41,12 @@ public:
   MoCatalogue& operator=(const MoCatalogue& other) noexcept;
   ~MoCatalogue();
 
-  /// The translation of one text; nothing if there is none.
+  /// The translation of one text; nothing if there is none, or it is empty.
   /// @param context         null is the same as an empty one: a text without msgctxt
   /// @param text            in the program's own language; of a text with plural forms, the msgid.
   ///                        Null or empty has no translation
-  /// @param disambiguation  null or empty if there is none. Without a translation for it, the one for
+  /// @param disambiguation  null or empty if there is none. Without a translation for it, the one
+  /// for
   ///                        the context alone is returned
   /// @param count           chooses the plural form by the rule of the file; negative for the first
   ///                        form

@@ -63,4 +63,18 @@ void Translator::installCatalogue(Catalogue catalogue)
                                 : nullptr);
 }
 
+Translator::Catalogue Translator::chain(std::vector<Catalogue> catalogues)
+{
+  std::erase_if(catalogues, [](const Catalogue& each) { return !each; });
+  return [links = std::move(catalogues)](const char* context, const char* text,
+                                         const char* disambiguation,
+                                         int count) -> std::optional<std::string> {
+    for (const auto& each : links) {
+      if (auto translation = each(context, text, disambiguation, count))
+        return translation;
+    }
+    return std::nullopt;
+  };
+}
+
 }

@@ -6,6 +6,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace Tarvik {
 
@@ -13,7 +14,8 @@ namespace Tarvik {
 ///
 /// A program installs a catalogue when it starts, and another one whenever the user switches the
 /// language. Texts that have already been translated do not change. Without a catalogue, texts are
-/// not translated. All operations may be called from any thread at any time.
+/// not translated. MoCatalogue reads one from a file. All operations may be called from any thread
+/// at any time.
 class TKM_TRANSLATOR_API Translator {
 public:
   /// Returns the translation of one text, or nothing when it has none. Gets the arguments of
@@ -39,6 +41,10 @@ public:
   /// Uses this catalogue from now on.
   /// @param catalogue  an empty function means no catalogue
   static void installCatalogue(Catalogue catalogue);
+
+  /// A catalogue that asks several ones, in their order, until one has a translation. Empty
+  /// functions are left out.
+  static Catalogue chain(std::vector<Catalogue> catalogues);
 };
 
 }
