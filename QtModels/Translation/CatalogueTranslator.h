@@ -13,11 +13,11 @@ namespace Tarvik {
 /// Translates the texts of a Qt program with a catalogue, such as a MoCatalogue. A program that has
 /// several catalogues gives a function that asks one after the other.
 ///
-///     const auto translator =
-///         std::make_unique<CatalogueTranslator>(catalogue, QLocale().textDirection());
-///     QCoreApplication::installTranslator(translator.get());
+///     CatalogueTranslator german(MoCatalogue::fromFile("de/LC_MESSAGES/TKMService.mo"));
+///     QCoreApplication::installTranslator(&german);
 ///
-/// While it is installed, any thread may ask it. It leaves the application when it is destroyed.
+/// QtTranslation shows a program in the user's language. While it is installed, any thread may ask
+/// it. It leaves the application when it is destroyed.
 class TKM_QTMODELS_API CatalogueTranslator : public QTranslator {
   Q_OBJECT
 

@@ -52,6 +52,7 @@ MainWindow::MainWindow(std::shared_ptr<Files> files, std::unique_ptr<Questions> 
   connectParts();
   showDocument();
   retranslate();
+  tellLanguageFault();
   const QSettings settings;
   restoreGeometry(settings.value(geometryKey).toByteArray());
   restoreState(settings.value(stateKey).toByteArray());
@@ -89,8 +90,10 @@ void MainWindow::addHistoryPanel()
 
 void MainWindow::changeEvent(QEvent* event)
 {
-  if (event->type() == QEvent::LanguageChange)
+  if (event->type() == QEvent::LanguageChange) {
     retranslate();
+    tellLanguageFault();
+  }
   QMainWindow::changeEvent(event);
 }
 
@@ -102,6 +105,17 @@ void MainWindow::retranslate()
   m_statistics->setAccessibleDescription(tr("Numbers of elements, points and groups"));
   showTitle();
   showStatistics();
+}
+
+/// Later, when the window is on the screen.
+void MainWindow::tellLanguageFault()
+{
+  const auto tell = [this] {
+    const auto fault = Languages::instance().takeFault();
+    if (!fault.isEmpty())
+      m_questions->tellWarning(fault);
+  };
+  QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
 }
 
 void MainWindow::connectParts()

@@ -59,6 +59,7 @@ private:
   void connectParts();
 
   void retranslate();
+  void tellLanguageFault();
   void rememberExpandedGroups();
   void rememberWindow() const;
   void showChange();
