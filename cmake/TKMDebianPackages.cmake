@@ -46,7 +46,8 @@ file(MAKE_DIRECTORY "${PROJECT_BINARY_DIR}/packaging")
 set(runtime_package libtkmservice${PROJECT_VERSION_MAJOR})
 tkm_debian_package(TKMService_Runtime ${runtime_package} libs
   "named groups of element identifiers with undoable commands"
-  "This package has the libraries that applications are linked with.")
+  "This package has the libraries that applications are linked with, and the
+translations of their texts.")
 set(CPACK_DEBIAN_TKMSERVICE_RUNTIME_DEBUGINFO_PACKAGE ON)
 # Packages of applications depend on a version that has everything they were built with.
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
@@ -61,8 +62,8 @@ install(FILES "${PROJECT_BINARY_DIR}/packaging/lintian-overrides" RENAME ${runti
 tkm_debian_package(TKMService_Development libtkmservice-dev libdevel
   "named groups with undoable commands (development files)"
   "This package has what it takes to build applications: headers, the files
-that CMake and pkg-config look for, the documentation, and the views of
-groups and commands that gdb loads by itself.")
+that CMake and pkg-config look for, the documentation, the texts to
+translate, and the views of groups and commands that gdb loads by itself.")
 set(CPACK_DEBIAN_TKMSERVICE_DEVELOPMENT_PACKAGE_DEPENDS "${runtime_package} (= ${PROJECT_VERSION})")
 tkm_install_docs("${CMAKE_INSTALL_DATADIR}/doc/libtkmservice-dev" ${docs})
 file(CREATE_LINK copyright "${PROJECT_BINARY_DIR}/packaging/LICENSE" SYMBOLIC) # for links to it

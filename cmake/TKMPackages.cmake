@@ -30,7 +30,7 @@ file(GLOB docs CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}"
 list(REMOVE_ITEM docs docs/reference.md) # the first page of the reference
 list(APPEND docs README.md CHANGELOG.md CONTRIBUTING.md GroupHosting/README.md
   HighLevelServices/README.md Platform/README.md PointCollections/README.md QtModels/README.md
-  fuzz/README.md tests/README.md
+  fuzz/README.md tests/README.md translations/README.md
   tests/HighLevelServices/golden/README.md)
 set(examples PointCollections/samples/continents.pcs PointCollections/samples/time-zone-cities.csv)
 

@@ -33,18 +33,16 @@ std::string elements(std::size_t count, const std::string& nameOfFirst)
 {
   if (count == 1)
     return shortened(nameOfFirst).toStdString();
-  return QCoreApplication::translate("GroupSubjects", "%n elements", nullptr,
-                                     static_cast<int>(count))
-      .toStdString();
+  const auto number = static_cast<int>(count); // lupdate overlooks texts beside a cast
+  return QCoreApplication::translate("GroupSubjects", "%n elements", nullptr, number).toStdString();
 }
 
 std::string groups(const std::vector<std::string>& names)
 {
   constexpr std::size_t mostNames = 3;
+  const auto number = static_cast<int>(names.size());
   if (names.size() > mostNames)
-    return QCoreApplication::translate("GroupSubjects", "%n groups", nullptr,
-                                       static_cast<int>(names.size()))
-        .toStdString();
+    return QCoreApplication::translate("GroupSubjects", "%n groups", nullptr, number).toStdString();
   QStringList texts;
   for (const auto& name : names)
     texts += shortened(name);

@@ -2,6 +2,7 @@
 #include "GroupHosting/Commands/CompactTKGroupCmd.h"
 #include "GroupHosting/Support/TestProvider.h"
 #include "HighLevelServices/GroupCommands/CreateTKGroupCmd.h"
+#include "QtModels/Editing/GroupSubjects.h"
 #include "QtModels/History/History.h"
 #include "QtModels/History/HistoryGroup.h"
 #include "QtModels/History/HistoryModel.h"
@@ -84,6 +85,14 @@ TEST_F(LanguageTest, TranslatesWhatACommandIsCalledWhenItIsMade)
   const CreateTKGroupCmd<Identifier> command(provider, {}, "Europe");
 
   EXPECT_EQ(command.getDescription(), "Gruppe erstellen");
+}
+
+TEST_F(LanguageTest, HasItsOwnWordsForNumbersOfElementsAndGroups)
+{
+  switchToGerman();
+
+  EXPECT_EQ(GroupSubjects::elements(3, "Paris"), "3 Elemente");
+  EXPECT_EQ(GroupSubjects::groups({"A", "B", "C", "D"}), "4 Gruppen");
 }
 
 TEST_F(LanguageTest, IsFollowedByTheTextsOfAHistory)

@@ -9,19 +9,67 @@
 #include <vector>
 
 /// Runs every NAME.pcs in the folder of transcripts on points.csv there, in an empty working
-/// folder. NAME.out is the expected output; NAME.err, if it exists, the expected errors.
+/// folder. NAME.out is the expected output; NAME.err, if it exists, the expected errors. For each
+/// LANGUAGE/NAME.out, NAME.pcs is run in that language as well.
 namespace Tarvik::PointCollections {
 namespace {
 
-std::vector<std::string> scriptNames()
+/// A script, and the language that the program is to speak.
+struct TranscribedRun {
+  std::string script;
+  std::string language; ///< empty for English
+};
+
+/// The files in a folder that have this ending, without it.
+std::vector<std::string> namesIn(const std::filesystem::path& folder, const std::string& ending)
 {
   std::vector<std::string> names;
-  for (const auto& entry : std::filesystem::directory_iterator(transcripts())) {
-    if (entry.path().extension() == ".pcs")
+  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+    if (entry.path().extension() == ending)
       names.push_back(Utf8::fromPath(entry.path().stem()));
   }
   std::sort(names.begin(), names.end());
   return names;
+}
+
+/// The languages other than English. None if translations are not built.
+std::vector<std::string> languages()
+{
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::directory_iterator(transcripts())) {
+    if (POINT_COLLECTIONS_HAS_TRANSLATIONS && entry.is_directory())
+      names.push_back(Utf8::fromPath(entry.path().filename()));
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+std::vector<TranscribedRun> runs()
+{
+  std::vector<TranscribedRun> result;
+  for (const auto& script : namesIn(transcripts(), ".pcs"))
+    result.push_back({script, {}});
+  for (const auto& language : languages()) {
+    for (const auto& script : namesIn(transcripts() / language, ".out"))
+      result.push_back({script, language});
+  }
+  return result;
+}
+
+/// The file with what is expected, such as "grouping.out".
+std::filesystem::path expectedFile(const TranscribedRun& run, const std::string& ending)
+{
+  return transcripts() / run.language / (run.script + ending);
+}
+
+std::vector<std::string> argumentsOf(const TranscribedRun& run)
+{
+  const auto scripts = Utf8::fromPath(transcripts()) + '/';
+  std::vector<std::string> arguments = {scripts + "points.csv", "--script",
+                                        scripts + run.script + ".pcs"};
+  if (!run.language.empty())
+    arguments.insert(arguments.end(), {"--language", run.language});
+  return arguments;
 }
 
 /// The errors, without the folder before the script's name.
@@ -33,33 +81,32 @@ std::string withoutFolder(std::string errors)
 }
 
 /// Test names can only have letters, digits and underscores.
-std::string asTestName(std::string name)
+std::string asTestName(const TranscribedRun& run)
 {
+  auto name = run.language.empty() ? run.script : run.script + "_in_" + run.language;
   std::replace(name.begin(), name.end(), '-', '_');
   return name;
 }
 
-class ScriptInFolder : public ::testing::TestWithParam<std::string> {};
+class ScriptInFolder : public ::testing::TestWithParam<TranscribedRun> {};
 
 TEST_P(ScriptInFolder, PrintsWhatTheFileBesideItContains)
 {
-  const auto expectedErrors = contentOf(transcripts() / (GetParam() + ".err"));
-  const bool isToStop = expectedErrors.starts_with(GetParam() + ".pcs:");
+  const auto expectedErrors = contentOf(expectedFile(GetParam(), ".err"));
+  const bool isToStop = expectedErrors.starts_with(GetParam().script + ".pcs:");
   const TemporaryFolder folder;
   const WorkingFolder workingFolder(folder);
 
-  const auto scripts = Utf8::fromPath(transcripts()) + '/';
-  const auto outcome =
-      runProgram(folder, {scripts + "points.csv", "--script", scripts + GetParam() + ".pcs"});
+  const auto outcome = runProgram(folder, argumentsOf(GetParam()));
 
-  EXPECT_EQ(outcome.output, contentOf(transcripts() / (GetParam() + ".out")));
+  EXPECT_EQ(outcome.output, contentOf(expectedFile(GetParam(), ".out")));
   EXPECT_EQ(withoutFolder(outcome.errors), expectedErrors);
   EXPECT_EQ(outcome.status, isToStop ? 1 : 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(Transcripts,
                          ScriptInFolder,
-                         ::testing::ValuesIn(scriptNames()),
+                         ::testing::ValuesIn(runs()),
                          [](const auto& test) { return asTestName(test.param); });
 
 }
