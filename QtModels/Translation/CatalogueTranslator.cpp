@@ -12,10 +12,11 @@ namespace Tarvik {
 namespace {
 
 /// The text with an isolate around each placeholder for a name: those of QString::arg(), and those
-/// of std::format() and its like. Numbers (%n) need none.
+/// of std::format() and its like, which writes braces as "{{". Numbers (%n) need none.
 QString isolated(QString text)
 {
-  static const QRegularExpression placeholder(QStringLiteral("(%L?[0-9]{1,2}|\\{[0-9]*\\})"));
+  static const QRegularExpression placeholder(
+      QStringLiteral(R"((%L?[0-9]{1,2}|(?<!\{|\\u)\{[0-9]*(?::[^{}]*)?\}(?!\})))"));
   return text.replace(placeholder, QStringLiteral("\u2068\\1\u2069"));
 }
 

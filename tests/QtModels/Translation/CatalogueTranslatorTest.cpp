@@ -127,10 +127,11 @@ TEST(CatalogueTranslatorTest, KeepsThePlaceholdersOfTextsThatAreNoneOfQt)
 
 TEST(CatalogueTranslatorTest, IsolatesNamesInLanguagesThatAreWrittenFromRightToLeft)
 {
-  const Installed arabic(alwaysAnswering("%2 ← %L1, {}, {0}, %n, 5%, {x}"), Qt::RightToLeft);
+  const Installed arabic(alwaysAnswering("%2 ← %L1, {}, {0:>3}, %n, 5%, {x}, {{}}, \\u{0}"),
+                         Qt::RightToLeft);
 
   EXPECT_EQ(translationOf("any"), "\u2068%2\u2069 ← \u2068%L1\u2069, \u2068{}\u2069, "
-                                  "\u2068{0}\u2069, %n, 5%, {x}");
+                                  "\u2068{0:>3}\u2069, %n, 5%, {x}, {{}}, \\u{0}");
 }
 
 TEST(CatalogueTranslatorTest, AddsNothingToTextsThatAreWrittenFromLeftToRight)

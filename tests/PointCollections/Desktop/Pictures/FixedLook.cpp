@@ -1,27 +1,43 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Desktop/Pictures/FixedLook.h"
 
-#include <QtGui/QFontInfo>
+#include <QtGui/QFontDatabase>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QStyle>
 
+#include <array>
 #include <stdexcept>
+#include <string>
 
 namespace Tarvik::PointCollections {
 namespace {
 
-const auto family = QStringLiteral("DejaVu Sans");
+/// A font, and where Debian has it.
+struct NeededFont {
+  const char* family;
+  const char* package;
+};
+
+constexpr std::array<NeededFont, 2> neededFonts = {{
+    {"DejaVu Sans", "fonts-dejavu-core"},
+    {"VL Gothic", "fonts-vlgothic"}, // for Japanese, which the other one has not
+}};
 constexpr int heightOfFont = 13; ///< in pixels, so that the resolution does not matter
 
 QFont fixedFont()
 {
-  QFont font(family);
+  QStringList families;
+  for (const auto& [family, package] : neededFonts) {
+    families << QString::fromLatin1(family);
+    if (!QFontDatabase::hasFamily(families.constLast()))
+      throw std::runtime_error(std::string("The pictures need the font ") + family +
+                               ", which is not installed. On Debian it is in the package " +
+                               package + ".");
+  }
+  QFont font(families);
   font.setPixelSize(heightOfFont);
   font.setStyleStrategy(QFont::StyleStrategy(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
   font.setHintingPreference(QFont::PreferNoHinting);
-  if (QFontInfo(font).family() != family)
-    throw std::runtime_error("The pictures need the font DejaVu Sans, which is not installed. On "
-                             "Debian it is in the package fonts-dejavu-core.");
   return font;
 }
 
@@ -47,7 +63,7 @@ QPalette darkColours()
 
 }
 
-FixedLook::FixedLook(Colours colours, const QLocale& locale)
+FixedLook::FixedLook(Colours colours)
     : m_style(QApplication::style()->objectName()),
       m_font(QApplication::font()),
       m_palette(QApplication::palette())
@@ -55,12 +71,10 @@ FixedLook::FixedLook(Colours colours, const QLocale& locale)
   QApplication::setStyle(QStringLiteral("Fusion"));
   QApplication::setFont(fixedFont());
   QApplication::setPalette(colours == Colours::Light ? lightColours() : darkColours());
-  QLocale::setDefault(locale);
 }
 
 FixedLook::~FixedLook()
 {
-  QLocale::setDefault(m_locale);
   QApplication::setPalette(m_palette);
   QApplication::setFont(m_font);
   QApplication::setStyle(m_style);
