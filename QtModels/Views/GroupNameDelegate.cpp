@@ -64,6 +64,14 @@ void GroupNameDelegate::setModelData(QWidget* editor,
     model->setData(index, edit->text());
 }
 
+void GroupNameDelegate::initStyleOption(QStyleOptionViewItem* option,
+                                        const QModelIndex& index) const
+{
+  QStyledItemDelegate::initStyleOption(option, index);
+  if (option->direction == Qt::RightToLeft && !option->text.isEmpty())
+    option->text = u'\u2068' + option->text + u'\u2069';
+}
+
 bool GroupNameDelegate::eventFilter(QObject* object, QEvent* event)
 {
   auto* edit = nameEdit(object);

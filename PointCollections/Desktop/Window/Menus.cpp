@@ -138,6 +138,7 @@ void Menus::addViewMenu()
   const auto addStep = [&](int pixels) {
     return menu->addAction({}, &m_window, [this, pixels] { m_window.widenGroups(pixels); });
   };
+  auto* const window = &m_window;
   auto* const wider = addStep(40);
   auto* const narrower = addStep(-40);
   auto* const panels = menu->addMenu(m_window.createPopupMenu());
@@ -151,7 +152,7 @@ void Menus::addViewMenu()
     narrower->setText(tr("&Narrow groups"));
     panels->setText(tr("&Panels"));
     // The border between groups and points goes where the arrow points.
-    const auto isMirrored = m_window.isRightToLeft();
+    const auto isMirrored = window->isRightToLeft();
     wider->setShortcut(Qt::CTRL | Qt::ALT | (isMirrored ? Qt::Key_Left : Qt::Key_Right));
     narrower->setShortcut(Qt::CTRL | Qt::ALT | (isMirrored ? Qt::Key_Right : Qt::Key_Left));
   });

@@ -119,7 +119,7 @@ QString Workspace::statistics() const
   return tr("%1, %2, %3, %4 in no group")
       .arg(localCountOfElements(document.collections().size()),
            localCountOfPoints(countPoints(document)),
-           localCountOfGroups(document.getGroups().size()),
+           localCountOfGroups(m_editor.document()->getGroups().size()),
            localCountOfElements(document.ungroupedElements().size()));
 }
 

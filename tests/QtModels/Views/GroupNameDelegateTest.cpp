@@ -100,6 +100,23 @@ TEST(GroupNameDelegateTest, StaysOpenWithANameThatIsRefused)
   }
 }
 
+TEST(GroupNameDelegateTest, ShowsNamesInTheirOwnOrderInBothDirections)
+{
+  struct Delegate : GroupNameDelegate {
+    using GroupNameDelegate::initStyleOption;
+  };
+  const Renaming renaming;
+  const auto shownText = [&](Qt::LayoutDirection direction) {
+    QStyleOptionViewItem option;
+    option.direction = direction;
+    Delegate().initStyleOption(&option, renaming.row('B'));
+    return option.text;
+  };
+
+  EXPECT_EQ(shownText(Qt::LeftToRight), "B");
+  EXPECT_EQ(shownText(Qt::RightToLeft), "\u2068B\u2069");
+}
+
 TEST(GroupNameDelegateTest, LeavesTheOldNameWithEscape)
 {
   Renaming renaming;
