@@ -319,13 +319,17 @@ def keys(content):
             if not entry.obsolete}
 
 
+def in_one_line(text):
+    return text.replace("\n", "\\n")
+
+
 def differences(file, old, new):
     """What renewing changes, in words."""
     old_keys, new_keys = (keys(old) if old.strip() else set()), keys(new)
     for context, text, _ in sorted(new_keys - old_keys):
-        yield f'{file}: "{text}" of {context} is new'
+        yield f'{file}: "{in_one_line(text)}" of {context} is new'
     for context, text, _ in sorted(old_keys - new_keys):
-        yield f'{file}: "{text}" of {context} is gone from the sources'
+        yield f'{file}: "{in_one_line(text)}" of {context} is gone from the sources'
     if old_keys == new_keys:
         yield f"{file}: the order, the comments, the names of files or the line breaks are others"
 

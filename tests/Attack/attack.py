@@ -4,6 +4,7 @@
 scripts/attack builds everything and runs this."""
 
 import argparse
+import os
 import random
 import sys
 import tempfile
@@ -65,6 +66,7 @@ def run_attack(name, settings):
 
 def main(arguments):
     settings = settings_of(arguments)
+    os.environ["LC_ALL"] = "C.UTF-8"  # what the program answers in English is compared
     names = ATTACKS if settings.attack == "all" else [settings.attack]
     results = [run_attack(name, settings) for name in names]
     if FAILED in results:

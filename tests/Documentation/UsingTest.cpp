@@ -4,6 +4,7 @@
 #include "CommandPattern/CommandHistory.h"
 #include "CommandPattern/CommandTransaction.h"
 #include "CommandPattern/HistoryEntry.h"
+#include "Documentation/GuideExamples.h"
 #include "GroupHosting/Commands/CompactTKGroupCmd.h"
 #include "GroupHosting/Differences/GroupListDifference.h"
 #include "GroupHosting/Providers/TKGroupProvider.h"
@@ -19,12 +20,9 @@
 
 #include <cstddef>
 #include <exception>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <memory>
 #include <optional>
-#include <sstream>
 #include <string>
 #include <utility>
 #include <variant>
@@ -347,29 +345,14 @@ TEST(UsingTheLibrary, TakesTextsFromACatalogue)
   EXPECT_EQ(description, "Gruppe erstellen");
 }
 
-/// The lines of the text, without their indentation.
-std::string withoutIndentation(std::istream&& text)
-{
-  std::string result;
-  for (std::string line; std::getline(text, line);)
-    result += line.erase(0, line.find_first_not_of(' ')) + '\n';
-  return result;
-}
-
 TEST(UsingTheLibrary, IsShownInTheGuideAsItIsHere)
 {
-  const auto code = withoutIndentation(std::ifstream(USING_SOURCE));
-  const auto guide = withoutIndentation(std::ifstream(USING_DOCUMENT));
-  const std::string start = "```cpp\n";
+  const auto code = withoutIndentation(USING_SOURCE);
+  const auto examples = examplesIn(USING_DOCUMENT);
 
-  int examples = 0;
-  for (auto at = guide.find(start); at != std::string::npos; at = guide.find(start, at)) {
-    at += start.size();
-    const auto example = guide.substr(at, guide.find("```", at) - at);
+  for (const auto& example : examples)
     EXPECT_NE(code.find(example), std::string::npos) << example;
-    ++examples;
-  }
-  EXPECT_EQ(examples, 10);
+  EXPECT_EQ(examples.size(), 10U);
 }
 
 }

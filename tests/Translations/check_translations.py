@@ -42,14 +42,20 @@ ALWAYS_TYPED = (
     re.compile(r"--[a-z][a-z-]*"),
     re.compile(r"(?<![A-Za-z_])(?:[A-Z][A-Z_]+|N)(?![A-Za-z_])"),
     re.compile(r"\.(?:tkpc|csv|png|pcs)(?![a-z])"),
-    re.compile(r"\\(?:u\{[0-9A-F]+\}|[^\s])"),
-    re.compile(r"@(?:[0-9]+|[a-z]+\.[a-z]+)"),
+    re.compile(r"\\(?:u\{[0-9A-F]+\}|x[0-9A-F]{2}|[\"\\nrtxu])?"),
+    re.compile(r"@(?:[0-9]+|[a-z]+\.[a-z]+|\./|(?=[{A-Z]))"),
+    re.compile(r":\*"),
+    re.compile(r"(?<![\w.])[0-9]+(?:[KMG]|\.[0-9]+(?:e[0-9]+)?)(?!\w)"),
+    re.compile(r"collection,x,y,z"),
     re.compile(r"(?<!\S)#(?!\S)"),
     re.compile(r"(?m)^  (\S.*?)  +\S"),  # the left column of a table
 )
 ANSWERS = ("save", "discard", "cancel", "recover", "later")
-COLUMNS = ("collection", "group", "x", "y", "z")
-COORDINATES = re.compile(r"(\bcollection, )?\bx, y,? (?:and|or) z\b")
+COLUMNS = ("collection", "group", "place", "x", "y", "z")
+COORDINATES = re.compile(r"(\bcollection, )?\bx, y(?:,|,? and|,? or) z\b")
+GROUP_COLUMNS = re.compile(r"\bcolumns\b.*\bgroup and place\b", re.DOTALL)
+PLACE_COLUMN = re.compile(r"^place is \{")
+DOES = "brings|explains|gives|keeps|lists|looks|makes|reads|repeats|shows|takes|tells|writes"
 ASKED_FOR = re.compile(r"\b(?:[Tt]ype|[Rr]un)\b([^.:;]*)")
 
 
@@ -78,8 +84,8 @@ class TypedWords:
         verb, typed = any_of(verb_names), any_of({*verb_names, *ANSWERS})
         self._verbs = (
             re.compile(rf"\b(?:command|commands|help|see|usage:)\s+{verb}(?![\w-])"),
-            re.compile(rf"(?<![\w-]){verb}(?= (?:with |without )?(?:\[|--|[A-Z]{{2,}}\b))"),
-            re.compile(rf"(?:^|[;:.,] ){verb}(?= (?:keeps|shows|tells|lists|explains|writes|takes|gives)\b)"),
+            re.compile(rf"(?<![\w-])(?!add --){verb}(?= (?:with |without )?(?:\[|--|[A-Z]{{2,}}\b))"),
+            re.compile(rf"(?:^|[;:.,] ){verb}(?=(?: \{{[0-9]*\}})? (?:{DOES})\b)"),
             re.compile(rf"(?<![\w-]){any_of(name for name in verb_names if '-' in name)}(?![\w-])"),
         )
         self._quoted = re.compile(rf'"{any_of({*verb_names, *ANSWERS, *COLUMNS})}(?![\w-])[^"]*"')
@@ -96,7 +102,11 @@ class TypedWords:
             found |= {"x", "y", "z"}
             if context == CONSOLE and columns[1]:  # elsewhere it says what is in the column
                 found.add("collection")
-        return found
+        if context == CONSOLE and GROUP_COLUMNS.search(text):
+            found |= {"group", "place"}
+        if context == CONSOLE and PLACE_COLUMN.search(text):
+            found.add("place")
+        return found - {text.strip()}  # a heading, such as OPTIONS
 
 
 def has_word(text, word):
@@ -108,9 +118,17 @@ def has_word(text, word):
 # Placeholders
 
 
+def form_of(specification):
+    """What has to be alike in it. Of a date, that is its parts; their order is that of the language."""
+    if "%" in specification:
+        return ":" + "".join(sorted(set(re.findall(r"%[A-Za-z]", specification))))
+    return specification
+
+
 def placeholders(text):
     """The placeholders in braces by their numbers, or nothing if only some are numbered."""
-    found = BRACES.findall(text.replace("{{", "").replace("}}", ""))
+    found = [(number, form_of(specification))
+             for number, specification in BRACES.findall(text.replace("{{", "").replace("}}", ""))]
     numbers = [number for number, _ in found]
     if all(numbers):
         return {(int(number), form) for number, form in found}
@@ -131,13 +149,20 @@ def shown(braces):
     return " ".join("{%d%s}" % each for each in sorted(braces)) or "none"
 
 
-def complaints_about_placeholders(english, translation, is_for_one_number):
+def without_number(braces):
+    return {each for each in braces if each[0] != 0}
+
+
+def complaints_about_placeholders(english, translation, numbers):
+    """numbers: how many numbers a plural form is for; nothing if the text has no such forms."""
+    is_for_one_number = numbers == 1
     expected, found = placeholders(english), placeholders(translation)
     if found is None:
         yield "some of the placeholders {} have numbers and some have none"
     elif found != expected:
-        without_number = {each for each in expected if each[0] != 0}
-        if not (is_for_one_number and found == without_number):
+        can_leave_out = is_for_one_number and found == without_number(expected)
+        can_add = numbers is not None and found == expected | {(0, "")} and expected == without_number(expected)
+        if not can_leave_out and not can_add:
             yield f"its placeholders are {shown(found)}; expected {shown(expected)}"
     if other_braces(english) != other_braces(translation):
         yield "its braces are not those of the text"
@@ -192,9 +217,9 @@ def complaints_about_ends(english, translation, language):
         yield f"it has {translation.count(chr(10))} line breaks; expected {english.count(chr(10))}"
 
 
-def complaints_about_text(context, english, translation, language, typed_words, is_for_one_number=False):
+def complaints_about_text(context, english, translation, language, typed_words, numbers=None):
     """Of one translation, or of one plural form."""
-    yield from complaints_about_placeholders(english, translation, is_for_one_number)
+    yield from complaints_about_placeholders(english, translation, numbers)
     if context.partition("|")[0] != CONSOLE:
         yield from complaints_about_key(english, translation, language)
     yield from complaints_about_ends(english, translation, language)
@@ -239,7 +264,7 @@ def complaints_about_entry(entry, language, forms, typed_words):
             yield f"form {form} is not translated"
             continue
         for complaint in complaints_about_text(entry.msgctxt or "", entry.msgid_plural, translation, language,
-                                               typed_words, is_for_one_number=forms[form] == 1):
+                                               typed_words, forms[form]):
             yield f"form {form}: {complaint}"
 
 
@@ -292,7 +317,7 @@ def complaints(root):
     for file in files:
         translation = polib.pofile(str(file), encoding="utf-8")
         for complaint in complaints_about_file(template, translation, file.stem, typed_words):
-            yield f"{file.relative_to(root)}: {complaint}"
+            yield f"{file.relative_to(root)}: {complaint}".replace("\n", "\\n")
 
 
 def main(root):

@@ -123,6 +123,9 @@ class Entries(unittest.TestCase):
         self.fine(CONSOLE, "{} of {}", "{1} mit {0}")
         self.fine(CONSOLE, "{} of {}", "{1} mit {0}, {0}")
         self.fine(CONSOLE, "{:>3} of {}", "{1} mit {0:>3}")
+        self.fine(CONSOLE, "{}, {:%Y-%m-%d}", "{}, {:%d.%m.%Y}")
+        self.fine(CONSOLE, "{1} or {0}", "{0} oder {1}")
+        self.assertEqual(len(self.found(CONSOLE, "{:%Y-%m-%d}", "{:%Y-%m}")), 1)
         self.wrong("its placeholders are {0}; expected {0} {1}", CONSOLE, "{} of {}", "{}")
         self.wrong("its placeholders are {0} {1} {2}; expected {0} {1}", CONSOLE, "{} of {}", "{} {} {}")
         self.wrong("its placeholders are {1} {2}; expected {0} {1}", CONSOLE, "{} of {}", "{1} {2}")
@@ -153,6 +156,7 @@ class Entries(unittest.TestCase):
         self.fine(CONSOLE, "{} group", ("eine Gruppe", "{} Gruppen"), plural="{} groups")
         self.fine(CONSOLE, "{} group of {}", ("eine Gruppe von {1}", "{} Gruppen von {}"), plural="{} groups of {}")
         self.fine(CONSOLE, "{} group", ("0", "1", "2", "{} 3", "{} 11", "{} 100"), "ar", plural="{} groups")
+        self.fine(CONSOLE, "no column {1}", ("keine Spalte {1}", "{0} Spalten fehlen: {1}"), plural="no columns {1}")
         self.fine(WINDOW, "%n groups", ("eine Gruppe", "%n Gruppen"), plural="%n groups")
         self.wrong("form 1: its placeholders are none; expected {0}",
                    CONSOLE, "{} group", ("eine Gruppe", "Gruppen"), plural="{} groups")
@@ -205,6 +209,17 @@ class Entries(unittest.TestCase):
         self.typed("NO_COLOR", "unless NO_COLOR is set", "wenn NO-COLOR fehlt")
         self.typed("N", "N counts from 1", "Es zählt ab 1")
         self.typed(".tkpc", "ends in .tkpc", "endet auf tkpc")
+        self.typed("\\", "put a \\ before it", "setzen Sie etwas davor")
+        self.typed("\\x1B", "such as \\x1B", "etwa \\x1C")
+        self.typed("@", "write @{0} for it", "schreiben Sie {0}")
+        self.typed("@./", "or @./{} for a file", "oder @{} für eine Datei")
+        self.typed(":*", "write {}:* for all", "schreiben Sie {}* für alle")
+        self.typed("256M", "such as 256M", "etwa 256")
+        self.typed("12.5", "such as 12.5", "etwa 12,5")
+        self.typed("collection,x,y,z", "the header collection,x,y,z", "die Kopfzeile Sammlung,x,y,z")
+        self.typed("place", "the columns x and y, or group and place", "die Spalten x und y oder group und Stelle")
+        self.typed("place", "place is {}", "die Stelle ist {}")
+        self.typed("select", "select {0} tells where", "Auswahl {0} sagt, wo")
         self.typed("\\n", "a line break differs from \\n", "ein Zeilenende ist etwas anderes")
         self.typed("@2", "write @2 for it", "schreiben Sie es")
         self.typed("#", "lines with # are comments", "Zeilen mit Raute sind Kommentare")
@@ -222,6 +237,9 @@ class Entries(unittest.TestCase):
 
     def test_common_words_are_translated(self):
         self.fine(CONSOLE, "Cannot move or show the group", "Kann die Gruppe nicht verschieben oder zeigen")
+        self.fine(CONSOLE, "add --end to put it there", "mit --end kommt es dorthin")
+        self.fine(CONSOLE, "OPTIONS", "OPTIONEN")
+        self.fine(CONSOLE, 'write \\" for it or \\.', '\\" dafür oder \\。')
         self.fine(CONSOLE, "they are not saved; later save them", "nicht gesichert; sichern Sie später")
         self.fine(WINDOW, "Columns for collection, x, y and z", "Spalten für Sammlung, x, y und z")
 
@@ -248,6 +266,13 @@ class Trees(unittest.TestCase):
         self.assertEqual(list(checker.complaints(self.root)),
                          ['translations/de.po: "Title" of MainWindow is missing',
                           'translations/ja.po: "Title" of MainWindow is missing'])
+
+    def test_a_mistake_is_told_in_one_line(self):
+        self.write("translations/de.po", str(file_of([*texts_of_the_library(), entry(WINDOW, "Title", "Titel"),
+                                                      entry(WINDOW, "two\nlines", "zwei\nZeilen")])))
+
+        self.assertEqual(list(checker.complaints(self.root)),
+                         ['translations/de.po: "two\\nlines" of MainWindow is not in the template'])
 
     def test_there_has_to_be_a_translation(self):
         self.assertEqual(list(checker.complaints(self.root)),

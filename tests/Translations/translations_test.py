@@ -251,13 +251,13 @@ class Checking(Tree):
         self.done("check")
 
     def test_what_is_new_and_what_is_gone_is_named_for_each_file(self):
-        self.write("PointCollections/A.cpp", 'auto a = translated("new");')
+        self.write("PointCollections/A.cpp", 'auto a = translated("new\\n");')
         before = self.read("TKMService.pot"), self.read("de.po")
 
         self.assertEqual(self.refused("check").splitlines(), [
-            'translations/TKMService.pot: "new" of PointCollections is new',
+            'translations/TKMService.pot: "new\\n" of PointCollections is new',
             'translations/TKMService.pot: "old" of PointCollections is gone from the sources',
-            'translations/de.po: "new" of PointCollections is new',
+            'translations/de.po: "new\\n" of PointCollections is new',
             'translations/de.po: "old" of PointCollections is gone from the sources',
             "error: the translations are not up to date; run scripts/translations"])
         self.assertEqual((self.read("TKMService.pot"), self.read("de.po")), before)

@@ -38,7 +38,8 @@ std::string withWord(std::size_t position, std::uint32_t value)
 }
 
 constexpr std::size_t firstKey = 28;
-constexpr std::size_t firstTranslation = firstKey + 2 * 8;
+constexpr std::size_t entrySize = 8;
+constexpr std::size_t firstTranslation = firstKey + 2 * entrySize;
 
 TEST(DamagedCatalogue, IsNoneAtAll)
 {

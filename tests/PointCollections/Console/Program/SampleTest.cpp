@@ -73,7 +73,7 @@ TEST_F(Sample, ScriptRunsToItsEnd)
   const WorkingFolder workingFolder(folder);
   const auto outcome =
       runProgram(folder, {Utf8::fromPath(samples() / "time-zone-cities.csv"), "--script",
-                          Utf8::fromPath(samples() / "continents.pcs")});
+                          Utf8::fromPath(samples() / "continents.pcs"), "--language", "en"});
 
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.errors, "");

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -17,8 +18,22 @@ namespace {
 /// A script, and the language that the program is to speak.
 struct TranscribedRun {
   std::string script;
-  std::string language; ///< empty for English
+  std::string language; ///< such as "de"
+
+  /// Where the expected texts are; those in English are beside the scripts.
+  std::filesystem::path folder() const
+  {
+    return language == english ? transcripts() : transcripts() / language;
+  }
+
+  static constexpr auto english = "en";
 };
+
+/// For messages.
+void PrintTo(const TranscribedRun& run, std::ostream* stream)
+{
+  *stream << run.script << " in " << run.language;
+}
 
 /// The files in a folder that have this ending, without it.
 std::vector<std::string> namesIn(const std::filesystem::path& folder, const std::string& ending)
@@ -48,7 +63,7 @@ std::vector<TranscribedRun> runs()
 {
   std::vector<TranscribedRun> result;
   for (const auto& script : namesIn(transcripts(), ".pcs"))
-    result.push_back({script, {}});
+    result.push_back({script, TranscribedRun::english});
   for (const auto& language : languages()) {
     for (const auto& script : namesIn(transcripts() / language, ".out"))
       result.push_back({script, language});
@@ -56,20 +71,11 @@ std::vector<TranscribedRun> runs()
   return result;
 }
 
-/// The file with what is expected, such as "grouping.out".
-std::filesystem::path expectedFile(const TranscribedRun& run, const std::string& ending)
-{
-  return transcripts() / run.language / (run.script + ending);
-}
-
 std::vector<std::string> argumentsOf(const TranscribedRun& run)
 {
   const auto scripts = Utf8::fromPath(transcripts()) + '/';
-  std::vector<std::string> arguments = {scripts + "points.csv", "--script",
-                                        scripts + run.script + ".pcs"};
-  if (!run.language.empty())
-    arguments.insert(arguments.end(), {"--language", run.language});
-  return arguments;
+  return {scripts + "points.csv", "--script", scripts + run.script + ".pcs", "--language",
+          run.language};
 }
 
 /// The errors, without the folder before the script's name.
@@ -83,7 +89,7 @@ std::string withoutFolder(std::string errors)
 /// Test names can only have letters, digits and underscores.
 std::string asTestName(const TranscribedRun& run)
 {
-  auto name = run.language.empty() ? run.script : run.script + "_in_" + run.language;
+  auto name = run.script + "_in_" + run.language;
   std::replace(name.begin(), name.end(), '-', '_');
   return name;
 }
@@ -92,14 +98,14 @@ class ScriptInFolder : public ::testing::TestWithParam<TranscribedRun> {};
 
 TEST_P(ScriptInFolder, PrintsWhatTheFileBesideItContains)
 {
-  const auto expectedErrors = contentOf(expectedFile(GetParam(), ".err"));
+  const auto expectedErrors = contentOf(GetParam().folder() / (GetParam().script + ".err"));
   const bool isToStop = expectedErrors.starts_with(GetParam().script + ".pcs:");
   const TemporaryFolder folder;
   const WorkingFolder workingFolder(folder);
 
   const auto outcome = runProgram(folder, argumentsOf(GetParam()));
 
-  EXPECT_EQ(outcome.output, contentOf(expectedFile(GetParam(), ".out")));
+  EXPECT_EQ(outcome.output, contentOf(GetParam().folder() / (GetParam().script + ".out")));
   EXPECT_EQ(withoutFolder(outcome.errors), expectedErrors);
   EXPECT_EQ(outcome.status, isToStop ? 1 : 0);
 }
