@@ -57,6 +57,7 @@ private:
   void addHistoryPanel();
   void arrange();
   void connectParts();
+  void mirrorPanels();
 
   void retranslate();
   void tellLanguageFault();
@@ -80,6 +81,7 @@ private:
   QSplitter* m_splitter = nullptr;
   QDockWidget* m_historyPanel = nullptr;
   HistoryView* m_history = nullptr;
+  bool m_isMirrored = false; ///< whether panels are where they are from right to left
   bool m_isEnding = false;
 };
 

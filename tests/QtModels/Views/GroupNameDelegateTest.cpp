@@ -3,6 +3,7 @@
 
 #include "QtModels/Support/ShownView.h"
 
+#include <QtCore/QStringListModel>
 #include <QtWidgets/QApplication>
 
 #include <gtest/gtest.h>
@@ -105,16 +106,19 @@ TEST(GroupNameDelegateTest, ShowsNamesInTheirOwnOrderInBothDirections)
   struct Delegate : GroupNameDelegate {
     using GroupNameDelegate::initStyleOption;
   };
-  const Renaming renaming;
-  const auto shownText = [&](Qt::LayoutDirection direction) {
+  const auto shownText = [](const QString& name, Qt::LayoutDirection direction) {
+    QStringListModel model({name});
     QStyleOptionViewItem option;
     option.direction = direction;
-    Delegate().initStyleOption(&option, renaming.row('B'));
+    Delegate().initStyleOption(&option, model.index(0));
     return option.text;
   };
 
-  EXPECT_EQ(shownText(Qt::LeftToRight), "B");
-  EXPECT_EQ(shownText(Qt::RightToLeft), "\u2068B\u2069");
+  EXPECT_EQ(shownText("Washington, D.C.", Qt::LeftToRight), "Washington, D.C.");
+  EXPECT_EQ(shownText("Washington, D.C.", Qt::RightToLeft), "\u2068Washington, D.C.\u2069");
+  EXPECT_EQ(shownText("-1", Qt::RightToLeft), "\u2068-1\u2069");
+  EXPECT_EQ(shownText("New York", Qt::RightToLeft), "New York") << "it is in order already";
+  EXPECT_EQ(shownText("", Qt::RightToLeft), "");
 }
 
 TEST(GroupNameDelegateTest, LeavesTheOldNameWithEscape)

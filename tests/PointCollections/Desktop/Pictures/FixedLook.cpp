@@ -5,38 +5,37 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QStyle>
 
-#include <array>
 #include <stdexcept>
 #include <string>
 
 namespace Tarvik::PointCollections {
 namespace {
 
-/// A font, and where Debian has it.
-struct NeededFont {
-  const char* family;
-  const char* package;
-};
-
-constexpr std::array<NeededFont, 2> neededFonts = {{
-    {"DejaVu Sans", "fonts-dejavu-core"},
-    {"VL Gothic", "fonts-vlgothic"}, // for Japanese, which the other one has not
-}};
 constexpr int heightOfFont = 13; ///< in pixels, so that the resolution does not matter
 
-QFont fixedFont()
+/// @param package  in which Debian has the font
+/// @return the family
+QString installedFamily(const char* family, const char* package)
 {
-  QStringList families;
-  for (const auto& [family, package] : neededFonts) {
-    families << QString::fromLatin1(family);
-    if (!QFontDatabase::hasFamily(families.constLast()))
-      throw std::runtime_error(std::string("The pictures need the font ") + family +
-                               ", which is not installed. On Debian it is in the package " +
-                               package + ".");
-  }
-  QFont font(families);
+  auto name = QString::fromLatin1(family);
+  if (!QFontDatabase::hasFamily(name))
+    throw std::runtime_error(std::string("The pictures need the font ") + family +
+                             ", which is not installed. On Debian it is in the package " + package +
+                             ".");
+  return name;
+}
+
+/// No other fonts are asked for letters: which ones there are depends on the machine.
+QFont fixedFont(const QString& language)
+{
+  QFont font(installedFamily("DejaVu Sans", "fonts-dejavu-core"));
+  auto strategy = QFont::PreferAntialias | QFont::NoSubpixelAntialias;
+  if (language == u"ja")
+    font.setFamilies({font.family(), installedFamily("VL Gothic", "fonts-vlgothic")});
+  else
+    strategy |= QFont::NoFontMerging;
   font.setPixelSize(heightOfFont);
-  font.setStyleStrategy(QFont::StyleStrategy(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
+  font.setStyleStrategy(QFont::StyleStrategy(strategy));
   font.setHintingPreference(QFont::PreferNoHinting);
   return font;
 }
@@ -63,13 +62,13 @@ QPalette darkColours()
 
 }
 
-FixedLook::FixedLook(Colours colours)
+FixedLook::FixedLook(Colours colours, const QString& language)
     : m_style(QApplication::style()->objectName()),
       m_font(QApplication::font()),
       m_palette(QApplication::palette())
 {
   QApplication::setStyle(QStringLiteral("Fusion"));
-  QApplication::setFont(fixedFont());
+  QApplication::setFont(fixedFont(language));
   QApplication::setPalette(colours == Colours::Light ? lightColours() : darkColours());
 }
 

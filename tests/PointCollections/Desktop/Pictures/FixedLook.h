@@ -13,7 +13,8 @@ class FixedLook {
 public:
   enum class Colours { Light, Dark };
 
-  explicit FixedLook(Colours colours);
+  /// @param language  whose letters the fonts must have
+  FixedLook(Colours colours, const QString& language);
   FixedLook(const FixedLook&) = delete;
   FixedLook& operator=(const FixedLook&) = delete;
   ~FixedLook();

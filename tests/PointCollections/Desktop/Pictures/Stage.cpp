@@ -34,7 +34,7 @@ void drawPointer(QPainter& painter, const QPointF& tip)
 
 }
 
-Stage::Stage(FixedLook::Colours colours, const QString& language) : m_look(colours)
+Stage::Stage(FixedLook::Colours colours, const QString& language) : m_look(colours, language)
 {
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings.path());
   qputenv("XDG_STATE_HOME", m_settings.path().toUtf8());

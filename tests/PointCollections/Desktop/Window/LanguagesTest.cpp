@@ -54,6 +54,20 @@ protected:
     window->show();
   }
 
+  /// The parts of the window in their order on the screen.
+  std::string fromLeftToRight() const
+  {
+    QCoreApplication::processEvents();
+    const auto left = [](const QWidget& part) { return part.mapToGlobal(QPoint()).x(); };
+    std::string result;
+    for (const auto& part :
+         std::map<int, std::string>{{left(window->groups()), "groups"},
+                                    {left(window->points()), "points"},
+                                    {left(*window->findChild<QDockWidget*>()), "history"}})
+      result += (result.empty() ? "" : " ") + part.second;
+    return result;
+  }
+
   void useArabicTexts()
   {
     useCatalogues({{"ar", moBytes({{"", "Language: ar\n"},
@@ -156,21 +170,36 @@ TEST_F(LanguagesTest, AreNamedAsThoseCallThemWhoSpeakThem)
 TEST_F(LanguagesTest, MirrorTheWindowIfTheyAreWrittenFromRightToLeft)
 {
   useArabicTexts();
-  const auto isPointsLeftOfGroups = [&] {
-    return window->points().mapToGlobal(QPoint()).x() < window->groups().mapToGlobal(QPoint()).x();
-  };
-  ASSERT_FALSE(isPointsLeftOfGroups());
+  EXPECT_EQ(fromLeftToRight(), "groups points history");
 
   choose("العربية");
-  QCoreApplication::processEvents();
   EXPECT_TRUE(window->isRightToLeft());
-  EXPECT_TRUE(isPointsLeftOfGroups());
+  EXPECT_EQ(fromLeftToRight(), "history points groups");
   EXPECT_EQ(menus().constFirst(), "&ملف");
 
   choose("&English");
-  QCoreApplication::processEvents();
   EXPECT_FALSE(window->isRightToLeft());
-  EXPECT_FALSE(isPointsLeftOfGroups());
+  EXPECT_EQ(fromLeftToRight(), "groups points history");
+}
+
+TEST_F(LanguagesTest, FindThePanelsWhereTheyWereInTheOtherDirection)
+{
+  useArabicTexts();
+  choose("العربية");
+  window->close();
+
+  window = windowWith(user);
+  window->show();
+  EXPECT_EQ(fromLeftToRight(), "history points groups");
+  window->findChild<QDockWidget*>()->close();
+  window->close();
+
+  Languages::instance().choose("en");
+  window = windowWith(user);
+  window->show();
+  EXPECT_FALSE(window->findChild<QDockWidget*>()->isVisible());
+  window->findChild<QDockWidget*>()->show();
+  EXPECT_EQ(fromLeftToRight(), "groups points history");
 }
 
 TEST_F(LanguagesTest, DoNotMirrorThePoints)
