@@ -4,7 +4,9 @@
 #include "PointCollections/Editor/Saving.h"
 #include "PointCollections/Input/PointFile.h"
 #include "PointCollections/Project/ProjectFile.h"
+#include "PointCollections/Text/Counts.h"
 #include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/Translated.h"
 #include "PointCollections/Text/UserError.h"
 #include "PointCollections/Text/Utf8.h"
 
@@ -55,7 +57,8 @@ OpenedDocument openInMemory(const std::string& name, Action action)
   try {
     return action();
   } catch (const std::bad_alloc&) {
-    throw UserError(fmt::format("{}: there is not enough memory for this file", name));
+    throw UserError(
+        fmt::format("{}: {}", name, translated("there is not enough memory for this file")));
   }
 }
 
@@ -152,8 +155,8 @@ Editor::Editor(OpenedDocument opened, std::shared_ptr<Files> files)
 bool Editor::execute(EditRequest request)
 {
   if (!holdReserve())
-    throw UserError("there is not enough memory to save the document after a change; close other "
-                    "programs");
+    throw UserError(translated("there is not enough memory to save the document after a change; "
+                               "close other programs"));
   const std::size_t stepsSoFar = stepsInEffect();
   const bool hasChanged =
       m_history.execute(std::make_shared<GroupEdit>(document(), std::move(request), m_reserve));
@@ -275,7 +278,8 @@ void Editor::withAllMemory(Action action)
   m_reserve->release();
   while (!isDoneInMemory(action)) {
     if (!forgetSteps())
-      throw UserError("there is not enough memory to save the document; close other programs");
+      throw UserError(translated("there is not enough memory to save the document; close other "
+                                 "programs"));
   }
   holdReserve();
 }
@@ -306,10 +310,13 @@ bool Editor::holdReserve()
 
 std::string contentOf(PointDocument& document)
 {
+  const auto elements = countOfElements(document.order().size());
+  const auto points = countOfPoints(countPoints(document));
   const auto groups = document.getGroups().size();
-  return fmt::format("{} with {}{}", pluralize(document.order().size(), "element"),
-                     pluralize(countPoints(document), "point"),
-                     groups > 0 ? " in " + pluralize(groups, "group") : std::string());
+  // For translators: the content of a document: "2 elements with 4 points in 1 group"
+  return groups > 0 ? translated("{} with {} in {}", elements, points, countOfGroups(groups))
+                    // For translators: the content of a document: "2 elements with 4 points"
+                    : translated("{} with {}", elements, points);
 }
 
 std::string summaryOf(const Editor& editor)

@@ -8,6 +8,8 @@
 #include "PointCollections/Input/TextInput.h"
 #include "PointCollections/Text/Interruption.h"
 #include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/SystemReason.h"
+#include "PointCollections/Text/Translated.h"
 #include "PointCollections/Text/UserError.h"
 #include "PointCollections/Text/Utf8.h"
 
@@ -35,12 +37,11 @@ constexpr std::size_t sizeOfPart = std::size_t(1) << 20U;
   throw UserError(fmt::format("{}: {}", printable(Utf8::fromPath(file)), message));
 }
 
-/// Not the message of Windows itself, which is in the user's language and code page.
 std::string reasonFor(const std::error_code& code)
 {
-  const auto condition = code.default_error_condition();
-  return condition == std::errc::device_or_resource_busy ? "another program has it open"
-                                                         : condition.message();
+  const bool isBusy = code.default_error_condition() == std::errc::device_or_resource_busy;
+  // For translators: the reason why a file cannot be saved; in parentheses
+  return isBusy ? translated("another program has it open") : printable(systemReason(code));
 }
 
 /// @param doubt  why the folder could not be flushed, if so
@@ -48,9 +49,9 @@ WriteResult resultOf(const std::error_code& doubt)
 {
   if (!doubt)
     return {};
-  return {fmt::format("The file is saved, but flushing its folder to the disk failed ({}); after "
-                      "a power cut, the old file may be back.",
-                      printable(reasonFor(doubt)))};
+  return {translated("The file is saved, but flushing its folder to the disk failed ({}); after "
+                     "a power cut, the old file may be back.",
+                     reasonFor(doubt))};
 }
 
 bool isPipe(const fs::path& file)
@@ -65,7 +66,7 @@ void refuseDevice(const fs::path& file)
   std::error_code ignored;
   const auto status = fs::status(file, ignored);
   if (fs::exists(status) && !fs::is_directory(status) && !fs::is_regular_file(status))
-    fail(file, "this is a device or the like; expected a file");
+    fail(file, translated("this is a device or the like; expected a file"));
 }
 
 /// What `ask`, fs::status or fs::symlink_status, says about the file.
@@ -76,8 +77,8 @@ fs::file_status statusOf(fs::file_status (*ask)(const fs::path&, std::error_code
   std::error_code error;
   const auto status = ask(file, error);
   if (!fs::status_known(status))
-    fail(file, fmt::format("it cannot be found out whether this file exists ({})",
-                           printable(reasonFor(error))));
+    fail(file,
+         translated("it cannot be found out whether this file exists ({})", reasonFor(error)));
   return status;
 }
 
@@ -91,9 +92,18 @@ std::uintmax_t sizeOf(std::ifstream& stream, const fs::path& file)
   const bool isKnown =
       stream && (size > 0 || (size == 0 && stream.peek() == std::ifstream::traits_type::eof()));
   if (!isKnown)
-    fail(file, "the size of this file cannot be found out");
+    fail(file, translated("the size of this file cannot be found out"));
   stream.clear(); // from the end of an empty file
   return static_cast<std::uintmax_t>(size);
+}
+
+/// The shown numbers are complete even where std::size_t is smaller.
+std::string mistakeInSize(std::uintmax_t size)
+{
+  return translatedCount(static_cast<std::size_t>(size),
+                         // For translators: {1} is the number of bytes
+                         "a file of {1} bytes; expected {2} at most",
+                         "a file of {1} bytes; expected {2} at most", size, greatestSize);
 }
 
 std::vector<std::byte> readFirst(std::ifstream& stream, std::uintmax_t size, const fs::path& file)
@@ -104,7 +114,7 @@ std::vector<std::byte> readFirst(std::ifstream& stream, std::uintmax_t size, con
     const auto part = rest.first(std::min(rest.size(), sizeOfPart));
     stream.read(reinterpret_cast<char*>(part.data()), static_cast<std::streamsize>(part.size()));
     if (static_cast<std::size_t>(stream.gcount()) != part.size())
-      fail(file, "reading the file failed");
+      fail(file, translated("reading the file failed"));
     rest = rest.subspan(part.size());
   }
   return bytes;
@@ -137,7 +147,7 @@ public:
     auto stream = openText(file);
     const auto size = sizeOf(stream, file);
     if (size > greatestSize)
-      fail(file, fmt::format("a file of {} bytes; expected {} at most", size, greatestSize));
+      fail(file, mistakeInSize(size));
     return readFirst(stream, size, file);
   }
 
@@ -174,11 +184,11 @@ public:
         return std::nullopt;
       return resultOf(writer.commit());
     } catch (const FolderNotWritable& error) {
-      fail(file, fmt::format("the file cannot be saved, because nothing can be written in the "
-                             "folder {} ({}); save it in another one",
-                             nameOf(error.folder()), printable(reasonFor(error.code()))));
+      fail(file, translated("the file cannot be saved, because nothing can be written in the "
+                            "folder {} ({}); save it in another one",
+                            nameOf(error.folder()), reasonFor(error.code())));
     } catch (const std::system_error& error) {
-      fail(file, fmt::format("the file cannot be saved ({})", printable(reasonFor(error.code()))));
+      fail(file, translated("the file cannot be saved ({})", reasonFor(error.code())));
     }
   }
 
@@ -190,7 +200,7 @@ public:
       auto lock = DiskLock::tryTake(lockFile);
       if (!lock)
         fail(file,
-             fmt::format("{} saves in this file at this moment; try again", holderOf(lockFile)));
+             translated("{} saves in this file at this moment; try again", holderOf(lockFile)));
       SideFiles::removeUnfinished(target);
       return lock;
     } catch (const std::system_error&) {
@@ -210,8 +220,8 @@ public:
     std::error_code error;
     const bool areSame = fs::equivalent(one, other, error);
     if (error)
-      fail(one, fmt::format("this file cannot be compared with {} ({})",
-                            printable(Utf8::fromPath(other)), printable(reasonFor(error))));
+      fail(one, translated("this file cannot be compared with {} ({})",
+                           printable(Utf8::fromPath(other)), reasonFor(error)));
     return areSame;
   }
 

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Files/DiskLock.h"
+#include "PointCollections/Files/LockHolder.h"
 #include "PointCollections/Files/PosixError.h"
-#include "PointCollections/Text/Quoting.h"
-
-#include <fmt/format.h>
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -20,8 +18,6 @@ namespace Tarvik::PointCollections {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr std::size_t longestHolder = 200; // characters
 
 int openLock(const fs::path& file)
 {
@@ -55,7 +51,7 @@ std::string currentProgram()
 /// If this fails, others are not told who holds the lock. It is held all the same.
 void writeHolder(int handle)
 {
-  const auto text = fmt::format("process {} ({})", currentProcess(), currentProgram());
+  const auto text = textOfHolder(currentProcess(), currentProgram());
   if (ftruncate(handle, 0) == 0)
     static_cast<void>(write(handle, text.data(), text.size()) > 0);
 }
@@ -101,7 +97,7 @@ std::string holderOf(const fs::path& file)
   std::ifstream stream(file, std::ios::binary);
   stream.read(text.data(), text.size());
   const auto size = static_cast<std::size_t>(stream.gcount());
-  return size == 0 ? "another program" : printable(abbreviated({text.data(), size}, longestHolder));
+  return shownHolder({text.data(), size});
 }
 
 std::uint64_t currentProcess()

@@ -3,6 +3,8 @@
 
 #include "PointCollections/Text/Interruption.h"
 #include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/SystemReason.h"
+#include "PointCollections/Text/Translated.h"
 #include "PointCollections/Text/UserError.h"
 #include "PointCollections/Text/Utf8.h"
 
@@ -30,7 +32,7 @@ public:
       : m_path(path), m_handle(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC))
   {
     if (m_handle < 0)
-      fail("the file cannot be opened");
+      fail(translated("the file cannot be opened ({})", lastReason()));
   }
   Pipe(const Pipe&) = delete;
   Pipe& operator=(const Pipe&) = delete;
@@ -44,7 +46,7 @@ public:
     std::array<char, 65536> buffer{};
     const auto count = read(m_handle, buffer.data(), buffer.size());
     if (count < 0 && errno != EAGAIN && errno != EINTR)
-      fail("reading the file failed");
+      fail(translated("reading the file failed ({})", lastReason()));
     text.append(buffer.data(), static_cast<std::size_t>(count > 0 ? count : 0));
     return count != 0;
   }
@@ -58,10 +60,11 @@ private:
     } while (poll(&watched, 1, millisecondsBetweenChecks) <= 0);
   }
 
-  [[noreturn]] void fail(const std::string& what) const
+  static std::string lastReason() { return systemReason({errno, std::generic_category()}); }
+
+  [[noreturn]] void fail(const std::string& message) const
   {
-    throw UserError(fmt::format("{}: {} ({})", printable(Utf8::fromPath(m_path)), what,
-                                std::generic_category().message(errno)));
+    throw UserError(fmt::format("{}: {}", printable(Utf8::fromPath(m_path)), message));
   }
 
   std::filesystem::path m_path;

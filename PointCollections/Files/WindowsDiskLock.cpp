@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Files/DiskLock.h"
-#include "PointCollections/Text/Quoting.h"
-#include "PointCollections/Text/Utf8.h"
 
-#include <fmt/format.h>
+#include "PointCollections/Files/LockHolder.h"
+#include "PointCollections/Text/Utf8.h"
 
 #include <windows.h>
 
@@ -16,8 +15,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t longestHolder = 200; // characters
-
 /// The name of this program; empty if the system does not tell it.
 std::string currentProgram()
 {
@@ -29,7 +26,7 @@ std::string currentProgram()
 /// If this fails, others are not told who holds the lock. It is held all the same.
 void writeHolder(HANDLE handle)
 {
-  const auto text = fmt::format("process {} ({})", currentProcess(), currentProgram());
+  const auto text = textOfHolder(currentProcess(), currentProgram());
   DWORD written = 0;
   WriteFile(handle, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
 }
@@ -74,7 +71,7 @@ std::string holderOf(const fs::path& file)
     ReadFile(handle, text.data(), static_cast<DWORD>(text.size()), &size, nullptr);
     CloseHandle(handle);
   }
-  return size == 0 ? "another program" : printable(abbreviated({text.data(), size}, longestHolder));
+  return shownHolder({text.data(), size});
 }
 
 std::uint64_t currentProcess()

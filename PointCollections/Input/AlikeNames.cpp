@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Input/AlikeNames.h"
 
-#include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/Spelling.h"
+#include "PointCollections/Text/Translated.h"
 #include "PointCollections/Text/Utf8.h"
-
-#include <fmt/format.h>
 
 #include <algorithm>
 #include <cstddef>
@@ -45,13 +43,15 @@ std::string warningAboutAlikeNames(const std::vector<PointCollection>& collectio
     if (isNew || count++ > 0)
       continue;
     warning =
-        fmt::format("the names {} and {} look the same, but are written differently; they are "
-                    "two elements",
-                    spelledApart(found->second, each.name), spelledApart(each.name, found->second));
+        translated("the names {} and {} look the same, but are written differently; they are two "
+                   "elements",
+                   spelledApart(found->second, each.name), spelledApart(each.name, found->second));
   }
-  return count < 2
-             ? warning
-             : fmt::format("{}; the same goes for {}", warning, pluralize(count - 1, "more pair"));
+  if (count < 2)
+    return warning;
+  // For translators: follows a text about the names of two elements, which are a pair
+  return warning + translatedCount(count - 1, "; the same goes for {} more pair",
+                                   "; the same goes for {} more pairs");
 }
 
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Input/CsvReader.h"
 
+#include "PointCollections/Text/Translated.h"
 #include "PointCollections/Text/UserError.h"
 
 #include <fmt/format.h>
@@ -11,16 +12,23 @@
 
 namespace Tarvik::PointCollections {
 
-std::string separatorName(char separator)
+namespace {
+
+std::string textAfterQuote(char separator)
 {
   switch (separator) {
   case ';':
-    return "semicolon";
+    return translated("text after a closing quote; expected a semicolon or the end of the line, "
+                      "and quotes inside the field doubled");
   case '\t':
-    return "tab";
+    return translated("text after a closing quote; expected a tab or the end of the line, and "
+                      "quotes inside the field doubled");
   default:
-    return "comma";
+    return translated("text after a closing quote; expected a comma or the end of the line, and "
+                      "quotes inside the field doubled");
   }
+}
+
 }
 
 CsvReader::CsvReader(std::string_view text, std::string name, char separator)
@@ -69,7 +77,8 @@ bool CsvReader::skipLineEnd()
   if (isAtEnd() || (m_text[m_at] != '\n' && m_text[m_at] != '\r'))
     return false;
   if (m_text[m_at] == '\r' && m_text.substr(m_at, 2) != "\r\n")
-    failAt(m_line, "a carriage return without a line feed; expected lines that end in LF or CRLF");
+    failAt(m_line, translated("a carriage return without a line feed; expected lines that end in "
+                              "LF or CRLF"));
   m_at += m_text[m_at] == '\r' ? 2U : 1U;
   ++m_line;
   return true;
@@ -85,8 +94,8 @@ void CsvReader::readField(std::string& field)
   const std::size_t end = std::min(
       m_text.find_first_of(std::string_view(ends.data(), ends.size()), m_at), m_text.size());
   if (end < m_text.size() && m_text[end] == '"')
-    failAt(m_line, "a quote inside a field without quotes; expected the whole field in quotes, "
-                   "and quotes in it doubled");
+    failAt(m_line, translated("a quote inside a field without quotes; expected the whole field in "
+                              "quotes, and quotes in it doubled"));
   field.assign(m_text, m_at, end - m_at);
   m_at = end;
 }
@@ -99,7 +108,7 @@ void CsvReader::readQuotedField(std::string& field)
     const std::size_t start = ++m_at; // after the opening quote, or after the first of two
     const std::size_t end = m_text.find('"', start);
     if (end == std::string_view::npos)
-      failAt(openingLine, "a quoted field that never ends; expected a closing quote");
+      failAt(openingLine, translated("a quoted field that never ends; expected a closing quote"));
     const auto part = m_text.substr(start, end - start);
     m_line += static_cast<std::size_t>(std::count(part.begin(), part.end(), '\n'));
     field += part;
@@ -111,9 +120,7 @@ void CsvReader::readQuotedField(std::string& field)
   const bool isFieldOver =
       isAtEnd() || m_text[m_at] == m_separator || m_text[m_at] == '\r' || m_text[m_at] == '\n';
   if (!isFieldOver)
-    failAt(m_line, fmt::format("text after a closing quote; expected a {} or the end of the line, "
-                               "and quotes inside the field doubled",
-                               separatorName(m_separator)));
+    failAt(m_line, textAfterQuote(m_separator));
 }
 
 }

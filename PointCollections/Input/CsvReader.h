@@ -8,9 +8,6 @@
 
 namespace Tarvik::PointCollections {
 
-/// What a separator is called in messages: "comma", "semicolon" or "tab".
-std::string separatorName(char separator);
-
 /// Splits a table in text form into rows and fields.
 ///
 /// Fields are separated by commas, or by another character, rows by LF or CRLF. A field in double

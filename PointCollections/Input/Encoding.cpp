@@ -2,6 +2,7 @@
 #include "PointCollections/Input/Encoding.h"
 
 #include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/Translated.h"
 #include "PointCollections/Text/UserError.h"
 #include "PointCollections/Text/Utf8.h"
 
@@ -48,7 +49,7 @@ void refuseOtherEncodings(std::string_view start)
 {
   const auto encoding = encodingOf(start);
   if (!encoding.empty())
-    throw UserError(fmt::format("this text is in {}; save it as UTF-8", encoding));
+    throw UserError(translated("this text is in {}; save it as UTF-8", encoding));
 }
 
 void refuseOtherEncodings(std::string_view start, const std::string& name)
@@ -69,9 +70,9 @@ std::string_view checkedUtf8(std::string_view text, const std::string& name)
   if (invalid == std::string_view::npos)
     return text;
   const auto before = text.substr(0, invalid);
-  throw UserError(fmt::format("{}:{}: the byte {} is not UTF-8; save the file as UTF-8", name,
-                              std::count(before.begin(), before.end(), '\n') + 1,
-                              printable(text.substr(invalid, 1))));
+  throw UserError(fmt::format("{}:{}: {}", name, std::count(before.begin(), before.end(), '\n') + 1,
+                              translated("the byte {} is not UTF-8; save the file as UTF-8",
+                                         printable(text.substr(invalid, 1)))));
 }
 
 }

@@ -2,8 +2,7 @@
 #include "PointCollections/Input/GroupColumns.h"
 
 #include "PointCollections/Text/Quoting.h"
-
-#include <fmt/format.h>
+#include "PointCollections/Text/Translated.h"
 
 #include <charconv>
 #include <system_error>
@@ -17,8 +16,9 @@ std::size_t parsePlace(const CsvReader& csv, const std::string& field)
   const char* end = field.data() + field.size();
   const auto [stop, error] = std::from_chars(field.data(), end, place);
   if (error != std::errc() || stop != end || place == 0)
-    csv.fail(fmt::format("place is {}; expected a whole number from 1 up, or nothing",
-                         inQuotes(abbreviated(field, 60))));
+    // For translators: place is the name of a column
+    csv.fail(translated("place is {}; expected a whole number from 1 up, or nothing",
+                        inQuotes(abbreviated(field, 60))));
   return place;
 }
 
@@ -47,9 +47,8 @@ bool GroupColumns::add(const CsvReader& csv,
   const auto number = parsePlace(csv, place);
   const auto [found, isNew] = holder.placed.try_emplace(number, element);
   if (!isNew && found->second != element)
-    csv.fail(
-        fmt::format("another element has the place {} in {}; expected a free place, or nothing",
-                    number, displayName(group)));
+    csv.fail(translated("another element has the place {} in {}; expected a free place, or nothing",
+                        number, displayName(group)));
   return isNew;
 }
 

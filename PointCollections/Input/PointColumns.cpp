@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Input/PointColumns.h"
 
-#include "PointCollections/Input/CsvReader.h"
+#include "PointCollections/Text/Lists.h"
 #include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/Translated.h"
 
 #include <fmt/format.h>
 
@@ -43,20 +44,8 @@ bool isTwice(const TableHeader& header, std::string_view name)
                        [&](const auto& column) { return isNamed(column, name); }) > 1;
 }
 
-/// "x, y and z"
-std::string listed(const std::vector<std::string>& names)
-{
-  std::string text;
-  for (std::size_t i = 0; i < names.size(); ++i) {
-    if (i > 0)
-      text += i + 1 == names.size() ? " and " : ", ";
-    text += names[i];
-  }
-  return text;
-}
-
-/// What is in the first row, for a message.
-std::string whatIsIn(const TableHeader& header)
+/// What is in the first row, as a part of a message.
+std::string whatIsFound(const TableHeader& header)
 {
   constexpr std::size_t mostColumns = 8;
   constexpr std::size_t mostCharacters = 30;
@@ -64,10 +53,19 @@ std::string whatIsIn(const TableHeader& header)
   for (std::size_t i = 0; i < std::min(mostColumns, header.columns.size()); ++i)
     names.push_back(asTyped(abbreviated(header.columns[i], mostCharacters)));
   if (header.columns.size() > mostColumns)
-    names.push_back(fmt::format("{} more", header.columns.size() - mostColumns));
-  return header.columns.size() == 1
-             ? "only " + names.front()
-             : listed(names) + ", separated by " + separatorName(header.separator) + "s";
+    // For translators: the last item of a list, as in "x, y and 2 more"
+    names.push_back(translatedCount(header.columns.size() - mostColumns, "{} more", "{} more"));
+  if (header.columns.size() == 1)
+    // For translators: follows what is wrong with a table, and names what its first row has
+    return translated("; found only {}", names.front());
+  if (header.separator == ';')
+    // For translators: follows what is wrong with a table, and names what its first row has
+    return translated("; found {}, separated by semicolons", listedWithAnd(names));
+  if (header.separator == '\t')
+    // For translators: follows what is wrong with a table, and names what its first row has
+    return translated("; found {}, separated by tabs", listedWithAnd(names));
+  // For translators: follows what is wrong with a table, and names what its first row has
+  return translated("; found {}, separated by commas", listedWithAnd(names));
 }
 
 std::vector<std::string> missingColumns(const TableHeader& header)
@@ -82,10 +80,11 @@ std::vector<std::string> missingColumns(const TableHeader& header)
 [[noreturn]] void
 refuse(const TableHeader& header, const std::string& name, const std::string& mistake)
 {
+  // For translators: follows what is wrong with a table, and what was found in it
+  const auto expected = translated("; expected the columns collection, x, y and z in any order, "
+                                   "separated by commas, semicolons or tabs");
   throw UnknownColumns(
-      fmt::format("{}:{}: {}; found {}; expected the columns collection, x, y and z in any order, "
-                  "separated by commas, semicolons or tabs",
-                  name, header.line, mistake, whatIsIn(header)),
+      fmt::format("{}:{}: {}{}{}", name, header.line, mistake, whatIsFound(header), expected),
       header);
 }
 
@@ -106,14 +105,15 @@ PointColumns requiredColumns(const TableHeader& header, const std::string& name)
 {
   const auto missing = missingColumns(header);
   if (!header.hasNames)
-    refuse(header, name, "the header is missing");
+    refuse(header, name, translated("the header is missing"));
   if (!missing.empty())
     refuse(header, name,
-           fmt::format("the header has no column{} {}", missing.size() == 1 ? "" : "s",
-                       listed(missing)));
+           // For translators: {1} is a name, or a list of names; their number {0} need not be told
+           translatedCount(missing.size(), "the header has no column {1}",
+                           "the header has no columns {1}", listedWithAnd(missing)));
   for (const auto* column : pointColumnNames) {
     if (isTwice(header, column))
-      refuse(header, name, fmt::format("the header has the column {} twice", column));
+      refuse(header, name, translated("the header has the column {} twice", column));
   }
   return columnsByName(header);
 }

@@ -8,11 +8,11 @@
 #include "PointCollections/Input/PointRows.h"
 #include "PointCollections/Input/TextInput.h"
 #include "PointCollections/Text/Interruption.h"
+#include "PointCollections/Text/Lists.h"
 #include "PointCollections/Text/Progress.h"
 #include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/Translated.h"
 #include "PointCollections/Text/Utf8.h"
-
-#include <fmt/format.h>
 
 #include <algorithm>
 #include <array>
@@ -43,22 +43,23 @@ std::vector<std::string> ignoredColumns(const TableHeader& header, const PointCo
 std::string warningAbout(const std::vector<std::string>& ignored)
 {
   constexpr std::size_t mostNames = 5;
-  const auto named = std::min(ignored.size(), mostNames);
-  std::string names;
-  for (std::size_t i = 0; i < named; ++i)
-    names += (i == 0 ? "" : ", ") + ignored[i];
-  if (named < ignored.size())
-    names += fmt::format(" and {} more", ignored.size() - named);
-  return fmt::format("the file has columns that are not read: {}", names);
+  if (ignored.size() <= mostNames)
+    return translated("the file has columns that are not read: {}", listed(ignored));
+  return translatedCount(ignored.size() - mostNames,
+                         // For translators: {1} is a list of names, {0} how many are left out
+                         "the file has columns that are not read: {1} and {0} more",
+                         "the file has columns that are not read: {1} and {0} more",
+                         listed({ignored.begin(), ignored.begin() + mostNames}));
 }
 
 /// What the user is told about elements that are in several places.
 std::string warningAboutRepeatedMembers(std::size_t count)
 {
-  const bool isOne = count == 1;
-  return fmt::format("{} {} in more than one group, or twice in one; commands take {} out of the "
-                     "first place only",
-                     pluralize(count, "element"), isOne ? "is" : "are", isOne ? "it" : "them");
+  return translatedCount(count,
+                         "{} element is in more than one group, or twice in one; commands take it "
+                         "out of the first place only",
+                         "{} elements are in more than one group, or twice in one; commands take "
+                         "them out of the first place only");
 }
 
 }

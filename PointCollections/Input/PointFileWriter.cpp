@@ -3,6 +3,7 @@
 
 #include "PointCollections/Document/Memberships.h"
 #include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/Translated.h"
 #include "PointCollections/Text/UserError.h"
 
 #include <fmt/format.h>
@@ -25,13 +26,13 @@ void checkNames(const Groups& groups)
   for (std::size_t i = 0; i < groups.size(); ++i) {
     const auto& name = groups[i].getName();
     if (name.empty())
-      throw UserError(fmt::format("the group @{0} has no name, which a file of points cannot tell; "
-                                  "rename @{0} first",
-                                  i + 1));
+      throw UserError(translated("the group @{0} has no name, which a file of points cannot tell; "
+                                 "rename @{0} first",
+                                 i + 1));
     if (!names.insert(name).second)
-      throw UserError(fmt::format("several groups have the name {}, which a file of points cannot "
-                                  "tell; rename @{} first",
-                                  displayName(name), i + 1));
+      throw UserError(translated("several groups have the name {}, which a file of points cannot "
+                                 "tell; rename @{} first",
+                                 displayName(name), i + 1));
   }
 }
 

@@ -3,8 +3,7 @@
 
 #include "PointCollections/Input/Number.h"
 #include "PointCollections/Text/Quoting.h"
-
-#include <fmt/format.h>
+#include "PointCollections/Text/Translated.h"
 
 #include <algorithm>
 #include <string_view>
@@ -19,36 +18,53 @@ bool isEmpty(std::string_view field)
   return trimmed(field).empty();
 }
 
-/// What to write in place of something that is no number.
-std::string exampleFor(std::string_view field)
+/// The number that was meant by one with a decimal comma; empty if there is none.
+std::string withDecimalPoint(std::string_view field)
 {
   auto number = std::string(trimmed(field));
   std::replace(number.begin(), number.end(), ',', '.');
-  return parseNumber(number).kind == Kind::Valid ? "a decimal point, as in " + number : "e.g. 12.5";
+  return parseNumber(number).kind == Kind::Valid ? number : std::string();
 }
 
-/// What is wrong with the number, and what would be right.
-std::string mistakeIn(Kind kind, std::string_view field)
+std::string shownField(const std::string& field)
 {
+  return inQuotes(abbreviated(field, 60));
+}
+
+/// What is wrong with the number in a column, and what would be right.
+std::string mistakeIn(Kind kind, const char* column, const std::string& field)
+{
+  const auto shown = shownField(field);
   switch (kind) {
   case Kind::TooLarge:
-    return "is out of range; expected at most 1.7e308";
+    // For translators: the first {} is the name of a column: x, y or z
+    return translated("{} is {}, which is out of range; expected at most 1.7e308", column, shown);
   case Kind::NotFinite:
-    return "is not finite; expected e.g. 12.5";
+    // For translators: the first {} is the name of a column: x, y or z
+    return translated("{} is {}, which is not finite; expected e.g. 12.5", column, shown);
   default:
-    return "is not a number; expected " + exampleFor(field);
+    break;
   }
+  const auto meant = withDecimalPoint(field);
+  return meant.empty()
+             // For translators: the first {} is the name of a column: x, y or z
+             ? translated("{} is {}, which is not a number; expected e.g. 12.5", column, shown)
+             // For translators: the first {} is the name of a column: x, y or z
+             : translated("{} is {}, which is not a number; expected a decimal point, as in {}",
+                          column, shown, meant);
 }
 
-/// The names of the columns, for a message; empty if the header does not tell them.
-std::string namesIn(const TableHeader& header)
+/// How many fields a row has, for a message, with the names of the columns if the header tells
+/// them.
+std::string fieldsIn(const TableHeader& header)
 {
+  auto fields = std::to_string(header.columns.size());
   if (!header.hasNames)
-    return {};
+    return fields;
   std::string names;
   for (const auto& column : header.columns)
     names += (names.empty() ? "" : ",") + column;
-  return " (" + printable(abbreviated(names, 60)) + ")";
+  return fields + " (" + printable(abbreviated(names, 60)) + ")";
 }
 
 }
@@ -64,10 +80,10 @@ bool PointRows::readRow()
 {
   if (!m_csv.readRow(m_fields))
     return false;
-  const auto expected = m_header.columns.size();
-  if (m_fields.size() != expected)
-    m_csv.fail(fmt::format("{}; expected {}{}", pluralize(m_fields.size(), "field"), expected,
-                           namesIn(m_header)));
+  if (m_fields.size() != m_header.columns.size())
+    // For translators: the second {} is a number, and may have names after it: "4 (a,x,y,z)"
+    m_csv.fail(translatedCount(m_fields.size(), "{} field; expected {}", "{} fields; expected {}",
+                               fieldsIn(m_header)));
   add();
   return true;
 }
@@ -76,8 +92,10 @@ std::string PointRows::warning() const
 {
   if (m_vanished < 2)
     return m_firstVanished;
-  return fmt::format("{}; so {} {}", m_firstVanished, m_vanished == 2 ? "is" : "are",
-                     pluralize(m_vanished - 1, "more number"));
+  return m_firstVanished +
+         // For translators: follows a text that ends in "which is too close to 0 for this program;
+         // it is read as 0"
+         translatedCount(m_vanished - 1, "; so is {} more number", "; so are {} more numbers");
 }
 
 const std::string& PointRows::field(std::optional<std::size_t> column) const
@@ -98,7 +116,7 @@ void PointRows::add()
     return;
   }
   if (name.empty())
-    m_csv.fail("the element has no name; expected one, such as Berlin");
+    m_csv.fail(translated("the element has no name; expected one, such as Berlin"));
   auto& collection = collectionNamed(name);
   if (hasPoint) {
     const double x = coordinate("x", m_columns.x);
@@ -116,11 +134,12 @@ double PointRows::coordinate(const char* name, std::optional<std::size_t> column
   const auto [kind, value] = parseNumber(text);
   if (kind == Kind::Valid)
     return value;
-  const auto shown = fmt::format("{} is {}, which ", name, inQuotes(abbreviated(text, 60)));
   if (kind != Kind::TooSmall)
-    m_csv.fail(shown + mistakeIn(kind, text));
+    m_csv.fail(mistakeIn(kind, name, text));
   if (m_vanished++ == 0)
-    m_firstVanished = m_csv.inRow(shown + "is too close to 0 for this program; it is read as 0");
+    m_firstVanished = m_csv.inRow(
+        translated("{} is {}, which is too close to 0 for this program; it is read as 0", name,
+                   shownField(text)));
   return 0;
 }
 
@@ -136,7 +155,7 @@ void PointRows::addToGroup(const PointCollection& collection)
 {
   const auto& group = field(m_columns.group);
   if (group.empty())
-    m_csv.fail("a place without a group; expected the name of the group, too");
+    m_csv.fail(translated("a place without a group; expected the name of the group, too"));
   if (!m_groups.add(m_csv, collection.id, group, std::string(trimmed(field(m_columns.place)))))
     return;
   m_placesInGroups.resize(m_collections.size());

@@ -5,6 +5,7 @@
 #include "PointCollections/Input/Encoding.h"
 #include "PointCollections/Input/Number.h"
 #include "PointCollections/Input/PointColumns.h"
+#include "PointCollections/Text/Translated.h"
 #include "PointCollections/Text/UserError.h"
 
 #include <algorithm>
@@ -54,7 +55,7 @@ TableHeader headerOf(std::string_view text, const std::string& name, char separa
   const auto start = csv;
   TableHeader header = {.separator = separator};
   if (!csv.readRow(header.columns))
-    csv.fail("the file is empty; expected the header collection,x,y,z");
+    csv.fail(translated("the file is empty; expected the header collection,x,y,z"));
   for (auto& column : header.columns)
     column = std::string(trimmed(column));
   header.line = csv.rowLine();

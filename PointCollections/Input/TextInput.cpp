@@ -3,6 +3,8 @@
 
 #include "PointCollections/Input/Encoding.h"
 #include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/SystemReason.h"
+#include "PointCollections/Text/Translated.h"
 #include "PointCollections/Text/UserError.h"
 #include "PointCollections/Text/Utf8.h"
 
@@ -22,12 +24,18 @@ std::string shown(const std::filesystem::path& path)
   return path.empty() ? "\"\"" : printable(Utf8::fromPath(path));
 }
 
+[[noreturn]] void fail(const std::string& name, const std::string& message)
+{
+  throw UserError(fmt::format("{}: {}", name, message));
+}
+
 [[noreturn]] void refuseNul(const std::string& name, std::string_view text, std::size_t nul)
 {
   refuseOtherEncodings(text, name);
   const auto before = text.substr(0, nul);
   const auto line = std::count(before.begin(), before.end(), '\n') + 1;
-  throw UserError(fmt::format("{}:{}: a NUL byte; expected a text file in UTF-8", name, line));
+  throw UserError(fmt::format("{}:{}: {}", name, line,
+                              translated("a NUL byte; expected a text file in UTF-8")));
 }
 
 }
@@ -36,14 +44,14 @@ std::ifstream openText(const std::filesystem::path& path)
 {
   std::error_code ignored;
   if (std::filesystem::is_directory(path, ignored))
-    throw UserError(fmt::format("{}: this is a directory; expected a file", shown(path)));
+    fail(shown(path), translated("this is a directory; expected a file"));
   errno = 0;
   std::ifstream file(path, std::ios::binary);
   if (!file) {
     const int reason = errno;
-    throw UserError(fmt::format("{}: the file cannot be opened{}", shown(path),
-                                reason != 0 ? " (" + std::generic_category().message(reason) + ")"
-                                            : std::string()));
+    fail(shown(path), reason != 0 ? translated("the file cannot be opened ({})",
+                                               systemReason({reason, std::generic_category()}))
+                                  : translated("the file cannot be opened"));
   }
   return file;
 }
@@ -68,7 +76,7 @@ std::string readText(std::istream& input, const std::string& name)
       refuseNul(name, text, nul);
   }
   if (input.bad())
-    throw UserError(fmt::format("{}: reading the file failed", name));
+    fail(name, translated("reading the file failed"));
   return text;
 }
 
@@ -79,8 +87,9 @@ std::optional<std::string> readLine(std::istream& input)
   try {
     while (input.get(c) && c != '\n') {
       if (line.size() == longestLine)
-        throw UserError(
-            fmt::format("a line of more than {} bytes; expected a shorter one", longestLine));
+        throw UserError(translatedCount(longestLine,
+                                        "a line of more than {} byte; expected a shorter one",
+                                        "a line of more than {} bytes; expected a shorter one"));
       line += c;
     }
   } catch (const std::bad_alloc&) {
@@ -88,7 +97,7 @@ std::optional<std::string> readLine(std::istream& input)
     throw;
   }
   if (input.bad())
-    throw UserError("reading failed");
+    throw UserError(translated("reading failed"));
   if (!input && line.empty())
     return std::nullopt;
   if (line.ends_with('\r'))

@@ -7,6 +7,7 @@
 #include "PersistenceArchiver/PersistenceArchiver.h"
 #include "PointCollections/Text/Interruption.h"
 #include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/Translated.h"
 #include "PointCollections/Text/UserError.h"
 #include "PointCollections/Text/Utf8.h"
 
@@ -32,6 +33,8 @@ struct PointProject {
   static void serialization_register(void* out);
 };
 
+/// What is wrong with the bytes of a project is told in English, as by the archive itself: it helps
+/// those who repair files. Only the sentences around it are in the user's language.
 /// @param position  of what is wrong in the archive
 [[noreturn]] void refuse(std::uint64_t position, const std::string& message)
 {
@@ -265,7 +268,7 @@ std::vector<std::byte> saveProject(PointDocument& document)
     const auto bytes = archive.finish();
     return {bytes.begin(), bytes.end()};
   } catch (const ArchiveError& error) {
-    throw UserError("the document cannot be saved: " + messageOf(error));
+    throw UserError(translated("the document cannot be saved: {}", messageOf(error)));
   }
 }
 
@@ -308,7 +311,8 @@ std::shared_ptr<PointDocument> loadProject(std::span<const std::byte> bytes,
   } catch (const ArchiveError& error) {
     throw UserError(fmt::format("{}, {}", name, messageOf(error)));
   } catch (const std::bad_alloc&) {
-    throw UserError(fmt::format("{}: there is not enough memory for this project", name));
+    throw UserError(
+        fmt::format("{}: {}", name, translated("there is not enough memory for this project")));
   }
 }
 

@@ -3,11 +3,13 @@
 
 #include "PointCollections/Text/Interruption.h"
 #include "PointCollections/Text/Quoting.h"
-
-#include <fmt/format.h>
+#include "PointCollections/Text/SystemReason.h"
+#include "PointCollections/Text/Translated.h"
+#include "PointCollections/Text/Utf8.h"
 
 #include <algorithm>
 #include <exception>
+#include <stdexcept>
 #include <system_error>
 #include <utility>
 
@@ -16,6 +18,20 @@ namespace {
 
 /// Writing takes at most this part of the time.
 constexpr int shareOfWriting = 20;
+
+/// In the user's language if it is a reason of the operating system that has a translation; then
+/// with the file, if any. In English, what() may tell more.
+std::string reasonOf(const std::exception& error)
+{
+  const auto* const ofSystem = dynamic_cast<const std::system_error*>(&error);
+  if (ofSystem == nullptr)
+    return error.what();
+  const auto reason = systemReason(ofSystem->code());
+  if (reason == ofSystem->code().default_error_condition().message())
+    return error.what();
+  const auto* const ofFile = dynamic_cast<const std::filesystem::filesystem_error*>(&error);
+  return ofFile != nullptr ? Utf8::fromPath(ofFile->path1()) + ": " + reason : reason;
+}
 
 }
 
@@ -89,9 +105,9 @@ void Recovery::write(Time now) noexcept
     m_problem.clear();
   } catch (const std::exception& error) {
     try {
-      m_problem = fmt::format("no copy of the unsaved changes can be kept for the case of a crash "
-                              "({}); save often",
-                              printable(error.what()));
+      m_problem = translated("no copy of the unsaved changes can be kept for the case of a crash "
+                             "({}); save often",
+                             printable(reasonOf(error)));
     } catch (...) { // there is not even memory for the text
       m_problem.clear();
     }
@@ -119,8 +135,9 @@ void Recovery::writeSomewhere()
     m_file->write(bytes, modelFor(*m_file));
     return;
   }
-  std::exception_ptr problem =
-      std::make_exception_ptr(std::runtime_error("the system names no folder for that"));
+  std::exception_ptr problem = std::make_exception_ptr(
+      // For translators: the reason why no copy can be kept; in parentheses
+      std::runtime_error(translated("the system names no folder for that")));
   for (const auto& place : recoveryPlaces(opened.file, m_stateFolder)) {
     try {
       auto file = RecoveryFile::make(place);

@@ -6,6 +6,7 @@
 #include "PersistenceArchiver/PersistenceArchiver.h"
 #include "PointCollections/Project/ProjectFile.h"
 #include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/Translated.h"
 #include "PointCollections/Text/UserError.h"
 #include "PointCollections/Text/Utf8.h"
 
@@ -113,7 +114,8 @@ RecoveryRecord loadRecovery(std::span<const std::byte> bytes, const std::string&
   } catch (const ArchiveError& error) {
     throw UserError(fmt::format("{}: {}", name, printable(abbreviated(error.what(), 500))));
   } catch (const std::bad_alloc&) {
-    throw UserError(fmt::format("{}: there is not enough memory for this file", name));
+    throw UserError(
+        fmt::format("{}: {}", name, translated("there is not enough memory for this file")));
   }
 }
 

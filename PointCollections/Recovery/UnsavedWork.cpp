@@ -2,11 +2,11 @@
 #include "PointCollections/Recovery/UnsavedWork.h"
 
 #include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/Translated.h"
 #include "PointCollections/Text/UserError.h"
 #include "PointCollections/Text/Utf8.h"
 
 #include <fmt/chrono.h>
-#include <fmt/format.h>
 
 #include <algorithm>
 #include <utility>
@@ -54,9 +54,11 @@ std::string afterwards(FileSince since)
   case FileSince::Same:
     return {};
   case FileSince::Changed:
-    return "; the file has been changed since";
+    // For translators: follows "2 elements with 4 points, written on 2026-02-28 at 13:59:00"
+    return translated("; the file has been changed since");
   case FileSince::Gone:
-    return "; the file has been removed since";
+    // For translators: follows "2 elements with 4 points, written on 2026-02-28 at 13:59:00"
+    return translated("; the file has been removed since");
   }
   return {};
 }
@@ -91,9 +93,12 @@ FoundWork findUnsavedWork(Files& files,
 std::string summaryOf(const UnsavedWork& work)
 {
   const auto written = std::chrono::system_clock::to_time_t(work.record.written);
-  return fmt::format("{}, written on {:%Y-%m-%d at %H:%M:%S}{}",
-                     contentOf(*work.record.opened.document), fmt::localtime(written),
-                     afterwards(work.fileSince));
+  // For translators: {0} is "2 elements with 4 points"; {1:...} is a time, with %Y for the year, %m
+  // for the month, %d for the day, and %H, %M and %S for hours, minutes and seconds: change the
+  // order and what is between, as in {1:%d.%m.%Y, %H:%M:%S}
+  return translated("{0}, written on {1:%Y-%m-%d at %H:%M:%S}",
+                    contentOf(*work.record.opened.document), fmt::localtime(written)) +
+         afterwards(work.fileSince);
 }
 
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Selection/Lookup.h"
 
+#include "PointCollections/Text/Lists.h"
 #include "PointCollections/Text/NearestName.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
@@ -25,10 +26,14 @@ bool isPlace(const Word& word)
 std::size_t givenPlace(const Word& word, std::size_t groups)
 {
   const Word number = {word.text.substr(1), false};
-  const std::size_t place = positiveNumber(number, "the place of a group after @");
+  const std::size_t place = positiveNumber(
+      number,
+      translatable("the place of a group after @ is {}; expected a whole number from 1 up"));
   if (place > groups)
-    throw UserError(fmt::format("there is no group at place {}; there {} {}", number.text,
-                                groups == 1 ? "is" : "are", pluralize(groups, "group")));
+    // For translators: {1} is the place, {0} the number of groups
+    throw UserError(translatedCount(groups, "there is no group at place {1}; there is {0} group",
+                                    "there is no group at place {1}; there are {0} groups",
+                                    number.text));
   return place - 1;
 }
 
@@ -68,21 +73,30 @@ private:
   [[noreturn]] void refuseUnknown(const std::string& name) const
   {
     const auto names = groupNames(m_document);
-    throw UserError(fmt::format(
-        "there is no group named {}{}", displayName(name),
-        suggestion(name, names, names.empty() ? "create makes one" : "show lists the groups")));
+    // For translators: "create" is a command that the user types
+    const auto otherwise = names.empty() ? translated("create makes one")
+                                         // For translators: "show" is what the user types
+                                         : translated("show lists the groups");
+    throw UserError(translated("there is no group named {}", displayName(name)) +
+                    suggestion(name, names, otherwise));
   }
 
   [[noreturn]] static void refuseAmbiguous(const std::string& name,
                                            const std::vector<std::size_t>& indices)
   {
     constexpr std::size_t mostPlaces = 10;
-    std::string places;
+    std::vector<std::string> places;
     for (std::size_t i = 0; i < std::min(indices.size(), mostPlaces); ++i)
-      places += fmt::format("{}@{}", i == 0 ? "" : " or ", indices[i] + 1);
-    throw UserError(fmt::format("{} is the name of {}; write {}{} to say which you mean",
-                                displayName(name), pluralize(indices.size(), "group"), places,
-                                indices.size() > mostPlaces ? " or another place" : ""));
+      places.push_back(fmt::format("@{}", indices[i] + 1));
+    if (indices.size() > mostPlaces)
+      // For translators: the last of several things to choose from: "@1 or @2 or another place"
+      places.push_back(translated("another place"));
+    throw UserError(translatedCount(
+        indices.size(),
+        // For translators: {1} is a name, {0} a number, {2} what to choose from: "@1 or @2"
+        "{1} is the name of {0} group; write {2} to say which you mean",
+        "{1} is the name of {0} groups; write {2} to say which you mean", displayName(name),
+        listedWithOr(places)));
   }
 
   PointDocument& m_document;
@@ -140,8 +154,8 @@ std::vector<const TKGroup<GUIdentifier>*> groupsNamed(PointDocument& document,
     const std::size_t index = named.indexOf(word);
     groups.push_back(&document.getGroups()[index]);
     if (isGiven[index])
-      throw UserError(fmt::format("{} is given twice; name each group once",
-                                  displayName(groups.back()->getName())));
+      throw UserError(translated("{} is given twice; name each group once",
+                                 displayName(groups.back()->getName())));
     isGiven[index] = true;
   }
   return groups;
@@ -161,12 +175,13 @@ GUIdentifier elementNamed(const PointDocument& document, const Word& word)
   const PointCollection* found = document.findByName(word.text);
   if (found == nullptr)
     throw UserError(
-        fmt::format("there is no element named {}{}", displayName(word.text),
-                    suggestion(word.text, elementNames(document), "show --all lists them")));
+        translated("there is no element named {}", displayName(word.text)) +
+        // For translators: "show --all" is what the user types
+        suggestion(word.text, elementNames(document), translated("show --all lists them")));
   return found->id;
 }
 
-std::size_t positiveNumber(const Word& word, const std::string& what)
+std::size_t positiveNumber(const Word& word, fmt::format_string<const std::string&> mistake)
 {
   std::size_t value = 0;
   const char* end = word.text.data() + word.text.size();
@@ -174,8 +189,7 @@ std::size_t positiveNumber(const Word& word, const std::string& what)
   if (error == std::errc::result_out_of_range && stop == end)
     return std::numeric_limits<std::size_t>::max();
   if (error != std::errc() || stop != end || value == 0)
-    throw UserError(
-        fmt::format("{} is {}; expected a whole number from 1 up", what, displayName(word.text)));
+    throw UserError(translated(mistake, displayName(word.text)));
   return value;
 }
 

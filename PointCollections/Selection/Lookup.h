@@ -4,6 +4,7 @@
 #include "Identifier/GUIdentifier.h"
 #include "Identifier/Identifier.h"
 #include "PointCollections/Document/PointDocument.h"
+#include "PointCollections/Text/Translated.h"
 #include "PointCollections/Text/Words.h"
 
 #include <cstddef>
@@ -47,8 +48,9 @@ GUIdentifier elementNamed(const PointDocument& document, const Word& word);
 
 /// The whole number that the word gives, at least 1. A number that is too large for the result
 /// gives the largest value.
-/// @param what  what the number is, for messages: "the number of steps"
+/// @param mistake  the message about another word, in English, which is translated when it is
+///                 needed: translatable("the place is {}; expected a whole number from 1 up")
 /// @throws UserError if it is anything else
-std::size_t positiveNumber(const Word& word, const std::string& what);
+std::size_t positiveNumber(const Word& word, fmt::format_string<const std::string&> mistake);
 
 }

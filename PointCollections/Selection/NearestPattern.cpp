@@ -7,7 +7,7 @@
 #include "PointCollections/Text/Utf8.h"
 
 #include <algorithm>
-#include <string_view>
+#include <optional>
 #include <unordered_set>
 
 namespace Tarvik::PointCollections {
@@ -29,10 +29,8 @@ void addStarts(std::vector<std::string>& starts,
   }
 }
 
-}
-
-std::optional<std::string> suggestedPattern(const Word& pattern,
-                                            const std::vector<std::string>& names)
+/// Nothing if no start is close.
+std::optional<Word> nearestPattern(const Word& pattern, const std::vector<std::string>& names)
 {
   const auto end = std::min(pattern.findPlain("*?"), pattern.text.size());
   const auto start = pattern.text.substr(0, end);
@@ -50,7 +48,17 @@ std::optional<std::string> suggestedPattern(const Word& pattern,
   const Pattern matcher(other);
   const bool matchesAny = std::any_of(names.begin(), names.end(),
                                       [&](const auto& name) { return matcher.matches(name); });
-  return matchesAny ? std::optional("did you mean " + asTyped(other) + '?') : std::nullopt;
+  return matchesAny ? std::optional(other) : std::nullopt;
+}
+
+}
+
+std::string patternSuggestion(const Word& pattern,
+                              const std::vector<std::string>& names,
+                              std::string_view otherwise)
+{
+  const auto nearest = nearestPattern(pattern, names);
+  return nearest ? questionAbout(asTyped(*nearest)) : hint(otherwise);
 }
 
 }

@@ -3,15 +3,16 @@
 
 #include "PointCollections/Text/Words.h"
 
-#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace Tarvik::PointCollections {
 
-/// "did you mean Asia*?": for a pattern that matches none of the names, one with another start that
-/// some of them have. Nothing if no start is close; see nearestName().
-std::optional<std::string> suggestedPattern(const Word& pattern,
-                                            const std::vector<std::string>& names);
+/// "; did you mean Asia*?": for a pattern that matches none of the names, one with another start
+/// that some of them have. "; " and `otherwise` if no start is close; see suggestion().
+std::string patternSuggestion(const Word& pattern,
+                              const std::vector<std::string>& names,
+                              std::string_view otherwise);
 
 }

@@ -4,11 +4,11 @@
 #include "PointCollections/Selection/Lookup.h"
 #include "PointCollections/Selection/NearestPattern.h"
 #include "PointCollections/Selection/Pattern.h"
+#include "PointCollections/Selection/SearchedPlace.h"
 #include "PointCollections/Selection/ShownWord.h"
 #include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/Translated.h"
 #include "PointCollections/Text/UserError.h"
-
-#include <fmt/format.h>
 
 #include <algorithm>
 #include <cstddef>
@@ -21,7 +21,7 @@ using Elements = std::vector<GUIdentifier>;
 
 ElementList listOf(const TKGroup<GUIdentifier>& group)
 {
-  return {&group.getGroupMembers(), " in " + displayName(group.getName())};
+  return {&group.getGroupMembers(), ElementList::Kind::Group, displayName(group.getName())};
 }
 
 std::vector<ElementList> groupsMatching(PointDocument& document, const Word& word)
@@ -33,9 +33,10 @@ std::vector<ElementList> groupsMatching(PointDocument& document, const Word& wor
       lists.push_back(listOf(group));
   }
   if (lists.empty())
-    throw UserError(fmt::format(
-        "no group matches {}; {}", shownWord(word),
-        suggestedPattern(word, groupNames(document)).value_or("show --groups lists them")));
+    throw UserError(
+        translated("no group matches {}", shownWord(word)) +
+        // For translators: "show --groups" is what the user types
+        patternSuggestion(word, groupNames(document), translated("show --groups lists them")));
   return lists;
 }
 
@@ -47,19 +48,13 @@ std::size_t countElements(const std::vector<ElementList>& lists)
   return count;
 }
 
-std::string placeOf(const std::vector<ElementList>& lists)
-{
-  return lists.size() == 1 ? lists.front().place : " in " + pluralize(lists.size(), "group");
-}
-
 Elements atPlaces(const std::vector<ElementList>& lists, const SelectionTerm& term)
 {
   const auto size = lists.front().elements->size();
   const auto [first, last] = typedPlaces(term.what);
   if (lists.size() == 1 && (term.first > size || (!last.text.empty() && term.last > size)))
-    throw UserError(fmt::format("there is no element at place {}{}; the last place is {}",
-                                shownWord(last.text.empty() ? first : last), lists.front().place,
-                                size));
+    throw UserError(
+        SearchedPlace(lists).endsBefore(shownWord(last.text.empty() ? first : last), size));
   Elements result;
   for (const auto& list : lists) {
     const auto begin = std::min(term.first - 1, list.elements->size());
@@ -68,8 +63,7 @@ Elements atPlaces(const std::vector<ElementList>& lists, const SelectionTerm& te
                   list.elements->begin() + static_cast<std::ptrdiff_t>(end));
   }
   if (result.empty())
-    throw UserError(
-        fmt::format("there is no element at place {}{}", shownWord(first), placeOf(lists)));
+    throw UserError(SearchedPlace(lists).endsBefore(shownWord(first), size));
   return result;
 }
 
@@ -98,9 +92,10 @@ matching(const PointDocument& document, const std::vector<ElementList>& lists, c
                    return collection != nullptr && pattern.matches(collection->name);
                  });
   if (result.empty())
-    throw UserError(fmt::format("nothing{} matches {}; {}", placeOf(lists), shownWord(word),
-                                suggestedPattern(word, namesIn(document, lists))
-                                    .value_or("find looks for a part of a name")));
+    throw UserError(SearchedPlace(lists).hasNoMatch(shownWord(word)) +
+                    patternSuggestion(word, namesIn(document, lists),
+                                      // For translators: "find" is a command that the user types
+                                      translated("find looks for a part of a name")));
   return result;
 }
 
@@ -112,8 +107,7 @@ named(const PointDocument& document, const std::vector<ElementList>& lists, cons
     if (std::find(list.elements->begin(), list.elements->end(), element) != list.elements->end())
       return {element};
   }
-  throw UserError(fmt::format("{0} is not{1}; where {0} tells where it is", displayName(word.text),
-                              placeOf(lists)));
+  throw UserError(SearchedPlace(lists).lacks(displayName(word.text)));
 }
 
 }
@@ -121,9 +115,9 @@ named(const PointDocument& document, const std::vector<ElementList>& lists, cons
 std::vector<ElementList> listsOf(PointDocument& document, const SelectionTerm& term)
 {
   if (!term.group)
-    return {{&document.order(), ""}};
+    return {{&document.order(), ElementList::Kind::All}};
   if (term.group->text.empty() && !term.group->isQuoted)
-    return {{&document.ungroupedElements(), " among the ungrouped elements"}};
+    return {{&document.ungroupedElements(), ElementList::Kind::Ungrouped}};
   if (Pattern::isPattern(*term.group))
     return groupsMatching(document, *term.group);
   return {listOf(groupNamed(document, *term.group))};
@@ -134,7 +128,7 @@ std::vector<GUIdentifier> selectedIn(const PointDocument& document,
                                      const SelectionTerm& term)
 {
   if (countElements(lists) == 0)
-    throw UserError(fmt::format("there are no elements{}", placeOf(lists)));
+    throw UserError(SearchedPlace(lists).isEmpty());
   switch (term.kind) {
   case SelectionTerm::Kind::Places:
     return atPlaces(lists, term);

@@ -12,8 +12,11 @@ namespace Tarvik::PointCollections {
 
 /// The members of a group, the ungrouped elements or all elements.
 struct ElementList {
+  enum class Kind { All, Ungrouped, Group };
+
   const std::vector<GUIdentifier>* elements; ///< valid until the groups change; not null
-  std::string place;                         ///< for messages: " in Europe"; empty for all elements
+  Kind kind = Kind::All;
+  std::string group = {}; ///< its name for messages, as displayName() shows it
 };
 
 /// The lists of a term that is no file.

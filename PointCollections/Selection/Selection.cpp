@@ -6,6 +6,7 @@
 #include "PointCollections/Selection/SelectedLists.h"
 #include "PointCollections/Text/Interruption.h"
 #include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/Translated.h"
 #include "PointCollections/Text/UserError.h"
 #include "PointCollections/Text/Utf8.h"
 
@@ -67,8 +68,8 @@ void checkForGroup(PointDocument& document, const Word& word)
   if (document.findByName(word.text) == nullptr &&
       std::any_of(groups.begin(), groups.end(),
                   [&](const auto& group) { return group.getName() == word.text; }))
-    throw UserError(fmt::format("{0} is a group, not an element; write {0}:* for its members",
-                                displayName(word.text)));
+    throw UserError(translated("{0} is a group, not an element; write {0}:* for its members",
+                               displayName(word.text)));
 }
 
 /// Reports a name with blanks that was typed without quotes.
@@ -82,7 +83,7 @@ void checkForMissingQuotes(const PointDocument& document, WordIterator word, Wor
   for (++word; word != last; ++word) {
     name += ' ' + word->text;
     if (document.findByName(name) != nullptr)
-      throw UserError(fmt::format("a name with blanks needs quotes; write {}", asTyped(name)));
+      throw UserError(translated("a name with blanks needs quotes; write {}", asTyped(name)));
   }
 }
 
@@ -90,9 +91,9 @@ void checkForMissingQuotes(const PointDocument& document, WordIterator word, Wor
 void checkForUnquotedName(const PointDocument& document, const Word& word)
 {
   if (!word.isMixed() && document.findByName(word.text) != nullptr)
-    throw UserError(fmt::format("{0} is the name of an element, but has a meaning without quotes; "
-                                "write {1} for the element",
-                                displayName(word.text), inQuotes(word.text)));
+    throw UserError(translated("{0} is the name of an element, but has a meaning without quotes; "
+                               "write {1} for the element",
+                               displayName(word.text), inQuotes(word.text)));
 }
 
 /// Whether the word is a pattern for all elements, like New*.
@@ -109,7 +110,7 @@ std::string nameOnLine(std::string_view line)
     return std::string(line);
   const auto words = splitWords(line);
   if (words.size() != 1)
-    throw UserError("text after the closing quote; expected one name on the line");
+    throw UserError(translated("text after the closing quote; expected one name on the line"));
   return words.front().text;
 }
 
@@ -143,7 +144,7 @@ std::vector<GUIdentifier> Selection::elements(std::span<const Word> words) const
       all.add(element);
       if (isName && !named.add(element))
         throw UserError(
-            fmt::format("{} is given twice; name each element once", displayName(word->text)));
+            translated("{} is given twice; name each element once", displayName(word->text)));
     }
   }
   return all.take();
@@ -153,8 +154,10 @@ GUIdentifier Selection::element(const Word& word) const
 {
   const auto selected = elements({&word, 1});
   if (selected.size() > 1)
-    throw UserError(fmt::format("{} selects {} elements; name one",
-                                printable(abbreviated(asTyped(word), 60)), selected.size()));
+    // For translators: {1} is what the user has typed, {0} the number of elements
+    throw UserError(translatedCount(selected.size(), "{1} selects {0} element; name one",
+                                    "{1} selects {0} elements; name one",
+                                    printable(abbreviated(asTyped(word), 60))));
   return selected.front();
 }
 
@@ -192,7 +195,7 @@ std::vector<GUIdentifier> Selection::inFile(const Word& file) const
   }
   if (selected.empty())
     throw UserError(
-        fmt::format("{} has no names; expected one on each line", displayName(file.text)));
+        translated("{} has no names; expected one on each line", displayName(file.text)));
   return selected;
 }
 

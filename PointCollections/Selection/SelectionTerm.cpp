@@ -4,10 +4,8 @@
 #include "PointCollections/Selection/Lookup.h"
 #include "PointCollections/Selection/Pattern.h"
 #include "PointCollections/Selection/ShownWord.h"
-#include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/Translated.h"
 #include "PointCollections/Text/UserError.h"
-
-#include <fmt/format.h>
 
 #include <algorithm>
 
@@ -42,12 +40,14 @@ SelectionTerm placesIn(SelectionTerm term)
 {
   const auto [first, last] = typedPlaces(term.what);
   term.kind = Kind::Places;
-  term.first = positiveNumber(first, "the first place");
+  term.first = positiveNumber(
+      first, translatable("the first place is {}; expected a whole number from 1 up"));
   if (!last.text.empty())
-    term.last = positiveNumber(last, "the last place");
+    term.last = positiveNumber(
+        last, translatable("the last place is {}; expected a whole number from 1 up"));
   if (term.last < term.first)
-    throw UserError(fmt::format("the places {} are backwards; write {}-{}", shownWord(term.what),
-                                shownWord(last), shownWord(first)));
+    throw UserError(translated("the places {} are backwards; write {}-{}", shownWord(term.what),
+                               shownWord(last), shownWord(first)));
   return term;
 }
 
@@ -55,11 +55,11 @@ SelectionTerm fileTerm(const Word& word)
 {
   auto file = word.part(1, word.text.size());
   if (file.text.empty())
-    throw UserError("the name of a file is missing after @; write @names.txt");
+    throw UserError(translated("the name of a file is missing after @; write @names.txt"));
   if (isNumber(file.text) && !file.isQuoted)
-    throw UserError(fmt::format("{0} is the place of a group; write {0}:* for its members, or "
-                                "@./{1} for a file",
-                                shownWord(word), file.text));
+    throw UserError(translated("{0} is the place of a group; write {0}:* for its members, or "
+                               "@./{1} for a file",
+                               shownWord(word), file.text));
   return {.kind = Kind::File, .group = {}, .what = std::move(file)};
 }
 
@@ -68,9 +68,11 @@ Kind kindOfName(const Word& word)
   if (!Pattern::isPattern(word))
     return Kind::Name;
   if (word.text.size() > longestPattern)
-    throw UserError(fmt::format("a pattern of more than {} bytes; expected a shorter one, or @FILE "
-                                "for a file of names",
-                                longestPattern));
+    throw UserError(translatedCount(longestPattern,
+                                    "a pattern of more than {} byte; expected a shorter one, or "
+                                    "@FILE for a file of names",
+                                    "a pattern of more than {} bytes; expected a shorter one, or "
+                                    "@FILE for a file of names"));
   return Kind::Pattern;
 }
 
@@ -103,9 +105,9 @@ SelectionTerm termOf(const Word& word)
   term.group = word.part(0, colon);
   term.what = word.part(colon + 1, word.text.size());
   if (term.what.text.empty())
-    throw UserError(fmt::format("{0} lacks what is after the colon; write {0}* for all members, "
-                                "or {0}1-3 for the first three",
-                                shownWord(word)));
+    throw UserError(translated("{0} lacks what is after the colon; write {0}* for all members, "
+                               "or {0}1-3 for the first three",
+                               shownWord(word)));
   if (arePlaces(term.what))
     return placesIn(std::move(term));
   term.kind = kindOfName(term.what);

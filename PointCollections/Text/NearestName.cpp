@@ -3,6 +3,7 @@
 
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/Spelling.h"
+#include "PointCollections/Text/Translated.h"
 #include "PointCollections/Text/Utf8.h"
 
 #include <algorithm>
@@ -118,15 +119,29 @@ std::optional<std::string> lookalike(std::string_view word,
   return found != candidates.end() ? std::optional(*found) : std::nullopt;
 }
 
+std::string questionAbout(const std::string& typed)
+{
+  // For translators: follows a message, as in "there is no group named Berlni"
+  return translated("; did you mean {}?", typed);
+}
+
+std::string hint(std::string_view text)
+{
+  // For translators: joins a hint to the message before it, as in "there is no group named
+  // Berlni; show lists the groups"
+  return translated("; {}", text);
+}
+
 std::string suggestion(std::string_view word,
                        const std::vector<std::string>& candidates,
                        std::string_view otherwise)
 {
   if (const auto same = lookalike(word, candidates))
-    return "; did you mean " + spelledApart(*same, word) +
-           ", which looks the same but is written differently?";
+    // For translators: follows a message, as in "there is no group named Berlin"
+    return translated("; did you mean {}, which looks the same but is written differently?",
+                      spelledApart(*same, word));
   const auto nearest = nearestName(word, candidates);
-  return "; " + (nearest ? "did you mean " + asTyped(*nearest) + '?' : std::string(otherwise));
+  return nearest ? questionAbout(asTyped(*nearest)) : hint(otherwise);
 }
 
 }

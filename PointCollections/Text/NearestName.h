@@ -22,8 +22,17 @@ std::optional<std::string> nearestName(std::string_view word,
 std::optional<std::string> lookalike(std::string_view word,
                                      const std::vector<std::string>& candidates);
 
-/// "; did you mean Europe?", with a remark if the candidate looks the same as the word, or "; " and
-/// `otherwise` if no candidate is close.
+/// "; did you mean Europe?": follows a message about what is not there.
+/// @param typed  the name as it is typed
+std::string questionAbout(const std::string& typed);
+
+/// "; " and the text: a hint that follows a message.
+std::string hint(std::string_view text);
+
+/// questionAbout() the nearest candidate, with a remark if it looks the same as the word. If no
+/// candidate is close, the hint.
+/// @param otherwise  the hint in the user's language, without what joins it to the message: "show
+///                   lists the groups"
 std::string suggestion(std::string_view word,
                        const std::vector<std::string>& candidates,
                        std::string_view otherwise);

@@ -2,10 +2,9 @@
 #include "PointCollections/Text/Words.h"
 
 #include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/Translated.h"
 #include "PointCollections/Text/UserError.h"
 #include "PointCollections/Text/Utf8.h"
-
-#include <fmt/format.h>
 
 #include <algorithm>
 #include <charconv>
@@ -76,8 +75,9 @@ public:
 
   [[noreturn]] void fail(std::size_t at, const std::string& message) const
   {
-    throw UserError(
-        fmt::format("column {}: {}", Utf8::countCharacters(m_line.substr(0, at)) + 1, message));
+    const auto column = Utf8::countCharacters(m_line.substr(0, at)) + 1;
+    // For translators: the number of a character in a line, and what is wrong there
+    throw UserError(translated("column {}: {}", column, message));
   }
 
 private:
@@ -85,16 +85,16 @@ private:
   {
     const std::size_t invalid = Utf8::findInvalid(m_line);
     if (invalid != npos)
-      fail(invalid, fmt::format("the byte {} is not UTF-8; save or type the line as UTF-8",
-                                printable(m_line.substr(invalid, 1))));
+      fail(invalid, translated("the byte {} is not UTF-8; save or type the line as UTF-8",
+                               printable(m_line.substr(invalid, 1))));
     const auto at = static_cast<std::size_t>(
         std::find_if(m_line.begin(), m_line.end(), isForbiddenControl) - m_line.begin());
     if (at == m_line.size())
       return;
     const auto shown = printable(m_line.substr(at, 1));
     fail(at, m_line[at] == '\0'
-                 ? "a NUL byte, which no name can hold; leave it out"
-                 : fmt::format("a control character; in a name, write {} in double quotes", shown));
+                 ? translated("a NUL byte, which no name can hold; leave it out")
+                 : translated("a control character; in a name, write {} in double quotes", shown));
   }
 
   [[noreturn]] void refuseMixture(std::optional<std::size_t> misplacedQuote,
@@ -102,9 +102,9 @@ private:
   {
     if (misplacedQuote)
       fail(*misplacedQuote,
-           "a quote inside a word; put the whole name in quotes, and a \\ before a "
-           "quote that belongs to it");
-    fail(missingBlank.value_or(m_at), "a blank is missing after the closing quote");
+           translated("a quote inside a word; put the whole name in quotes, and a \\ before a "
+                      "quote that belongs to it"));
+    fail(missingBlank.value_or(m_at), translated("a blank is missing after the closing quote"));
   }
 
   std::string readPlainPart()
@@ -126,7 +126,7 @@ private:
     }
     ++m_at;
     if (Utf8::findInvalid(text) != npos || text.find('\0') != npos)
-      fail(opening, "the escapes in this name do not make valid UTF-8 without NUL");
+      fail(opening, translated("the escapes in this name do not make valid UTF-8 without NUL"));
     return text;
   }
 
@@ -152,8 +152,10 @@ private:
     constexpr std::string_view codes = "\"\\nrt";
     const std::size_t code = codes.find(rest[1]);
     if (code == npos)
-      fail(m_at,
-           R"(an unknown escape; there are \", \\, \n, \r, \t, \x with two digits and \u{...})");
+      fail(
+          m_at,
+          translated(
+              R"(an unknown escape; there are \", \\, \n, \r, \t, \x with two digits and \u{...})"));
     m_at += 2;
     return {"\"\\\n\r\t"[code]};
   }
@@ -163,7 +165,7 @@ private:
     unsigned value = 0;
     const char* end = rest.data() + 4;
     if (std::from_chars(rest.data() + 2, end, value, 16).ptr != end)
-      fail(m_at, R"(\x needs two hexadecimal digits, such as \x1B)");
+      fail(m_at, translated(R"(\x needs two hexadecimal digits, such as \x1B)"));
     m_at += 4;
     return static_cast<char>(value);
   }
@@ -179,7 +181,7 @@ private:
                           rest[2] == '{' && digits.size() < rest.size() &&
                           std::from_chars(digits.data() + start, end, value, 16).ptr == end;
     if (!isNumber || value > 0x10FFFF || (value >= 0xD800 && value <= 0xDFFF))
-      fail(m_at, R"(\u needs the number of a character in braces, such as \u{200B})");
+      fail(m_at, translated(R"(\u needs the number of a character in braces, such as \u{200B})"));
     m_at += digits.size() + 1;
     return Utf8::encode(value);
   }
@@ -248,7 +250,8 @@ std::vector<Word> splitWords(std::string_view line)
   while (scanner.findWord())
     words.push_back(scanner.readWord());
   if (scanner.openQuote())
-    scanner.fail(*scanner.openQuote(), "this quote is never closed; add a \" after the name");
+    scanner.fail(*scanner.openQuote(),
+                 translated("this quote is never closed; add a \" after the name"));
   return words;
 }
 

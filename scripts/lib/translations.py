@@ -103,6 +103,9 @@ def run_xgettext(root, files, keywords):
     if shutil.which("xgettext") is None:
         raise Problem("xgettext is missing; on Debian, it is in the package gettext")
     options = ["xgettext", "--language=C++", "--from-code=UTF-8", "--keyword", "--output=-", "--files-from=-"]
+    # "% of" is no placeholder of C.
+    options += [f"--flag={keyword.split(':')[0]}:{place}:no-c-format"
+                for keyword in keywords for place in re.findall(r"[0-9]+(?!c)", keyword.split(":")[1])]
     result = subprocess.run(options + ["--keyword=" + keyword for keyword in keywords], cwd=root,
                             input="\n".join(files), capture_output=True, encoding="utf-8")
     if result.returncode != 0:

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Console/Shell/AnswerInNeed.h"
 
-#include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/Translated.h"
 
 #include <new>
 #include <optional>
@@ -14,10 +14,13 @@ namespace {
 std::optional<UserError> withLoss(const UserError& error, Editor& editor)
 {
   try {
-    const auto loss = lossOf(editor);
-    if (loss.empty())
+    const auto steps = editor.stepsForgottenInNeed();
+    if (steps == 0)
       return std::nullopt;
-    std::optional<UserError> complete(std::string(error.what()) + "; " + loss);
+    // For translators: follows "there is not enough memory for this", for example
+    const auto loss = translatedCount(steps, "; {} step can no longer be undone or redone",
+                                      "; {} steps can no longer be undone or redone");
+    std::optional<UserError> complete(error.what() + loss);
     editor.takeStepsForgottenInNeed();
     return complete;
   } catch (const std::bad_alloc&) {
@@ -28,7 +31,14 @@ std::optional<UserError> withLoss(const UserError& error, Editor& editor)
 }
 
 AnswerInNeed::AnswerInNeed(Editor& editor)
-    : m_editor(editor), m_changes(editor.changes()), m_stepsInEffect(editor.stepsInEffect())
+    : m_editor(editor),
+      m_changes(editor.changes()),
+      m_stepsInEffect(editor.stepsInEffect()),
+      m_done(translated("Done. There is not enough memory to say more.")),
+      // For translators: "history" is a command that the user types
+      m_partlyDone(translated("there is not enough memory: only some of the steps were undone or "
+                              "redone; history shows which")),
+      m_nothingDone(translated("there is not enough memory for this"))
 {}
 
 std::string AnswerInNeed::take()
@@ -42,8 +52,11 @@ std::string AnswerInNeed::take()
 std::string lossOf(const Editor& editor)
 {
   const auto steps = editor.stepsForgottenInNeed();
-  return steps == 0 ? std::string()
-                    : pluralize(steps, "step") + " can no longer be undone or redone";
+  return steps == 0
+             ? std::string()
+             : translatedCount(
+                   steps, "There was not enough memory: {} step can no longer be undone or redone.",
+                   "There was not enough memory: {} steps can no longer be undone or redone.");
 }
 
 }

@@ -26,14 +26,13 @@ private:
   Editor& m_editor;
   std::size_t m_changes;
   std::size_t m_stepsInEffect;
-  std::string m_done = "Done. There is not enough memory to say more.";
-  UserError m_partlyDone{"there is not enough memory: only some of the steps were undone or "
-                         "redone; history shows which"};
-  UserError m_nothingDone{"there is not enough memory for this"};
+  std::string m_done;
+  UserError m_partlyDone;
+  UserError m_nothingDone;
 };
 
-/// What the history has lost for want of memory: "2 steps can no longer be undone or redone". Empty
-/// if there is nothing to tell.
+/// What the history has lost for want of memory: "There was not enough memory: 2 steps can no
+/// longer be undone or redone." Empty if there is nothing to tell.
 std::string lossOf(const Editor& editor);
 
 }

@@ -4,11 +4,8 @@
 #include "PointCollections/Console/Shell/AnswerInNeed.h"
 #include "PointCollections/Console/Text/Wrapping.h"
 #include "PointCollections/Console/Verbs/AllVerbs.h"
-#include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/UserError.h"
 #include "PointCollections/Text/Words.h"
-
-#include <fmt/format.h>
 
 #include <algorithm>
 #include <new>
@@ -41,7 +38,7 @@ void addLoss(std::string& answer, Editor& editor)
     const auto loss = lossOf(editor);
     if (loss.empty())
       return;
-    answer += fmt::format("{}There was not enough memory: {}.", answer.empty() ? "" : "\n", loss);
+    answer += answer.empty() ? loss : '\n' + loss;
     editor.takeStepsForgottenInNeed();
   } catch (const std::bad_alloc&) { // NOLINT(bugprone-empty-catch): a later answer tells it
   }

@@ -3,8 +3,7 @@
 
 #include "PointCollections/Console/Text/Wrapping.h"
 #include "PointCollections/Text/Quoting.h"
-
-#include <fmt/format.h>
+#include "PointCollections/Text/Translated.h"
 
 #include <utility>
 
@@ -14,8 +13,9 @@ namespace {
 /// The user's decision; later at the end of the input.
 std::string answerTo(const Question& ask)
 {
-  while (const auto line =
-             ask("Type recover, discard or later: ", {"recover", "discard", "later"})) {
+  // For translators: the user types recover, discard or later; leave these words in English
+  const auto prompt = translated("Type recover, discard or later: ");
+  while (const auto line = ask(prompt, {"recover", "discard", "later"})) {
     auto answer = firstWord(*line);
     if (answer == "recover" || answer == "discard" || answer == "later")
       return answer;
@@ -31,7 +31,8 @@ void tell(const Session& session, Transcript& transcript, const std::string& tex
 void tellMistakes(Transcript& transcript, const FoundWork& found)
 {
   for (const auto& mistake : found.mistakes)
-    transcript.error("recovery", mistake);
+    // For translators: stands before a mistake in unsaved work that is to be recovered, and a colon
+    transcript.error(translated("recovery"), mistake);
 }
 
 }
@@ -45,8 +46,10 @@ void offerUnsavedWork(Session& session,
   tellMistakes(transcript, found);
   for (auto& work : found.works) {
     tell(session, transcript,
-         fmt::format("An earlier run ended without saving its changes to {}: {}.",
-                     displayName(work.record.opened.title), summaryOf(work)));
+         // For translators: the name of a file, and what the changes are, as in "2 elements with 4
+         // points, written on 2026-02-28 at 13:59:00"
+         translated("An earlier run ended without saving its changes to {}: {}.",
+                    displayName(work.record.opened.title), summaryOf(work)));
     const auto answer = answerTo(ask);
     if (answer == "discard")
       work.remove();
@@ -55,7 +58,9 @@ void offerUnsavedWork(Session& session,
     session.editor.replaceWithUnsaved(work.record.opened);
     recovery.adopt(std::move(work));
     tell(session, transcript,
-         fmt::format("Recovered {}. It is not saved yet.", summaryOf(session.editor)));
+         // For translators: {} is a document and its content, as in "cities.tkpc: 2 elements with 4
+         // points"
+         translated("Recovered {}. It is not saved yet.", summaryOf(session.editor)));
     return;
   }
 }
@@ -65,9 +70,9 @@ void tellOfUnsavedWork(const Session& session, Transcript& transcript, const Fou
   tellMistakes(transcript, found);
   for (const auto& work : found.works)
     transcript.error(displayName(session.editor.title()),
-                     fmt::format("an earlier run ended without saving its changes ({}); they are "
-                                 "offered when the program is started on a terminal",
-                                 summaryOf(work)));
+                     translated("an earlier run ended without saving its changes ({}); they are "
+                                "offered when the program is started on a terminal",
+                                summaryOf(work)));
 }
 
 }

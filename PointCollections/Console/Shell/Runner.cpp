@@ -8,6 +8,8 @@
 #include "PointCollections/Input/Encoding.h"
 #include "PointCollections/Input/TextInput.h"
 #include "PointCollections/Text/Interruption.h"
+#include "PointCollections/Text/TextInNeed.h"
+#include "PointCollections/Text/Translated.h"
 #include "PointCollections/Text/UserError.h"
 
 #include <fmt/format.h>
@@ -26,25 +28,40 @@ bool canGoOn(const Session& session, const Transcript& transcript)
   return !session.isOver && transcript.isComplete();
 }
 
-/// Runs the action and reports the exception that it throws.
-/// @return whether it threw none
-template <class Action>
-bool runAndReport(Transcript& transcript, const std::string& where, Action&& action)
-{
-  try {
-    action();
-    return true;
-  } catch (const UserError& error) {
-    transcript.error(where, error.what());
-  } catch (const Interrupted&) {
-    transcript.error("stopped", "nothing has changed");
-  } catch (const std::bad_alloc&) {
-    transcript.error(where, "there is not enough memory for this");
-  } catch (const std::exception& error) {
-    transcript.error(where, "this could not be done: ", error.what());
+/// Runs actions, and reports the exceptions that they throw. The texts for that are there before.
+class Reporter {
+public:
+  explicit Reporter(Transcript& transcript) : m_transcript(transcript) {}
+
+  /// @param where  the place of the action
+  /// @return whether it threw none
+  template <class Action>
+  bool run(std::string_view where, Action&& action) const
+  {
+    try {
+      action();
+      return true;
+    } catch (const UserError& error) {
+      m_transcript.error(where, error.what());
+    } catch (const Interrupted&) {
+      m_transcript.error(m_stopped.text(), m_nothingChanged.text());
+    } catch (const std::bad_alloc&) {
+      m_transcript.error(where, m_noMemory.text());
+    } catch (const std::exception& error) {
+      m_transcript.error(where, m_failed.text(), error.what());
+    }
+    return false;
   }
-  return false;
-}
+
+private:
+  Transcript& m_transcript;
+  // For translators: stands before "nothing has changed" and a colon
+  TextInNeed m_stopped{translatable("stopped")};
+  TextInNeed m_nothingChanged{translatable("nothing has changed")};
+  TextInNeed m_noMemory{translatable("there is not enough memory for this")};
+  // For translators: the reason follows
+  TextInNeed m_failed{translatable("this could not be done: ")};
+};
 
 /// Runs a line, and shows on the terminal if that takes long.
 std::string runShown(Session& session, const std::string& line)
@@ -101,7 +118,8 @@ private:
 /// @return whether somebody has answered
 bool leaveAtEndOfInput(Session& session, Transcript& transcript)
 {
-  transcript.dialogue("(end of input)");
+  // For translators: stands on the terminal where the user has typed Ctrl-D
+  transcript.dialogue(translated("(end of input)"));
   const auto confirmation = session.confirmDiscarding(session);
   session.isOver = confirmation != Confirmation::Refused;
   if (confirmation == Confirmation::Missing)
@@ -120,23 +138,28 @@ void tellNotice(const Session& session, Transcript& transcript)
 {
   const auto notice = session.takeNotice ? session.takeNotice() : std::string();
   if (!notice.empty())
-    transcript.error("warning", notice);
+    // For translators: stands before a warning and a colon
+    transcript.error(translated("warning"), notice);
 }
 
 }
 
 void lookForUnsavedWork(const Session& session, Transcript& transcript)
 {
+  const TextInNeed warning(translatable("warning"));
+  const TextInNeed noMemory(
+      translatable("there is not enough memory to look for unsaved work of an earlier run; open "
+                   "the file again to find it"));
+  const TextInNeed stopped(
+      translatable("the search for unsaved work of an earlier run was stopped; open the file again "
+                   "to find it"));
   try {
     if (session.lookForUnsavedWork)
       session.lookForUnsavedWork();
   } catch (const std::bad_alloc&) {
-    transcript.error("warning", "there is not enough memory to look for unsaved work of an earlier "
-                                "run; open the file again to find it");
+    transcript.error(warning.text(), noMemory.text());
   } catch (const Interrupted&) {
-    transcript.error("warning",
-                     "the search for unsaved work of an earlier run was stopped; open the "
-                     "file again to find it");
+    transcript.error(warning.text(), stopped.text());
   }
 }
 
@@ -153,12 +176,13 @@ Question questionsTo(LineReader& reader, Session& session)
 
 bool runCommands(Session& session, Transcript& transcript, const std::vector<std::string>& commands)
 {
+  const Reporter reporter(transcript);
   std::size_t number = 0;
   for (const auto& command : commands) {
     const auto where = fmt::format("--command:{}", ++number);
     if (!canGoOn(session, transcript))
       return true;
-    if (!runAndReport(transcript, where, [&] { runScriptLine(session, transcript, command); }))
+    if (!reporter.run(where, [&] { runScriptLine(session, transcript, command); }))
       return false;
   }
   return true;
@@ -170,6 +194,7 @@ bool runScript(Session& session,
                const std::string& name)
 {
   constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+  const Reporter reporter(transcript);
   std::optional<std::string> line = "";
   for (std::size_t number = 1; line && canGoOn(session, transcript); ++number) {
     const bool isFirst = number == 1;
@@ -182,7 +207,7 @@ bool runScript(Session& session,
       if (line)
         runScriptLine(session, transcript, *line);
     };
-    if (!runAndReport(transcript, fmt::format("{}:{}", name, number), runNext))
+    if (!reporter.run(fmt::format("{}:{}", name, number), runNext))
       return false;
   }
   return true;
@@ -191,6 +216,8 @@ bool runScript(Session& session,
 bool runInteractively(Session& session, Transcript& transcript, LineReader& reader)
 {
   const QuestionsToUser questions(session, questionsTo(reader, session));
+  const Reporter reporter(transcript);
+  const TextInNeed error(translatable("error"));
   bool isAnswered = true;
   while (canGoOn(session, transcript)) {
     const auto runNext = [&] {
@@ -202,7 +229,7 @@ bool runInteractively(Session& session, Transcript& transcript, LineReader& read
       else
         isAnswered = leaveAtEndOfInput(session, transcript);
     };
-    runAndReport(transcript, "error", runNext);
+    reporter.run(error.text(), runNext);
     tellNotice(session, transcript);
   }
   if (session.isOver)

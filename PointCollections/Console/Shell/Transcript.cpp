@@ -4,6 +4,7 @@
 #include "PointCollections/Console/Text/Wrapping.h"
 #include "PointCollections/Text/Interruption.h"
 #include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/Translated.h"
 
 #include <new>
 
@@ -12,7 +13,8 @@ namespace Tarvik::PointCollections {
 namespace {
 
 /// In pieces, so that the rest of a long text can be left out.
-void print(std::ostream& output, std::string_view text, const Style& style)
+/// @param stopped  what is printed in place of the rest
+void print(std::ostream& output, std::string_view text, std::string_view stopped)
 {
   constexpr std::size_t mostAtOnce = 4096;
   do { // a short answer may tell of a change: it is printed in any case
@@ -20,13 +22,21 @@ void print(std::ostream& output, std::string_view text, const Style& style)
     output << piece << std::flush;
     text.remove_prefix(piece.size());
   } while (!text.empty() && !Interruptible::isRequested());
-  output << (text.empty() ? "" : style.faint("\n… stopped")) << '\n';
+  output << (text.empty() ? "" : stopped) << '\n';
 }
 
 }
 
 Transcript::Transcript(std::ostream& output, std::ostream& errors, Detail detail, Style style)
-    : m_output(output), m_errors(errors), m_dialogue(&output), m_detail(detail), m_style(style)
+    : m_output(output),
+      m_errors(errors),
+      m_dialogue(&output),
+      m_detail(detail),
+      m_style(style),
+      // For translators: stands before a mistake and a colon
+      m_placeInNeed(translatable("error")),
+      // For translators: stands in place of the rest of a long answer that the user has stopped
+      m_stopped(style.faint('\n' + translated("… stopped")))
 {}
 
 void Transcript::comment(std::string_view text)
@@ -58,7 +68,7 @@ void Transcript::result(std::string_view text)
 {
   endParagraph();
   if (!text.empty() && !(m_viewer && m_viewer(std::string(text))))
-    print(m_output, text, m_style);
+    print(m_output, text, m_stopped);
   m_isEmpty = m_isEmpty && text.empty();
   m_output.flush();
 }
@@ -71,7 +81,7 @@ void Transcript::dialogue(std::string_view text)
     *m_dialogue << text << std::endl;
 }
 
-void Transcript::error(const std::string& where, std::string_view message, std::string_view detail)
+void Transcript::error(std::string_view where, std::string_view message, std::string_view detail)
 {
   m_output.flush();
   if (m_columns && printWrapped(where, message, detail))
@@ -81,7 +91,7 @@ void Transcript::error(const std::string& where, std::string_view message, std::
 }
 
 /// @return false if there is not enough memory
-bool Transcript::printWrapped(const std::string& where,
+bool Transcript::printWrapped(std::string_view where,
                               std::string_view message,
                               std::string_view detail)
 {
@@ -95,12 +105,12 @@ bool Transcript::printWrapped(const std::string& where,
   }
 }
 
-void Transcript::printPlace(const std::string& where)
+void Transcript::printPlace(std::string_view where)
 {
   try {
     m_errors << m_style.alarming(printable(where) + ":");
   } catch (const std::bad_alloc&) {
-    m_errors << "error:";
+    m_errors << m_placeInNeed.text() << ':';
   }
 }
 

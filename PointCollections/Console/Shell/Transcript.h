@@ -2,6 +2,7 @@
 #pragma once
 
 #include "PointCollections/Console/Text/Style.h"
+#include "PointCollections/Text/TextInNeed.h"
 
 #include <cstddef>
 #include <functional>
@@ -12,7 +13,8 @@
 
 namespace Tarvik::PointCollections {
 
-/// What the user reads: commands, results and comments on one stream, mistakes on another.
+/// What the user reads: commands, results and comments on one stream, mistakes on another. Make it
+/// when the language is chosen.
 class Transcript {
 public:
   enum class Detail {
@@ -55,14 +57,14 @@ public:
   /// Prints a mistake. Does so even when there is no memory left, but then without the place.
   /// @param where   the place, such as "cities.pcs:3"
   /// @param detail  printed after the message
-  void error(const std::string& where, std::string_view message, std::string_view detail = {});
+  void error(std::string_view where, std::string_view message, std::string_view detail = {});
 
   /// Whether everything could be written so far.
   bool isComplete() const;
 
 private:
-  bool printWrapped(const std::string& where, std::string_view message, std::string_view detail);
-  void printPlace(const std::string& where);
+  bool printWrapped(std::string_view where, std::string_view message, std::string_view detail);
+  void printPlace(std::string_view where);
   void startBlock();
 
   std::ostream& m_output;
@@ -72,6 +74,8 @@ private:
   Style m_style;
   Viewer m_viewer;
   std::function<std::size_t()> m_columns;
+  TextInNeed m_placeInNeed; ///< in place of one that there is no memory for
+  std::string m_stopped;    ///< the end of a text whose rest is left out
   bool m_isEmpty = true;
   bool m_isInParagraph = false;
 };

@@ -3,8 +3,8 @@
 
 #include "PointCollections/Console/Shell/Interpreter.h"
 #include "PointCollections/Text/Quoting.h"
-
-#include <fmt/format.h>
+#include "PointCollections/Text/TextInNeed.h"
+#include "PointCollections/Text/Translated.h"
 
 namespace Tarvik::PointCollections {
 
@@ -21,9 +21,13 @@ Confirmation confirmDiscardingChanges(Session& session, const Question& ask)
   const auto& editor = session.editor;
   if (!editor.hasUnsavedChanges())
     return Confirmation::Given;
-  const auto prompt = fmt::format(
-      "{} has unsaved changes. Type {}, discard or cancel: ", displayName(editor.title()),
-      editor.projectFile().empty() ? "save FILE" : "save");
+  const auto title = displayName(editor.title());
+  const auto prompt =
+      editor.projectFile().empty()
+          // For translators: the user types save, discard or cancel; leave these words in English
+          ? translated("{} has unsaved changes. Type save FILE, discard or cancel: ", title)
+          // For translators: the user types save, discard or cancel; leave these words in English
+          : translated("{} has unsaved changes. Type save, discard or cancel: ", title);
   while (const auto answer = ask(prompt, {"save", "discard", "cancel"})) {
     const auto word = firstWord(*answer);
     if (word == "cancel")
@@ -42,9 +46,11 @@ void warnOfUnsavedChanges(const Session& session, Transcript& transcript)
   if (!editor.hasUnsavedChanges())
     return;
   const bool areKept = session.keepUnsavedChanges && session.keepUnsavedChanges();
-  transcript.error(displayName(editor.title()),
-                   areKept ? "the changes are kept for now; open the file again to recover them"
-                           : "the changes are not saved; save keeps them");
+  const TextInNeed warning(
+      areKept ? translatable("the changes are kept for now; open the file again to recover them")
+              // For translators: the second "save" is a command that the user types
+              : translatable("the changes are not saved; save keeps them"));
+  transcript.error(displayName(editor.title()), warning.text());
 }
 
 }

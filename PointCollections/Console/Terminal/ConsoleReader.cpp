@@ -3,6 +3,7 @@
 #include "PointCollections/Console/Terminal/LineReader.h"
 #include "PointCollections/Console/Terminal/Utf16.h"
 #include "PointCollections/Input/TextInput.h"
+#include "PointCollections/Text/Translated.h"
 #include "PointCollections/Text/UserError.h"
 
 #include <windows.h>
@@ -28,7 +29,7 @@ public:
     std::wstring line;
     while (!line.ends_with(L'\n')) {
       if (line.size() > longestLine)
-        throw UserError("this line is too long; expected a shorter one");
+        throw UserError(translated("this line is too long; expected a shorter one"));
       const auto part = read();
       if (!part)
         return std::nullopt;

@@ -4,11 +4,9 @@
 #include "PointCollections/Console/Terminal/LineReader.h"
 #include "PointCollections/Console/Terminal/Terminal.h"
 #include "PointCollections/Console/Text/DisplayWidth.h"
-
+#include "PointCollections/Text/Translated.h"
 #include "PointCollections/Text/UserError.h"
 #include "PointCollections/Text/Utf8.h"
-
-#include <fmt/format.h>
 
 #include <histedit.h>
 #include <langinfo.h>
@@ -53,7 +51,8 @@ void list(const std::vector<std::string>& candidates)
     text += isRowOver ? "\n" : std::string(width - displayWidth(candidates[i]), ' ');
   }
   if (shown < candidates.size())
-    text += fmt::format("… and {} more\n", candidates.size() - shown);
+    // For translators: stands after a list of words that complete what the user types
+    text += translatedCount(candidates.size() - shown, "… and {} more", "… and {} more") + '\n';
   std::fputs(text.c_str(), stdout);
   std::fflush(stdout);
 }

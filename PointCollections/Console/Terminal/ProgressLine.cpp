@@ -2,12 +2,12 @@
 #include "PointCollections/Console/Terminal/ProgressLine.h"
 
 #include "PointCollections/Console/Terminal/Terminal.h"
+#include "PointCollections/Console/Text/DisplayWidth.h"
 #include "PointCollections/Text/Progress.h"
 #include "PointCollections/Text/Quoting.h"
-#include "PointCollections/Text/Utf8.h"
+#include "PointCollections/Text/Translated.h"
 
-#include <fmt/format.h>
-
+#include <new>
 #include <system_error>
 #include <utility>
 
@@ -80,8 +80,12 @@ void ProgressLine::run()
     m_change.wait(lock, [this] { return m_isOver || !m_what.empty(); });
     m_change.wait_for(lock, patience, [this] { return m_isOver; });
     const auto waited = Clock::now() - m_start;
-    if (!m_what.empty() && !m_isHidden && waited >= patience)
+    if (m_what.empty() || m_isHidden || waited < patience)
+      continue;
+    try {
       show(waited);
+    } catch (const std::bad_alloc&) { // NOLINT(bugprone-empty-catch): the work goes on without it
+    }
   }
 }
 
@@ -89,11 +93,15 @@ void ProgressLine::show(Clock::duration waited)
 {
   const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(waited).count();
   const auto percent = Progress::percent();
-  const auto text = percent ? fmt::format("{} … {} % after {} s", m_what, *percent, seconds)
-                            : fmt::format("{} … {} s", m_what, seconds);
+  const auto text = percent
+                        // xgettext:no-c-format
+                        // For translators: what the program does, how far it is, and seconds
+                        ? translated("{} … {} % after {} s", m_what, *percent, seconds)
+                        // For translators: what the program does, and seconds
+                        : translated("{} … {} s", m_what, seconds);
   clear();
   *m_terminal << text << std::flush;
-  m_width = Utf8::countCharacters(text);
+  m_width = displayWidth(text);
 }
 
 /// Overwrites the line with blanks: not every terminal knows how to erase.

@@ -54,7 +54,7 @@ private:
   std::string m_what; ///< empty without work
   bool m_isHidden = false;
   bool m_isOver = false;
-  std::size_t m_width = 0; ///< of what is shown, in characters
+  std::size_t m_width = 0; ///< of what is shown, in columns
   Clock::time_point m_start;
   std::thread m_thread; // the last one: it uses the others
 };

@@ -2,6 +2,7 @@
 #include "PointCollections/Console/Verbs/AlikeGroups.h"
 
 #include "PointCollections/Text/Spelling.h"
+#include "PointCollections/Text/Translated.h"
 
 #include <algorithm>
 
@@ -15,8 +16,9 @@ std::string remarkOnAlikeGroup(PointDocument& document, const std::string& name)
                                   [&](const auto& group) { return looksTheSame(group.getName()); });
   if (found == groups.end())
     return {};
-  return "; the group " + spelledApart(found->getName(), name) +
-         " looks the same, but is written differently";
+  // For translators: at the end of "Created {} with {}{}{}." or "Renamed {} to {}{}.".
+  return translated("; the group {} looks the same, but is written differently",
+                    spelledApart(found->getName(), name));
 }
 
 }

@@ -4,9 +4,8 @@
 #include "PointCollections/Console/Verbs/Verb.h"
 #include "PointCollections/Text/NearestName.h"
 #include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/Translated.h"
 #include "PointCollections/Text/UserError.h"
-
-#include <fmt/format.h>
 
 #include <algorithm>
 
@@ -29,9 +28,14 @@ const Option& optionFor(const Verb& verb, const Word& word)
   for (const Option& option : verb.options)
     names.push_back(option.name);
   const auto nearest = nearestName(word.text, names);
-  throw UserError(fmt::format("{} has no option {}; {}", verb.name,
-                              printable(abbreviated(word.text, 60)),
-                              nearest ? "did you mean " + *nearest + '?' : "usage: " + verb.usage));
+  const auto option = printable(abbreviated(word.text, 60));
+  if (nearest) {
+    throw UserError(
+        // For translators: {0} is a command; {1} and {2} are options, such as --end.
+        translated("{} has no option {}; did you mean {}?", verb.name, option, *nearest));
+  }
+  // For translators: {0} is a command, {1} an option.
+  throw UserError(translated("{} has no option {}; usage: {}", verb.name, option, verb.usage));
 }
 
 /// A word with quotes in it is for selections of elements only.
@@ -39,9 +43,9 @@ void checkQuotes(const Word& word, ArgumentKind kind)
 {
   if (word.isMixed() && kind != ArgumentKind::Element && kind != ArgumentKind::Member &&
       kind != ArgumentKind::MemberOfGroup && kind != ArgumentKind::Any)
-    throw UserError(fmt::format("{} has a quote inside; put the whole word in quotes, and a \\ "
-                                "before a quote that belongs to it",
-                                printable(abbreviated(asTyped(word), 60))));
+    throw UserError(translated("{} has a quote inside; put the whole word in quotes, and a \\ "
+                               "before a quote that belongs to it",
+                               printable(abbreviated(asTyped(word), 60))));
 }
 
 }
@@ -54,13 +58,17 @@ Arguments::Arguments(const Verb& verb, std::span<const Word> words)
       continue;
     }
     const Option& option = optionFor(verb, *word);
-    if (has(option.name))
-      throw UserError(fmt::format("{} is given twice; give it once", option.name));
+    if (has(option.name)) {
+      // For translators: {} is an option, such as --end.
+      throw UserError(translated("{} is given twice; give it once", option.name));
+    }
     Word value;
     if (option.value) {
-      if (std::next(word) == words.end())
-        throw UserError(fmt::format("{} needs a value; expected {} {}", option.name, option.name,
-                                    option.label));
+      if (std::next(word) == words.end()) {
+        // For translators: --at needs a value; expected --at N.
+        throw UserError(
+            translated("{} needs a value; expected {} {}", option.name, option.name, option.label));
+      }
       value = *++word;
       checkQuotes(value, *option.value);
     }
@@ -85,13 +93,15 @@ void Arguments::checkCount(const Verb& verb) const
                      return parameter.occurrence == Occurrence::Once ||
                             parameter.occurrence == Occurrence::OnceOrMore;
                    });
-  if (missing != verb.parameters.end())
-    throw UserError(fmt::format("{} is missing; usage: {}", missing->label, verb.usage));
+  if (missing != verb.parameters.end()) {
+    // For translators: ELEMENT is missing; usage: move ELEMENT… --before TARGET.
+    throw UserError(translated("{} is missing; usage: {}", missing->label, verb.usage));
+  }
 
   const bool isEndless = !verb.parameters.empty() && isOpen(verb.parameters.back().occurrence);
   if (count() > verb.parameters.size() && !isEndless)
-    throw UserError(fmt::format("{} is one argument too many; usage: {}",
-                                displayName(at(verb.parameters.size()).text), verb.usage));
+    throw UserError(translated("{} is one argument too many; usage: {}",
+                               displayName(at(verb.parameters.size()).text), verb.usage));
 }
 
 }

@@ -4,12 +4,26 @@
 #include "PointCollections/Console/Verbs/EachVerb.h"
 #include "PointCollections/Console/Verbs/Movement.h"
 #include "PointCollections/Console/Verbs/Subject.h"
+#include "PointCollections/Text/Counts.h"
 #include "PointCollections/Text/Quoting.h"
-
-#include <fmt/format.h>
+#include "PointCollections/Text/Translated.h"
 
 namespace Tarvik::PointCollections {
 namespace {
+
+/// What is to be said besides, each remark after a semicolon.
+std::string remarksOn(PointDocument& document,
+                      const std::vector<GUIdentifier>& elements,
+                      const std::string& wanted)
+{
+  const auto& group = document.getGroups().back();
+  auto remarks = remarkOnOtherPlaces(document, elements, &group);
+  if (group.getName() != wanted && !wanted.empty()) {
+    // For translators: at the end of "Created {} with {}{}{}.".
+    remarks += translated("; the name {} was taken", displayName(wanted));
+  }
+  return remarks + remarkOnAlikeGroup(document, group.getName());
+}
 
 std::string create(Session& session, const Arguments& arguments)
 {
@@ -27,13 +41,12 @@ std::string create(Session& session, const Arguments& arguments)
                               },
                           .subject = [&] { return subjectOf(document.getGroups().back()); }});
 
-  const std::string& given = document.getGroups().back().getName();
-  const auto otherPlaces = remarkOnOtherPlaces(document, elements, &document.getGroups().back());
-  const bool isOther = given != wanted && !wanted.empty();
-  return fmt::format("Created {} with {}{}{}{}{}.", displayName(given),
-                     pluralize(elements.size(), "element"), movement, otherPlaces,
-                     isOther ? "; the name " + displayName(wanted) + " was taken" : std::string(),
-                     remarkOnAlikeGroup(document, given));
+  const auto name = displayName(document.getGroups().back().getName());
+  const auto remarks = remarksOn(document, elements, wanted);
+  // For translators: {1} is "2 elements"; {2} is empty or " (1 from Asia)"; {3} is empty or
+  // "; Berlin is still in Asia", "; the name {} was taken" or the like.
+  return translated("Created {} with {}{}{}.", name, countOfElements(elements.size()), movement,
+                    remarks);
 }
 
 }
@@ -42,11 +55,15 @@ Verb createVerb()
 {
   return {.name = "create",
           .usage = "create NAME [ELEMENT…]",
-          .summary = "make a group and move elements into it",
-          .details = "The group goes to the end of the list. Elements leave the group that held "
-                     "them; one that is in several groups leaves only the first. If the name is "
-                     "taken, a number is added to it; an empty name (\"\") "
-                     "means Group.",
+          .summary = translatable("make a group and move elements into it"),
+          .details =
+              [] {
+                return translated(
+                    "The group goes to the end of the list. Elements leave the group that held "
+                    "them; one that is in several groups leaves only the first. If the name is "
+                    "taken, a number is added to it; an empty name (\"\") "
+                    "means Group.");
+              },
           .example = "create Europe Paris \"Isle of Man\"",
           .parameters = {{"NAME", ArgumentKind::Text},
                          {"ELEMENT", ArgumentKind::Element, Occurrence::AnyNumber}},

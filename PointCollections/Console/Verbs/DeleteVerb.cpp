@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "HighLevelServices/GroupCommands/RemoveTKGroupsCmd.h"
+#include "PointCollections/Console/Text/Lists.h"
 #include "PointCollections/Console/Verbs/EachVerb.h"
 #include "PointCollections/Console/Verbs/Subject.h"
 #include "PointCollections/Selection/Lookup.h"
+#include "PointCollections/Text/Counts.h"
 #include "PointCollections/Text/Quoting.h"
-
-#include <fmt/format.h>
+#include "PointCollections/Text/Translated.h"
 
 namespace Tarvik::PointCollections {
 namespace {
@@ -17,13 +18,12 @@ std::string enumerated(const Groups& groups)
 {
   constexpr std::size_t mostNames = 6;
   if (groups.size() > mostNames)
-    return pluralize(groups.size(), "group");
-  std::string names;
-  for (std::size_t i = 0; i < groups.size(); ++i) {
-    const auto* separator = i == 0 ? "" : i + 1 == groups.size() ? " and " : ", ";
-    names += separator + displayName(groups[i]->getName());
-  }
-  return names;
+    return countOfGroups(groups.size());
+  std::vector<std::string> names;
+  names.reserve(groups.size());
+  for (const auto* group : groups)
+    names.push_back(displayName(group->getName()));
+  return joinedWithAnd(names);
 }
 
 std::string deleteGroups(Session& session, const Arguments& arguments)
@@ -45,10 +45,13 @@ std::string deleteGroups(Session& session, const Arguments& arguments)
                           .subject = [&] { return subject; }});
 
   const std::size_t freed = document.ungroupedElements().size() - ungroupedBefore;
-  if (freed == 0)
-    return fmt::format("Deleted {}.", names);
-  return fmt::format("Deleted {}; {} {} ungrouped now.", names, pluralize(freed, "element"),
-                     freed == 1 ? "is" : "are");
+  if (freed == 0) {
+    // For translators: {} is "Asia", "Asia, Africa and Europe" or "12 groups".
+    return translated("Deleted {}.", names);
+  }
+  // For translators: {1} is the deleted groups: "Asia, Africa and Europe" or "12 groups".
+  return translatedCount(freed, "Deleted {1}; {0} element is ungrouped now.",
+                         "Deleted {1}; {0} elements are ungrouped now.", names);
 }
 
 }
@@ -57,9 +60,13 @@ Verb deleteVerb()
 {
   return {.name = "delete",
           .usage = "delete GROUP…",
-          .summary = "delete groups; their members become ungrouped",
-          .details = "Each member goes back to its place in the document's order. undo brings the "
-                     "groups back with their members.",
+          .summary = translatable("delete groups; their members become ungrouped"),
+          .details =
+              [] {
+                return translated(
+                    "Each member goes back to its place in the document's order. undo brings the "
+                    "groups back with their members.");
+              },
           .example = "delete Asia \"North America\"",
           .parameters = {{"GROUP", ArgumentKind::Group, Occurrence::OnceOrMore}},
           .options = {},

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
+#include "PointCollections/Console/Text/Lists.h"
 #include "PointCollections/Console/Text/Tree.h"
 #include "PointCollections/Console/Verbs/EachVerb.h"
 #include "PointCollections/Console/Verbs/Whereabouts.h"
+#include "PointCollections/Text/Counts.h"
 #include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/Translated.h"
 #include "PointCollections/Text/UserError.h"
-
-#include <fmt/format.h>
 
 #include <algorithm>
 #include <iterator>
@@ -48,31 +49,35 @@ Finds findsOf(PointDocument& document, std::string_view text)
 /// "2 elements and 1 group", without what there is none of.
 std::string countOf(const Finds& finds)
 {
-  auto elements = pluralize(finds.elements.size(), "element");
-  auto groups = pluralize(finds.groups.size(), "group");
-  if (finds.groups.empty())
-    return elements;
-  return finds.elements.empty() ? groups : elements + " and " + groups;
+  std::vector<std::string> counts;
+  if (!finds.elements.empty())
+    counts.push_back(countOfElements(finds.elements.size()));
+  if (!finds.groups.empty())
+    counts.push_back(countOfGroups(finds.groups.size()));
+  return joinedWithAnd(counts);
 }
 
 std::string drawn(const Session& session, const Finds& finds, const std::string& text)
 {
   auto& document = *session.editor.document();
   if (finds.groups.empty() && finds.elements.empty())
-    return fmt::format("Nothing has {} in its name.", displayName(text));
-  Tree tree = {fmt::format("{} with {} in the name", countOf(finds), displayName(text))};
+    return translated("Nothing has {} in its name.", displayName(text));
+  // For translators: 2 elements and 1 group with York in the name. It is the heading of a list.
+  Tree tree = {translated("{} with {} in the name", countOf(finds), displayName(text))};
   for (const auto index : finds.groups) {
     const auto& group = document.getGroups()[index];
     tree.branches.push_back(
-        {fmt::format("{} ({}): group @{}", session.style.strong(listedName(group.getName())),
-                     group.getGroupMembers().size(), index + 1)});
+        // For translators: Europe (9): group @2. It has 9 members; the user may type @2 for Europe.
+        {translated("{} ({}): group @{}", session.style.strong(listedName(group.getName())),
+                    group.getGroupMembers().size(), index + 1)});
   }
   tree.branches.reserve(finds.groups.size() + finds.elements.size());
   const Whereabouts whereabouts(document);
   for (const auto& element : finds.elements) {
     const auto& collection = *document.find(element);
-    tree.branches.push_back({fmt::format("{}: {}", listedName(collection.name),
-                                         fmt::join(whereabouts.of(collection), ", "))});
+    tree.branches.push_back(
+        // For translators: Berlin: place 5 of 9 in Europe (@2).
+        {translated("{}: {}", listedName(collection.name), joined(whereabouts.of(collection)))});
   }
   auto drawing = drawTree(tree);
   drawing.pop_back(); // the last line end
@@ -101,7 +106,7 @@ std::string find(Session& session, const Arguments& arguments)
 {
   const std::string& text = arguments.at(0).text;
   if (text.empty())
-    throw UserError("the text to find is empty; show --all lists everything");
+    throw UserError(translated("the text to find is empty; show --all lists everything"));
   const auto finds = findsOf(*session.editor.document(), text);
   return arguments.has("--json") ? asJson(session, finds, text) : drawn(session, finds, text);
 }
@@ -112,10 +117,13 @@ Verb findVerb()
 {
   return {.name = "find",
           .usage = "find TEXT [--json]",
-          .summary = "list the groups and elements that have a text in their names",
+          .summary = translatable("list the groups and elements that have a text in their names"),
           .details =
-              "The case of A to Z is ignored. @2 after a name is the place of a group in the "
-              "list of groups. --json writes the same for other programs, with points.",
+              [] {
+                return translated(
+                    "The case of A to Z is ignored. @2 after a name is the place of a group in the "
+                    "list of groups. --json writes the same for other programs, with points.");
+              },
           .example = "find york",
           .parameters = {{"TEXT", ArgumentKind::Text}},
           .options = {{"--json", std::nullopt}},

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "PointCollections/Console/Text/DisplayWidth.h"
 #include "PointCollections/Console/Text/Wrapping.h"
 #include "PointCollections/Console/Verbs/EachVerb.h"
+#include "PointCollections/Text/Translated.h"
 
 #include <fmt/format.h>
 
@@ -16,11 +18,26 @@ std::size_t columnsOf(const Session& session)
   return session.columns ? std::min(session.columns(), mostColumns) : mostColumns;
 }
 
+/// Two lines, whose second column starts at the same place in every language.
+std::string usageAndExample(const Verb& verb)
+{
+  // For translators: before what the user types; aligned with "Example:".
+  const auto usage = translated("Usage:");
+  // For translators: before what the user types; aligned with "Usage:".
+  const auto example = translated("Example:");
+  const auto width = std::max(displayWidth(usage), displayWidth(example)) + 2;
+  const auto paddingAfter = [width](const std::string& label) {
+    return std::string(width - displayWidth(label), ' ');
+  };
+  return fmt::format("{}{}{}\n{}{}{}", usage, paddingAfter(usage), verb.usage, example,
+                     paddingAfter(example), verb.example);
+}
+
 std::string helpOn(const Verb& verb, const Style& style, std::size_t columns)
 {
-  const auto text =
-      fmt::format("{}: {}.\n{}\n\nUsage:    {}\nExample:  {}", style.strong(verb.name),
-                  verb.summary, verb.details, verb.usage, verb.example);
+  // For translators: a command and what it does: "quit: leave the program.".
+  const auto summary = translated("{}: {}.", style.strong(verb.name), translated(verb.summary));
+  const auto text = fmt::format("{}\n{}\n\n{}", summary, verb.details(), usageAndExample(verb));
   return wrapped(text, columns);
 }
 
@@ -32,14 +49,13 @@ std::string helpOnAll(const std::vector<Verb>& verbs, const Style& style, std::s
   std::string list;
   for (const Verb& verb : verbs) {
     const std::string padding(longest->name.size() - verb.name.size() + 2, ' ');
-    list += fmt::format("  {}{}{}\n", style.strong(verb.name), padding, verb.summary);
+    list += fmt::format("  {}{}{}\n", style.strong(verb.name), padding, translated(verb.summary));
   }
-  return wrapped(
-      list +
-          "\nType help and a command to learn more. Put a name with blanks in double quotes; in "
-          "them, write \\\" for \" and \\\\ for \\. If groups have the same name, write @2 for the "
-          "second group in the list.",
-      columns);
+  const auto closing = translated(
+      "Type help and a command to learn more. Put a name with blanks in double quotes; in "
+      "them, write \\\" for \" and \\\\ for \\. If groups have the same name, write @2 for the "
+      "second group in the list.");
+  return wrapped(list + '\n' + closing, columns);
 }
 
 }
@@ -48,8 +64,8 @@ Verb helpVerb(const std::vector<Verb>& (*verbs)())
 {
   return {.name = "help",
           .usage = "help [COMMAND]",
-          .summary = "list the commands, or explain one",
-          .details = "Lines that start with # are comments.",
+          .summary = translatable("list the commands, or explain one"),
+          .details = [] { return translated("Lines that start with # are comments."); },
           .example = "help add",
           .parameters = {{"COMMAND", ArgumentKind::Verb, Occurrence::Optionally}},
           .options = {},

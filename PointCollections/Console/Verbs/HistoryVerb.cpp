@@ -3,6 +3,7 @@
 #include "PointCollections/Console/Verbs/EachVerb.h"
 #include "PointCollections/Selection/Lookup.h"
 #include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/Translated.h"
 
 #include <fmt/format.h>
 
@@ -17,17 +18,28 @@ std::string line(const Session& session, std::size_t number, const std::string& 
   const auto& history = session.editor.history();
   const bool isUndone = number > history.position();
   const bool isClean = history.cleanPosition() == number;
-  const auto text =
-      fmt::format("{} {:>3}  {}{}{}", number == history.position() ? "→" : " ", number,
-                  printable(description), isUndone ? "  (undone)" : "", isClean ? "  (clean)" : "");
+  auto text = fmt::format("{} {:>3}  {}", number == history.position() ? "→" : " ", number,
+                          printable(description));
+  if (isUndone) {
+    // For translators: after a step that is undone.
+    text += "  " + translated("(undone)");
+  }
+  if (isClean) {
+    // For translators: after the step whose result was opened or saved last.
+    text += "  " + translated("(clean)");
+  }
   return isUndone ? session.style.faint(text) : text;
 }
 
 std::string nameOfStart(const Editor& editor)
 {
   const auto forgotten = editor.forgottenSteps();
-  return forgotten == 0 ? "Start"
-                        : fmt::format("({} forgotten)", pluralize(forgotten, "older step"));
+  if (forgotten == 0) {
+    // For translators: the start of the history, in a list of steps.
+    return translated("Start");
+  }
+  // For translators: in place of "Start", in a list of steps.
+  return translatedCount(forgotten, "({} older step forgotten)", "({} older steps forgotten)");
 }
 
 /// A byte count as the option --history-budget takes it, in whole units: "256M".
@@ -45,12 +57,16 @@ std::string sizeAsTyped(std::size_t bytes)
 std::string memoryOf(const CommandHistory& history)
 {
   if (history.budget() == 0)
-    return "Only the last step is kept.";
+    return translated("Only the last step is kept.");
   const auto share =
       static_cast<double>(history.sizeInBytes()) / static_cast<double>(history.budget());
-  return fmt::format("The steps take {} % of {} bytes.",
-                     share < 0.01 ? "less than 1" : fmt::format("{:.0f}", 100 * share),
-                     sizeAsTyped(history.budget()));
+  const auto budget = sizeAsTyped(history.budget());
+  if (share < 0.01) {
+    // For translators: {} is a number, such as 256M.
+    return translated("The steps take less than 1 % of {} bytes.", budget);
+  }
+  // For translators: {1} is a number, such as 256M.
+  return translated("The steps take {} % of {} bytes.", fmt::format("{:.0f}", 100 * share), budget);
 }
 
 /// The states that are listed, by their numbers; 0 is the start.
@@ -65,28 +81,41 @@ StateRange statesAsked(const CommandHistory& history, const Arguments& arguments
   const auto steps = history.entries().size();
   if (arguments.count() == 0)
     return {0, steps};
-  const auto count = positiveNumber(arguments.at(0), "the number of steps");
+  const auto count =
+      positiveNumber(arguments.at(0),
+                     translatable("the number of steps is {}; expected a whole number from 1 up"));
   const auto present = history.position();
   return {count > present ? 0 : present - count + 1,
           count > steps - present ? steps : present + count};
 }
 
+std::string earlierOmitted(std::size_t steps)
+{
+  // For translators: in a list of steps.
+  return translatedCount(steps, "… {} earlier step not shown", "… {} earlier steps not shown");
+}
+
+std::string laterOmitted(std::size_t steps)
+{
+  // For translators: in a list of steps.
+  return translatedCount(steps, "… {} later step not shown", "… {} later steps not shown");
+}
+
 std::string listed(const Session& session, StateRange range)
 {
   const auto& history = session.editor.history();
-  const auto omitted = [&](std::size_t steps, const char* which) {
-    return steps == 0 ? std::string()
-                      : session.style.faint(
-                            fmt::format("       … {} {}\n", pluralize(steps, which), "not shown"));
+  const auto remark = [&](const std::string& text) {
+    return session.style.faint("       " + text + '\n');
   };
   std::string result;
   if (range.first == 0)
     result = line(session, 0, nameOfStart(session.editor)) + '\n';
-  else
-    result = omitted(range.first - 1, "earlier step");
+  else if (range.first > 1)
+    result = remark(earlierOmitted(range.first - 1));
   for (auto number = std::max<std::size_t>(range.first, 1); number <= range.last; ++number)
     result += line(session, number, history.entries()[number - 1]->getDescription()) + '\n';
-  result += omitted(history.entries().size() - range.last, "later step");
+  if (const auto later = history.entries().size() - range.last; later > 0)
+    result += remark(laterOmitted(later));
   if (!history.entries().empty())
     return result + memoryOf(history);
   result.pop_back(); // the last line end
@@ -123,13 +152,17 @@ Verb historyVerb()
 {
   return {.name = "history",
           .usage = "history [N] [--json]",
-          .summary = "list the steps, with → at the present one",
-          .details = "The steps after the mark are undone; redo repeats them. N lists the last N "
-                     "steps before the mark, and as many after it. The clean state is the one "
-                     "that was opened or saved last. --json writes the list for other programs. "
-                     "The oldest steps are forgotten when "
-                     "there are more than a thousand, or when they take more memory than the "
-                     "option --history-budget allows.",
+          .summary = translatable("list the steps, with → at the present one"),
+          .details =
+              [] {
+                return translated(
+                    "The steps after the mark are undone; redo repeats them. N lists the last N "
+                    "steps before the mark, and as many after it. The clean state is the one "
+                    "that was opened or saved last. --json writes the list for other programs. "
+                    "The oldest steps are forgotten when "
+                    "there are more than a thousand, or when they take more memory than the "
+                    "option --history-budget allows.");
+              },
           .example = "history 10",
           .parameters = {{"N", ArgumentKind::Number, Occurrence::Optionally}},
           .options = {{"--json", std::nullopt}},

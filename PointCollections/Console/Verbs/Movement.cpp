@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Console/Verbs/Movement.h"
 
+#include "PointCollections/Console/Text/Lists.h"
 #include "PointCollections/Document/Memberships.h"
 #include "PointCollections/Text/Quoting.h"
-
-#include <fmt/format.h>
+#include "PointCollections/Text/Translated.h"
 
 #include <algorithm>
 #include <map>
@@ -15,7 +15,7 @@
 namespace Tarvik::PointCollections {
 namespace {
 
-/// Where an element is besides its place in the target: "A is still in H".
+/// Where an element is besides its place in the target: "; A is still in H".
 std::string otherPlacesOf(PointDocument& document,
                           const PointCollection& collection,
                           std::span<const Membership> memberships,
@@ -27,12 +27,47 @@ std::string otherPlacesOf(PointDocument& document,
     others.insert(&groups[membership.group]);
   others.erase(target);
   const auto name = displayName(collection.name);
-  if (others.empty())
-    return fmt::format("{} is in {} more than once", name, displayName(target->getName()));
-  return fmt::format("{} is still in {}", name,
-                     others.size() == 1
-                         ? displayName((*others.begin())->getName())
-                         : pluralize(others.size(), target != nullptr ? "other group" : "group"));
+  if (others.empty()) {
+    // For translators: at the end of a sentence such as "Added {} to {}{}{}.".
+    return translated("; {} is in {} more than once", name, displayName(target->getName()));
+  }
+  if (others.size() == 1) {
+    // For translators: at the end of a sentence such as "Added {} to {}{}{}.".
+    return translated("; {} is still in {}", name, displayName((*others.begin())->getName()));
+  }
+  if (target != nullptr) {
+    // For translators: at the end of "Added {} to {}{}{}.": Berlin is still in 2 other groups.
+    return translatedCount(others.size(), "; {1} is still in {0} other group",
+                           "; {1} is still in {0} other groups", name);
+  }
+  // For translators: at the end of "Removed {}{}{}.": Berlin is still in 2 groups.
+  return translatedCount(others.size(), "; {1} is still in {0} group",
+                         "; {1} is still in {0} groups", name);
+}
+
+/// The same of several elements.
+std::string otherPlacesOf(std::size_t elements, const TKGroup<GUIdentifier>* target)
+{
+  if (target != nullptr) {
+    // For translators: at the end of a sentence such as "Added {} to {}{}{}.".
+    return translatedCount(elements, "; {} element is still in other places",
+                           "; {} elements are still in other places");
+  }
+  // For translators: at the end of a sentence such as "Removed {}{}{}.".
+  return translatedCount(elements, "; {} element is still in groups",
+                         "; {} elements are still in groups");
+}
+
+/// "2 from Europe"
+std::string describeOrigin(const Origin& origin, const TKGroup<GUIdentifier>* target)
+{
+  if (origin.group == target) {
+    // For translators: how many elements stay in their group, at another place. In " ({})".
+    return translatedCount(origin.elements, "{} moved within it", "{} moved within it");
+  }
+  // For translators: how many elements come from a group: 2 from Europe. In " ({})".
+  return translatedCount(origin.elements, "{} from {}", "{} from {}",
+                         displayName(origin.group->getName()));
 }
 
 }
@@ -64,16 +99,18 @@ std::string describeMovement(PointDocument& document,
   constexpr std::size_t mostOrigins = 6;
   const auto origins = originsOf(document, elements);
   const std::size_t named = origins.size() > mostOrigins ? mostOrigins - 1 : origins.size();
-  std::string words;
-  for (std::size_t i = 0; i < named; ++i)
-    words += fmt::format("{}{} {}", i == 0 ? "" : ", ", origins[i].elements,
-                         origins[i].group == target
-                             ? "moved within it"
-                             : "from " + displayName(origins[i].group->getName()));
-  if (named < origins.size())
-    words += fmt::format(", {} from {}", countElements(std::span(origins).subspan(named)),
-                         pluralize(origins.size() - named, "more group"));
-  return words.empty() ? words : " (" + words + ')';
+  std::vector<std::string> parts;
+  for (const auto& origin : std::span(origins).first(named))
+    parts.push_back(describeOrigin(origin, target));
+  if (named < origins.size()) {
+    const auto rest = countElements(std::span(origins).subspan(named));
+    // For translators: {1} is how many elements come from groups that are not named. In " ({})".
+    parts.push_back(translatedCount(origins.size() - named, "{1} from {0} more group",
+                                    "{1} from {0} more groups", rest));
+  }
+  // For translators: {} is a list such as "2 from Europe, 1 moved within it". After "2 elements" or
+  // the name of a group; the blank separates it.
+  return parts.empty() ? std::string() : translated(" ({})", joined(parts));
 }
 
 std::string remarkOnOtherPlaces(PointDocument& document,
@@ -101,9 +138,7 @@ std::string remarkOnOtherPlaces(PointDocument& document,
   }
   if (count == 0)
     return {};
-  return "; " + (count == 1 ? first
-                            : fmt::format("{} are still in {}", pluralize(count, "element"),
-                                          target != nullptr ? "other places" : "groups"));
+  return count == 1 ? first : otherPlacesOf(count, target);
 }
 
 }

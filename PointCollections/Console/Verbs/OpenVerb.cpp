@@ -2,10 +2,9 @@
 #include "PointCollections/Console/Verbs/EachVerb.h"
 #include "PointCollections/Project/ProjectFile.h"
 #include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/Translated.h"
 #include "PointCollections/Text/UserError.h"
 #include "PointCollections/Text/Utf8.h"
-
-#include <fmt/format.h>
 
 #include <utility>
 
@@ -26,19 +25,22 @@ std::string open(Session& session, const Arguments& arguments)
   if (editor.hasUnsavedChanges() && !arguments.has("--discard")) {
     const auto confirmation = confirmationFor(session);
     if (confirmation == Confirmation::Missing)
-      throw UserError(fmt::format("{} has unsaved changes; save them first, or add --discard to "
-                                  "lose them",
-                                  title));
+      throw UserError(translated("{} has unsaved changes; save them first, or add --discard to "
+                                 "lose them",
+                                 title));
     if (confirmation == Confirmation::Refused)
-      return fmt::format("Nothing opened; {} stays open.", title);
+      return translated("Nothing opened; {} stays open.", title);
     if (isProjectName(file)) // the user may just have saved in it
       opened = openDocument(editor.files(), file);
   }
   const auto warnings = opened.warnings;
   editor.replaceDocument(std::move(opened));
-  auto answer = fmt::format("Opened {}.", summaryOf(editor));
-  for (const auto& warning : warnings)
-    answer += "\nWarning: " + warning + '.';
+  // For translators: {} is "continents.tkpc: 9 elements in 2 groups".
+  auto answer = translated("Opened {}.", summaryOf(editor));
+  for (const auto& warning : warnings) {
+    // For translators: {} starts with a small letter and has no full stop.
+    answer += '\n' + translated("Warning: {}.", warning);
+  }
   return answer;
 }
 
@@ -48,12 +50,16 @@ Verb openVerb()
 {
   return {.name = "open",
           .usage = "open FILE [--discard]",
-          .summary = "replace the document with another one",
-          .details = "If the name of FILE ends in .tkpc, it is a project, otherwise a text file "
-                     "with points. It has the columns collection, x, y and z in any order, and may "
-                     "have group and place, with commas, semicolons or tabs between. Other columns "
-                     "are not read. The history starts anew. If there are unsaved changes, you are "
-                     "asked; a script stops unless --discard is given.",
+          .summary = translatable("replace the document with another one"),
+          .details =
+              [] {
+                return translated(
+                    "If the name of FILE ends in .tkpc, it is a project, otherwise a text file "
+                    "with points. It has the columns collection, x, y and z in any order, and may "
+                    "have group and place, with commas, semicolons or tabs between. Other columns "
+                    "are not read. The history starts anew. If there are unsaved changes, you are "
+                    "asked; a script stops unless --discard is given.");
+              },
           .example = "open continents.tkpc",
           .parameters = {{"FILE", ArgumentKind::File}},
           .options = {{"--discard", std::nullopt}},

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Console/Verbs/PlaceOption.h"
 
+#include "PointCollections/Text/Translated.h"
 #include "PointCollections/Text/UserError.h"
 
 namespace Tarvik::PointCollections {
@@ -10,9 +11,9 @@ std::string placeOptionIn(const Arguments& arguments)
   const bool hasBefore = arguments.has("--before");
   const bool hasAfter = arguments.has("--after");
   if (hasBefore && hasAfter)
-    throw UserError("more than one place is given; choose one of --before and --after");
+    throw UserError(translated("more than one place is given; choose one of --before and --after"));
   if (!hasBefore && !hasAfter)
-    throw UserError("the place is missing; add --before TARGET or --after TARGET");
+    throw UserError(translated("the place is missing; add --before TARGET or --after TARGET"));
   return hasBefore ? "--before" : "--after";
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Console/Verbs/EachVerb.h"
+#include "PointCollections/Text/Translated.h"
 
 namespace Tarvik::PointCollections {
 namespace {
@@ -18,10 +19,14 @@ Verb quitVerb()
 {
   return {.name = "quit",
           .usage = "quit",
-          .summary = "leave the program",
-          .details = "If there are unsaved changes, you are asked what to do with them. In a "
-                     "script, the lines after quit are not read. On a terminal, Ctrl-D does the "
-                     "same; exit and q are other names.",
+          .summary = translatable("leave the program"),
+          .details =
+              [] {
+                return translated(
+                    "If there are unsaved changes, you are asked what to do with them. In a "
+                    "script, the lines after quit are not read. On a terminal, Ctrl-D does the "
+                    "same; exit and q are other names.");
+              },
           .example = "quit",
           .parameters = {},
           .options = {},

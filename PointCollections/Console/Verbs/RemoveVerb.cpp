@@ -3,10 +3,10 @@
 #include "PointCollections/Console/Verbs/EachVerb.h"
 #include "PointCollections/Console/Verbs/Movement.h"
 #include "PointCollections/Console/Verbs/Subject.h"
+#include "PointCollections/Text/Counts.h"
 #include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/Translated.h"
 #include "PointCollections/Text/UserError.h"
-
-#include <fmt/format.h>
 
 namespace Tarvik::PointCollections {
 namespace {
@@ -15,16 +15,9 @@ void checkAllInGroups(PointDocument& document, const std::vector<GUIdentifier>& 
 {
   for (const GUIdentifier& element : elements) {
     if (document.holderOf(element) == nullptr)
-      throw UserError(fmt::format("{} is ungrouped; name members of groups only",
-                                  displayName(document.getElementName(element))));
+      throw UserError(translated("{} is ungrouped; name members of groups only",
+                                 displayName(document.getElementName(element))));
   }
-}
-
-std::string describeSource(PointDocument& document, const std::vector<GUIdentifier>& elements)
-{
-  const auto origins = originsOf(document, elements);
-  return origins.size() == 1 ? " from " + displayName(origins.front().group->getName())
-                             : describeMovement(document, elements, nullptr);
 }
 
 std::string removeElements(Session& session, const Arguments& arguments)
@@ -33,7 +26,9 @@ std::string removeElements(Session& session, const Arguments& arguments)
   const auto elements = session.selection().elements(arguments.from(0));
   checkAllInGroups(document, elements);
 
-  const auto source = describeSource(document, elements);
+  const auto origins = originsOf(document, elements);
+  const auto onlyOrigin = origins.size() == 1 ? displayName(origins.front().group->getName()) : "";
+  const auto movement = describeMovement(document, elements, nullptr);
   session.editor.execute({.context = "RemoveFromTKGroupCmd",
                           .text = "Remove Point Collection(s) From Group",
                           .makeCommand =
@@ -42,8 +37,16 @@ std::string removeElements(Session& session, const Arguments& arguments)
                                     provider, elements);
                               },
                           .subject = [&] { return subjectOf(document, elements); }});
-  return fmt::format("Removed {}{}{}.", pluralize(elements.size(), "element"), source,
-                     remarkOnOtherPlaces(document, elements, nullptr));
+  const auto count = countOfElements(elements.size());
+  const auto remark = remarkOnOtherPlaces(document, elements, nullptr);
+  if (origins.size() == 1) {
+    // For translators: {0} is "2 elements"; {1} is a group; {2} is empty or "; Berlin is still in
+    // Asia".
+    return translated("Removed {} from {}{}.", count, onlyOrigin, remark);
+  }
+  // For translators: {0} is "2 elements"; {1} is " (1 from Europe, 1 from Asia)"; {2} is empty or
+  // "; Berlin is still in Asia".
+  return translated("Removed {}{}{}.", count, movement, remark);
 }
 
 }
@@ -52,10 +55,14 @@ Verb removeVerb()
 {
   return {.name = "remove",
           .usage = "remove ELEMENT…",
-          .summary = "take elements out of their groups",
-          .details = "They become ungrouped, each at its place in the document's order. One that "
-                     "is in several groups leaves only the first, whichever was named. Groups "
-                     "stay, even empty ones. help select explains ELEMENT.",
+          .summary = translatable("take elements out of their groups"),
+          .details =
+              [] {
+                return translated(
+                    "They become ungrouped, each at its place in the document's order. One that "
+                    "is in several groups leaves only the first, whichever was named. Groups "
+                    "stay, even empty ones. help select explains ELEMENT.");
+              },
           .example = "remove Paris \"Isle of Man\"",
           .parameters = {{"ELEMENT", ArgumentKind::Member, Occurrence::OnceOrMore}},
           .options = {},

@@ -6,8 +6,10 @@
 #include "PointCollections/Console/Verbs/Whereabouts.h"
 #include "PointCollections/Selection/Lookup.h"
 #include "PointCollections/Selection/SelectionTerm.h"
+#include "PointCollections/Text/Counts.h"
 #include "PointCollections/Text/NearestName.h"
 #include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/Translated.h"
 #include "PointCollections/Text/UserError.h"
 
 #include <fmt/format.h>
@@ -25,9 +27,13 @@ std::string elementLabel(const PointDocument& document, const GUIdentifier& id)
 {
   const PointCollection* collection = document.find(id);
   if (collection == nullptr)
-    return "(an element that is not in this document)";
+    return translated("(an element that is not in this document)");
   const std::size_t points = collection->points.size();
-  return listedName(collection->name) + (points == 1 ? "" : ", " + pluralize(points, "point"));
+  auto name = listedName(collection->name);
+  if (points == 1)
+    return name;
+  // For translators: Berlin, 3 points.
+  return translated("{}, {}", name, countOfPoints(points));
 }
 
 /// How elements are listed.
@@ -43,14 +49,16 @@ Tree section(const Session& session,
              const std::vector<GUIdentifier>& elements,
              Listing listing)
 {
-  Tree result = {fmt::format("{} ({})", heading, elements.size())};
+  Tree result = {heading};
   const std::size_t shown = elements.size() > listing.limit ? listing.limit - 1 : elements.size();
   for (std::size_t i = 0; i < shown; ++i)
     result.branches.push_back({(listing.hasPlaces ? fmt::format("{:>3}  ", i + 1) : "") +
                                elementLabel(*session.editor.document(), elements[i])});
-  if (shown < elements.size())
-    result.branches.push_back(
-        {session.style.faint(fmt::format("… and {} more", elements.size() - shown))});
+  if (shown < elements.size()) {
+    // For translators: how many elements are left out at the end of a list.
+    const auto rest = translatedCount(elements.size() - shown, "… and {} more", "… and {} more");
+    result.branches.push_back({session.style.faint(rest)});
+  }
   return result;
 }
 
@@ -59,22 +67,37 @@ std::string nameInTree(const Session& session, const std::string& name)
   return session.style.strong(listedName(name));
 }
 
+/// "Europe (9)"
+std::string headingOf(const Session& session, const TKGroup<GUIdentifier>& group)
+{
+  return fmt::format("{} ({})", nameInTree(session, group.getName()),
+                     group.getGroupMembers().size());
+}
+
+std::string headingOfUngrouped(std::size_t elements)
+{
+  // For translators: the heading of the list of ungrouped elements, with their number.
+  return translatedCount(elements, "ungrouped ({})", "ungrouped ({})");
+}
+
 Tree groupSection(const Session& session, const TKGroup<GUIdentifier>& group, Listing listing)
 {
-  return section(session, nameInTree(session, group.getName()), group.getGroupMembers(), listing);
+  return section(session, headingOf(session, group), group.getGroupMembers(), listing);
 }
 
 Tree ungroupedSection(const Session& session, Listing listing)
 {
-  return section(session, "ungrouped", session.editor.document()->ungroupedElements(), listing);
+  const auto elements = session.editor.document()->ungroupedElements();
+  return section(session, headingOfUngrouped(elements.size()), elements, listing);
 }
 
 std::string titleLine(const Session& session)
 {
   auto& document = *session.editor.document();
-  return fmt::format("{}: {} in {}", session.style.strong(listedName(session.editor.title())),
-                     pluralize(document.order().size(), "element"),
-                     pluralize(document.getGroups().size(), "group"));
+  // For translators: {0} is the name of the document: "continents.tkpc: 9 elements in 2 groups".
+  return translated("{}: {} in {}", session.style.strong(listedName(session.editor.title())),
+                    countOfElements(document.order().size()),
+                    countOfGroups(document.getGroups().size()));
 }
 
 Tree documentTree(const Session& session, Listing listing)
@@ -94,9 +117,8 @@ Tree groupsTree(const Session& session)
   std::size_t place = 0;
   for (const auto& group : document.getGroups())
     result.branches.push_back(
-        {fmt::format("{:>3}  {} ({})", fmt::format("@{}", ++place),
-                     nameInTree(session, group.getName()), group.getGroupMembers().size())});
-  result.branches.push_back({fmt::format("ungrouped ({})", document.ungroupedElements().size())});
+        {fmt::format("{:>3}  {}", fmt::format("@{}", ++place), headingOf(session, group))});
+  result.branches.push_back({headingOfUngrouped(document.ungroupedElements().size())});
   return result;
 }
 
@@ -119,8 +141,11 @@ void checkName(PointDocument& document, const Word& word)
   auto names = groupNames(document);
   const auto elements = elementNames(document);
   names.insert(names.end(), elements.begin(), elements.end());
-  throw UserError(fmt::format("there is no group or element named {}{}", displayName(word.text),
-                              suggestion(word.text, names, "show --groups lists the groups")));
+  // For translators: in place of "did you mean {}?".
+  const auto otherwise = translated("show --groups lists the groups");
+  // For translators: {1} is "; did you mean Europe?" or "; show --groups lists the groups".
+  throw UserError(translated("there is no group or element named {}{}", displayName(word.text),
+                             suggestion(word.text, names, otherwise)));
 }
 
 std::string elementsShown(Session& session, const Arguments& arguments)
@@ -163,8 +188,8 @@ std::string show(Session& session, const Arguments& arguments)
   if ((arguments.count() > 0 ? 1 : 0) + arguments.has("--all") + arguments.has("--groups") +
           arguments.has("--ungrouped") >
       1)
-    throw UserError("more than one thing to show; choose one of GROUP, ELEMENT, --all, --groups "
-                    "and --ungrouped");
+    throw UserError(translated("more than one thing to show; choose one of GROUP, ELEMENT, --all, "
+                               "--groups and --ungrouped"));
   if (arguments.count() > 1 ||
       (arguments.count() == 1 && !isGroup(*session.editor.document(), arguments.at(0))))
     return elementsShown(session, arguments);
@@ -181,13 +206,16 @@ Verb showVerb()
 {
   return {.name = "show",
           .usage = "show [GROUP | ELEMENT… | --all | --groups | --ungrouped] [--places] [--json]",
-          .summary = "draw the groups with their members, and the ungrouped elements",
+          .summary = translatable("draw the groups with their members, and the ungrouped elements"),
           .details =
-              "If a group has more than 12 members, only the first 11 are shown; likewise of "
-              "the ungrouped elements. GROUP shows all members of one group, --ungrouped "
-              "all ungrouped elements, --all everything, --groups one line for each group. "
-              "ELEMENT shows the same as where. --places numbers the elements. --json writes "
-              "everything for other programs. help select explains ELEMENT.",
+              [] {
+                return translated(
+                    "If a group has more than 12 members, only the first 11 are shown; likewise of "
+                    "the ungrouped elements. GROUP shows all members of one group, --ungrouped "
+                    "all ungrouped elements, --all everything, --groups one line for each group. "
+                    "ELEMENT shows the same as where. --places numbers the elements. --json writes "
+                    "everything for other programs. help select explains ELEMENT.");
+              },
           .example = "show Europe",
           .parameters = {{"GROUP", ArgumentKind::Any, Occurrence::AnyNumber, "what"}},
           .options = {{"--all", std::nullopt, "", "what"},

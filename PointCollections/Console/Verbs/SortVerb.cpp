@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "HighLevelServices/GroupCommands/SortTKGroupsAlphabeticallyCmd.h"
 #include "PointCollections/Console/Verbs/EachVerb.h"
-#include "PointCollections/Text/Quoting.h"
-
-#include <fmt/format.h>
+#include "PointCollections/Text/Translated.h"
 
 namespace Tarvik::PointCollections {
 namespace {
@@ -12,7 +10,7 @@ std::string sortGroups(Session& session, const Arguments&)
 {
   const std::size_t groups = session.editor.document()->getGroups().size();
   if (groups == 0)
-    return "Nothing to sort; there are no groups.";
+    return translated("Nothing to sort; there are no groups.");
 
   const bool hasChanged = session.editor.execute(
       {.context = "SortTKGroupsAlphabeticallyCmd",
@@ -21,9 +19,9 @@ std::string sortGroups(Session& session, const Arguments&)
          return std::make_shared<SortTKGroupsAlphabeticallyCmd<GUIdentifier>>(provider);
        }});
   if (!hasChanged)
-    return "Nothing to sort; this is the order already.";
-  return fmt::format("Sorted {} and {} members.", pluralize(groups, "group"),
-                     groups == 1 ? "its" : "their");
+    return translated("Nothing to sort; this is the order already.");
+  return translatedCount(groups, "Sorted {} group and its members.",
+                         "Sorted {} groups and their members.");
 }
 
 }
@@ -32,9 +30,13 @@ Verb sortVerb()
 {
   return {.name = "sort",
           .usage = "sort",
-          .summary = "sort the groups by name, and the members of each",
-          .details = "The case of A to Z is ignored, and 10 comes before 9. The ungrouped elements "
-                     "keep their order.",
+          .summary = translatable("sort the groups by name, and the members of each"),
+          .details =
+              [] {
+                return translated(
+                    "The case of A to Z is ignored, and 10 comes before 9. The ungrouped elements "
+                    "keep their order.");
+              },
           .example = "sort",
           .parameters = {},
           .options = {},

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Console/Verbs/Subject.h"
 
+#include "PointCollections/Console/Text/Lists.h"
+#include "PointCollections/Text/Counts.h"
 #include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/Translated.h"
 
 #include <fmt/format.h>
 
@@ -10,7 +13,7 @@ namespace Tarvik::PointCollections {
 std::string subjectOf(PointDocument& document, const std::vector<GUIdentifier>& elements)
 {
   return elements.size() == 1 ? displayName(document.getElementName(elements.front()))
-                              : pluralize(elements.size(), "element");
+                              : countOfElements(elements.size());
 }
 
 std::string subjectOf(const TKGroup<GUIdentifier>& group)
@@ -22,11 +25,29 @@ std::string subjectOf(const std::vector<const TKGroup<GUIdentifier>*>& groups)
 {
   constexpr std::size_t mostNames = 3;
   if (groups.size() > mostNames)
-    return pluralize(groups.size(), "group");
-  std::string names;
+    return countOfGroups(groups.size());
+  std::vector<std::string> names;
+  names.reserve(groups.size());
   for (const auto* group : groups)
-    names += (names.empty() ? "" : ", ") + displayName(group->getName());
-  return names;
+    names.push_back(displayName(group->getName()));
+  return joined(names);
+}
+
+std::string subjectGoingInto(const std::string& subject, const std::string& target)
+{
+  // For translators: Berlin → Europe. In the description of a step: an element goes into a group,
+  // or a group gets a new name. In a language that is written from right to left, turn the arrow.
+  return translated("{} → {}", subject, target);
+}
+
+std::string subjectGoingBeside(const std::string& subject, bool isBefore, const std::string& target)
+{
+  if (isBefore) {
+    // For translators: Berlin → before Paris. In the description of a step.
+    return translated("{} → before {}", subject, target);
+  }
+  // For translators: Berlin → after Paris. In the description of a step.
+  return translated("{} → after {}", subject, target);
 }
 
 }

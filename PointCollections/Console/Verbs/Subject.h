@@ -19,4 +19,11 @@ std::string subjectOf(const TKGroup<GUIdentifier>& group);
 /// Up to three groups by their names, more as "12 groups".
 std::string subjectOf(const std::vector<const TKGroup<GUIdentifier>*>& groups);
 
+/// "Berlin → Europe"
+std::string subjectGoingInto(const std::string& subject, const std::string& target);
+
+/// "Berlin → before Paris"
+std::string
+subjectGoingBeside(const std::string& subject, bool isBefore, const std::string& target);
+
 }

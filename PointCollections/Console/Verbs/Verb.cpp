@@ -3,9 +3,8 @@
 
 #include "PointCollections/Text/NearestName.h"
 #include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/Translated.h"
 #include "PointCollections/Text/UserError.h"
-
-#include <fmt/format.h>
 
 #include <algorithm>
 
@@ -26,9 +25,13 @@ const Verb& verbNamed(const std::vector<Verb>& verbs, const std::string& name)
     const auto& others = verb.otherNames;
     return verb.name == name || std::find(others.begin(), others.end(), name) != others.end();
   });
-  if (found == verbs.end())
-    throw UserError(fmt::format("{} is not a command{}", displayName(name),
-                                suggestion(name, namesOf(verbs), "help lists the commands")));
+  if (found == verbs.end()) {
+    // For translators: in place of "did you mean {}?".
+    const auto otherwise = translated("help lists the commands");
+    // For translators: {1} is "; did you mean history?" or "; help lists the commands".
+    throw UserError(translated("{} is not a command{}", displayName(name),
+                               suggestion(name, namesOf(verbs), otherwise)));
+  }
   return *found;
 }
 

@@ -3,6 +3,7 @@
 
 #include "PointCollections/Console/Session/Session.h"
 #include "PointCollections/Console/Verbs/Arguments.h"
+#include "PointCollections/Text/Translated.h"
 
 #include <functional>
 #include <optional>
@@ -66,9 +67,15 @@ enum class AnswerKind {
 /// A command that the user can type, with all that the program knows about it.
 struct Verb {
   std::string name;
-  std::string usage;   ///< "add GROUP [ELEMENT…]"
-  std::string summary; ///< one line, for the list of commands; no full stop
-  std::string details; ///< what the summary leaves open: ranges and special cases; sentences
+  std::string usage; ///< "add GROUP [ELEMENT…]"
+
+  /// One line, for the list of commands; no full stop. It is translated where it is shown.
+  const char* summary;
+
+  /// Returns what the summary leaves open, in the user's language: ranges and special cases, in
+  /// sentences.
+  std::string (*details)();
+
   std::string example;
   std::vector<Parameter> parameters;
   std::vector<Option> options;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Console/Verbs/EachVerb.h"
 #include "PointCollections/Console/Verbs/Whereabouts.h"
+#include "PointCollections/Text/Translated.h"
 
 namespace Tarvik::PointCollections {
 namespace {
@@ -21,9 +22,14 @@ Verb whereVerb()
 {
   return {.name = "where",
           .usage = "where ELEMENT… [--json]",
-          .summary = "tell which groups hold elements, at which places, and their points",
-          .details = "Of several elements, only the first three points of each are shown. --json "
-                     "writes everything for other programs. help select explains ELEMENT.",
+          .summary =
+              translatable("tell which groups hold elements, at which places, and their points"),
+          .details =
+              [] {
+                return translated(
+                    "Of several elements, only the first three points of each are shown. --json "
+                    "writes everything for other programs. help select explains ELEMENT.");
+              },
           .example = "where Berlin",
           .parameters = {{"ELEMENT", ArgumentKind::Element, Occurrence::OnceOrMore}},
           .options = {{"--json", std::nullopt}},

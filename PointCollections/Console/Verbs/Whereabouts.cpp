@@ -2,8 +2,10 @@
 #include "PointCollections/Console/Verbs/Whereabouts.h"
 
 #include "PointCollections/Console/Text/Tree.h"
+#include "PointCollections/Text/Counts.h"
 #include "PointCollections/Text/Interruption.h"
 #include "PointCollections/Text/Quoting.h"
+#include "PointCollections/Text/Translated.h"
 
 #include <fmt/format.h>
 
@@ -34,8 +36,8 @@ Tree treeOf(const Session& session,
     tree.branches.push_back({fmt::format("({}, {}, {})", x, y, z)});
   }
   if (shown < collection.points.size())
-    tree.branches.push_back({session.style.faint(
-        fmt::format("… and {}", pluralize(collection.points.size() - shown, "more point")))});
+    tree.branches.push_back({session.style.faint(translatedCount(
+        collection.points.size() - shown, "… and {} more point", "… and {} more points"))});
   return tree;
 }
 
@@ -51,19 +53,23 @@ void writePoints(JsonWriter& json, const std::vector<Point>& points)
 
 Whereabouts::Whereabouts(PointDocument& document) : m_document(document), m_memberships(document)
 {
-  const auto& groups = document.getGroups();
-  for (std::size_t i = 0; i < groups.size(); ++i)
-    m_groups.push_back(fmt::format("of {} in {} (@{})", groups[i].getGroupMembers().size(),
-                                   displayName(groups[i].getName()), i + 1));
+  for (const auto& group : document.getGroups())
+    m_groupNames.push_back(displayName(group.getName()));
 }
 
 std::vector<std::string> Whereabouts::of(const PointCollection& collection) const
 {
   std::vector<std::string> places;
-  for (const auto& [group, place] : m_memberships.of(collection))
-    places.push_back(fmt::format("place {} {}", place + 1, m_groups[group]));
-  if (places.empty())
-    places.emplace_back("ungrouped");
+  for (const auto& [group, place] : m_memberships.of(collection)) {
+    // For translators: place 5 of 9 in Europe (@2). The user may type @2 for Europe.
+    places.push_back(translated("place {} of {} in {} (@{})", place + 1,
+                                m_document.getGroups()[group].getGroupMembers().size(),
+                                m_groupNames[group], group + 1));
+  }
+  if (places.empty()) {
+    // For translators: of one element: it is in no group.
+    places.push_back(translated("ungrouped"));
+  }
   return places;
 }
 
@@ -85,7 +91,7 @@ std::string describeElements(const Session& session, const std::vector<GUIdentif
   auto& document = *session.editor.document();
   const Whereabouts whereabouts(document);
   const bool isOne = elements.size() == 1;
-  Tree tree = {pluralize(elements.size(), "element")};
+  Tree tree = {countOfElements(elements.size())};
   tree.branches.reserve(elements.size());
   for (const auto& element : elements) {
     checkInterruption();

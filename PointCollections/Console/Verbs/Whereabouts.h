@@ -26,7 +26,7 @@ public:
 private:
   PointDocument& m_document;
   Memberships m_memberships;
-  std::vector<std::string> m_groups; ///< "of 9 in Europe (@2)"
+  std::vector<std::string> m_groupNames; ///< as messages show them
 };
 
 /// The elements with their groups and points: one tree, or a tree below each of several elements.

@@ -4,7 +4,9 @@
 #include "PointCollections/Support/Documents.h"
 #include "PointCollections/Support/Edits.h"
 #include "PointCollections/Support/Files.h"
+#include "PointCollections/Support/Language.h"
 #include "PointCollections/Text/Interruption.h"
+#include "PointCollections/Text/Utf8.h"
 
 #include <gmock/gmock.h>
 
@@ -308,6 +310,18 @@ TEST_F(RecoveryOf, AFileThatIsGoneSaysSo)
                                       "since"));
 }
 
+TEST_F(RecoveryOf, AFileTellsItsTimeInTheOrderOfTheLanguage)
+{
+  leaveUnsaved(m_project);
+  const Language language({{"{0}, written on {1:%Y-%m-%d at %H:%M:%S}",
+                            "am {1:%d.%m.%Y um %H:%M} Uhr geschrieben: {0}"},
+                           {"{} with {} in {}", "{2}; {0}; {1}"}});
+
+  EXPECT_THAT(summaryOf(find(m_project).works.at(0)),
+              ::testing::MatchesRegex("am ..\\...\\..... um ..:.. Uhr geschrieben: 1 group; 2 "
+                                      "elements; 2 points"));
+}
+
 TEST_F(RecoveryOf, AProjectIsSavedWhereTheUserHasFoundIt)
 {
   const auto folderBefore = fs::current_path();
@@ -442,6 +456,20 @@ TEST_F(RecoveryOf, NothingThatCanBeWrittenIsToldOnce)
   program.rest(1min);
   EXPECT_EQ(program.recovery.takeProblem(), "");
   EXPECT_FALSE(program.recovery.keep(program.now));
+}
+
+TEST_F(RecoveryOf, NothingThatCanBeWrittenTellsTheReasonInTheUsersLanguage)
+{
+  const Language language(
+      {{"Not a directory", "Kein Verzeichnis"}, {"No such file or directory", "Kein Verzeichnis"}});
+  m_folder.write("file", "");
+  const auto state = m_folder.path() / "file" / "state";
+  EditingProgram program(m_points, state);
+  program.change("G");
+  program.rest(1min);
+
+  EXPECT_THAT(program.recovery.takeProblem(),
+              HasSubstr("(" + Utf8::fromPath(state) + ": Kein Verzeichnis)"));
 }
 
 }

@@ -2,6 +2,7 @@
 #include "PointCollections/Selection/Selection.h"
 
 #include "PointCollections/Support/Documents.h"
+#include "PointCollections/Support/Language.h"
 #include "PointCollections/Support/MemoryFiles.h"
 
 #include <gtest/gtest.h>
@@ -54,6 +55,20 @@ protected:
                   "a*b", "x:y", "3-5", "@home", "\"q\""});
   MemoryFiles m_files;
 };
+
+TEST_F(ASelection, TellsMistakesInTheOrderOfTheLanguage)
+{
+  const Language language(
+      {{"nothing in {} matches {}", "{1} passt auf nichts in {0}"},
+       {"there is no group at place {1}; there is {0} group", "von {0} Gruppen nicht die {1}."},
+       {"the place of a group after @ is {}; expected a whole number from 1 up", "{}: ab 1"},
+       {"; {}", ", denn {}"}});
+
+  EXPECT_EQ(mistake("Asia:x*"),
+            "x* passt auf nichts in Asia, denn find looks for a part of a name");
+  EXPECT_EQ(mistake("@9:*"), "von 4 Gruppen nicht die 9.");
+  EXPECT_EQ(mistake("@0:*"), "0: ab 1");
+}
 
 TEST_F(ASelection, TakesNamesInTheOrderGiven)
 {

@@ -4,6 +4,7 @@
 #include "PointCollections/Console/Shell/AnswerInNeed.h"
 
 #include "PointCollections/Console/Support/Sessions.h"
+#include "PointCollections/Support/Language.h"
 #include "PointCollections/Support/MemoryFiles.h"
 #include "PointCollections/Text/UserError.h"
 #include "Support/Allocations.h"
@@ -101,6 +102,18 @@ INSTANTIATE_TEST_SUITE_P(OfEachVerb,
                                            "undo",
                                            "undo 2",
                                            "redo"));
+
+TEST(AnswerInNeed, IsInTheLanguageThatTheLineWasStartedIn)
+{
+  auto session = sessionOf({"a"});
+  const auto takenLater = [&] {
+    const Language language({{"there is not enough memory for this", "kein Speicher frei"}});
+    return AnswerInNeed(session.editor);
+  };
+  auto answer = takenLater();
+
+  EXPECT_EQ(mistakeIn([&] { answer.take(); }), "kein Speicher frei");
+}
 
 TEST(AnswerInNeed, TellsThatOnlySomeStepsWereUndone)
 {

@@ -48,9 +48,37 @@ TEST(Wrapping, KeepsLongWordsWhole)
   EXPECT_EQ(wrapped("a incomprehensible b", 5), "a\nincomprehensible\nb");
 }
 
+TEST(Wrapping, BreaksLinesBetweenWideCharacters)
+{
+  EXPECT_EQ(wrapped("撤销最后一步或者最后几步", 10), "撤销最后一\n步或者最后\n几步");
+  EXPECT_EQ(wrapped("撤销最后一步或者最后几步", 11), "撤销最后一\n步或者最后\n几步");
+  EXPECT_EQ(wrapped("用save保存文件后退出程序", 12), "用save保存文\n件后退出程序");
+  EXPECT_EQ(wrapped("打开 save保存文件后 退出", 12), "打开 save保\n存文件后\n退出");
+}
+
+TEST(Wrapping, KeepsPunctuationWithTheCharacterBeforeIt)
+{
+  EXPECT_EQ(wrapped("東京都、大阪府", 6), "東京\n都、大\n阪府");
+  EXPECT_EQ(wrapped("一二三四。」五六", 8), "一二三\n四。」五\n六");
+  EXPECT_EQ(wrapped("グループをしょり", 6), "グルー\nプを\nしょり");
+}
+
+TEST(Wrapping, KeepsOpeningPunctuationWithTheCharacterAfterIt)
+{
+  EXPECT_EQ(wrapped("一二三「四五」六", 8), "一二三\n「四五」\n六");
+}
+
+TEST(Wrapping, KeepsShortNamesWhole)
+{
+  EXPECT_EQ(wrapped("見る 東京大阪", 10), "見る\n東京大阪");
+  EXPECT_EQ(wrapped("見る 東京大阪府", 10), "見る 東京\n大阪府");
+  EXPECT_EQ(wrapped("東京大阪", 6), "東京大\n阪");
+}
+
 TEST(Wrapping, GoesOnBelowTheSecondColumnOfATable)
 {
   EXPECT_EQ(wrapped("  show  draw the groups", 16), "  show  draw the\n        groups");
+  EXPECT_EQ(wrapped("  show  一二三四五六七", 16), "  show  一二三四\n        五六七");
   EXPECT_EQ(wrapped("  one two three", 10), "  one two\n  three");
   EXPECT_EQ(wrapped("undefined  is a word", 12), "undefined\nis a word");
 }

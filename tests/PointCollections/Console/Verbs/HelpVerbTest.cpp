@@ -72,8 +72,9 @@ TEST(Verbs, AreDescribedInFull)
     SCOPED_TRACE(verb.name);
     EXPECT_THAT(verb.usage, StartsWith(verb.name));
     EXPECT_THAT(verb.example, StartsWith(verb.name));
-    EXPECT_FALSE(verb.summary.empty() || verb.summary.ends_with('.'));
-    EXPECT_TRUE(verb.details.ends_with('.'));
+    EXPECT_FALSE(std::string_view(verb.summary).empty() ||
+                 std::string_view(verb.summary).ends_with('.'));
+    EXPECT_TRUE(verb.details().ends_with('.'));
     for (const auto& parameter : verb.parameters)
       EXPECT_THAT(verb.usage, HasSubstr(parameter.label));
     for (const auto& option : verb.options)
