@@ -143,9 +143,4 @@ std::string abbreviated(std::string_view text, std::size_t characters)
   return std::string(start) + (start.size() < text.size() ? "…" : "");
 }
 
-std::string pluralize(std::size_t number, std::string_view noun)
-{
-  return fmt::format("{} {}{}", number, noun, number == 1 ? "" : "s");
-}
-
 }

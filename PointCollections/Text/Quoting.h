@@ -34,7 +34,4 @@ std::string displayName(std::string_view name);
 /// The text; if it has more than that many characters, it is cut there and ends in "…".
 std::string abbreviated(std::string_view text, std::size_t characters);
 
-/// "1 element", "2 elements": a number and a noun whose plural ends in s.
-std::string pluralize(std::size_t number, std::string_view noun);
-
 }

@@ -94,12 +94,5 @@ TEST(Quoting, ShortensLongNamesInMessages)
   EXPECT_EQ(abbreviated("äöü", 3), "äöü");
 }
 
-TEST(Quoting, CountsInWords)
-{
-  EXPECT_EQ(pluralize(0, "element"), "0 elements");
-  EXPECT_EQ(pluralize(1, "element"), "1 element");
-  EXPECT_EQ(pluralize(2, "element"), "2 elements");
-}
-
 }
 }
