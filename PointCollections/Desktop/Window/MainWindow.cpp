@@ -55,7 +55,7 @@ MainWindow::MainWindow(std::shared_ptr<Files> files, std::unique_ptr<Questions> 
   connectParts();
   showDocument();
   retranslate();
-  tellLanguageFault();
+  m_languageIsNew.start();
   const QSettings settings;
   restoreGeometry(settings.value(geometryKey).toByteArray());
   if (restoreState(settings.value(stateKey).toByteArray()))
@@ -113,7 +113,7 @@ void MainWindow::changeEvent(QEvent* event)
 {
   if (event->type() == QEvent::LanguageChange) {
     retranslate();
-    tellLanguageFault();
+    m_languageIsNew.start();
   } else if (event->type() == QEvent::LayoutDirectionChange) {
     mirrorPanels();
   }
@@ -130,19 +130,17 @@ void MainWindow::retranslate()
   showStatistics();
 }
 
-/// Later, when the window is on the screen.
 void MainWindow::tellLanguageFault()
 {
-  const auto tell = [this] {
-    const auto fault = Languages::instance().takeFault();
-    if (!fault.isEmpty())
-      m_questions->tellWarning(fault);
-  };
-  QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
+  const auto fault = Languages::instance().takeFault();
+  if (!fault.isEmpty())
+    m_questions->tellWarning(fault);
 }
 
 void MainWindow::connectParts()
 {
+  m_languageIsNew.setSingleShot(true);
+  connect(&m_languageIsNew, &QTimer::timeout, this, &MainWindow::tellLanguageFault);
   connect(&m_workspace, &Workspace::aboutToReplaceDocument, this,
           &MainWindow::rememberExpandedGroups);
   connect(&m_workspace, &Workspace::aboutToSave, this, [this] {

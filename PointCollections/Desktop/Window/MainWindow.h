@@ -8,6 +8,7 @@
 #include "PointCollections/Desktop/Workspace/ElementColours.h"
 #include "PointCollections/Desktop/Workspace/Workspace.h"
 
+#include <QtCore/QTimer>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMainWindow>
 
@@ -81,6 +82,7 @@ private:
   QSplitter* m_splitter = nullptr;
   QDockWidget* m_historyPanel = nullptr;
   HistoryView* m_history = nullptr;
+  QTimer m_languageIsNew;    ///< what is wrong with it is told when the window is on the screen
   bool m_isMirrored = false; ///< whether panels are where they are from right to left
   bool m_isEnding = false;
 };

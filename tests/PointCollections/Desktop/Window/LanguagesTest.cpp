@@ -110,7 +110,7 @@ protected:
   void choose(const QString& text) const
   {
     languageAction(text)->trigger();
-    QCoreApplication::sendPostedEvents(); // by which windows get to know it
+    QCoreApplication::processEvents(); // by which windows get to know it
   }
 
   QString statistics() const { return window->statusBar()->findChild<QLabel*>()->text(); }
