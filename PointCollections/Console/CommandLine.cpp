@@ -69,9 +69,7 @@ void translateHeadings(CLI::App& app)
 {
   auto& formatter = *app.get_formatter();
   formatter.label("Usage", translated("Usage"));
-  formatter.label("OPTIONS", translated("OPTIONS"));
   formatter.label("Positionals", translated("Positionals"));
-  formatter.label("REQUIRED", translated("REQUIRED"));
   app.option_defaults()->group(translated("Options"));
   app.set_help_flag("-h,--help", translated("Print this help message and exit"));
 }

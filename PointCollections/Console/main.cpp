@@ -128,9 +128,13 @@ void runOnTerminal(Session& session, Transcript& transcript, const Settings& set
   };
   const auto hint = translated("Type help for the commands, quit to leave.");
   transcript.setDialogue(terminalOutput());
-  transcript.result(isOutputTerminal() ? fitted(welcome(session) + ' ' + hint) : welcome(session));
-  if (!isOutputTerminal())
+  if (isOutputTerminal()) {
+    // For translators: two sentences, "Opened …." and "Type help …."
+    transcript.result(fitted(translated("{} {}", welcome(session), hint)));
+  } else {
+    transcript.result(welcome(session));
     transcript.dialogue(hint);
+  }
   tellWarnings(session, transcript);
   session.lookForUnsavedWork = [&] {
     offerUnsavedWork(session, transcript, recovery,

@@ -321,7 +321,7 @@ std::string contentOf(PointDocument& document)
 
 std::string summaryOf(const Editor& editor)
 {
-  return fmt::format("{}: {}", displayName(editor.title()), contentOf(*editor.document()));
+  return translated("{}: {}", displayName(editor.title()), contentOf(*editor.document()));
 }
 
 }

@@ -2,6 +2,7 @@
 #include "PointCollections/Editor/GroupEdit.h"
 
 #include "PointCollections/Text/Interruption.h"
+#include "PointCollections/Text/Translated.h"
 #include "Translator/Translator.h"
 
 #include <algorithm>
@@ -111,7 +112,7 @@ bool GroupEdit::hasChangedNothing() const
 std::string GroupEdit::describe() const
 {
   auto description = Translator::translate(m_request.context, m_request.text, nullptr, -1);
-  return m_subject.empty() ? description : description + ": " + m_subject;
+  return m_subject.empty() ? description : translated("{}: {}", description, m_subject);
 }
 
 }

@@ -3,48 +3,51 @@
 
 #include "PointCollections/Text/Translated.h"
 
-#include <cstddef>
+#include <span>
 
 namespace Tarvik::PointCollections {
 namespace {
 
-/// @param join  makes a text of the items so far and the next one
+using Items = std::span<const std::string>;
+
+/// @param join  makes a list of two
 template <class Join>
-std::string joined(const std::vector<std::string>& items, Join join)
+std::string joined(Items items, Join join)
 {
-  std::string text = items.empty() ? std::string() : items.front();
-  for (std::size_t i = 1; i < items.size(); ++i)
-    text = join(text, items[i], i + 1 == items.size());
-  return text;
+  if (items.size() < 2)
+    return items.empty() ? std::string() : items.front();
+  const auto half = items.size() / 2; // so that no item is copied often
+  const auto first = joined(items.first(half), join);
+  return join(first, joined(items.subspan(half), join));
 }
 
-std::string withNext(const std::string& items, const std::string& next)
+std::string withComma(const std::string& some, const std::string& others)
 {
-  // For translators: a list and its next item, as in "x, y"
-  return translated("{}, {}", items, next);
+  // For translators: two parts of a list, as in "x, y"; each may be a list itself
+  return translated("{}, {}", some, others);
 }
 
 }
 
 std::string listed(const std::vector<std::string>& items)
 {
-  return joined(items,
-                [](const auto& some, const auto& next, bool) { return withNext(some, next); });
+  return joined(items, withComma);
 }
 
 std::string listedWithAnd(const std::vector<std::string>& items)
 {
-  return joined(items, [](const auto& some, const auto& next, bool isLast) {
-    // For translators: a list and its last item, as in "x, y and z"
-    return isLast ? translated("{} and {}", some, next) : withNext(some, next);
-  });
+  if (items.size() < 2)
+    return listed(items);
+  const auto list = joined(Items(items).first(items.size() - 1), withComma);
+  // For translators: a list and its last item, as in "x, y and z"
+  return translated("{} and {}", list, items.back());
 }
 
 std::string listedWithOr(const std::vector<std::string>& items)
 {
-  return joined(items, [](const auto& some, const auto& next, bool) {
-    // For translators: things to choose from and one more, as in "@1 or @2"
-    return translated("{} or {}", some, next);
+  return joined(items, [](const auto& some, const auto& others) {
+    // For translators: things to choose from, as in "@1 or @2"; each part may have several
+    return translated("{} or {}", some, others);
   });
 }
 

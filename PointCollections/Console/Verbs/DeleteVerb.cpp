@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "HighLevelServices/GroupCommands/RemoveTKGroupsCmd.h"
-#include "PointCollections/Console/Text/Lists.h"
 #include "PointCollections/Console/Verbs/EachVerb.h"
 #include "PointCollections/Console/Verbs/Subject.h"
 #include "PointCollections/Selection/Lookup.h"
 #include "PointCollections/Text/Counts.h"
+#include "PointCollections/Text/Lists.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/Translated.h"
 
@@ -23,7 +23,7 @@ std::string enumerated(const Groups& groups)
   names.reserve(groups.size());
   for (const auto* group : groups)
     names.push_back(displayName(group->getName()));
-  return joinedWithAnd(names);
+  return listedWithAnd(names);
 }
 
 std::string deleteGroups(Session& session, const Arguments& arguments)

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "PointCollections/Console/Text/Lists.h"
 #include "PointCollections/Console/Text/Tree.h"
 #include "PointCollections/Console/Verbs/EachVerb.h"
 #include "PointCollections/Console/Verbs/Whereabouts.h"
 #include "PointCollections/Text/Counts.h"
+#include "PointCollections/Text/Lists.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/Translated.h"
 #include "PointCollections/Text/UserError.h"
@@ -54,7 +54,7 @@ std::string countOf(const Finds& finds)
     counts.push_back(countOfElements(finds.elements.size()));
   if (!finds.groups.empty())
     counts.push_back(countOfGroups(finds.groups.size()));
-  return joinedWithAnd(counts);
+  return listedWithAnd(counts);
 }
 
 std::string drawn(const Session& session, const Finds& finds, const std::string& text)
@@ -77,7 +77,7 @@ std::string drawn(const Session& session, const Finds& finds, const std::string&
     const auto& collection = *document.find(element);
     tree.branches.push_back(
         // For translators: Berlin: place 5 of 9 in Europe (@2).
-        {translated("{}: {}", listedName(collection.name), joined(whereabouts.of(collection)))});
+        {translated("{}: {}", listedName(collection.name), listed(whereabouts.of(collection)))});
   }
   auto drawing = drawTree(tree);
   drawing.pop_back(); // the last line end

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Console/Verbs/Movement.h"
 
-#include "PointCollections/Console/Text/Lists.h"
 #include "PointCollections/Document/Memberships.h"
+#include "PointCollections/Text/Lists.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/Translated.h"
 
@@ -110,7 +110,7 @@ std::string describeMovement(PointDocument& document,
   }
   // For translators: {} is a list such as "2 from Europe, 1 moved within it". After "2 elements" or
   // the name of a group; the blank separates it.
-  return parts.empty() ? std::string() : translated(" ({})", joined(parts));
+  return parts.empty() ? std::string() : translated(" ({})", listed(parts));
 }
 
 std::string remarkOnOtherPlaces(PointDocument& document,

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "PointCollections/Console/Text/Lists.h"
 #include "PointCollections/Console/Verbs/EachVerb.h"
 #include "PointCollections/Console/Verbs/Movement.h"
 #include "PointCollections/Text/Counts.h"
+#include "PointCollections/Text/Lists.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/Translated.h"
 
@@ -24,7 +24,7 @@ std::string namesOf(PointDocument& document, const std::vector<GUIdentifier>& el
   std::vector<std::string> names;
   for (const auto& element : std::span(elements).first(named))
     names.push_back(displayName(document.getElementName(element)));
-  auto list = joined(names);
+  auto list = listed(names);
   if (named == elements.size())
     return list;
   // For translators: {1} is a list of names; {0} is how many more elements there are.

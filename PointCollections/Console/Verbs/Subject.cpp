@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Console/Verbs/Subject.h"
 
-#include "PointCollections/Console/Text/Lists.h"
 #include "PointCollections/Text/Counts.h"
+#include "PointCollections/Text/Lists.h"
 #include "PointCollections/Text/Quoting.h"
 #include "PointCollections/Text/Translated.h"
 
@@ -30,7 +30,7 @@ std::string subjectOf(const std::vector<const TKGroup<GUIdentifier>*>& groups)
   names.reserve(groups.size());
   for (const auto* group : groups)
     names.push_back(displayName(group->getName()));
-  return joined(names);
+  return listed(names);
 }
 
 std::string subjectGoingInto(const std::string& subject, const std::string& target)

@@ -4,7 +4,6 @@
 #include "PointCollections/Console/Shell/Transcript.h"
 #include "PointCollections/Files/LockHolder.h"
 #include "PointCollections/Support/Language.h"
-#include "PointCollections/Text/Lists.h"
 #include "PointCollections/Text/NearestName.h"
 #include "PointCollections/Text/SystemReason.h"
 #include "PointCollections/Text/TextInNeed.h"
@@ -91,18 +90,6 @@ TEST(LockHolder, IsShownAsItIsIfAnotherProgramHasWrittenIt)
                            "process 1 (init), and some more"})
     EXPECT_EQ(shownHolder(text), text);
   EXPECT_EQ(shownHolder(std::string(300, 'x')), std::string(200, 'x') + "…");
-}
-
-TEST(Lists, AreJoinedAsInTheLanguage)
-{
-  EXPECT_EQ(listed({"x", "y", "z"}), "x, y, z");
-  EXPECT_EQ(listedWithAnd({"x", "y", "z"}), "x, y and z");
-  EXPECT_EQ(listedWithOr({"x", "y", "z"}), "x or y or z");
-  EXPECT_EQ(listedWithAnd({"x"}), "x");
-  EXPECT_EQ(listed({}), "");
-
-  const Language language({{"{}, {}", "{}、{}"}, {"{} and {}", "{}と{}"}});
-  EXPECT_EQ(listedWithAnd({"x", "y", "z"}), "x、yとz");
 }
 
 TEST(Suggestion, IsJoinedAsInTheLanguage)
