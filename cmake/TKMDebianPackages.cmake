@@ -75,8 +75,8 @@ if(has_qt)
   set(qt_package libtkmservice-qtmodels${PROJECT_VERSION_MAJOR})
   tkm_debian_package(TKMService_QtModels_Runtime ${qt_package} libs
     "named groups with undoable commands in Qt 6 applications"
-    "This package has the library with the item models, the views of the undo
-history and the translations.")
+    "This package has the library with the item models and the views of the undo
+history.")
   set(CPACK_DEBIAN_TKMSERVICE_QTMODELS_RUNTIME_DEBUGINFO_PACKAGE ON)
   set(CPACK_DEBIAN_TKMSERVICE_QTMODELS_RUNTIME_PACKAGE_DEPENDS
     "${runtime_package} (>= ${PROJECT_VERSION})")
@@ -90,8 +90,8 @@ history and the translations.")
 
   tkm_debian_package(TKMService_QtModels_Development libtkmservice-qtmodels-dev libdevel
     "named groups in Qt 6 applications (development files)"
-    "This package has what it takes to build Qt applications: headers, the files
-that CMake and pkg-config look for, and the texts to translate.")
+    "This package has what it takes to build Qt applications: headers, and the
+files that CMake and pkg-config look for.")
   set(CPACK_DEBIAN_TKMSERVICE_QTMODELS_DEVELOPMENT_PACKAGE_DEPENDS
     "${qt_package} (= ${PROJECT_VERSION}), libtkmservice-dev (= ${PROJECT_VERSION}), qt6-base-dev (>= ${TKM_LEAST_QT})")
 endif()

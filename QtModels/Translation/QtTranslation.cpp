@@ -10,8 +10,6 @@
 
 namespace Tarvik {
 
-const char* const QtTranslation::folder = ":/TKMService";
-
 void QtTranslation::install()
 {
   Translator::installCatalogue([](const char* context, const char* text, const char* disambiguation,

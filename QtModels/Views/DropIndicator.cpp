@@ -23,12 +23,17 @@ void paintFrame(QPainter& painter, const QRect& rect, const QColor& color)
                           cornerRadius);
 }
 
-/// A line that begins with a small circle, so that it cannot be taken for the edge of a frame.
+/// A line that begins with a small circle, so that it cannot be taken for the edge of a frame. It
+/// begins where rows begin.
 void paintLine(QPainter& painter, const QRect& rect)
 {
-  const QPointF knob(rect.left() + knobRadius + 1, rect.top());
+  const auto isMirrored = painter.layoutDirection() == Qt::RightToLeft;
+  const auto forward = isMirrored ? -1 : 1;
+  const QPointF begin(isMirrored ? rect.right() : rect.left(), rect.top());
+  const QPointF end(isMirrored ? rect.left() : rect.right(), rect.top());
+  const auto knob = begin + QPointF(forward * (knobRadius + 1), 0);
   painter.drawEllipse(knob, knobRadius, knobRadius);
-  painter.drawLine(knob + QPointF(knobRadius, 0), QPointF(rect.right(), rect.top()));
+  painter.drawLine(knob + QPointF(forward * knobRadius, 0), end);
 }
 
 }

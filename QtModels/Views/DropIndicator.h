@@ -20,7 +20,8 @@ struct TKM_QTMODELS_API DropIndicator {
   QRect rect = {};           ///< of the frame, or of the line with no height
 
   /// Draws the shape; nothing for Shape::None.
-  /// @param painter  of the view
+  /// @param painter  of the view, with its layout direction: rows begin on the right in a view from
+  ///                 right to left
   /// @param palette  gives the colour
   void paint(QPainter& painter, const QPalette& palette) const;
 

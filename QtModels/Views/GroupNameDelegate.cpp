@@ -26,6 +26,12 @@ bool isKeyThatCommits(const QEvent& event)
          key == Qt::Key_Backtab;
 }
 
+/// Such marks would go to the other end of a name in a row of the other direction.
+bool hasMarksAtItsEnds(const QString& name)
+{
+  return !name.isEmpty() && !(name.front().isLetter() && name.back().isLetter());
+}
+
 QString faultOfName(const QModelIndex& index, const QString& name)
 {
   const auto* groupEditor = ProxyChain::editorOf(index.model());
@@ -62,6 +68,14 @@ void GroupNameDelegate::setModelData(QWidget* editor,
   const auto* edit = nameEdit(editor);
   if (edit && edit->fault().isEmpty())
     model->setData(index, edit->text());
+}
+
+void GroupNameDelegate::initStyleOption(QStyleOptionViewItem* option,
+                                        const QModelIndex& index) const
+{
+  QStyledItemDelegate::initStyleOption(option, index);
+  if (option->direction == Qt::RightToLeft && hasMarksAtItsEnds(option->text))
+    option->text = u'\u2068' + option->text + u'\u2069';
 }
 
 bool GroupNameDelegate::eventFilter(QObject* object, QEvent* event)

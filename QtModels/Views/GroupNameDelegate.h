@@ -26,6 +26,9 @@ public:
 
 protected:
   bool eventFilter(QObject* object, QEvent* event) override;
+
+  /// In a view from right to left, a name such as "Washington, D.C." keeps its own order.
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 };
 
 }

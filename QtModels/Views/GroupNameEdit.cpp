@@ -4,12 +4,25 @@
 #include "QtModels/Translation/LanguageWatcher.h"
 
 #include <QtGui/QAction>
+#include <QtGui/QFontMetrics>
 #include <QtWidgets/QStyle>
 #include <QtWidgets/QToolTip>
 
 #include <utility>
 
 namespace Tarvik {
+namespace {
+
+/// Below the beginning of what is edited. A hint is always to the right of its place.
+QPoint placeOfHint(const QLineEdit& edit, const QString& text)
+{
+  const auto width = QFontMetrics(QToolTip::font()).horizontalAdvance(text);
+  const auto area = edit.rect();
+  return edit.mapToGlobal(edit.isRightToLeft() ? area.bottomRight() - QPoint(width, 0)
+                                               : area.bottomLeft());
+}
+
+}
 
 GroupNameEdit::GroupNameEdit(Check check, QWidget* parent)
     : QLineEdit(parent),
@@ -43,7 +56,7 @@ void GroupNameEdit::showFault()
   m_warning->setVisible(!text.isEmpty());
   m_warning->setToolTip(text);
   setAccessibleDescription(text);
-  QToolTip::showText(mapToGlobal(rect().bottomLeft()), text, this); // an empty text hides it
+  QToolTip::showText(placeOfHint(*this, text), text, this); // an empty text hides it
 }
 
 }

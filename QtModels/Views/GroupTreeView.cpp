@@ -163,6 +163,7 @@ void GroupTreeView::paintEvent(QPaintEvent* event)
   if (!isShown || m_indicator.shape == DropIndicator::Shape::None)
     return;
   QPainter painter(viewport());
+  painter.setLayoutDirection(layoutDirection());
   m_indicator.paint(painter, palette());
 }
 
@@ -188,7 +189,10 @@ DropIndicator GroupTreeView::indicatorFor(const QDropEvent& event) const
   if (!event.isAccepted() || !index.isValid())
     return {};
   auto rect = visualRect(index);
-  rect.setRight(viewport()->width() - 1);
+  if (isRightToLeft())
+    rect.setLeft(0);
+  else
+    rect.setRight(viewport()->width() - 1);
   switch (dropIndicatorPosition()) {
   case OnItem:
     return {DropIndicator::Shape::Frame, rect};

@@ -118,7 +118,8 @@ void TreeViewState::rememberRows()
   if (m_view->verticalScrollBar()->value() == 0)
     return; // what comes to the top is to be seen
   const int bottom = m_view->viewport()->height();
-  auto index = m_view->indexAt({0, 0}).siblingAtColumn(0);
+  const int begin = m_view->isRightToLeft() ? m_view->viewport()->width() - 1 : 0;
+  auto index = m_view->indexAt({begin, 0}).siblingAtColumn(0);
   for (; index.isValid(); index = m_view->indexBelow(index)) {
     const int top = m_view->visualRect(index).top();
     if (top >= bottom)

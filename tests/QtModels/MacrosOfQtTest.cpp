@@ -13,7 +13,7 @@
 #include "QtModels/History/HistoryView.h"
 #include "QtModels/History/UndoStackCommand.h"
 #include "QtModels/Models/GroupItemModel.h"
-#include "QtModels/Translation/CommandTexts.h"
+#include "QtModels/Translation/CatalogueTranslator.h"
 #include "QtModels/Translation/LanguageWatcher.h"
 #include "QtModels/Translation/QtTranslation.h"
 

@@ -87,7 +87,8 @@ void ColumnsDialog::addPreview()
 {
   m_preview->setAccessibleName(tr("The first rows of the table"));
   m_preview->setEditTriggers(QAbstractItemView::NoEditTriggers);
-  m_preview->setTabKeyNavigation(false); // Tab leads to the buttons
+  m_preview->setTabKeyNavigation(false);          // Tab leads to the buttons
+  m_preview->setLayoutDirection(Qt::LeftToRight); // as in the file; "-1" would be "1-" otherwise
   m_preview->verticalHeader()->hide();
   layout()->addWidget(m_preview);
 }

@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Desktop/Window/GroupsPanel.h"
 
+#include "PointCollections/Desktop/Text/LocalCounts.h"
+
 #include <QtCore/QEvent>
-#include <QtCore/QLocale>
 #include <QtGui/QPainter>
 #include <QtGui/QPixmap>
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QToolButton>
 #include <QtWidgets/QVBoxLayout>
 
+#include <cstddef>
 #include <string>
 #include <unordered_set>
 #include <utility>
@@ -95,12 +97,12 @@ void GroupsPanel::setDocument(std::shared_ptr<PointDocument> document,
 
 void GroupsPanel::showCounts()
 {
-  const QLocale locale;
-  const auto isFiltering = !m_filter->filterText().isEmpty();
-  m_counts->setText(tr("%1 groups and %2 elements match")
-                        .arg(locale.toString(m_filter->matchingGroups()),
-                             locale.toString(m_filter->matchingElements())));
-  m_counts->setVisible(isFiltering);
+  //: %1 is like "2 groups", and %2 like "1 element"
+  m_counts->setText(
+      tr("%1 and %2 match")
+          .arg(localCountOfGroups(static_cast<std::size_t>(m_filter->matchingGroups())),
+               localCountOfElements(static_cast<std::size_t>(m_filter->matchingElements()))));
+  m_counts->setVisible(!m_filter->filterText().isEmpty());
 }
 
 void GroupsPanel::changeEvent(QEvent* event)

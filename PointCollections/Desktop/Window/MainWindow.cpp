@@ -24,8 +24,11 @@
 namespace Tarvik::PointCollections {
 namespace {
 
+constexpr int usualWidthOfHistory = 280;
+
 const auto geometryKey = QStringLiteral("window/geometry");
 const auto stateKey = QStringLiteral("window/state");
+const auto mirroredKey = QStringLiteral("window/mirrored");
 const auto splitterKey = QStringLiteral("window/splitter");
 
 /// The first file of what is dragged into the window; empty if there is none.
@@ -52,9 +55,12 @@ MainWindow::MainWindow(std::shared_ptr<Files> files, std::unique_ptr<Questions> 
   connectParts();
   showDocument();
   retranslate();
+  m_languageIsNew.start();
   const QSettings settings;
   restoreGeometry(settings.value(geometryKey).toByteArray());
-  restoreState(settings.value(stateKey).toByteArray());
+  if (restoreState(settings.value(stateKey).toByteArray()))
+    m_isMirrored = settings.value(mirroredKey).toBool();
+  mirrorPanels();
   m_splitter->restoreState(settings.value(splitterKey).toByteArray());
 }
 
@@ -75,7 +81,7 @@ void MainWindow::arrange()
   addHistoryPanel();
   statusBar()->addPermanentWidget(m_statistics);
   resize(1200, 760);
-  resizeDocks({findChild<QDockWidget*>()}, {280}, Qt::Horizontal);
+  resizeDocks({findChild<QDockWidget*>()}, {usualWidthOfHistory}, Qt::Horizontal);
 }
 
 void MainWindow::addHistoryPanel()
@@ -87,10 +93,30 @@ void MainWindow::addHistoryPanel()
   addDockWidget(Qt::RightDockWidgetArea, m_historyPanel);
 }
 
+/// Qt mirrors everything but this: a panel is on the left or on the right in all languages.
+void MainWindow::mirrorPanels()
+{
+  if (m_isMirrored == isRightToLeft())
+    return;
+  m_isMirrored = isRightToLeft();
+  const auto area = dockWidgetArea(m_historyPanel);
+  const auto isAtSide = area == Qt::LeftDockWidgetArea || area == Qt::RightDockWidgetArea;
+  if (!isAtSide || m_historyPanel->isFloating())
+    return;
+  const auto width = isVisible() ? m_historyPanel->width() : usualWidthOfHistory;
+  addDockWidget(area == Qt::LeftDockWidgetArea ? Qt::RightDockWidgetArea : Qt::LeftDockWidgetArea,
+                m_historyPanel);
+  resizeDocks({m_historyPanel}, {width}, Qt::Horizontal);
+}
+
 void MainWindow::changeEvent(QEvent* event)
 {
-  if (event->type() == QEvent::LanguageChange)
+  if (event->type() == QEvent::LanguageChange) {
     retranslate();
+    m_languageIsNew.start();
+  } else if (event->type() == QEvent::LayoutDirectionChange) {
+    mirrorPanels();
+  }
   QMainWindow::changeEvent(event);
 }
 
@@ -104,8 +130,17 @@ void MainWindow::retranslate()
   showStatistics();
 }
 
+void MainWindow::tellLanguageFault()
+{
+  const auto fault = Languages::instance().takeFault();
+  if (!fault.isEmpty())
+    m_questions->tellWarning(fault);
+}
+
 void MainWindow::connectParts()
 {
+  m_languageIsNew.setSingleShot(true);
+  connect(&m_languageIsNew, &QTimer::timeout, this, &MainWindow::tellLanguageFault);
   connect(&m_workspace, &Workspace::aboutToReplaceDocument, this,
           &MainWindow::rememberExpandedGroups);
   connect(&m_workspace, &Workspace::aboutToSave, this, [this] {
@@ -206,6 +241,7 @@ void MainWindow::rememberWindow() const
   QSettings settings;
   settings.setValue(geometryKey, saveGeometry());
   settings.setValue(stateKey, saveState());
+  settings.setValue(mirroredKey, m_isMirrored);
   settings.setValue(splitterKey, m_splitter->saveState());
 }
 

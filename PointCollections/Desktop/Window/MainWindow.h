@@ -8,6 +8,7 @@
 #include "PointCollections/Desktop/Workspace/ElementColours.h"
 #include "PointCollections/Desktop/Workspace/Workspace.h"
 
+#include <QtCore/QTimer>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMainWindow>
 
@@ -57,8 +58,10 @@ private:
   void addHistoryPanel();
   void arrange();
   void connectParts();
+  void mirrorPanels();
 
   void retranslate();
+  void tellLanguageFault();
   void rememberExpandedGroups();
   void rememberWindow() const;
   void showChange();
@@ -79,6 +82,8 @@ private:
   QSplitter* m_splitter = nullptr;
   QDockWidget* m_historyPanel = nullptr;
   HistoryView* m_history = nullptr;
+  QTimer m_languageIsNew;    ///< what is wrong with it is told when the window is on the screen
+  bool m_isMirrored = false; ///< whether panels are where they are from right to left
   bool m_isEnding = false;
 };
 

@@ -4,6 +4,8 @@
 #include "PointCollections/Desktop/Window/Languages.h"
 
 #include <QtCore/QEvent>
+#include <QtCore/QList>
+#include <QtCore/QSet>
 #include <QtGui/QAction>
 #include <QtGui/QActionGroup>
 #include <QtGui/QKeySequence>
@@ -11,7 +13,25 @@
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QToolBar>
 
+#include <utility>
+
 namespace Tarvik::PointCollections {
+namespace {
+
+/// The name with a mnemonic that each keyboard has and that is not taken, if there is one.
+QString withMnemonic(QString name, QSet<QChar>& taken)
+{
+  for (int i = 0; i < name.size(); ++i) {
+    const auto letter = name.at(i).toLower();
+    if (letter >= u'a' && letter <= u'z' && !taken.contains(letter)) {
+      taken.insert(letter);
+      return name.insert(i, u'&');
+    }
+  }
+  return name;
+}
+
+}
 
 Menus::Menus(MainWindow& window) : QObject(&window), m_window(window)
 {
@@ -27,7 +47,7 @@ Menus::~Menus() = default;
 
 bool Menus::eventFilter(QObject* watched, QEvent* event)
 {
-  if (event->type() == QEvent::LanguageChange)
+  if (event->type() == QEvent::LanguageChange || event->type() == QEvent::LayoutDirectionChange)
     m_texts.retranslate();
   return QObject::eventFilter(watched, event);
 }
@@ -115,12 +135,12 @@ void Menus::addViewMenu()
       menu->addAction({}, QKeySequence(Qt::CTRL | Qt::Key_0), points, &PointsView::resetCamera);
   bar->addAction(all);
   menu->addSeparator();
-  const auto addStep = [&](Qt::Key key, int pixels) {
-    return menu->addAction({}, QKeySequence(Qt::CTRL | Qt::ALT | key), &m_window,
-                           [this, pixels] { m_window.widenGroups(pixels); });
+  const auto addStep = [&](int pixels) {
+    return menu->addAction({}, &m_window, [this, pixels] { m_window.widenGroups(pixels); });
   };
-  auto* const wider = addStep(Qt::Key_Right, 40);
-  auto* const narrower = addStep(Qt::Key_Left, -40);
+  auto* const window = &m_window;
+  auto* const wider = addStep(40);
+  auto* const narrower = addStep(-40);
   auto* const panels = menu->addMenu(m_window.createPopupMenu());
   m_texts.keep([=] {
     menu->setTitle(tr("&View"));
@@ -131,6 +151,10 @@ void Menus::addViewMenu()
     wider->setText(tr("&Widen groups"));
     narrower->setText(tr("&Narrow groups"));
     panels->setText(tr("&Panels"));
+    // The border between groups and points goes where the arrow points.
+    const auto isMirrored = window->isRightToLeft();
+    wider->setShortcut(Qt::CTRL | Qt::ALT | (isMirrored ? Qt::Key_Left : Qt::Key_Right));
+    narrower->setShortcut(Qt::CTRL | Qt::ALT | (isMirrored ? Qt::Key_Right : Qt::Key_Left));
   });
 }
 
@@ -138,21 +162,26 @@ void Menus::addLanguageMenu()
 {
   auto* const menu = addMenu();
   auto* const choices = new QActionGroup(this);
-  const auto add = [&](const QString& text, const QString& code) {
-    auto* const action = choices->addAction(text);
+  const auto add = [&](const QString& code) {
+    auto* const action = choices->addAction(QString());
     action->setCheckable(true);
     action->setChecked(Languages::chosen() == code);
     connect(action, &QAction::triggered, this, [code] { Languages::instance().choose(code); });
     menu->addAction(action);
     return action;
   };
-  auto* const system = add(QString(), QString());
-  // Those who cannot read the present language find their own.
-  add(QStringLiteral("&English"), QStringLiteral("en"));
-  add(QStringLiteral("&Deutsch"), QStringLiteral("de"));
+  auto* const system = add(QString());
+  QList<std::pair<QAction*, QString>> languages;
+  for (const auto& code : Languages::instance().codes())
+    languages.append({add(code), Languages::nativeName(code)});
   m_texts.keep([=] {
     menu->setTitle(tr("&Language"));
     system->setText(tr("As the &system"));
+    // Those who cannot read the present language find their own.
+    const auto text = system->text().toLower();
+    QSet<QChar> taken{text.at(text.indexOf(u'&') + 1)};
+    for (const auto& [action, name] : languages)
+      action->setText(withMnemonic(name, taken));
   });
 }
 

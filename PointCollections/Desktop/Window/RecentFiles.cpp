@@ -47,7 +47,8 @@ void RecentFiles::fill(QMenu& menu)
   connect(&menu, &QMenu::aboutToShow, this, [this, &menu] {
     menu.clear();
     for (const auto& name : names()) {
-      auto text = QFileInfo(name).fileName() + QStringLiteral(" — ") + QFileInfo(name).path();
+      //: the name of a file and its folder
+      auto text = tr("%1 — %2").arg(QFileInfo(name).fileName(), QFileInfo(name).path());
       menu.addAction(text.replace(u'&', QStringLiteral("&&")), this,
                      [this, name] { Q_EMIT chosen(name); });
     }

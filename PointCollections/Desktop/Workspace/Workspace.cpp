@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Desktop/Workspace/Workspace.h"
 
-#include <QtCore/QLocale>
+#include "PointCollections/Desktop/Text/LocalCounts.h"
 
 #include <algorithm>
 #include <chrono>
+#include <cstddef>
 #include <numeric>
 #include <utility>
 
@@ -16,10 +17,10 @@ OpenedDocument emptyDocument()
   return {PointDocument::create(), {}};
 }
 
-qulonglong countPoints(const PointDocument& document)
+std::size_t countPoints(const PointDocument& document)
 {
   const auto& all = document.collections();
-  return std::accumulate(all.begin(), all.end(), qulonglong{0},
+  return std::accumulate(all.begin(), all.end(), std::size_t{0},
                          [](auto sum, const auto& each) { return sum + each.points.size(); });
 }
 
@@ -114,12 +115,12 @@ QString Workspace::title() const
 QString Workspace::statistics() const
 {
   const auto& document = *m_editor.document();
-  const QLocale locale;
-  const auto count = [&](qulonglong number) { return locale.toString(number); };
-  return tr("%1 elements, %2 points, %3 groups, %4 elements in no group")
-      .arg(count(document.collections().size()), count(countPoints(document)),
-           count(m_editor.document()->getGroups().size()),
-           count(document.ungroupedElements().size()));
+  //: %1 to %4 are like "2 elements", "3 points", "1 group", "0 elements"
+  return tr("%1, %2, %3, %4 in no group")
+      .arg(localCountOfElements(document.collections().size()),
+           localCountOfPoints(countPoints(document)),
+           localCountOfGroups(m_editor.document()->getGroups().size()),
+           localCountOfElements(document.ungroupedElements().size()));
 }
 
 }

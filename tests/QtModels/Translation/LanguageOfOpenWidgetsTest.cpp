@@ -3,6 +3,7 @@
 
 #include "QtModels/History/History.h"
 #include "QtModels/History/HistoryView.h"
+#include "QtModels/Support/GermanTexts.h"
 #include "QtModels/Support/ShownView.h"
 #include "QtModels/Translation/QtTranslation.h"
 #include "QtModels/Views/GroupActions.h"
@@ -10,8 +11,6 @@
 #include "Translator/Translator.h"
 
 #include <QtCore/QCoreApplication>
-#include <QtCore/QLocale>
-#include <QtCore/QTranslator>
 #include <QtGui/QAction>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListWidget>
@@ -34,7 +33,6 @@ protected:
   LanguageOfOpenWidgets()
   {
     QtTranslation::install();
-    EXPECT_TRUE(german.load(QLocale(QLocale::German), "TKMService", "_", QtTranslation::folder));
     shown.document.editor.createGroup(shown.document.rows("c"), "N");
     historyView.show();
     chooser.show();
@@ -91,7 +89,7 @@ protected:
     return result;
   }
 
-  QTranslator german;
+  GermanTexts german;
   ShownView shown = ShownView("A[ab] B[] c");
   GroupActions* actions = new GroupActions(&shown.view);
   History history = History(shown.document.history);

@@ -3,7 +3,12 @@
 
 #include "QtModels/Support/ShownView.h"
 
+#include <QtCore/QStringListModel>
+#include <QtWidgets/QApplication>
+
 #include <gtest/gtest.h>
+
+#include <cstdlib>
 
 namespace Tarvik {
 namespace {
@@ -48,6 +53,36 @@ TEST(GroupNameDelegateTest, SaysWhyANameIsRefusedWhileItIsTyped)
   EXPECT_EQ(renaming.nameEdit()->accessibleDescription(), "A group needs a name.");
 }
 
+/// The hint that is on the screen.
+QRect hint()
+{
+  for (const auto* const window : QApplication::topLevelWidgets()) {
+    if (window->isVisible() && window->inherits("QTipLabel"))
+      return window->geometry();
+  }
+  return {};
+}
+
+TEST(GroupNameDelegateTest, SaysItWhereTheNameBeginsInBothDirections)
+{
+  constexpr int aLittle = 20;
+  for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+    Renaming renaming;
+    renaming.view.setLayoutDirection(direction);
+    renaming.view.resize(700, 300);
+    renaming.view.move(0, 0);
+    QCoreApplication::processEvents();
+    renaming.type("B");
+
+    const auto& edit = *renaming.nameEdit();
+    const auto left = edit.mapToGlobal(edit.rect().topLeft()).x();
+    const auto distance = direction == Qt::LeftToRight ? hint().left() - left
+                                                       : hint().right() - (left + edit.width());
+    EXPECT_LE(std::abs(distance), aLittle) << direction;
+    EXPECT_GT(hint().top(), edit.mapToGlobal(edit.rect().topLeft()).y());
+  }
+}
+
 TEST(GroupNameDelegateTest, StaysOpenWithANameThatIsRefused)
 {
   for (const auto key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Tab, Qt::Key_Backtab}) {
@@ -64,6 +99,26 @@ TEST(GroupNameDelegateTest, StaysOpenWithANameThatIsRefused)
     QCoreApplication::processEvents();
     EXPECT_EQ(renaming.document.text(), "N[] B[] ");
   }
+}
+
+TEST(GroupNameDelegateTest, ShowsNamesInTheirOwnOrderInBothDirections)
+{
+  struct Delegate : GroupNameDelegate {
+    using GroupNameDelegate::initStyleOption;
+  };
+  const auto shownText = [](const QString& name, Qt::LayoutDirection direction) {
+    QStringListModel model({name});
+    QStyleOptionViewItem option;
+    option.direction = direction;
+    Delegate().initStyleOption(&option, model.index(0));
+    return option.text;
+  };
+
+  EXPECT_EQ(shownText("Washington, D.C.", Qt::LeftToRight), "Washington, D.C.");
+  EXPECT_EQ(shownText("Washington, D.C.", Qt::RightToLeft), "\u2068Washington, D.C.\u2069");
+  EXPECT_EQ(shownText("-1", Qt::RightToLeft), "\u2068-1\u2069");
+  EXPECT_EQ(shownText("New York", Qt::RightToLeft), "New York") << "it is in order already";
+  EXPECT_EQ(shownText("", Qt::RightToLeft), "");
 }
 
 TEST(GroupNameDelegateTest, LeavesTheOldNameWithEscape)

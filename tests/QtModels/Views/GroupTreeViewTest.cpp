@@ -155,6 +155,24 @@ TEST(GroupTreeViewTest, SelectsNoRowsWhenAGroupIsExpanded)
   EXPECT_EQ(shown.selected(), "B");
 }
 
+TEST(GroupTreeViewTest, ExpandsAGroupOnTheSideWhereItsRowBegins)
+{
+  ShownView shown("A[ab] B[cd] e");
+  shown.view.collapseAll();
+  shown.view.setLayoutDirection(Qt::RightToLeft);
+  QCoreApplication::processEvents();
+
+  auto* const viewport = shown.view.viewport();
+  const auto rowA = shown.view.visualRect(shown.row('A'));
+  QTest::mouseClick(viewport, Qt::LeftButton, Qt::NoModifier,
+                    QPoint((rowA.right() + viewport->width()) / 2, rowA.center().y()));
+  EXPECT_TRUE(shown.view.isExpanded(shown.row('A')));
+
+  shown.select("B");
+  QTest::keyClick(&shown.view, Qt::Key_Left);
+  EXPECT_TRUE(shown.view.isExpanded(shown.row('B')));
+}
+
 TEST(GroupTreeViewTest, FramesTheGroupIntoWhichElementsWouldGo)
 {
   ShownView shown("A[ab] B[] ");
@@ -215,6 +233,47 @@ TEST(GroupTreeViewTest, DrawsFrameAndLineDifferently)
   const QPoint onLine(250, shown.view.visualRect(shown.row('b')).top());
   EXPECT_NE(withLine.pixel(onLine), without.pixel(onLine));
   EXPECT_EQ(withFrame.pixel(onLine), without.pixel(onLine));
+}
+
+TEST(GroupTreeViewTest, ExtendsTheIndicatorFromTheRowToTheEndOfTheView)
+{
+  ShownView shown("A[ab] B[] ");
+  Dragging dragging(shown.view, {shown.row('a')});
+  const auto rowB = [&] { return shown.view.visualRect(shown.row('B')); };
+  const auto indicator = [&] {
+    dragging.moveTo(shown.row('B'), Part::Middle);
+    return shown.view.dropIndicator().rect;
+  };
+
+  EXPECT_EQ(indicator().left(), rowB().left());
+  EXPECT_EQ(indicator().right(), shown.view.viewport()->width() - 1);
+
+  shown.view.setLayoutDirection(Qt::RightToLeft);
+  EXPECT_EQ(indicator().left(), 0);
+  EXPECT_EQ(indicator().right(), rowB().right());
+}
+
+TEST(GroupTreeViewTest, DrawsTheBeginningOfALineWhereTheRowBegins)
+{
+  constexpr int radius = 4;
+  for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+    ShownView shown("A[ab] B[] c");
+    shown.view.setLayoutDirection(direction);
+    QCoreApplication::processEvents();
+    const auto without = shown.view.viewport()->grab().toImage();
+    Dragging dragging(shown.view, {shown.row('c')});
+    dragging.moveTo(shown.row('b'), Part::Top);
+    const auto with = shown.view.viewport()->grab().toImage();
+
+    const auto row = shown.view.visualRect(shown.row('b'));
+    const auto isDrawn = [&](int x) { // above the line, where only its circle is
+      const QPoint place(x, row.top() - 2);
+      return with.pixel(place) != without.pixel(place);
+    };
+    const auto isMirrored = direction == Qt::RightToLeft;
+    EXPECT_TRUE(isDrawn(isMirrored ? row.right() - radius : row.left() + radius)) << direction;
+    EXPECT_FALSE(isDrawn(isMirrored ? radius : without.width() - radius)) << direction;
+  }
 }
 
 TEST(GroupTreeViewTest, DropsRowsWhereTheIndicatorIs)

@@ -11,6 +11,7 @@
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QItemSelection>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QHeaderView>
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QTreeView>
 
@@ -64,7 +65,8 @@ protected:
   /// What the user sees: the name of the row at the top, with a mark if it is a member.
   std::string topRow() const
   {
-    const auto index = view->indexAt({0, 0});
+    const auto index =
+        view->indexAt({view->isRightToLeft() ? view->viewport()->width() - 1 : 0, 0});
     return (index.parent().isValid() ? "member of " + index.parent().data().toString() : "group ")
                .toStdString() +
            index.data().toString().toStdString();
@@ -193,6 +195,25 @@ TEST_F(TreeViewStateTest, KeepsTheTopRowWhenRowsLeaveAndComeAboveIt)
     QApplication::processEvents();
 
     EXPECT_EQ(topRow(), top);
+  }
+}
+
+TEST_F(TreeViewStateTest, KeepsTheTopRowWithColumnsThatDoNotFillTheView)
+{
+  for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+    show(60);
+    view->setLayoutDirection(direction);
+    view->header()->setStretchLastSection(false);
+    for (const auto column : {GroupItemModelBase::NameColumn, GroupItemModelBase::CountColumn})
+      view->setColumnWidth(column, 60);
+    QApplication::processEvents();
+    view->verticalScrollBar()->setValue(view->verticalScrollBar()->maximum() / 2);
+    const auto top = topRow();
+
+    RemoveTKGroupsCmd<Identifier>(provider, {idOf(0), idOf(2)}).execute();
+    QApplication::processEvents();
+
+    EXPECT_EQ(topRow(), top) << direction;
   }
 }
 

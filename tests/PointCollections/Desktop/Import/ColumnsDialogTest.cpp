@@ -51,6 +51,16 @@ TEST_F(ColumnsDialogTest, ShowsWhatWasFound)
   EXPECT_EQ(dialog.columnBox(Group).currentText(), "Group") << "it has the usual name";
 }
 
+TEST_F(ColumnsDialogTest, ShowsRowsAsInTheFileInBothDirections)
+{
+  ColumnsDialog dialog(table());
+
+  dialog.setLayoutDirection(Qt::RightToLeft);
+
+  EXPECT_TRUE(dialog.isRightToLeft());
+  EXPECT_FALSE(dialog.preview().viewport()->isRightToLeft());
+}
+
 TEST_F(ColumnsDialogTest, CanBeAcceptedOnceAllColumnsAreChosen)
 {
   ColumnsDialog dialog(table());

@@ -1,27 +1,42 @@
 // SPDX-License-Identifier: MIT
 #include "PointCollections/Desktop/Pictures/FixedLook.h"
 
-#include <QtGui/QFontInfo>
+#include <QtGui/QFontDatabase>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QStyle>
 
 #include <stdexcept>
+#include <string>
 
 namespace Tarvik::PointCollections {
 namespace {
 
-const auto family = QStringLiteral("DejaVu Sans");
 constexpr int heightOfFont = 13; ///< in pixels, so that the resolution does not matter
 
-QFont fixedFont()
+/// @param package  in which Debian has the font
+/// @return the family
+QString installedFamily(const char* family, const char* package)
 {
-  QFont font(family);
+  auto name = QString::fromLatin1(family);
+  if (!QFontDatabase::hasFamily(name))
+    throw std::runtime_error(std::string("The pictures need the font ") + family +
+                             ", which is not installed. On Debian it is in the package " + package +
+                             ".");
+  return name;
+}
+
+/// No other fonts are asked for letters: which ones there are depends on the machine.
+QFont fixedFont(const QString& language)
+{
+  QFont font(installedFamily("DejaVu Sans", "fonts-dejavu-core"));
+  auto strategy = QFont::PreferAntialias | QFont::NoSubpixelAntialias;
+  if (language == u"ja")
+    font.setFamilies({font.family(), installedFamily("VL Gothic", "fonts-vlgothic")});
+  else
+    strategy |= QFont::NoFontMerging;
   font.setPixelSize(heightOfFont);
-  font.setStyleStrategy(QFont::StyleStrategy(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
+  font.setStyleStrategy(QFont::StyleStrategy(strategy));
   font.setHintingPreference(QFont::PreferNoHinting);
-  if (QFontInfo(font).family() != family)
-    throw std::runtime_error("The pictures need the font DejaVu Sans, which is not installed. On "
-                             "Debian it is in the package fonts-dejavu-core.");
   return font;
 }
 
@@ -47,20 +62,18 @@ QPalette darkColours()
 
 }
 
-FixedLook::FixedLook(Colours colours, const QLocale& locale)
+FixedLook::FixedLook(Colours colours, const QString& language)
     : m_style(QApplication::style()->objectName()),
       m_font(QApplication::font()),
       m_palette(QApplication::palette())
 {
   QApplication::setStyle(QStringLiteral("Fusion"));
-  QApplication::setFont(fixedFont());
+  QApplication::setFont(fixedFont(language));
   QApplication::setPalette(colours == Colours::Light ? lightColours() : darkColours());
-  QLocale::setDefault(locale);
 }
 
 FixedLook::~FixedLook()
 {
-  QLocale::setDefault(m_locale);
   QApplication::setPalette(m_palette);
   QApplication::setFont(m_font);
   QApplication::setStyle(m_style);

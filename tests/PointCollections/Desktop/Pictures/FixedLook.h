@@ -1,19 +1,20 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QtCore/QLocale>
+#include <QtCore/QString>
 #include <QtGui/QFont>
 #include <QtGui/QPalette>
 
 namespace Tarvik::PointCollections {
 
-/// While it exists, widgets look the same for each user: style, font, colours and the format of
-/// numbers do not depend on settings.
+/// While it exists, widgets look the same for each user: style, fonts and colours do not depend on
+/// settings.
 class FixedLook {
 public:
   enum class Colours { Light, Dark };
 
-  explicit FixedLook(Colours colours, const QLocale& locale = QLocale::c());
+  /// @param language  whose letters the fonts must have
+  FixedLook(Colours colours, const QString& language);
   FixedLook(const FixedLook&) = delete;
   FixedLook& operator=(const FixedLook&) = delete;
   ~FixedLook();
@@ -22,7 +23,6 @@ private:
   QString m_style;
   QFont m_font;
   QPalette m_palette;
-  QLocale m_locale;
 };
 
 }

@@ -2,51 +2,14 @@
 #include "PointCollections/Desktop/Pictures/Scenes.h"
 
 #include "PointCollections/Desktop/Pictures/Stage.h"
-#include "QtModels/Translation/QtTranslation.h"
-#include "Translator/Translator.h"
 
-#include <QtCore/QCoreApplication>
-#include <QtCore/QDir>
-#include <QtCore/QTranslator>
-
-#include <memory>
+#include <array>
 #include <stdexcept>
-#include <vector>
 
 namespace Tarvik::PointCollections {
 namespace {
 
 using Colours = FixedLook::Colours;
-
-/// While it exists, all texts of the library and of the program are German.
-class German {
-public:
-  German()
-  {
-    QtTranslation::install();
-    for (const auto* const folder : {QtTranslation::folder, ":/point-collections"})
-      install(QDir(QString::fromLatin1(folder)));
-  }
-
-  German(const German&) = delete;
-  German& operator=(const German&) = delete;
-
-  ~German() { Translator::installCatalogue({}); }
-
-private:
-  void install(const QDir& folder)
-  {
-    for (const auto& name : folder.entryList({QStringLiteral("*_de.qm")})) {
-      auto texts = std::make_unique<QTranslator>();
-      if (!texts->load(folder.filePath(name)))
-        throw std::runtime_error("These texts cannot be loaded: " + name.toStdString());
-      QCoreApplication::installTranslator(texts.get());
-      m_texts.push_back(std::move(texts));
-    }
-  }
-
-  std::vector<std::unique_ptr<QTranslator>> m_texts; ///< each leaves the application when it goes
-};
 
 /// Europe and Africa in the middle, seen from a little to the north.
 void showContinents(Stage& stage)
@@ -101,12 +64,26 @@ QImage drawDark()
   return stage.draw();
 }
 
-QImage drawGerman()
+QImage drawIn(const char* language)
 {
-  const German german;
-  Stage stage(Colours::Light, QLocale(QLocale::German));
+  Stage stage(Colours::Light, QString::fromLatin1(language));
   showContinents(stage);
   return stage.draw();
+}
+
+QImage drawGerman()
+{
+  return drawIn("de");
+}
+
+QImage drawJapanese()
+{
+  return drawIn("ja");
+}
+
+QImage drawArabic()
+{
+  return drawIn("ar");
 }
 
 }
@@ -114,8 +91,8 @@ QImage drawGerman()
 QImage Scenes::draw(const QString& name)
 {
   using Draw = QImage (*)();
-  constexpr std::array<Draw, names.size()> scenes = {drawTreeAndGlobe, drawDrag, drawHistory,
-                                                     drawDark, drawGerman};
+  constexpr std::array<Draw, names.size()> scenes = {
+      drawTreeAndGlobe, drawDrag, drawHistory, drawDark, drawGerman, drawJapanese, drawArabic};
   for (std::size_t i = 0; i < names.size(); ++i) {
     if (name == QLatin1String(names[i]))
       return scenes[i]();

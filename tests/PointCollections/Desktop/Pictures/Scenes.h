@@ -13,8 +13,9 @@ namespace Tarvik::PointCollections {
 class Scenes {
 public:
   /// The names of the pictures, without the extension.
-  static constexpr std::array names = {"desktop", "desktop-drag", "desktop-history", "desktop-dark",
-                                       "desktop-german"};
+  static constexpr std::array names = {"desktop",       "desktop-drag",   "desktop-history",
+                                       "desktop-dark",  "desktop-german", "desktop-japanese",
+                                       "desktop-arabic"};
 
   /// Plays a scene in a window of the program, and draws the window.
   /// @param name  one of `names`

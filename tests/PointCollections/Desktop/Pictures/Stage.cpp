@@ -4,6 +4,7 @@
 #include "PointCollections/Desktop/Pictures/Continents.h"
 #include "PointCollections/Desktop/Window/FakeQuestions.h"
 #include "PointCollections/Desktop/Window/FileNames.h"
+#include "PointCollections/Desktop/Window/Languages.h"
 
 #include <QtCore/QMimeData>
 #include <QtCore/QSettings>
@@ -33,10 +34,13 @@ void drawPointer(QPainter& painter, const QPointF& tip)
 
 }
 
-Stage::Stage(FixedLook::Colours colours, const QLocale& locale) : m_look(colours, locale)
+Stage::Stage(FixedLook::Colours colours, const QString& language) : m_look(colours, language)
 {
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings.path());
   qputenv("XDG_STATE_HOME", m_settings.path().toUtf8());
+  Languages::instance().choose(language);
+  if (const auto fault = Languages::instance().takeFault(); !fault.isEmpty())
+    throw std::runtime_error(fault.toStdString());
   m_window = std::make_unique<MainWindow>(diskFiles(), std::make_unique<FakeQuestions>());
   const auto sample = QStringLiteral(POINT_COLLECTIONS_SAMPLES "/time-zone-cities.csv");
   if (!m_window->fileCommands().openFile(pathFrom(sample)))
@@ -45,7 +49,11 @@ Stage::Stage(FixedLook::Colours colours, const QLocale& locale) : m_look(colours
   m_window->show();
 }
 
-Stage::~Stage() = default;
+Stage::~Stage()
+{
+  m_window.reset();
+  Languages::instance().choose(QStringLiteral("en"));
+}
 
 std::uint32_t Stage::numberOf(const QString& element) const
 {

@@ -17,7 +17,8 @@ namespace Tarvik::PointCollections {
 /// The window of the program with the sample, in which a scene is played.
 class Stage {
 public:
-  explicit Stage(FixedLook::Colours colours, const QLocale& locale = QLocale::c());
+  /// @param language  of the texts; there is a catalogue for it, or it is English
+  explicit Stage(FixedLook::Colours colours, const QString& language = QStringLiteral("en"));
   Stage(const Stage&) = delete;
   Stage& operator=(const Stage&) = delete;
   ~Stage();
