@@ -25,9 +25,9 @@ public:
   /// @return whether it is certainly different from all that were added before
   bool add(const T& element);
 
-  /// The position of the next member, from this one on, that may be equal to an element; else the
-  /// number of members.
-  std::size_t next(const std::vector<T>& members, std::size_t position) const;
+  /// The position of the next member, from this one on, that may be equal to an element; `end` if
+  /// there is none before it.
+  std::size_t next(const std::vector<T>& members, std::size_t position, std::size_t end) const;
 
 private:
   static std::size_t hashOf(const T& identifier);
@@ -55,17 +55,17 @@ bool ElementFilter<T>::add(const T& element)
 }
 
 template <class T>
-std::size_t ElementFilter<T>::next(const std::vector<T>& members, std::size_t position) const
+std::size_t
+ElementFilter<T>::next(const std::vector<T>& members, std::size_t position, std::size_t end) const
 {
   const auto mask = m_bytes.size() - 1;
   const auto byte = [bytes = m_bytes.data(), mask, member = members.data()](std::size_t i) {
     return bytes[hashOf(member[i]) & mask];
   };
-  const auto count = members.size();
-  while (position < count && byte(position) == 0) {
+  while (position < end && byte(position) == 0) {
     ++position;
     // the processor works on several members at once
-    while (position + 4 <= count &&
+    while (position + 4 <= end &&
            (byte(position) | byte(position + 1) | byte(position + 2) | byte(position + 3)) == 0)
       position += 4;
   }
