@@ -38,10 +38,12 @@ private:
 template <class T>
 ElementFilter<T>::ElementFilter(std::size_t numberOfElements)
 {
-  // 128 bytes for each element, so that few members seem to be elements; fewer where they would not
-  // fit into the cache.
+  // 128 bytes for each element, so that few members seem to be elements; more if there are few
+  // elements, and fewer where the bytes would not fit into the cache.
+  constexpr std::size_t few = 16;
   constexpr std::size_t most = 512;
-  const auto sparse = std::bit_ceil(128 * (std::min)(numberOfElements, most));
+  const auto sparse = std::bit_ceil((std::max)(512 * (std::min)(numberOfElements, few),
+                                               128 * (std::min)(numberOfElements, most)));
   m_bytes.resize((std::max)(sparse, std::bit_ceil(8 * numberOfElements)));
 }
 
@@ -62,13 +64,16 @@ ElementFilter<T>::next(const std::vector<T>& members, std::size_t position, std:
   const auto byte = [bytes = m_bytes.data(), mask, member = members.data()](std::size_t i) {
     return bytes[hashOf(member[i]) & mask];
   };
-  while (position < end && byte(position) == 0) {
+  const auto areAllZero = [&byte](std::size_t i) {
+    return (byte(i) | byte(i + 1) | byte(i + 2) | byte(i + 3)) == 0;
+  };
+  if (position < end && byte(position) != 0)
+    return position; // elements often follow one another
+  // the processor works on several members at once
+  while (position + 4 <= end && areAllZero(position))
+    position += 4;
+  while (position < end && byte(position) == 0)
     ++position;
-    // the processor works on several members at once
-    while (position + 4 <= end &&
-           (byte(position) | byte(position + 1) | byte(position + 2) | byte(position + 3)) == 0)
-      position += 4;
-  }
   return position;
 }
 
