@@ -130,11 +130,10 @@ void AddToTKGroupCmd<T>::initialize()
   GroupLists::Selection<T> selection(m_elements);
   auto index = m_insertIndex;
   GroupLists::takeSnapshots(groups, m_groupsBefore, m_groupsAfter,
-                            [&](TKGroup<T>& group, std::size_t position) {
+                            [&](const std::vector<T>& members, std::size_t position) {
                               if (position == target)
-                                index = selection.moveInto(group, index);
-                              else if (isTargetKnown)
-                                selection.takeOutOf(group);
+                                return selection.moveInto(members, index);
+                              return isTargetKnown ? selection.takeOutOf(members) : members;
                             });
   if (!isTargetKnown)
     return;

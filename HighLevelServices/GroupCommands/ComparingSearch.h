@@ -25,12 +25,19 @@ public:
   template <class Matched>
   void match(const std::vector<T>& members, Matched matched);
 
+  /// How many members are compared with one element after another: so many that the start of each
+  /// comparison does not count, and so few that they stay in the cache.
+  static constexpr std::size_t pieceSize() { return 1024; } // 16 KB of the bundled identifiers
+
+  /// See HashSearch.
+  template <class Matched>
+  void
+  matchPiece(const std::vector<T>& members, std::size_t begin, std::size_t end, Matched matched);
+
   /// See HashSearch.
   std::vector<std::size_t> firstPositions(const std::vector<T>& members) const;
 
 private:
-  static constexpr std::size_t pieceSize = 1024; // 16 KB of the bundled identifiers
-
   bool matchIn(const T* piece, std::size_t size, std::size_t element);
 
   const std::vector<T>* m_elements;
@@ -49,19 +56,27 @@ template <class T>
 template <class Matched>
 void ComparingSearch<T>::match(const std::vector<T>& members, Matched matched)
 {
-  for (std::size_t begin = 0; begin < members.size() && hasUnmatched(); begin += pieceSize) {
-    const auto size = (std::min)(pieceSize, members.size() - begin);
-    m_matchOfPiece.clear();
-    auto kept = m_unmatched.begin();
-    for (const auto element : m_unmatched) {
-      if (!matchIn(members.data() + begin, size, element))
-        *kept++ = element;
-    }
-    m_unmatched.erase(kept, m_unmatched.end());
-    for (std::size_t i = 0; i < m_matchOfPiece.size(); ++i) {
-      if (m_matchOfPiece[i] != nowhere)
-        matched(begin + i, m_matchOfPiece[i]);
-    }
+  for (std::size_t begin = 0; begin < members.size() && hasUnmatched(); begin += pieceSize())
+    matchPiece(members, begin, (std::min)(begin + pieceSize(), members.size()), matched);
+}
+
+template <class T>
+template <class Matched>
+void ComparingSearch<T>::matchPiece(const std::vector<T>& members,
+                                    std::size_t begin,
+                                    std::size_t end,
+                                    Matched matched)
+{
+  m_matchOfPiece.clear();
+  auto kept = m_unmatched.begin();
+  for (const auto element : m_unmatched) {
+    if (!matchIn(members.data() + begin, end - begin, element))
+      *kept++ = element;
+  }
+  m_unmatched.erase(kept, m_unmatched.end());
+  for (std::size_t i = 0; i < m_matchOfPiece.size(); ++i) {
+    if (m_matchOfPiece[i] != nowhere)
+      matched(begin + i, m_matchOfPiece[i]);
   }
 }
 
@@ -88,9 +103,9 @@ template <class T>
 std::vector<std::size_t> ComparingSearch<T>::firstPositions(const std::vector<T>& members) const
 {
   std::vector<std::size_t> positions(m_elements->size(), nowhere);
-  for (std::size_t begin = 0; begin < members.size(); begin += pieceSize) {
+  for (std::size_t begin = 0; begin < members.size(); begin += pieceSize()) {
     const T* const piece = members.data() + begin;
-    const T* const end = piece + (std::min)(pieceSize, members.size() - begin);
+    const T* const end = piece + (std::min)(pieceSize(), members.size() - begin);
     for (std::size_t i = 0; i < positions.size(); ++i) {
       if (positions[i] != nowhere)
         continue;

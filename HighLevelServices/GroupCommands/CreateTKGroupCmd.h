@@ -112,7 +112,10 @@ void CreateTKGroupCmd<T>::initialize()
   GroupLists::Selection<T> selection(m_elements);
   GroupLists::takeSnapshots(
       m_provider->getGroups(), m_groupsBefore, m_groupsAfter,
-      [&selection](TKGroup<T>& group, std::size_t) { selection.takeOutOf(group); }, 1);
+      [&selection](const std::vector<T>& members, std::size_t) {
+        return selection.takeOutOf(members);
+      },
+      1);
   generateName();
 
   auto members = GroupLists::distinct(m_elements);

@@ -25,9 +25,9 @@ public:
   /// @return whether it is certainly different from all that were added before
   bool add(const T& element);
 
-  /// The position of the next member, from this one on, that may be equal to an element; else the
-  /// number of members.
-  std::size_t next(const std::vector<T>& members, std::size_t position) const;
+  /// The position of the next member, from this one on, that may be equal to an element; `end` if
+  /// there is none before it.
+  std::size_t next(const std::vector<T>& members, std::size_t position, std::size_t end) const;
 
 private:
   static std::size_t hashOf(const T& identifier);
@@ -38,10 +38,12 @@ private:
 template <class T>
 ElementFilter<T>::ElementFilter(std::size_t numberOfElements)
 {
-  // 128 bytes for each element, so that few members seem to be elements; fewer where they would not
-  // fit into the cache.
+  // 128 bytes for each element, so that few members seem to be elements; more if there are few
+  // elements, and fewer where the bytes would not fit into the cache.
+  constexpr std::size_t few = 16;
   constexpr std::size_t most = 512;
-  const auto sparse = std::bit_ceil(128 * (std::min)(numberOfElements, most));
+  const auto sparse = std::bit_ceil((std::max)(512 * (std::min)(numberOfElements, few),
+                                               128 * (std::min)(numberOfElements, most)));
   m_bytes.resize((std::max)(sparse, std::bit_ceil(8 * numberOfElements)));
 }
 
@@ -55,20 +57,23 @@ bool ElementFilter<T>::add(const T& element)
 }
 
 template <class T>
-std::size_t ElementFilter<T>::next(const std::vector<T>& members, std::size_t position) const
+std::size_t
+ElementFilter<T>::next(const std::vector<T>& members, std::size_t position, std::size_t end) const
 {
   const auto mask = m_bytes.size() - 1;
   const auto byte = [bytes = m_bytes.data(), mask, member = members.data()](std::size_t i) {
     return bytes[hashOf(member[i]) & mask];
   };
-  const auto count = members.size();
-  while (position < count && byte(position) == 0) {
+  const auto areAllZero = [&byte](std::size_t i) {
+    return (byte(i) | byte(i + 1) | byte(i + 2) | byte(i + 3)) == 0;
+  };
+  if (position < end && byte(position) != 0)
+    return position; // elements often follow one another
+  // the processor works on several members at once
+  while (position + 4 <= end && areAllZero(position))
+    position += 4;
+  while (position < end && byte(position) == 0)
     ++position;
-    // the processor works on several members at once
-    while (position + 4 <= count &&
-           (byte(position) | byte(position + 1) | byte(position + 2) | byte(position + 3)) == 0)
-      position += 4;
-  }
   return position;
 }
 

@@ -14,29 +14,31 @@
 /// Steps that several commands take on a list of groups. Not for hosts.
 namespace Tarvik::GroupLists {
 
-/// Copies the list of groups twice, for undo() and to be edited. Each group is edited as soon as
-/// its second copy is made, while its members are still in the processor's cache. When that fails,
-/// `after` keeps its groups, since redo() with an empty list would delete those of the host.
+/// Copies the list of groups twice: for undo(), and with edited members. When that fails, `after`
+/// keeps its groups, since redo() with an empty list would delete those of the host.
 /// @param groups  the provider's list
 /// @param before  for undo(); may be the provider's list itself
 /// @param after   the edited list
-/// @param edit    called as `edit(group, position)` for one group after another
+/// @param edited  called as `edited(members, position)` for one group after another; returns the
+///                members of its second copy
 /// @param room    how many groups will be appended; a list that grows later copies all its groups
-template <class T, class Edit>
+template <class T, class Edited>
 void takeSnapshots(const std::vector<TKGroup<T>>& groups,
                    std::vector<TKGroup<T>>& before,
                    std::vector<TKGroup<T>>& after,
-                   Edit edit,
+                   Edited edited,
                    std::size_t room = 0)
 {
   before = groups; // may be `before` itself: self-assignment changes nothing
-  std::vector<TKGroup<T>> edited;
-  edited.reserve(before.size() + room);
-  for (const auto& group : before) {
-    edited.push_back(group);
-    edit(edited.back(), edited.size() - 1);
+  std::vector<TKGroup<T>> copies;
+  copies.reserve(before.size() + room);
+  for (auto& group : before) {
+    std::vector<T> members = edited(group.getGroupMembers(), copies.size());
+    const MembersAside<T> aside(group);
+    copies.push_back(group);
+    MemberLists<T>::swap(copies.back(), members);
   }
-  after.swap(edited);
+  after.swap(copies);
 }
 
 /// The same without an edit: both lists become the provider's list.
@@ -45,7 +47,8 @@ void takeSnapshots(TKGroupProviderInterface<T>& provider,
                    std::vector<TKGroup<T>>& before,
                    std::vector<TKGroup<T>>& after)
 {
-  takeSnapshots(provider.getGroups(), before, after, [](TKGroup<T>&, std::size_t) {});
+  takeSnapshots(provider.getGroups(), before, after,
+                [](const std::vector<T>& members, std::size_t) { return members; });
 }
 
 /// Leaves the groups at these positions in the list, in this order. Copies their names and ids

@@ -32,7 +32,20 @@ public:
   /// Call it for one group after another.
   /// @param matched  called as `matched(position, element)`, with ascending positions of members
   template <class Matched>
-  void match(const std::vector<T>& members, Matched matched);
+  void match(const std::vector<T>& members, Matched matched)
+  {
+    matchPiece(members, 0, members.size(), matched);
+  }
+
+  /// How many members a piece should have if it is copied as soon as it has been searched: so few
+  /// that the processor still writes their copies while it searches the next piece.
+  static constexpr std::size_t pieceSize() { return 128; } // 2 KB of the bundled identifiers
+
+  /// Like match(), for the members from one position to before another. Call it for one piece of a
+  /// group after another.
+  template <class Matched>
+  void
+  matchPiece(const std::vector<T>& members, std::size_t begin, std::size_t end, Matched matched);
 
   /// For every element the position of the first equal member, or nowhere.
   std::vector<std::size_t> firstPositions(const std::vector<T>& members);
@@ -42,7 +55,11 @@ private:
 
   void makeTable();
   template <class Found>
-  void findWhile(const std::vector<T>& members, Found found);
+  void findWhile(const std::vector<T>& members,
+                 std::size_t begin,
+                 std::size_t end,
+                 std::size_t& guess,
+                 Found found);
   std::size_t firstEqual(const T& member, std::size_t guess);
 
   const std::vector<T>* m_elements;
@@ -52,6 +69,7 @@ private:
   std::vector<std::uint32_t> m_nextEqual;  ///< by element
   std::vector<std::uint32_t> m_unmatched;  ///< by the first of equal elements: the next to match
   std::size_t m_numberOfUnmatched;
+  std::size_t m_guess = 0; ///< an element that may be equal to the next match
 };
 
 template <class T>
@@ -86,27 +104,33 @@ void HashSearch<T>::makeTable()
 
 template <class T>
 template <class Matched>
-void HashSearch<T>::match(const std::vector<T>& members, Matched matched)
+void HashSearch<T>::matchPiece(const std::vector<T>& members,
+                               std::size_t begin,
+                               std::size_t end,
+                               Matched matched)
 {
-  findWhile(members, [this, &matched](std::size_t position, std::size_t first) {
-    const auto element = m_unmatched[first];
-    if (element != none) {
-      m_unmatched[first] = m_nextEqual[element];
-      --m_numberOfUnmatched;
-      matched(position, std::size_t{element});
-    }
-    return hasUnmatched();
-  });
+  findWhile(members, begin, end, m_guess,
+            [this, &matched](std::size_t position, std::size_t first) {
+              const auto element = m_unmatched[first];
+              if (element != none) {
+                m_unmatched[first] = m_nextEqual[element];
+                --m_numberOfUnmatched;
+                matched(position, std::size_t{element});
+              }
+              return hasUnmatched();
+            });
 }
 
 template <class T>
 std::vector<std::size_t> HashSearch<T>::firstPositions(const std::vector<T>& members)
 {
   std::vector<std::size_t> positions(m_elements->size(), nowhere);
-  findWhile(members, [&positions](std::size_t position, std::size_t first) {
-    positions[first] = (std::min)(positions[first], position);
-    return true;
-  });
+  std::size_t guess = 0;
+  findWhile(members, 0, members.size(), guess,
+            [&positions](std::size_t position, std::size_t first) {
+              positions[first] = (std::min)(positions[first], position);
+              return true;
+            });
   for (std::size_t i = 0; i < positions.size(); ++i)
     positions[i] = positions[m_firstEqual[i]];
   return positions;
@@ -114,12 +138,18 @@ std::vector<std::size_t> HashSearch<T>::firstPositions(const std::vector<T>& mem
 
 /// Calls `found(position, first of equal elements)` for the members that are elements, in order,
 /// until it returns false.
+/// @param guess  the position of an element that may be equal to the next one found; any number.
+///               Becomes the position after the last one found
 template <class T>
 template <class Found>
-void HashSearch<T>::findWhile(const std::vector<T>& members, Found found)
+void HashSearch<T>::findWhile(const std::vector<T>& members,
+                              std::size_t begin,
+                              std::size_t end,
+                              std::size_t& guess,
+                              Found found)
 {
-  std::size_t guess = 0;
-  for (auto i = m_filter.next(members, 0); i < members.size(); i = m_filter.next(members, i + 1)) {
+  for (auto i = m_filter.next(members, begin, end); i < end;
+       i = m_filter.next(members, i + 1, end)) {
     const auto first = firstEqual(members[i], guess);
     if (first == nowhere)
       continue;

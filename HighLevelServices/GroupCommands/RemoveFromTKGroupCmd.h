@@ -97,9 +97,10 @@ template <class T>
 void RemoveFromTKGroupCmd<T>::initialize()
 {
   GroupLists::Selection<T> selection(m_elements);
-  GroupLists::takeSnapshots(
-      m_provider->getGroups(), m_groupsBefore, m_groupsAfter,
-      [&selection](TKGroup<T>& group, std::size_t) { selection.takeOutOf(group); });
+  GroupLists::takeSnapshots(m_provider->getGroups(), m_groupsBefore, m_groupsAfter,
+                            [&selection](const std::vector<T>& members, std::size_t) {
+                              return selection.takeOutOf(members);
+                            });
 }
 
 /// Takes one element out of its first holder. Unused, since a whole selection is taken out at once;

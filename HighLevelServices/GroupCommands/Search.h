@@ -33,6 +33,20 @@ public:
   }
 
   /// See HashSearch.
+  std::size_t pieceSize() const
+  {
+    return std::visit([](const auto& search) { return search.pieceSize(); }, m_search);
+  }
+
+  /// See HashSearch.
+  template <class Matched>
+  void
+  matchPiece(const std::vector<T>& members, std::size_t begin, std::size_t end, Matched matched)
+  {
+    std::visit([&](auto& search) { search.matchPiece(members, begin, end, matched); }, m_search);
+  }
+
+  /// See HashSearch.
   std::vector<std::size_t> firstPositions(const std::vector<T>& members)
   {
     return std::visit([&](auto& search) { return search.firstPositions(members); }, m_search);

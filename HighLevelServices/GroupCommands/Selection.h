@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "HighLevelServices/GroupCommands/MemberLists.h"
 #include "HighLevelServices/GroupCommands/Search.h"
-#include "HighLevelServices/Groups/TKGroup.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -20,22 +18,26 @@ namespace Tarvik::GroupLists {
 /// of the elements. The pass meets the members in the order of the list, and gives each to the next
 /// of the equal elements until all of them have one.
 ///
-/// Call takeOutOf() for every group of the list, in its order, or moveInto() for the target.
+/// The members that stay are copied in pieces, and each piece is searched just before it is copied:
+/// so the processor still writes the copy of one piece while it searches the next.
+///
+/// Call takeOutOf() for the members of every group of the list, in its order, or moveInto() for
+/// those of the target.
 template <class T, class ElementSearch = Search<T>>
 class Selection {
 public:
   /// @param elements  must outlive the selection and must not change
   explicit Selection(const std::vector<T>& elements);
 
-  /// Takes the elements out of the next group of the list.
-  void takeOutOf(TKGroup<T>& group);
+  /// The members of the next group of the list without the elements that are taken out of it.
+  std::vector<T> takeOutOf(const std::vector<T>& members);
 
-  /// The same, then does what `group.addGroupMembersAtIndex(elements, index)` does, with the index
-  /// after the walk. The walk lowers it by one for each element that it finds before the index,
-  /// even if it takes that element out of an earlier group instead.
-  /// @param index  negative for the end of the group
-  /// @return the index after the walk; a negative one is not changed
-  int moveInto(TKGroup<T>& group, int index);
+  /// The same, with what `addGroupMembersAtIndex(elements, index)` then makes of them, given the
+  /// index after the walk. The walk lowers it by one for each element that it finds before the
+  /// index, even if it takes that element out of an earlier group instead.
+  /// @param index  negative for the end of the group; becomes the index after the walk, but a
+  ///               negative one is not changed
+  std::vector<T> moveInto(const std::vector<T>& members, int& index);
 
 private:
   /// A member that was taken out for an element.
@@ -46,10 +48,9 @@ private:
   /// By element: the first equal member, or nowhere.
   using Positions = std::vector<std::size_t>;
 
-  void eraseMatches(std::vector<T>& members) const;
   int lowered(int index, const Positions& firsts, std::size_t numberOfMembers) const;
   std::vector<T>
-  membersWithElements(const TKGroup<T>& group, const Positions& firsts, int index) const;
+  withElements(const std::vector<T>& members, const Positions& firsts, int index) const;
 
   const std::vector<T>& m_elements;
   ElementSearch m_search;
@@ -65,46 +66,38 @@ Selection<T, ElementSearch>::Selection(const std::vector<T>& elements)
 }
 
 template <class T, class ElementSearch>
-void Selection<T, ElementSearch>::takeOutOf(TKGroup<T>& group)
+std::vector<T> Selection<T, ElementSearch>::takeOutOf(const std::vector<T>& members)
 {
   m_earlierMatches = m_matches.size();
   if (!m_search.hasUnmatched())
-    return;
-  m_search.match(group.getGroupMembers(), [this](std::size_t position, std::size_t element) {
-    m_matches.push_back({position, element});
-  });
-  if (m_matches.size() > m_earlierMatches)
-    eraseMatches(MemberLists<T>::of(group));
-}
+    return members;
 
-/// Erases the matches of the current group: the members between two of them move up together.
-template <class T, class ElementSearch>
-void Selection<T, ElementSearch>::eraseMatches(std::vector<T>& members) const
-{
-  const auto place = [&](std::size_t match) {
-    return match < m_matches.size()
-               ? members.begin() + static_cast<std::ptrdiff_t>(m_matches[match].position)
-               : members.end();
-  };
-  auto end = place(m_earlierMatches);
-  for (auto match = m_earlierMatches; match < m_matches.size(); ++match)
-    end = std::copy(place(match) + 1, place(match + 1), end);
-  members.erase(end, members.end());
+  std::vector<T> rest;
+  rest.reserve(members.size());
+  const T* next = members.data(); // to be copied
+  const auto pieceSize = m_search.pieceSize();
+  for (std::size_t begin = 0; begin < members.size(); begin += pieceSize) {
+    const auto end = (std::min)(begin + pieceSize, members.size());
+    m_search.matchPiece(members, begin, end, [&](std::size_t position, std::size_t element) {
+      m_matches.push_back({position, element});
+      rest.insert(rest.end(), next, members.data() + position);
+      next = members.data() + position + 1;
+    });
+    rest.insert(rest.end(), next, members.data() + end);
+    next = members.data() + end;
+  }
+  return rest;
 }
 
 template <class T, class ElementSearch>
-int Selection<T, ElementSearch>::moveInto(TKGroup<T>& group, int index)
+std::vector<T> Selection<T, ElementSearch>::moveInto(const std::vector<T>& members, int& index)
 {
-  const auto numberOfMembers = group.getGroupMembers().size();
-  auto firsts = m_search.firstPositions(group.getGroupMembers());
-  takeOutOf(group);
-  index = lowered(index, firsts, numberOfMembers);
-  if (group.getGroupMembers().size() < numberOfMembers)
-    firsts = m_search.firstPositions(group.getGroupMembers());
-
-  auto members = membersWithElements(group, firsts, index);
-  MemberLists<T>::swap(group, members);
-  return index;
+  auto firsts = m_search.firstPositions(members);
+  const auto rest = takeOutOf(members);
+  index = lowered(index, firsts, members.size());
+  if (rest.size() < members.size())
+    firsts = m_search.firstPositions(rest);
+  return withElements(rest, firsts, index);
 }
 
 /// @param firsts  in the group before anything was taken out of it
@@ -142,13 +135,12 @@ int Selection<T, ElementSearch>::lowered(int index,
   return index;
 }
 
-/// The members of a group with those elements that have no first position there, as one block.
+/// The members with those elements that have no first position among them, as one block.
 template <class T, class ElementSearch>
-std::vector<T> Selection<T, ElementSearch>::membersWithElements(const TKGroup<T>& group,
-                                                                const Positions& firsts,
-                                                                int index) const
+std::vector<T> Selection<T, ElementSearch>::withElements(const std::vector<T>& members,
+                                                         const Positions& firsts,
+                                                         int index) const
 {
-  const auto& members = group.getGroupMembers();
   const bool isInside = index >= 0 && static_cast<std::size_t>(index) < members.size();
   const auto place = isInside ? members.begin() + index : members.end();
 

@@ -8,6 +8,7 @@
 ///   TKM_SELECTION_CASES=10000000 TKM_SELECTION_SEED=2 build/dev/bin/SelectionTests
 
 #include "HighLevelServices/GroupCommands/Selection.h"
+#include "HighLevelServices/GroupCommands/MemberLists.h"
 #include "OwnIdentifier.h"
 #include "Support/Groups.h"
 #include "Support/Identifiers.h"
@@ -147,6 +148,12 @@ std::string text(const Case<T>& each)
          " at " + std::to_string(each.index);
 }
 
+template <class T>
+void setMembers(TKGroup<T>& group, std::vector<T> members)
+{
+  MemberLists<T>::swap(group, members);
+}
+
 template <class E>
 class SelectionOfElements;
 
@@ -160,17 +167,16 @@ public:
   {
     Selected selection(each.elements);
     for (auto& group : each.groups)
-      selection.takeOutOf(group);
+      setMembers(group, selection.takeOutOf(group.getGroupMembers()));
   }
 
   static void moveIn(Case<T>& each)
   {
     Selected selection(each.elements);
     for (std::size_t i = 0; i < each.groups.size(); ++i) {
-      if (i == each.target)
-        each.index = selection.moveInto(each.groups[i], each.index);
-      else
-        selection.takeOutOf(each.groups[i]);
+      const auto& members = each.groups[i].getGroupMembers();
+      setMembers(each.groups[i], i == each.target ? selection.moveInto(members, each.index)
+                                                  : selection.takeOutOf(members));
     }
   }
 
