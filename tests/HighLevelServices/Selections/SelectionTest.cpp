@@ -16,6 +16,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -101,6 +102,33 @@ Case<T> manyOf(std::size_t count)
   result.elements = some();
   result.target = 2;
   result.index = static_cast<int>(count / 2);
+  return result;
+}
+
+/// Where searches may divide the members of a group.
+constexpr std::array<std::size_t, 12> placesInPieces = {0,   126,  127,  128,  129,  255,
+                                                        256, 1023, 1024, 1025, 2047, 2048};
+constexpr std::array<std::size_t, 10> sizesInPieces = {1,   127,  128,  129,  256,
+                                                       257, 1024, 1025, 2048, 2049};
+
+/// Two groups of so many members, and elements where searches may divide them: one in each group,
+/// and one of them twice.
+template <class T>
+Case<T> longGroups(std::size_t size, std::size_t index)
+{
+  Case<T> result;
+  result.groups.resize(2);
+  for (auto& group : result.groups) {
+    const std::vector<T> members(size);
+    group.addGroupMembersAtIndex(members, -1);
+    for (const auto place : placesInPieces) {
+      if (place < size)
+        result.elements.push_back(members[place]);
+    }
+    result.elements.push_back(members.back());
+  }
+  result.target = 1;
+  result.index = static_cast<int>(index);
   return result;
 }
 
@@ -267,6 +295,34 @@ TYPED_TEST(SelectionOfElements, GoIntoAGroupByTheThousandAsInTheWalk)
   TestFixture::moveIn(found);
 
   EXPECT_TRUE(isSame(found, expected));
+}
+
+TYPED_TEST(SelectionOfElements, LeaveLongGroupsAsInTheWalk)
+{
+  for (const auto size : sizesInPieces) {
+    auto expected = longGroups<typename TestFixture::Identifiers>(size, 0);
+    auto found = expected;
+
+    walkOut(expected);
+    TestFixture::takeOut(found);
+
+    EXPECT_TRUE(isSame(found, expected)) << size << " members";
+  }
+}
+
+TYPED_TEST(SelectionOfElements, GoIntoALongGroupAsInTheWalk)
+{
+  for (const auto size : sizesInPieces) {
+    for (const auto index : placesInPieces) {
+      auto expected = longGroups<typename TestFixture::Identifiers>(size, index);
+      auto found = expected;
+
+      walkIn(expected);
+      TestFixture::moveIn(found);
+
+      EXPECT_TRUE(isSame(found, expected)) << size << " members, at " << index;
+    }
+  }
 }
 
 }
