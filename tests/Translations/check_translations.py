@@ -191,7 +191,7 @@ def complaints_about_key(english, translation, language):
 
 
 def blanks(text):
-    stripped = text.strip()
+    stripped = text.strip(" \t\n")
     if not stripped:
         return text, ""
     start = text.index(stripped)
