@@ -18,6 +18,7 @@ set(folders
   Console/Verbs
   Console/Shell
   Console
+  Desktop/Text
   Desktop/Import
   Desktop/Points
   Desktop/Workspace
