@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Translator/CatalogueFolder.h"
 
+#include "Translator/FolderEntries.h"
 #include "Translator/LibraryFolder.h"
 
 #include <algorithm>
@@ -114,16 +115,11 @@ const fs::path& CatalogueFolder::path() const noexcept
 
 std::vector<std::string> CatalogueFolder::languages() const
 {
-  std::vector<std::string> result;
-  std::error_code error;
-  for (fs::directory_iterator each(m_path, error), end; !error && each != end;
-       each.increment(error)) {
-    const auto language = each->path().filename().u8string();
-    std::string name(language.begin(), language.end());
+  auto result = entriesOf(m_path);
+  std::erase_if(result, [this](const std::string& name) {
     std::error_code ignored;
-    if (fs::is_regular_file(fileIn(m_path, name, m_domain), ignored))
-      result.push_back(std::move(name));
-  }
+    return name.starts_with('.') || !fs::is_regular_file(fileIn(m_path, name, m_domain), ignored);
+  });
   std::sort(result.begin(), result.end());
   return result;
 }
