@@ -118,10 +118,11 @@ private:
   const Operator* nextOperator(int leastRank)
   {
     skipBlanks();
-    const auto* const found = std::find_if(operators.begin(), operators.end(), [this](auto& each) {
+    const Operator* const end = operators.data() + operators.size();
+    const Operator* const found = std::find_if(operators.data(), end, [this](auto& each) {
       return m_text.substr(m_at).starts_with(each.text);
     });
-    if (found == operators.end() || found->rank < leastRank)
+    if (found == end || found->rank < leastRank)
       return nullptr;
     m_at += found->text.size();
     return found;

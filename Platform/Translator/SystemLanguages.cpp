@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "Translator/SystemLanguages.h"
 
+#if defined(_WIN32)
 #include <windows.h>
 
 #include <winnls.h>
+#endif
 
 namespace Tarvik {
 
+#if defined(_WIN32)
 std::vector<std::string> systemLanguages()
 {
   ULONG count = 0;
@@ -26,5 +29,11 @@ std::vector<std::string> systemLanguages()
   }
   return languages;
 }
+#else
+std::vector<std::string> systemLanguages()
+{
+  return {};
+}
+#endif
 
 }
