@@ -31,6 +31,7 @@ public:
   /// there is none, the result has an empty path.
   static CatalogueFolder ofThisProject();
 
+  /// The folder itself; empty if there is none.
   const std::filesystem::path& path() const noexcept;
 
   /// The languages that there are catalogues for, in alphabetical order.
