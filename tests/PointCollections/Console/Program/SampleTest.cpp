@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <string>
+#include <vector>
 
 namespace Tarvik::PointCollections {
 namespace {
@@ -67,18 +68,58 @@ TEST_F(Sample, HasCitiesWhereTheyAre)
   expectAt("Tokyo", 35 + 39.0 / 60 + 16.0 / 3600, 139 + 44.0 / 60 + 41.0 / 3600);
 }
 
-TEST_F(Sample, ScriptRunsToItsEnd)
+/// The languages that the script is transcribed in: continents.LANGUAGE.out, in English
+/// continents.out.
+std::vector<std::string> transcribedLanguages()
 {
+  std::vector<std::string> languages = {"en"};
+  if (POINT_COLLECTIONS_HAS_TRANSLATIONS)
+    languages.insert(languages.end(), {"de", "ja"});
+  return languages;
+}
+
+class SampleIn : public ::testing::TestWithParam<std::string> {
+protected:
   const TemporaryFolder folder;
-  const WorkingFolder workingFolder(folder);
-  const auto outcome =
-      runProgram(folder, {Utf8::fromPath(samples() / "time-zone-cities.csv"), "--script",
-                          Utf8::fromPath(samples() / "continents.pcs"), "--language", "en"});
+  const WorkingFolder workingFolder = WorkingFolder(folder);
+
+  Outcome run(std::vector<std::string> arguments) const
+  {
+    arguments.insert(arguments.end(), {Utf8::fromPath(samples() / "time-zone-cities.csv"),
+                                       "--language", GetParam()});
+    return runProgram(folder, arguments);
+  }
+};
+
+TEST_P(SampleIn, RunsItsScriptToTheEnd)
+{
+  const auto transcript =
+      GetParam() == "en" ? "continents.out" : "continents." + GetParam() + ".out";
+
+  const auto outcome = run({"--script", Utf8::fromPath(samples() / "continents.pcs")});
 
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.errors, "");
-  EXPECT_EQ(outcome.output, contentOf(samples() / "continents.out"));
+  EXPECT_EQ(outcome.output, contentOf(samples() / transcript));
 }
+
+TEST_P(SampleIn, WritesTheSameForOtherProgramsInEveryLanguage)
+{
+  const auto outcome = run({"--quiet", "--command", "create Nord London", "--command",
+                            "where London --json", "--command", "export points.csv"});
+
+  EXPECT_EQ(outcome.status, 0) << outcome.errors;
+  EXPECT_THAT(outcome.output,
+              ::testing::HasSubstr(R"([{"name":"London","groups":[{"place":1,"name":"Nord",)"
+                                   R"("member":1}],"points":[[3965.3,-8.7,4986.6]]}])"));
+  EXPECT_THAT(contentOf(folder.path() / "points.csv"),
+              ::testing::HasSubstr("\nLondon,3965.3,-8.7,4986.6,Nord,1\n"));
+}
+
+INSTANTIATE_TEST_SUITE_P(EachLanguage,
+                         SampleIn,
+                         ::testing::ValuesIn(transcribedLanguages()),
+                         [](const auto& each) { return each.param; });
 
 }
 }
