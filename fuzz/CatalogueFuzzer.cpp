@@ -69,6 +69,7 @@ std::vector<MoEntry> entriesIn(std::string_view text)
     entries.try_emplace(key.substr(0, key.find('\0')), key, std::string(entry));
   }
   std::vector<MoEntry> result;
+  result.reserve(entries.size());
   for (const auto& each : entries)
     result.push_back(each.second);
   return result;

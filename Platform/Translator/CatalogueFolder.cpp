@@ -29,6 +29,14 @@ bool isLetterOrDigit(char c)
   return (lower(c) >= 'a' && lower(c) <= 'z') || (c >= '0' && c <= '9');
 }
 
+/// Whether it can be the name of a folder in this one.
+bool isPlainName(std::string_view name)
+{
+  return !name.empty() && std::all_of(name.begin(), name.end(), [](char c) {
+    return isLetterOrDigit(c) || c == '_' || c == '-' || c == '@';
+  });
+}
+
 /// What a language such as "zh-Hant-HK" consists of, written as in the names of folders.
 struct LanguageTag {
   std::string language; ///< "zh"
@@ -52,7 +60,9 @@ LanguageTag LanguageTag::of(std::string_view name)
     constexpr std::size_t scriptSize = 4;
     const bool isScript = part.size() == scriptSize;
     std::transform(part.begin(), part.end(), part.begin(), isFirst || isScript ? lower : upper);
-    (isFirst ? tag.language : isScript ? tag.script : tag.region) = part;
+    auto& field = isFirst ? tag.language : isScript ? tag.script : tag.region;
+    if (field.empty()) // what follows a region is a variant of it
+      field = part;
   }
   return tag;
 }
@@ -118,7 +128,7 @@ std::vector<std::string> CatalogueFolder::languages() const
   auto result = entriesOf(m_path);
   std::erase_if(result, [this](const std::string& name) {
     std::error_code ignored;
-    return name.starts_with('.') || !fs::is_regular_file(fileIn(m_path, name, m_domain), ignored);
+    return !isPlainName(name) || !fs::is_regular_file(fileIn(m_path, name, m_domain), ignored);
   });
   std::sort(result.begin(), result.end());
   return result;
@@ -126,7 +136,12 @@ std::vector<std::string> CatalogueFolder::languages() const
 
 std::optional<fs::path> CatalogueFolder::find(const std::string& language) const
 {
-  for (const auto& folder : foldersFor(LanguageTag::of(language))) {
+  if (m_path.empty()) // not the current folder
+    return std::nullopt;
+  auto folders = foldersFor(LanguageTag::of(language));
+  if (isPlainName(language)) // such as "sr@latin"
+    folders.insert(folders.begin(), language);
+  for (const auto& folder : folders) {
     auto file = fileIn(m_path, folder, m_domain);
     std::error_code ignored;
     if (fs::is_regular_file(file, ignored))

@@ -37,7 +37,8 @@ public:
   /// The languages that there are catalogues for, in alphabetical order.
   std::vector<std::string> languages() const;
 
-  /// The file for a language; nothing if there is none. With "de_AT", "de-AT" or "de_AT.UTF-8" it
+  /// The file for a language; nothing if there is none. A folder that is called exactly so comes
+  /// first. With "de_AT", "de-AT" or "de_AT.UTF-8" it
   /// is the one for de_AT or else the one for de. Chinese is written in two ways: "zh", "zh_SG" and
   /// "zh-Hans" find zh_CN, and "zh_HK", "zh_MO" and "zh-Hant" find zh_TW only.
   std::optional<std::filesystem::path> find(const std::string& language) const;

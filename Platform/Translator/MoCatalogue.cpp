@@ -103,15 +103,14 @@ std::optional<std::string> MoCatalogue::operator()(const char* context,
   if (viewOf(text).empty()) // the key of the header
     return std::nullopt;
   const auto& file = m_content->file;
-  auto found = file.find(keyOf(viewOf(context), viewOf(disambiguation), text));
-  if (!found && !viewOf(disambiguation).empty())
-    found = file.find(keyOf(viewOf(context), {}, text));
-  if (!found)
-    return std::nullopt;
-  const bool hasForms = found->find('\0') != std::string_view::npos;
-  const auto form =
-      hasForms && count >= 0 ? file.rule().formFor(static_cast<std::uint64_t>(count)) : 0;
-  const auto translation = formIn(*found, form);
+  const auto formOf = [&](const std::string& key) {
+    const auto forms = file.find(key).value_or("");
+    const bool isSingle = count < 0 || forms.find('\0') == std::string_view::npos;
+    return formIn(forms, isSingle ? 0 : file.rule().formFor(static_cast<std::uint64_t>(count)));
+  };
+  auto translation = formOf(keyOf(viewOf(context), viewOf(disambiguation), text));
+  if (translation.empty())
+    translation = formOf(keyOf(viewOf(context), {}, text));
   return translation.empty() ? std::nullopt : std::optional<std::string>(translation);
 }
 

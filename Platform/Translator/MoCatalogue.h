@@ -18,8 +18,9 @@ namespace Tarvik {
 ///
 /// In the file, the context of a text is its msgctxt; a text with a disambiguation has the msgctxt
 /// "context|disambiguation". A file is checked as a whole when it is read: afterwards, looking a
-/// text up fails for want of memory only. Copies share what was read; all operations may be called
-/// from any thread.
+/// text up fails for want of memory only. A plural rule that is not valid is an error; without one,
+/// that of English is used. Copies share what was read; all operations may be called from any
+/// thread.
 class TKM_TRANSLATOR_API MoCatalogue {
 public:
   /// The most bytes that a file may have.
@@ -45,9 +46,8 @@ public:
   /// @param context         null is the same as an empty one: a text without msgctxt
   /// @param text            in the program's own language; of a text with plural forms, the msgid.
   ///                        Null or empty has no translation
-  /// @param disambiguation  null or empty if there is none. Without a translation for it, the one
-  /// for
-  ///                        the context alone is returned
+  /// @param disambiguation  null or empty if there is none. If it has no translation, that of the
+  ///                        context alone is returned
   /// @param count           chooses the plural form by the rule of the file; negative for the first
   ///                        form
   std::optional<std::string>

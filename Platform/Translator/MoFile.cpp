@@ -137,8 +137,9 @@ void MoFile::readHeader()
   if (const auto at = type.find(charset); at != std::string_view::npos) {
     const std::string name(type.substr(at + charset.size()));
     if (!isUtf8Name(name))
-      fail(start, "expected texts in UTF-8, found the charset " + name +
-                      "; convert the .po file with msgconv --to-code=UTF-8");
+      fail(start,
+           "expected texts in UTF-8, found another charset; convert the .po file with msgconv "
+           "--to-code=UTF-8");
   }
   if (const auto plurals = field("Plural-Forms"); !plurals.empty()) {
     try {

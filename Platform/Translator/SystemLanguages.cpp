@@ -5,6 +5,8 @@
 #include <windows.h>
 
 #include <winnls.h>
+
+#include <algorithm>
 #endif
 
 namespace Tarvik {
@@ -21,7 +23,7 @@ std::vector<std::string> systemLanguages()
     return {};
   std::vector<std::string> languages;
   for (std::size_t at = 0; at < names.size() && names[at] != L'\0';) {
-    const auto end = names.find(L'\0', at);
+    const auto end = (std::min)(names.find(L'\0', at), names.size());
     languages.emplace_back();
     for (const auto c : names.substr(at, end - at))
       languages.back() += static_cast<char>(c); // they are in ASCII

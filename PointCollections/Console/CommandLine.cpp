@@ -10,7 +10,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <regex>
+#include <array>
 #include <sstream>
 #include <string_view>
 #include <utility>
@@ -24,7 +24,7 @@ constexpr const char* purpose = translatable(
     "Puts point collections into named groups: opens a file of points and runs commands on it.");
 
 /// What is said below the options.
-constexpr const char* remarks[] = {
+constexpr std::array remarks = {
     translatable(
         "If the name of FILE ends in .tkpc, it is a project that the command save has written. "
         "Otherwise it is UTF-8 text with the columns collection, x, y and z in any order, with "
@@ -54,13 +54,27 @@ std::string translatedRemarks()
   return text;
 }
 
-/// Lets a whole number pass, and a unit that CLI11 knows.
+/// Whether it is a unit of bytes that CLI11 knows, in small letters.
+bool isUnit(std::string_view text)
+{
+  if (text.ends_with('b'))
+    text.remove_suffix(1);
+  if (text.size() == 2 && text.ends_with('i'))
+    text.remove_suffix(1);
+  constexpr std::string_view prefixes = "kmgtpe";
+  return text.empty() || (text.size() == 1 && prefixes.find(text) != std::string_view::npos);
+}
+
+/// Lets a whole number pass, and a unit that CLI11 knows. More digits would be too many for it.
 std::string refuseOtherThanSize(std::string size)
 {
-  static const std::regex wholeSize("[0-9]+ *([kmgtpe]i?)?b?", std::regex::icase);
-  if (!std::regex_match(size, wholeSize))
-    throw CLI::ValidationError(translated(
-        "{} is not a size; expected a whole number such as 256M or 2G", printable(size)));
+  constexpr std::size_t mostDigits = 15;
+  const auto digits = std::min(size.find_first_not_of("0123456789"), size.size());
+  const auto unit = std::min(size.find_first_not_of(' ', digits), size.size());
+  if (digits == 0 || digits > mostDigits || !isUnit(CLI::detail::to_lower(size.substr(unit))))
+    throw CLI::ValidationError(
+        translated("{} is not a size; expected a whole number such as 256M or 2G",
+                   printable(abbreviated(size, 60))));
   return size;
 }
 
@@ -88,9 +102,10 @@ void declare(CLI::App& app, Settings& settings)
   app.add_option("--command", settings.commands, translated("Run a command; may be repeated"))
       ->type_name("TEXT")
       ->allow_extra_args(false);
-  app.add_option(std::string(languageOption), settings.language,
-                 translated("Show texts in this language, such as de or zh_CN. Without it, the\n"
-                            "variables LC_ALL, LC_MESSAGES and LANG of the environment decide"))
+  app.add_option(
+         std::string(languageOption), settings.language,
+         translated("Show texts in this language, such as de or zh_CN; by default, in that of the\n"
+                    "environment or the system"))
       ->type_name("LANGUAGE");
   app.add_option(
          "--history-budget", settings.historyBudget,
@@ -127,13 +142,19 @@ std::string complaint(const CLI::ParseError& error, const CLI::App& app)
 
 std::optional<std::string> languageIn(const std::vector<std::string>& arguments)
 {
+  constexpr std::array<std::string_view, 3> otherOptions = {"--script", "--command",
+                                                            "--history-budget"};
   for (std::size_t i = 0; i < arguments.size(); ++i) {
     const std::string_view argument = arguments[i];
+    if (argument == "--") // names of files follow
+      break;
     if (argument == languageOption && i + 1 < arguments.size())
       return arguments[i + 1];
     if (argument.starts_with(languageOption) &&
         argument.substr(languageOption.size()).starts_with('='))
       return std::string(argument.substr(languageOption.size() + 1));
+    if (std::find(otherOptions.begin(), otherOptions.end(), argument) != otherOptions.end())
+      ++i; // its value
   }
   return std::nullopt;
 }
@@ -149,7 +170,7 @@ std::variant<Settings, AskedText> readCommandLine(std::vector<std::string> argum
     app.parse(std::move(arguments));
     return settings;
   } catch (const CLI::CallForHelp&) {
-    return AskedText{wrapped(app.help(), columns) + '\n'};
+    return AskedText{wrapped(app.help(), columns)};
   } catch (const CLI::Success& version) {
     std::ostringstream text;
     app.exit(version, text, text);

@@ -12,15 +12,19 @@
 
 #include <fmt/format.h>
 
-#include <string_view>
+#include <algorithm>
+#include <cstddef>
 
 namespace Tarvik::PointCollections {
 namespace {
 
-bool isEnglish(std::string_view language)
+bool isEnglish(const std::string& language)
 {
-  return language == "en" || language.starts_with("en_") || language.starts_with("en-") ||
-         language == "C" || language == "POSIX";
+  auto name = language.substr(0, language.find_first_of("._-@"));
+  std::transform(name.begin(), name.end(), name.begin(), [](char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  });
+  return name == "en" || name == "c" || name == "posix";
 }
 
 void use(const std::optional<MoCatalogue>& catalogue)
@@ -38,7 +42,11 @@ void requireTranslations(const CatalogueFolder& folder, const std::string& langu
 {
   if (folder.find(language) || isEnglish(language))
     return;
-  useEnvironment(folder); // for the error
+  try {
+    useEnvironment(folder);
+  } catch (const CatalogueError&) {
+    // the error is in English then
+  }
   auto known = folder.languages();
   known.emplace_back("en");
   throw UserError(translated("--language: there are no texts in {}; expected one of {}",
@@ -59,7 +67,9 @@ std::string chooseLanguage(const std::optional<std::string>& language)
     }
     return {};
   } catch (const CatalogueError& error) {
-    return fmt::format("{}; texts are in English. Install the program again", error.what());
+    constexpr std::size_t longest = 500;
+    return fmt::format("{}; texts are in English. Install the program again",
+                       printable(abbreviated(error.what(), longest)));
   }
 }
 

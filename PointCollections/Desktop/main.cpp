@@ -9,6 +9,7 @@
 #include <QtGui/QIcon>
 #include <QtWidgets/QApplication>
 
+#include <clocale>
 #include <cstdlib>
 
 namespace {
@@ -38,6 +39,11 @@ void begin(MainWindow& window, const QString& file, const QString& picture)
 int run(int argc, char** argv)
 {
   QApplication application(argc, argv);
+#if defined(LC_MESSAGES)
+  // The texts of the system, which Qt has switched to its language, come in the language of the
+  // menu, from the catalogue.
+  std::setlocale(LC_MESSAGES, "C");
+#endif
   QCoreApplication::setOrganizationName(QStringLiteral("TKMService"));
   QCoreApplication::setApplicationName(QStringLiteral("point-collections-desktop"));
   QGuiApplication::setApplicationDisplayName(QStringLiteral("Point Collections"));

@@ -5,7 +5,7 @@
 
 namespace Tarvik::PointCollections {
 
-using Kind = ElementList::Kind;
+using ListKind = ElementList::Kind;
 
 SearchedPlace::SearchedPlace(const std::vector<ElementList>& lists)
     : m_kind(lists.front().kind), m_group(lists.front().group), m_groups(lists.size())
@@ -13,9 +13,9 @@ SearchedPlace::SearchedPlace(const std::vector<ElementList>& lists)
 
 std::string SearchedPlace::isEmpty() const
 {
-  if (m_kind == Kind::All)
+  if (m_kind == ListKind::All)
     return translated("there are no elements");
-  if (m_kind == Kind::Ungrouped)
+  if (m_kind == ListKind::Ungrouped)
     return translated("there are no elements among the ungrouped elements");
   if (m_groups == 1)
     return translated("there are no elements in {}", m_group);
@@ -25,9 +25,9 @@ std::string SearchedPlace::isEmpty() const
 
 std::string SearchedPlace::hasNoMatch(const std::string& pattern) const
 {
-  if (m_kind == Kind::All)
+  if (m_kind == ListKind::All)
     return translated("nothing matches {}", pattern);
-  if (m_kind == Kind::Ungrouped)
+  if (m_kind == ListKind::Ungrouped)
     return translated("nothing among the ungrouped elements matches {}", pattern);
   if (m_groups == 1)
     return translated("nothing in {} matches {}", m_group, pattern);
@@ -37,7 +37,7 @@ std::string SearchedPlace::hasNoMatch(const std::string& pattern) const
 
 std::string SearchedPlace::lacks(const std::string& element) const
 {
-  if (m_kind == Kind::Ungrouped)
+  if (m_kind == ListKind::Ungrouped)
     // For translators: "where {0}" is what the user types
     return translated("{0} is not among the ungrouped elements; where {0} tells where it is",
                       element);
@@ -51,7 +51,7 @@ std::string SearchedPlace::lacks(const std::string& element) const
 
 std::string SearchedPlace::endsBefore(const std::string& place, std::size_t last) const
 {
-  if (m_kind == Kind::Ungrouped)
+  if (m_kind == ListKind::Ungrouped)
     return translated("there is no element at place {} among the ungrouped elements; the last "
                       "place is {}",
                       place, last);

@@ -22,7 +22,7 @@ namespace Tarvik::PointCollections {
 
 namespace {
 
-using Kind = SelectionTerm::Kind;
+using TermKind = SelectionTerm::Kind;
 using Elements = std::vector<GUIdentifier>;
 
 /// Elements in the order in which they came first.
@@ -100,7 +100,7 @@ void checkForUnquotedName(const PointDocument& document, const Word& word)
 bool isPatternOfAll(const Word& word)
 {
   const auto term = termOf(word);
-  return term.kind == Kind::Pattern && !term.group;
+  return term.kind == TermKind::Pattern && !term.group;
 }
 
 /// The name on a line of a file.
@@ -135,7 +135,7 @@ std::vector<GUIdentifier> Selection::elements(std::span<const Word> words) const
   for (auto word = words.begin(); word != words.end(); ++word) {
     checkInterruption();
     const auto term = termOf(*word);
-    const bool isName = term.kind == Kind::Name && !term.group;
+    const bool isName = term.kind == TermKind::Name && !term.group;
     if (isName) {
       checkForMissingQuotes(m_document, word, words.end());
       checkForGroup(m_document, *word);
@@ -164,9 +164,9 @@ GUIdentifier Selection::element(const Word& word) const
 std::vector<GUIdentifier> Selection::selectedBy(const Word& word) const
 {
   const auto term = termOf(word);
-  if (term.kind == Kind::File)
+  if (term.kind == TermKind::File)
     return inFile(term.what);
-  if (term.kind == Kind::Name && !term.group)
+  if (term.kind == TermKind::Name && !term.group)
     return {elementNamed(m_document, word)};
 
   try {

@@ -12,7 +12,7 @@
 namespace Tarvik::PointCollections {
 namespace {
 
-using Kind = SelectionTerm::Kind;
+using TermKind = SelectionTerm::Kind;
 
 constexpr auto npos = std::string_view::npos;
 
@@ -39,7 +39,7 @@ bool startsWithPlace(const Word& word)
 SelectionTerm placesIn(SelectionTerm term)
 {
   const auto [first, last] = typedPlaces(term.what);
-  term.kind = Kind::Places;
+  term.kind = TermKind::Places;
   term.first = positiveNumber(
       first, translatable("the first place is {}; expected a whole number from 1 up"));
   if (!last.text.empty())
@@ -60,20 +60,20 @@ SelectionTerm fileTerm(const Word& word)
     throw UserError(translated("{0} is the place of a group; write {0}:* for its members, or "
                                "@./{1} for a file",
                                shownWord(word), file.text));
-  return {.kind = Kind::File, .group = {}, .what = std::move(file)};
+  return {.kind = TermKind::File, .group = {}, .what = std::move(file)};
 }
 
-Kind kindOfName(const Word& word)
+TermKind kindOfName(const Word& word)
 {
   if (!Pattern::isPattern(word))
-    return Kind::Name;
+    return TermKind::Name;
   if (word.text.size() > longestPattern)
     throw UserError(translatedCount(longestPattern,
                                     "a pattern of more than {} byte; expected a shorter one, or "
                                     "@FILE for a file of names",
                                     "a pattern of more than {} bytes; expected a shorter one, or "
                                     "@FILE for a file of names"));
-  return Kind::Pattern;
+  return TermKind::Pattern;
 }
 
 }

@@ -5,7 +5,7 @@
     check_translations.py ROOT      ROOT has the sources, and translations/
 
 Prints a line for each mistake, with the file, the text and what was expected; fails if there are any.
-translations/README.md has the rules.
+docs/translating.md has the rules.
 """
 
 import gettext

@@ -134,12 +134,12 @@ void stopWorkIfAskedToEnd()
     Interruptible::request();
 }
 
-void tellNotice(const Session& session, Transcript& transcript)
+/// @param warning  what stands before it
+void tellNotice(const Session& session, Transcript& transcript, std::string_view warning)
 {
   const auto notice = session.takeNotice ? session.takeNotice() : std::string();
   if (!notice.empty())
-    // For translators: stands before a warning and a colon
-    transcript.error(translated("warning"), notice);
+    transcript.error(warning, notice);
 }
 
 }
@@ -218,6 +218,8 @@ bool runInteractively(Session& session, Transcript& transcript, LineReader& read
   const QuestionsToUser questions(session, questionsTo(reader, session));
   const Reporter reporter(transcript);
   const TextInNeed error(translatable("error"));
+  // For translators: stands before a warning and a colon
+  const TextInNeed warning(translatable("warning"));
   bool isAnswered = true;
   while (canGoOn(session, transcript)) {
     const auto runNext = [&] {
@@ -230,7 +232,7 @@ bool runInteractively(Session& session, Transcript& transcript, LineReader& read
         isAnswered = leaveAtEndOfInput(session, transcript);
     };
     reporter.run(error.text(), runNext);
-    tellNotice(session, transcript);
+    reporter.run(error.text(), [&] { tellNotice(session, transcript, warning.text()); });
   }
   if (session.isOver)
     return isAnswered;

@@ -14,7 +14,7 @@
 namespace Tarvik::PointCollections {
 
 /// What the user reads: commands, results and comments on one stream, mistakes on another. Make it
-/// when the language is chosen.
+/// after the language has been chosen.
 class Transcript {
 public:
   enum class Detail {

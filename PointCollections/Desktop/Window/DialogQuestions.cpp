@@ -12,7 +12,7 @@
 namespace Tarvik::PointCollections {
 namespace {
 
-QString translated(const char* text)
+QString inUsersLanguage(const char* text)
 {
   return QCoreApplication::translate("Questions", text);
 }
@@ -27,11 +27,11 @@ FileFormat formatOf(Questions::FileKind kind)
 {
   switch (kind) {
   case Questions::FileKind::Project:
-    return {translated(QT_TRANSLATE_NOOP("Questions", "Projects (*.tkpc)")), "tkpc"};
+    return {inUsersLanguage(QT_TRANSLATE_NOOP("Questions", "Projects (*.tkpc)")), "tkpc"};
   case Questions::FileKind::Table:
-    return {translated(QT_TRANSLATE_NOOP("Questions", "Tables (*.csv)")), "csv"};
+    return {inUsersLanguage(QT_TRANSLATE_NOOP("Questions", "Tables (*.csv)")), "csv"};
   case Questions::FileKind::Picture:
-    return {translated(QT_TRANSLATE_NOOP("Questions", "Pictures (*.png)")), "png"};
+    return {inUsersLanguage(QT_TRANSLATE_NOOP("Questions", "Pictures (*.png)")), "png"};
   }
   return {};
 }
@@ -41,8 +41,8 @@ FileFormat formatOf(Questions::FileKind kind)
 std::optional<std::filesystem::path> DialogQuestions::fileToOpen()
 {
   const auto name = QFileDialog::getOpenFileName(
-      &m_window, translated(QT_TRANSLATE_NOOP("Questions", "Open")), {},
-      translated(
+      &m_window, inUsersLanguage(QT_TRANSLATE_NOOP("Questions", "Open")), {},
+      inUsersLanguage(
           QT_TRANSLATE_NOOP("Questions", "Projects and points (*.tkpc *.csv);;All files (*)")));
   return name.isEmpty() ? std::nullopt : std::optional(pathFrom(name));
 }
@@ -51,7 +51,7 @@ std::optional<std::filesystem::path>
 DialogQuestions::fileToWrite(FileKind kind, const std::filesystem::path& suggestion)
 {
   const auto format = formatOf(kind);
-  QFileDialog dialog(&m_window, translated(QT_TRANSLATE_NOOP("Questions", "Save")), {},
+  QFileDialog dialog(&m_window, inUsersLanguage(QT_TRANSLATE_NOOP("Questions", "Save")), {},
                      format.filter);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setDefaultSuffix(format.extension);
@@ -70,10 +70,11 @@ std::optional<UnknownTable::Choice> DialogQuestions::chooseColumns(const Unknown
 
 Questions::UnsavedChanges DialogQuestions::aboutUnsavedChanges(const QString& title)
 {
-  QMessageBox box(QMessageBox::Question, QCoreApplication::applicationName(),
-                  translated(QT_TRANSLATE_NOOP("Questions", "Save the changes in %1?")).arg(title),
-                  QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, &m_window);
-  box.setInformativeText(translated(
+  QMessageBox box(
+      QMessageBox::Question, QCoreApplication::applicationName(),
+      inUsersLanguage(QT_TRANSLATE_NOOP("Questions", "Save the changes in %1?")).arg(title),
+      QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, &m_window);
+  box.setInformativeText(inUsersLanguage(
       QT_TRANSLATE_NOOP("Questions", "Otherwise the changes since the last time are lost.")));
   box.setDefaultButton(QMessageBox::Save);
   switch (box.exec()) {
@@ -90,15 +91,16 @@ Questions::FoundWork DialogQuestions::aboutFoundWork(const QString& title, const
 {
   QMessageBox box(
       QMessageBox::Question, QCoreApplication::applicationName(),
-      translated(QT_TRANSLATE_NOOP("Questions", "The changes in %1 were not saved the last time."))
+      inUsersLanguage(
+          QT_TRANSLATE_NOOP("Questions", "The changes in %1 were not saved the last time."))
           .arg(title),
       QMessageBox::NoButton, &m_window);
   box.setInformativeText(summary);
-  const auto* const recover =
-      box.addButton(translated(QT_TRANSLATE_NOOP("Questions", "Recover")), QMessageBox::AcceptRole);
-  const auto* const discard = box.addButton(translated(QT_TRANSLATE_NOOP("Questions", "Discard")),
-                                            QMessageBox::DestructiveRole);
-  box.addButton(translated(QT_TRANSLATE_NOOP("Questions", "Later")), QMessageBox::RejectRole);
+  const auto* const recover = box.addButton(
+      inUsersLanguage(QT_TRANSLATE_NOOP("Questions", "Recover")), QMessageBox::AcceptRole);
+  const auto* const discard = box.addButton(
+      inUsersLanguage(QT_TRANSLATE_NOOP("Questions", "Discard")), QMessageBox::DestructiveRole);
+  box.addButton(inUsersLanguage(QT_TRANSLATE_NOOP("Questions", "Later")), QMessageBox::RejectRole);
   box.exec();
   if (box.clickedButton() == recover)
     return FoundWork::Recover;
@@ -112,9 +114,9 @@ bool DialogQuestions::mayOverwrite(const std::filesystem::path& file, Editor::Ov
           ? QT_TRANSLATE_NOOP("Questions", "%1 has been changed by another program. Overwrite it?")
           : QT_TRANSLATE_NOOP("Questions", "%1 is there already. Overwrite it?");
   QMessageBox box(QMessageBox::Warning, QCoreApplication::applicationName(),
-                  translated(text).arg(nameOf(file)), QMessageBox::Cancel, &m_window);
+                  inUsersLanguage(text).arg(nameOf(file)), QMessageBox::Cancel, &m_window);
   const auto* const overwrite = box.addButton(
-      translated(QT_TRANSLATE_NOOP("Questions", "Overwrite")), QMessageBox::DestructiveRole);
+      inUsersLanguage(QT_TRANSLATE_NOOP("Questions", "Overwrite")), QMessageBox::DestructiveRole);
   box.setDefaultButton(QMessageBox::Cancel);
   box.exec();
   return box.clickedButton() == overwrite;

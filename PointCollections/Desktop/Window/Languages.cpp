@@ -21,7 +21,7 @@
 namespace Tarvik::PointCollections {
 namespace {
 
-const auto key = QStringLiteral("language");
+const auto settingOfLanguage = QStringLiteral("language");
 const auto english = QStringLiteral("en");
 
 bool isEnglish(const QString& code)
@@ -101,12 +101,12 @@ QString Languages::nativeName(const QString& code)
 
 QString Languages::chosen()
 {
-  return QSettings().value(key).toString();
+  return QSettings().value(settingOfLanguage).toString();
 }
 
 void Languages::choose(const QString& code)
 {
-  QSettings().setValue(key, code);
+  QSettings().setValue(settingOfLanguage, code);
   use(code);
 }
 

@@ -89,6 +89,31 @@ TEST_F(Folder, FindsNothingOutsideOfIt)
     EXPECT_EQ(found(name), "") << name;
 }
 
+TEST_F(Folder, FindsEveryLanguageThatItLists)
+{
+  for (const auto* const language : {"sr@latin", "pt-BR", "zh_HK", "ca_ES_valencia"})
+    write(language, moBytes({}));
+
+  for (const auto& language : folder.languages())
+    EXPECT_EQ(found(language), language);
+  EXPECT_EQ(folder.languages().size(), 8U);
+}
+
+TEST_F(Folder, TakesTheRegionBeforeAVariant)
+{
+  EXPECT_EQ(found("de_AT_1996"), "de_AT");
+}
+
+TEST_F(Folder, WithoutAPathHasNothing)
+{
+  const auto before = fs::current_path();
+  fs::current_path(path);
+  const CatalogueFolder none({}, "pumps");
+  EXPECT_EQ(none.find("de"), std::nullopt) << "that of the current folder";
+  EXPECT_FALSE(none.load({"de"}));
+  fs::current_path(before);
+}
+
 TEST_F(Folder, LoadsTheFirstLanguageThatThereIs)
 {
   EXPECT_EQ(folder.load({"fr_FR", "zh_CN", "de"})->language(), "zh_CN");

@@ -109,10 +109,9 @@ TEST(DamagedCatalogue, HasTextsInDisorder)
 
 TEST(DamagedCatalogue, IsInAnotherCharset)
 {
-  EXPECT_EQ(
-      complaintAbout({{"", "Content-Type: text/plain; charset=ISO-8859-1\n"}}),
-      "de.mo, byte 36: expected texts in UTF-8, found the charset ISO-8859-1; convert the .po "
-      "file with msgconv --to-code=UTF-8");
+  EXPECT_EQ(complaintAbout({{"", "Content-Type: text/plain; charset=ISO-8859-1\n"}}),
+            "de.mo, byte 36: expected texts in UTF-8, found another charset; convert the .po "
+            "file with msgconv --to-code=UTF-8");
   EXPECT_EQ(complaintAbout({{"", "Content-Type: text/plain; charset=utf-8\n"}}), "");
   EXPECT_EQ(complaintAbout({{"", "Content-Type: text/plain; charset=ASCII\n"}}), "");
 }

@@ -134,6 +134,14 @@ TEST(MoCatalogue, TakesAnEmptyTranslationForNone)
   EXPECT_EQ(catalogue(nullptr, "Valve", nullptr, 2), "Ventile");
 }
 
+TEST(MoCatalogue, TakesTheContextAloneIfTheDisambiguationIsNotTranslated)
+{
+  const auto catalogue =
+      MoCatalogue::fromMemory(moBytes({{"Add\4Pump", "Pumpe"}, {"Add|noun\4Pump", ""}}));
+
+  EXPECT_EQ(catalogue("Add", "Pump", "noun", -1), "Pumpe");
+}
+
 TEST(MoCatalogue, HasTheFormsOfEnglishWithoutARule)
 {
   const auto catalogue =

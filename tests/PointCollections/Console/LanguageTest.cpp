@@ -43,7 +43,8 @@ TEST_F(ChosenLanguage, FollowsARegionOfIt)
 
 TEST_F(ChosenLanguage, MayBeEnglish)
 {
-  for (const auto* const english : {"en", "en_GB", "en-US", "C", "POSIX"}) {
+  for (const auto* const english :
+       {"en", "EN", "en_GB", "en-US", "en.UTF-8", "C", "C.UTF-8", "POSIX"}) {
     EXPECT_EQ(chooseLanguage(english), "") << english;
     EXPECT_EQ(translated("warning"), "warning") << english;
   }

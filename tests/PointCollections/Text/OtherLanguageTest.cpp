@@ -13,7 +13,10 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <optional>
 #include <sstream>
+#include <string>
+#include <string_view>
 
 namespace Tarvik::PointCollections {
 namespace {
@@ -22,6 +25,29 @@ const std::string& longTranslation()
 {
   static const std::string text(100, 'x');
   return text;
+}
+
+TEST(TranslatedCount, IsInTheFormOfTheLanguageEvenIfThatLooksEnglish)
+{
+  Translator::installCatalogue( // French, in which 0 is singular
+      [](const char*, std::string_view text, const char*, int count) {
+        return text == "{} point" ? std::optional<std::string>(count < 2 ? "{} point" : "{} points")
+                                  : std::nullopt;
+      });
+
+  EXPECT_EQ(translatedCount(0, "{} point", "{} dots"), "0 point");
+  EXPECT_EQ(translatedCount(5, "{} point", "{} dots"), "5 points");
+  Translator::installCatalogue({});
+  EXPECT_EQ(translatedCount(0, "{} point", "{} dots"), "0 dots");
+}
+
+TEST(Translated, IsEnglishIfTheTranslationDoesNotFit)
+{
+  for (const char* const wrong : {"{} {}", "{1}", "{", "{0:>2000000000}", "{:d}", "{0} {}"}) {
+    const Language language({{"Opened {}.", wrong}});
+
+    EXPECT_EQ(translated("Opened {}.", "a"), "Opened a.") << wrong;
+  }
 }
 
 TEST(TextInNeed, IsTranslatedBeforeMemoryRunsOut)

@@ -10,6 +10,7 @@ namespace {
 
 using ::testing::EndsWith;
 using ::testing::HasSubstr;
+using ::testing::Not;
 using ::testing::StartsWith;
 
 std::string notSavedIn(const std::string& title)
@@ -102,10 +103,38 @@ TEST_F(Program, ReadsTheScriptFromStandardInput)
 
 TEST_F(Program, RefusesASizeThatIsNoWholeNumber)
 {
-  for (const std::string size : {"1.5M", "-1", "M"}) {
+  for (const std::string size : {"1.5M", "-1", "M", "3Q", "0x10", "5 bits"}) {
     EXPECT_THAT(run({m_points, "--history-budget=" + size}).errors,
                 HasSubstr(size + " is not a size; expected a whole number such as 256M or 2G"));
   }
+}
+
+TEST_F(Program, RefusesASizeOfVeryManyDigits)
+{
+  const auto outcome = run({m_points, "--history-budget=" + std::string(100'000, '9')});
+
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_THAT(outcome.errors, HasSubstr("9… is not a size"));
+}
+
+TEST_F(Program, TakesUnitsOfSizes)
+{
+  for (const std::string size : {"256M", "2g", "100 kb", "64KiB", "4096", "4096b"})
+    EXPECT_EQ(run({m_points, "--history-budget=" + size, "--command", "help"}).errors, "") << size;
+}
+
+TEST_F(Program, EndsHelpWithOneLineEnd)
+{
+  EXPECT_THAT(run({"--help"}).output, EndsWith("status 1).\n"));
+}
+
+TEST_F(Program, TakesALanguageOnlyFromItsOption)
+{
+  EXPECT_THAT(run({m_points, "--language", "xx"}).errors, HasSubstr("there are no texts in xx"));
+  EXPECT_THAT(run({m_points, "--language=xx"}).errors, HasSubstr("there are no texts in xx"));
+  EXPECT_THAT(run({m_points, "--command", "--language=xx"}).errors,
+              Not(HasSubstr("there are no texts")));
+  EXPECT_THAT(run({"--", "--language=xx"}).errors, Not(HasSubstr("there are no texts")));
 }
 
 TEST_F(Program, RefusesToReadTwoThingsFromStandardInput)
