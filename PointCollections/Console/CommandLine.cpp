@@ -50,7 +50,7 @@ std::string translatedRemarks()
 {
   std::string text;
   for (const auto* const remark : remarks)
-    text += (text.empty() ? "" : "\n\n") + translated(remark);
+    text.append(text.empty() ? "" : "\n\n").append(translated(remark));
   return text;
 }
 

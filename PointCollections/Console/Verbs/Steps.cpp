@@ -77,7 +77,7 @@ std::string reportSteps(StepDirection direction, const std::vector<std::string>&
     return report(direction, steps.size(), printable(steps.front()), printable(steps.back()));
   std::string lines;
   for (const auto& step : steps)
-    lines += (lines.empty() ? "" : "\n") + report(direction, printable(step));
+    lines.append(lines.empty() ? "" : "\n").append(report(direction, printable(step)));
   return lines;
 }
 
