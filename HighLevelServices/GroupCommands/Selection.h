@@ -77,8 +77,6 @@ std::vector<T> Selection<T, ElementSearch>::takeOutOf(const std::vector<T>& memb
   const T* next = members.data(); // to be copied
   const auto pieceSize = m_search.pieceSize();
   for (std::size_t begin = 0; begin < members.size(); begin += pieceSize) {
-    if (!m_search.hasUnmatched())
-      break;
     const auto end = (std::min)(begin + pieceSize, members.size());
     m_search.matchPiece(members, begin, end, [&](std::size_t position, std::size_t element) {
       m_matches.push_back({position, element});
@@ -88,7 +86,6 @@ std::vector<T> Selection<T, ElementSearch>::takeOutOf(const std::vector<T>& memb
     rest.insert(rest.end(), next, members.data() + end);
     next = members.data() + end;
   }
-  rest.insert(rest.end(), next, members.data() + members.size());
   return rest;
 }
 
